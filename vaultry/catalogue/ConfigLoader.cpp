@@ -1,0 +1,411 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/catalogue/ConfigAttributes.h>
+#include <vaultry/catalogue/ConfigLoader.h>
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/catalogue/XmlText.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Text.h>
+
+#include <xercesc/sax/SAXParseException.hpp>
+
+#include <algorithm>
+#include <array>
+
+namespace Tarnex {
+
+namespace {
+
+constexpr const char* kLogSource = "XML Parser";
+
+// Far beyond any real configuration; they keep a hostile one from exhausting the process.
+constexpr std::uint32_t kMaxDepth = 256;
+constexpr std::uint64_t kMaxText = 64'000'000;
+
+constexpr std::array kContentTags = {Content_Armor,
+                                     Content_Clothing,
+                                     Content_Container,
+                                     Content_Creature,
+                                     Content_Furniture,
+                                     Content_Rug,
+                                     Content_Tapestry,
+                                     Content_Treasure,
+                                     Content_Weapon};
+
+bool IsContentTag(const std::string& tag) {
+    return std::ranges::any_of(kContentTags,
+                               [&tag](std::string_view word) { return EqualsNoCase(tag, word); });
+}
+
+template <typename T>
+DiPtr<T> MakeFrom(const xercesc::Attributes& attrs) {
+    auto object = MakeDi<T>();
+    ApplyAttributes(attrs, *object);
+    return object;
+}
+
+// Appends the object to the list if there is one, and lets go of it.
+template <typename T>
+void FileIn(std::vector<DiPtr<T>>& list, DiPtr<T>& object) {
+    if (object) {
+        list.push_back(object);
+        object = nullptr;
+    }
+}
+
+} // namespace
+
+ConfigLoader::ConfigLoader(ConfigMgr& config_) : config(config_) {}
+
+void ConfigLoader::setDocumentLocator(const xercesc::Locator* const locator) {
+    place = locator;
+}
+
+void ConfigLoader::startDocument() {
+    curLayout = nullptr;
+    curTileSet = nullptr;
+    curTile = nullptr;
+    ResetGridPlace();
+}
+
+void ConfigLoader::startElement(const XMLCh* const /*uri*/,
+                                const XMLCh* const /*localname*/,
+                                const XMLCh* const qname,
+                                const xercesc::Attributes& attrs) {
+    LimitDepth();
+    StartTag(Narrow(qname), attrs);
+}
+
+// The order of these tests is the meaning of the format: inside a tile set or platform every tag
+// but the six top-level ones is a piece.
+void ConfigLoader::StartTag(const std::string& tag, const Attributes& attrs) {
+    const auto is = [&tag](std::string_view word) { return EqualsNoCase(tag, word); };
+    if (is(Tile_TileSet)) {
+        return OnStartTileSet(attrs);
+    }
+    if (is(Layout_Layout)) {
+        return OnStartLayout(attrs);
+    }
+    if (is(Theme_Theme)) {
+        return OnStartTheme(attrs);
+    }
+    if (is(Theme_CreatureTheme)) {
+        return OnStartCreatureTheme(attrs);
+    }
+    if (is(Theme_TreasureTheme)) {
+        return OnStartTreasureTheme(attrs);
+    }
+    if (is(Platform_Platform)) {
+        return OnStartPlatform(attrs);
+    }
+    if (curTileSet) {
+        return OnStartTile(tag, attrs);
+    }
+    if (curPlatform) {
+        return OnStartPlatformTile(tag, attrs);
+    }
+    if (curLayout && is(Layout_Col)) {
+        return OnStartCol();
+    }
+    if (curLayout && is(Layout_Row)) {
+        return;
+    }
+    if (is(Theme_ThemeItem) && OpenTheme() != nullptr) {
+        return OnStartThemeItem(attrs);
+    }
+    if (IsContentTag(tag)) {
+        return OnStartContent(tag, attrs);
+    }
+    if (!is(Config_Root)) {
+        Logger::WriteError(kLogSource, "Unrecognized tag in XML:  '%s'", tag.c_str());
+    }
+}
+
+void ConfigLoader::endElement(const XMLCh* const /*uri*/,
+                              const XMLCh* const /*localname*/,
+                              const XMLCh* const qname) {
+    struct EndRow {
+        std::string_view tag;
+        void (ConfigLoader::*step)();
+    };
+    static constexpr std::array<EndRow, 8> kEnds = {{
+        {Tile_TileSet, &ConfigLoader::OnEndTileSet},
+        {Layout_Col, &ConfigLoader::OnEndCol},
+        {Layout_Row, &ConfigLoader::OnEndRow},
+        {Layout_Layout, &ConfigLoader::OnEndLayout},
+        {Theme_Theme, &ConfigLoader::OnEndTheme},
+        {Theme_CreatureTheme, &ConfigLoader::OnEndCreatureTheme},
+        {Theme_TreasureTheme, &ConfigLoader::OnEndTreasureTheme},
+        {Platform_Platform, &ConfigLoader::OnEndPlatform},
+    }};
+    --depth;
+    const std::string tag = Narrow(qname);
+    for (const EndRow& end : kEnds) {
+        if (EqualsNoCase(tag, end.tag)) {
+            return (this->*end.step)();
+        }
+    }
+    if (curTile && EqualsNoCase(tag, curTile->kindName.Text())) {
+        return OnEndTile();
+    }
+    if (curPlatformTile && EqualsNoCase(tag, curPlatformTile->kindName)) {
+        OnEndPlatformTile();
+    }
+}
+
+void ConfigLoader::characters(const XMLCh* const chars, const XMLSize_t length) {
+    LimitText(length);
+    if (curTile && curTile->id.empty()) {
+        NarrowInto(curTile->id, {chars, length});
+        return;
+    }
+    if (!curCol) {
+        return;
+    }
+    std::string text;
+    NarrowInto(text, {chars, length});
+    for (const std::string_view name : SplitList(text)) {
+        curCol->tileNames.emplace_back(name);
+    }
+}
+
+void ConfigLoader::OnStartTileSet(const Attributes& attrs) {
+    curTileSet = MakeFrom<TileSet>(attrs);
+}
+
+void ConfigLoader::OnStartTile(const std::string& tag, const Attributes& attrs) {
+    curTile = MakeFrom<Tile>(attrs);
+    curTile->kindName = tag;
+}
+
+void ConfigLoader::OnStartPlatform(const Attributes& attrs) {
+    curPlatform = MakeFrom<Platform>(attrs);
+}
+
+void ConfigLoader::OnStartPlatformTile(const std::string& tag, const Attributes& attrs) {
+    curPlatformTile = MakeFrom<PlatformTile>(attrs);
+    curPlatformTile->kindName = tag;
+}
+
+// A refused layout leaves everything as it was: its cells then belong to whatever layout is open
+// around it.
+void ConfigLoader::OnStartLayout(const Attributes& attrs) {
+    constexpr auto kMax = static_cast<std::uint32_t>(LayoutTemplate::kMaxSize);
+    LayoutHead head;
+    ApplyAttributes(attrs, head);
+    const bool tooLarge = static_cast<std::uint32_t>(head.height) > kMax ||
+                          static_cast<std::uint32_t>(head.width) > kMax;
+    if (tooLarge) {
+        Logger::WriteError(kLogSource,
+                           "Layout size too large (H=%d, W=%d) for Layout set '%s'.  Max = %d.",
+                           head.height,
+                           head.width,
+                           head.name.c_str(),
+                           LayoutTemplate::kMaxSize);
+        return;
+    }
+    curLayout = MakeDi<LayoutTemplate>(DiPos(head.width, head.height, 0));
+    curLayout->SetOffset(head.offset);
+    curLayout->SetName(head.name.c_str());
+    curLayout->SetType(head.type.c_str());
+    layoutStack.push(curLayout);
+    ResetGridPlace();
+}
+
+void ConfigLoader::OnStartCol() {
+    curCol = MakeDi<TemplateElmt>();
+}
+
+void ConfigLoader::OnStartTheme(const Attributes& attrs) {
+    curTheme = MakeFrom<Theme>(attrs);
+}
+
+void ConfigLoader::OnStartCreatureTheme(const Attributes& attrs) {
+    curCreatureTheme = MakeFrom<Theme>(attrs);
+}
+
+void ConfigLoader::OnStartTreasureTheme(const Attributes& attrs) {
+    curTreasureTheme = MakeFrom<Theme>(attrs);
+}
+
+void ConfigLoader::OnStartThemeItem(const Attributes& attrs) {
+    OpenTheme()->items.push_back(MakeFrom<ThemeItem>(attrs));
+}
+
+void ConfigLoader::OnStartContent(const std::string& tag, const Attributes& attrs) {
+    auto content = MakeFrom<ContentTemplate>(attrs);
+    content->contentKind = tag;
+    config.contentMgr->Add(content);
+}
+
+void ConfigLoader::OnEndTileSet() {
+    if (!curTileSet) {
+        return;
+    }
+    const DiPtr<TileSet> tileSet = std::move(curTileSet);
+    const std::string& type = tileSet->GetType();
+    if (EqualsNoCase(type, Tile_Cave)) {
+        config.caveTileSets.push_back(tileSet);
+    } else if (EqualsNoCase(type, Tile_Room)) {
+        config.roomTileSets.push_back(tileSet);
+    } else {
+        Logger::WriteError(kLogSource,
+                           "Unrecognized TileSet Type '%s' in TileSet '%s'.",
+                           type.c_str(),
+                           tileSet->GetName().c_str());
+    }
+}
+
+void ConfigLoader::OnEndTile() {
+    if (curTileSet) {
+        curTileSet->Set(*curTile);
+        curTile = nullptr;
+    }
+}
+
+void ConfigLoader::OnEndPlatform() {
+    FileIn(config.platformList, curPlatform);
+}
+
+void ConfigLoader::OnEndPlatformTile() {
+    if (curPlatform) {
+        curPlatform->Set(*curPlatformTile);
+        curPlatformTile = nullptr;
+    }
+}
+
+void ConfigLoader::OnEndLayout() {
+    if (!curLayout) {
+        return;
+    }
+    const DiPtr<LayoutTemplate> finished = layoutStack.top();
+    layoutStack.pop();
+    if (layoutStack.empty()) {
+        FileLayout();
+        curLayout = nullptr;
+    } else {
+        curLayout = layoutStack.top();
+        curLayout->AddChild(finished);
+    }
+    // The grid of an enclosing layout starts over: children follow all rows of their parent.
+    ResetGridPlace();
+}
+
+void ConfigLoader::FileLayout() {
+    const std::string& type = curLayout->GetType();
+    if (EqualsNoCase(type, Tile_Cave)) {
+        config.caveLayouts.push_back(curLayout);
+    } else if (EqualsNoCase(type, Tile_Room)) {
+        config.roomLayouts.push_back(curLayout);
+    } else {
+        Logger::WriteError(kLogSource,
+                           "Unrecognized Layout Type '%s' in Layout '%s'.",
+                           type.c_str(),
+                           curLayout->GetName().c_str());
+    }
+}
+
+void ConfigLoader::OnEndRow() {
+    col = 0;
+    ++row;
+}
+
+void ConfigLoader::OnEndCol() {
+    if (!curCol || !curLayout) {
+        return;
+    }
+    if (!curCol->tileNames.empty()) {
+        if (col < curLayout->GetWidth() && row < curLayout->GetHeight()) {
+            curLayout->SetElmt(
+                curCol, static_cast<std::int32_t>(row), static_cast<std::int32_t>(col));
+        } else {
+            Logger::WriteError(kLogSource,
+                               "Too many rows/cols in Layout '%s' at Row %d Col %d.",
+                               curLayout->GetName().c_str(),
+                               static_cast<int>(row + 1),
+                               static_cast<int>(col + 1));
+        }
+    }
+    curCol = nullptr;
+    ++col;
+}
+
+void ConfigLoader::OnEndTheme() {
+    FileIn(config.themes, curTheme);
+}
+
+void ConfigLoader::OnEndCreatureTheme() {
+    FileIn(config.creatureThemes, curCreatureTheme);
+}
+
+void ConfigLoader::OnEndTreasureTheme() {
+    FileIn(config.treasureThemes, curTreasureTheme);
+}
+
+Theme* ConfigLoader::OpenTheme() const {
+    for (const DiPtr<Theme>* theme : {&curTheme, &curCreatureTheme, &curTreasureTheme}) {
+        if (*theme) {
+            return theme->get();
+        }
+    }
+    return nullptr;
+}
+
+void ConfigLoader::ResetGridPlace() {
+    curCol = nullptr;
+    row = 0;
+    col = 0;
+}
+
+void ConfigLoader::LimitDepth() {
+    if (++depth > kMaxDepth) {
+        StopAtLimit("elements are nested more than " + std::to_string(kMaxDepth) + " deep");
+    }
+}
+
+void ConfigLoader::LimitText(XMLSize_t length) {
+    textLength += length;
+    if (textLength > kMaxText) {
+        StopAtLimit("the document holds more than " + std::to_string(kMaxText) +
+                    " characters of text");
+    }
+}
+
+void ConfigLoader::StopAtLimit(const std::string& message) const {
+    const std::u16string wide(message.begin(), message.end());
+    throw xercesc::SAXParseException(wide.c_str(), *place);
+}
+
+void ConfigLoader::error(const xercesc::SAXParseException& e) {
+    Logger::WriteError(kLogSource,
+                       "Error parsing XML line %d col %d:  %s",
+                       static_cast<int>(e.getLineNumber()),
+                       static_cast<int>(e.getColumnNumber()),
+                       Narrow(e.getMessage()).c_str());
+}
+
+void ConfigLoader::fatalError(const xercesc::SAXParseException& e) {
+    Logger::WriteError(kLogSource,
+                       "Fatal Error parsing XML line %d col %d:  %s",
+                       static_cast<int>(e.getLineNumber()),
+                       static_cast<int>(e.getColumnNumber()),
+                       Narrow(e.getMessage()).c_str());
+}
+
+void ConfigLoader::warning(const xercesc::SAXParseException& e) {
+    Logger::WriteInfo(kLogSource,
+                      "XML Warning at line %d col %d:  %s",
+                      static_cast<int>(e.getLineNumber()),
+                      static_cast<int>(e.getColumnNumber()),
+                      Narrow(e.getMessage()).c_str());
+}
+
+void ConfigLoader::FatalError(const std::string& message) {
+    const bool placed = place != nullptr;
+    Logger::WriteError(kLogSource,
+                       "Fatal Error parsing XML line %d col %d:  %s",
+                       placed ? static_cast<int>(place->getLineNumber()) : 0,
+                       placed ? static_cast<int>(place->getColumnNumber()) : 0,
+                       message.c_str());
+}
+
+} // namespace Tarnex

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// The store of everything that one configuration file provides.
+#pragma once
+
+#include <vaultry/catalogue/ContentMgr.h>
+#include <vaultry/catalogue/LayoutTemplate.h>
+#include <vaultry/catalogue/Platform.h>
+#include <vaultry/catalogue/Theme.h>
+#include <vaultry/catalogue/TileSet.h>
+
+#include <vector>
+
+namespace Tarnex {
+
+/// Filled by one load and then only read. Every list keeps document order and may hold several
+/// entries of one name; searches by name take the first.
+class VAULTRY_API ConfigMgr : public DiRcObject {
+public:
+    DiPtr<ContentMgr> contentMgr; ///< never null
+    std::vector<DiPtr<Platform>> platformList;
+    std::vector<DiPtr<LayoutTemplate>> caveLayouts;
+    std::vector<DiPtr<LayoutTemplate>> roomLayouts;
+    std::vector<DiPtr<Theme>> themes;
+    std::vector<DiPtr<Theme>> creatureThemes;
+    std::vector<DiPtr<Theme>> treasureThemes;
+    std::vector<DiPtr<TileSet>> caveTileSets;
+    std::vector<DiPtr<TileSet>> roomTileSets;
+
+    ConfigMgr();
+
+    /// Empties the store. Objects that others still hold live on until their last handle goes.
+    void Reset();
+};
+
+} // namespace Tarnex

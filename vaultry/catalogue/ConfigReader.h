@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Reading a configuration file into the store.
+#pragma once
+
+#include <vaultry/catalogue/ConfigMgr.h>
+
+#include <string>
+
+namespace Tarnex {
+
+/// Starts the XML parser library, once per process. Returns an empty text, or the library's message
+/// when it cannot be started.
+std::string StartXmlParser();
+
+/// Reads the configuration file at `path` (UTF-8) into `config`. The parser must have been started.
+/// Every problem is logged under "XML Parser"; what was filed before a fatal one stays. No external
+/// entity, DTD or schema is opened; nesting, entity expansion and text are limited. No exception of
+/// the parser leaves the function.
+void ReadConfigFile(const char* path, ConfigMgr& config);
+
+} // namespace Tarnex

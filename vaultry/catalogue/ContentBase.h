@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// The fields of one piece of content.
+#pragma once
+
+#include <vaultry/foundation/Di3Point.h>
+#include <vaultry/foundation/DiRcObject.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace Tarnex {
+
+/// Whether content may stand on other content, or other content on it.
+enum Stacking : std::int32_t {
+    StackNo = 0,
+    StackBottom = 1,
+    StackTop = 2,
+    StackYes = 3,
+};
+
+/// Everything that is placed into rooms besides the architecture, and everything that fills
+/// containers.
+class VAULTRY_API ContentBase : public DiRcObject {
+public:
+    std::string uniqueName;    ///< the game's identifier, and the key of theme items
+    std::string friendlyName;  ///< display name of a container
+    std::string modelFile;     ///< model of a container
+    std::string contentKind;   ///< the element's name: "Container", "Creature", ...
+    std::string subtype;       ///< for treasure the list it belongs to
+    std::int32_t maxCount = 1; ///< the most that one stack holds
+    std::int32_t level = 1;
+    std::int32_t value = 0;   ///< worth of one [gold pieces]
+    std::int32_t zRotate = 0; ///< clockwise from above [degrees, whole]
+    float weight = 0.0F;      ///< of one; of a container, what it can carry
+    Di3Point size;            ///< extent [world units]
+    Di3Point offset;          ///< from the centre of its cell [world units]
+    std::int32_t stacking = StackNo;
+
+    /// Takes every field of any other content.
+    void CopyFrom(const ContentBase& other) { *this = other; }
+
+    /// True when the content can be placed.
+    virtual bool Instantiable() const = 0;
+
+    bool IsKind(std::string_view kind) const;
+    bool IsSubtype(std::string_view word) const;
+
+protected:
+    ContentBase() = default;
+    ContentBase(const ContentBase&) = default;
+    ContentBase& operator=(const ContentBase&) = default;
+};
+
+} // namespace Tarnex

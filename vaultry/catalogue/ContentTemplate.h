@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// A piece of content as the configuration describes it.
+#pragma once
+
+#include <vaultry/catalogue/ContentBase.h>
+
+namespace Tarnex {
+
+/// A piece of content as the configuration describes it.
+class VAULTRY_API ContentTemplate : public ContentBase {
+public:
+    bool Instantiable() const override;
+};
+
+} // namespace Tarnex

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// One piece of a platform kit.
+#pragma once
+
+#include <vaultry/foundation/Di3Point.h>
+#include <vaultry/foundation/DiRcObject.h>
+
+#include <string>
+
+namespace Tarnex {
+
+/// A floor slab, beam or stair of a platform. Copied for each placement.
+struct VAULTRY_API PlatformTile : public DiRcObject {
+    std::string id;           ///< object identifier written into the plug-in
+    std::string kindName;     ///< "Floor", "Beam", "StairsUpN", ...
+    std::int32_t zRotate = 0; ///< clockwise from above [degrees, whole]
+    Di3Point size;            ///< extent [world units]
+    Di3Point offset;          ///< from the cell's reference point [world units]
+};
+
+} // namespace Tarnex

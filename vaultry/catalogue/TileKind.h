@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// The kinds of tile and the two properties by which generation reasons about them.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace Tarnex {
+
+/// What a tile is for. The value 5 is never used.
+enum TileType : std::int32_t {
+    TileCenter = 0,  ///< floor centre
+    TileCorner = 1,  ///< room corner
+    TileDoorway = 2, ///< doorway, door jamb or door
+    TileHall = 3,    ///< hall piece: straight, corner, four-way
+    TileHallEnd = 4, ///< dead end of a hall
+    TileWall = 6,    ///< straight wall
+    TileNone = 7,    ///< no tile, or one of no known type
+};
+
+/// The facing of a tile. A wall, doorway, jamb or door faces the side of the room it belongs to; a
+/// room corner or hall corner is named by its closed sides; a hall end by its closed side.
+enum TileDirT : std::int32_t {
+    DirN = 0,
+    DirS = 1,
+    DirE = 2,
+    DirW = 3,
+    DirNW = 4,
+    DirNE = 5,
+    DirSW = 6,
+    DirSE = 7,
+    DirNS = 8,    ///< along the north-south axis
+    DirEW = 9,    ///< along the east-west axis
+    DirAll = 10,  ///< all sides: centres, four-way halls
+    DirNone = 11, ///< no tile, or one of no known facing
+};
+
+/// A known kind of tile, or none. Cheap to copy and compare; names are looked up once.
+class VAULTRY_API TileKind {
+public:
+    /// The number of known kinds.
+    static constexpr std::size_t kCount = 59;
+
+    /// No known kind.
+    constexpr TileKind() = default;
+
+    /// The kind of that name, without regard to case; none when there is no such kind.
+    static TileKind Of(std::string_view name);
+
+    constexpr bool IsKnown() const { return row >= 0; }
+    /// The place of a known kind among all kinds, 0 to kCount - 1.
+    constexpr std::size_t Index() const { return static_cast<std::size_t>(row); }
+
+    /// The name of a known kind as the vocabulary spells it; empty for none.
+    std::string_view Name() const;
+    /// DirNone for none and for kinds without a facing.
+    TileDirT Dir() const;
+    /// TileNone for none and for kinds without a type (stairs).
+    TileType Type() const;
+
+    constexpr bool operator==(const TileKind&) const = default;
+
+private:
+    std::int8_t row = -1;
+};
+
+/// The name of a tile as written, with the kind that it stands for. Behaves as the text.
+class VAULTRY_API TileKindName {
+public:
+    TileKindName() = default;
+    TileKindName(std::string name) : text(std::move(name)), kind(TileKind::Of(text)) {}
+    TileKindName(std::string_view name) : TileKindName(std::string(name)) {}
+    TileKindName(const char* name) : TileKindName(std::string(name)) {}
+
+    const std::string& Text() const { return text; }
+    const char* c_str() const { return text.c_str(); }
+    bool empty() const { return text.empty(); }
+    TileKind Kind() const { return kind; }
+
+    friend bool operator==(const TileKindName& a, std::string_view b) { return a.text == b; }
+
+private:
+    std::string text;
+    TileKind kind;
+};
+
+} // namespace Tarnex

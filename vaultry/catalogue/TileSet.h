@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// A named collection of tiles that share one cell size.
+#pragma once
+
+#include <vaultry/catalogue/Tile.h>
+#include <vaultry/foundation/DiPtr.h>
+
+#include <array>
+#include <map>
+#include <string>
+
+namespace Tarnex {
+
+/// The tiles of one architecture, one per kind name, looked up without regard to case. A tile that
+/// faces north brings those of the other sides with it.
+class VAULTRY_API TileSet : public DiRcObject {
+public:
+    TileSet() = default;
+    TileSet(const TileSet&) = delete;
+    TileSet& operator=(const TileSet&) = delete;
+
+    const std::string& GetName() const { return name; }
+    void SetName(const char* newName) { name = newName; }
+
+    /// "Room" or "Cave".
+    const std::string& GetType() const { return type; }
+    void SetType(const char* newType) { type = newType; }
+    bool IsCave() const;
+
+    /// Edge of one grid cell. [world units]
+    std::int32_t GetTileSize() const { return tileSize; }
+    void SetTileSize(std::int32_t size) { tileSize = size; }
+
+    /// How far content stays away from a wall. [world units]
+    float GetWallThickness() const { return wallThickness; }
+    void SetWallThickness(float thickness) { wallThickness = thickness; }
+
+    /// The tile filed under that name, or null.
+    const DiPtr<Tile>& Get(const TileKindName& kindName) const;
+    const DiPtr<Tile>& Get(TileKind kind) const;
+
+    /// Files a copy of the tile and of every tile that follows from its kind. A name that is taken
+    /// already is an error under "TileSet": the filed tile takes the new fields, so that handles
+    /// given out before see them, and nothing is derived. The last writer wins.
+    void Set(const Tile& tile);
+
+    /// True when the set has doorways for both sides of a corner.
+    bool AllowCornerDoors() const;
+
+private:
+    DiPtr<Tile>& Slot(const TileKindName& kindName);
+
+    std::string name;
+    std::string type;
+    std::int32_t tileSize = 256;
+    float wallThickness = 0.0F;
+    std::array<DiPtr<Tile>, TileKind::kCount> known;
+    std::map<std::string, DiPtr<Tile>, std::less<>> others; // by upper-cased name
+};
+
+} // namespace Tarnex

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// A local file as the parser's input.
+#pragma once
+
+#include <xercesc/sax/InputSource.hpp>
+
+#include <filesystem>
+
+namespace Tarnex {
+
+/// Reads a document from a local file, whatever its name looks like: the parser's own path handling
+/// takes names for addresses and depends on the locale.
+class XmlFileSource : public xercesc::InputSource {
+public:
+    /// `path` is UTF-8.
+    explicit XmlFileSource(const char* path);
+
+    /// Null when the file cannot be opened, which the parser reports as a fatal error.
+    xercesc::BinInputStream* makeStream() const override;
+
+private:
+    std::filesystem::path file;
+};
+
+} // namespace Tarnex

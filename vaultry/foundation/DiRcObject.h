@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// The base of all shared objects.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+
+#include <cstdint>
+
+/// An object that counts its handles and deletes itself when the last one goes.
+///
+/// Counts are plain integers: objects are made and released on one thread only. Copying an object
+/// never copies its count. Counting cannot free cycles; the one cycle of this library (a layout and
+/// its children, or two levels joined by a teleporting door) is broken by Layout::Dissolve.
+class VAULTRY_API DiRcObject {
+public:
+    virtual ~DiRcObject() = default;
+
+    void addReference() const { ++count; }
+
+    /// Drops one reference; at 0 the object is destroyed.
+    void removeReference() const {
+        if (--count == 0) {
+            const_cast<DiRcObject*>(this)->RcObjectDestroy();
+        }
+    }
+
+    /// True when more than one handle holds the object.
+    bool isShared() const { return count > 1; }
+
+protected:
+    DiRcObject() = default;
+    DiRcObject(const DiRcObject& /*other*/) {}
+    DiRcObject& operator=(const DiRcObject& /*other*/) { return *this; }
+
+    /// Called when the last reference goes; deletes the object.
+    virtual void RcObjectDestroy();
+
+private:
+    mutable std::int32_t count = 0;
+};

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Logger.h>
+
+#include <cstdio>
+#include <fstream>
+
+namespace Tarnex {
+
+namespace {
+
+constexpr std::size_t kMaxMessage = 4096;
+constexpr const char* kDefaultFile = "Log.txt";
+
+struct LogState {
+    bool opened = false;
+    std::ofstream file;
+    std::vector<std::string> errors;
+};
+
+LogState& State() {
+    static LogState state;
+    return state;
+}
+
+std::string FormatMessage(const char* format, va_list args) {
+    std::vector<char> buffer(kMaxMessage + 1);
+    const int needed = std::vsnprintf(buffer.data(), buffer.size(), format, args);
+    return needed < 0 ? std::string() : std::string(buffer.data());
+}
+
+std::string MakeLine(const char* kind, const char* source, const char* format, va_list args) {
+    return std::string(kind) + " : " + source + " : " + FormatMessage(format, args);
+}
+
+void WriteLine(const std::string& line) {
+    Logger::Init(nullptr);
+    LogState& state = State();
+    if (state.file.is_open()) {
+        state.file << line << '\n' << std::flush;
+    }
+}
+
+} // namespace
+
+void Logger::Init(const char* fileName) {
+    LogState& state = State();
+    if (state.opened) {
+        return;
+    }
+    state.opened = true;
+    const bool named = fileName != nullptr && *fileName != '\0';
+    state.file.open(PathFromUtf8(named ? fileName : kDefaultFile),
+                    std::ios::out | std::ios::binary | std::ios::trunc);
+}
+
+void Logger::InitWithoutFile() {
+    State().opened = true;
+}
+
+void Logger::Close() {
+    LogState& state = State();
+    state.opened = false;
+    state.file.close();
+    state.file.clear();
+}
+
+void Logger::WriteInfo(const char* source, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    WriteLine(MakeLine("Info", source, format, args));
+    va_end(args);
+}
+
+void Logger::DebugError(const char* source, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    WriteLine(MakeLine("Warning", source, format, args));
+    va_end(args);
+}
+
+void Logger::WriteError(const char* source, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    std::string line = MakeLine("Error", source, format, args);
+    va_end(args);
+    WriteLine(line);
+    State().errors.push_back(std::move(line));
+}
+
+const std::vector<std::string>& Logger::GetErrors() {
+    return State().errors;
+}
+
+void Logger::ResetErrors() {
+    State().errors.clear();
+}
+
+} // namespace Tarnex

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// The library's one channel for information, warnings and errors.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+
+#include <cstdarg>
+#include <string>
+#include <vector>
+
+#if defined(__MINGW32__)
+#define VAULTRY_PRINTF(text, first) __attribute__((format(gnu_printf, text, first)))
+#else
+#define VAULTRY_PRINTF(text, first) __attribute__((format(printf, text, first)))
+#endif
+
+namespace Tarnex {
+
+/// Writes the text log and keeps the error lines, so that a front end can show them after a run.
+///
+/// All calls come from one thread. Texts are Windows-1252; each line ends with LF on every platform
+/// and is flushed. A message is cut after 4096 bytes. When the file cannot be opened, lines are
+/// dropped silently and the error list still grows.
+class VAULTRY_API Logger {
+public:
+    /// Opens `fileName` (UTF-8) for writing, truncating it; null or empty means "Log.txt". Only the
+    /// first call has an effect; the first line written opens "Log.txt" if nobody called before.
+    static void Init(const char* fileName);
+
+    /// Keeps the log off the disk: like Init, but without a file. Error lines are still kept.
+    static void InitWithoutFile();
+
+    /// Closes the log; the next Init or line opens one anew.
+    static void Close();
+
+    /// Writes "Info : source : message".
+    static void WriteInfo(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
+
+    /// Writes "Warning : source : message"; not kept in the error list.
+    static void DebugError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
+
+    /// Writes "Error : source : message" and appends the line to the error list.
+    static void WriteError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
+
+    /// The error lines since the start or the last ResetErrors, in order.
+    static const std::vector<std::string>& GetErrors();
+
+    /// Empties the error list; the log file is not touched.
+    static void ResetErrors();
+};
+
+} // namespace Tarnex

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The one source of chance: the process-wide generator and its two kinds of draw.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+
+#include <cstdint>
+
+namespace Tarnex {
+
+/// Seeds the process-wide generator. Unseeded it starts from 1. The same seed gives the same draws
+/// on every platform.
+VAULTRY_API void SeedRandom(std::uint32_t seed);
+
+/// A whole number from 0 to n - 1. For n < 1 the answer is 0, and a number is drawn all the same.
+VAULTRY_API std::int32_t RandomInt(std::int32_t n);
+
+/// A number from 0.0 to 1.0, both reachable. Tests compare it as "draw <= threshold" in double.
+VAULTRY_API float RandomUnit();
+
+/// One recorded draw.
+struct RandomDraw {
+    std::uint64_t index; ///< 1 for the first draw since recording began
+    std::int32_t bound;  ///< the n of RandomInt; -1 for RandomUnit
+    std::int32_t value;  ///< what the generator gave, before the bound [0, 32767]
+};
+
+/// Receives every draw, in order; `context` is the pointer given to RecordDraws.
+using DrawRecorder = void (*)(const RandomDraw& draw, void* context);
+
+/// Reports every further draw to `recorder`, counting from 1; null ends the recording. Two builds
+/// that should agree are compared by their first differing draw.
+VAULTRY_API void RecordDraws(DrawRecorder recorder, void* context);
+
+/// The bound under which RandomUnit is recorded.
+inline constexpr std::int32_t kUnitBound = -1;
+
+} // namespace Tarnex

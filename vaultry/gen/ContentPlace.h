@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+// The decisions of content placement: how many, how much, where inside an element.
+#pragma once
+
+#include <vaultry/catalogue/ContentItem.h>
+#include <vaultry/catalogue/ThemeItem.h>
+#include <vaultry/catalogue/TileSet.h>
+#include <vaultry/layout/GridElmt.h>
+
+#include <cstdint>
+
+namespace Tarnex {
+
+/// How many placements a theme item makes.
+struct PlacementCounts {
+    std::int64_t minimum; ///< made without the chance test
+    std::int64_t maximum; ///< made at most, by chance beyond the minimum
+};
+
+/// The placements of an item for `count` candidate elements or containers.
+VAULTRY_API PlacementCounts CountPlacements(const ThemeItem& item, std::uint32_t count);
+
+/// The same for treasure, where a maximum that is not given never lies below the minimum.
+VAULTRY_API PlacementCounts CountTreasure(const ThemeItem& item, std::uint32_t count);
+
+/// Moves and turns `item` to its place in an element with tiles: on the floor or the platform,
+/// against the wall or into the corner that the element's first tile makes.
+VAULTRY_API void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tileSet);
+
+} // namespace Tarnex

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// The whole context of a generation run.
+#pragma once
+
+#include <vaultry/catalogue/ConfigMgr.h>
+#include <vaultry/foundation/JobStatus.h>
+#include <vaultry/gen/RandomGenInfo.h>
+#include <vaultry/output/Mod.h>
+
+#include <string>
+
+namespace Tarnex {
+
+/// Everything a generator needs. Every generator holds a reference to it; what a run leaves in it
+/// (tile set, themes) is where the next run starts.
+struct VAULTRY_API GenInfo {
+    Mod mod;          ///< the plug-in being built
+    ConfigMgr config; ///< everything read from the configuration
+    RandomGenInfo randomInfo;
+    DiPtr<Theme> defCreatureTheme; ///< null: no creatures
+    DiPtr<Theme> defTheme;         ///< furniture theme; null: no content at all
+    DiPtr<TileSet> defTileSet;
+    DiPtr<LayoutTemplate> defTemplate; ///< for fixed layouts
+    DiPtr<Theme> defTreasureTheme;     ///< null: containers stay empty
+    JobStatus* jobStatus = nullptr;    ///< the caller's, not owned; may be null
+    std::string cellName;              ///< random generation rewrites it per level
+    bool addPlatforms = false;         ///< raise platforms in fixed layouts of cave tile sets
+    /// Give the cell of a single random level the name asked for; without it that cell has the
+    /// empty name.
+    bool nameSingleLevel = false;
+
+    GenInfo() = default;
+    GenInfo(const GenInfo&) = delete;
+    GenInfo& operator=(const GenInfo&) = delete;
+};
+
+} // namespace Tarnex

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+// The frame: from templates to layouts to references.
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/gen/GenIntBase.h>
+#include <vaultry/gen/WorldPlace.h>
+#include <vaultry/layout/ElmtKind.h>
+
+#include <array>
+
+namespace Tarnex {
+
+namespace {
+
+constexpr const char* kNorthMarker = "NorthMarker";
+constexpr float kNorthMarkerY = -150.0F;
+
+// The way one faces on arrival, by the facing of the door: into the room. [degrees]
+constexpr std::array<std::int32_t, 4> kArrivals = {180, 0, 270, 90}; // N, S, E, W
+
+std::int32_t ArrivalAngle(TileDirT facing) {
+    const auto index = static_cast<std::size_t>(facing);
+    return index < kArrivals.size() ? kArrivals[index] : 0;
+}
+
+} // namespace
+
+GenIntBase::GenIntBase(GenInfo& info_)
+    : info(info_), config(&info_.config), tileSet(info_.defTileSet) {}
+
+GenIntBase::~GenIntBase() = default;
+
+void GenIntBase::Gen() {}
+
+void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
+    for (std::uint32_t row = 0; row < from.GetHeight(); ++row) {
+        for (std::uint32_t col = 0; col < from.GetWidth(); ++col) {
+            const DiPtr<TemplateElmt> plan = from.GetElmt(row, col);
+            if (!plan) {
+                continue;
+            }
+            const auto elmt = MakeDi<GridElmt>();
+            for (const TileKindName& name : plan->tileNames) {
+                const DiPtr<Tile>& tile = tileSet->Get(name);
+                if (!tile) {
+                    Logger::WriteError(
+                        S_LogSrc,
+                        "Tile Set '%s' does not have a Tile '%s', called for by Layout '%s'.",
+                        tileSet->GetName().c_str(),
+                        name.c_str(),
+                        from.GetName().c_str());
+                }
+                elmt->AddTile(tile);
+            }
+            layout.SetElmt(elmt, static_cast<std::int32_t>(row), static_cast<std::int32_t>(col));
+        }
+    }
+    for (const DiPtr<LayoutTemplate>& childPlan : from.GetChildren()) {
+        const DiPtr<Layout> child = Layout::Create(childPlan->GetSize());
+        child->SetOffset(childPlan->GetOffset());
+        layout.AddChild(child);
+        TemplateToLayout(*child, *childPlan);
+    }
+}
+
+void GenIntBase::SortLayout(SortedElmts& sorted, const Layout& layout) const {
+    for (std::uint32_t row = 0; row < layout.GetHeight(); ++row) {
+        for (const DiPtr<GridElmt>& elmt : layout.GetRow(row)) {
+            if (!elmt) {
+                continue;
+            }
+            switch (GetElmtType(*elmt)) {
+            case TileCenter:
+                sorted.centers.push_back(elmt.get());
+                break;
+            case TileCorner:
+                sorted.corners.push_back(elmt.get());
+                break;
+            case TileHall:
+                sorted.halls.push_back(elmt.get());
+                break;
+            case TileWall:
+                sorted.walls.push_back(elmt.get());
+                break;
+            default:
+                break;
+            }
+        }
+    }
+    for (const DiPtr<Layout>& child : layout.GetChildren()) {
+        SortLayout(sorted, *child);
+    }
+    sorted.numCenters = static_cast<std::uint32_t>(sorted.centers.size());
+    sorted.numCorners = static_cast<std::uint32_t>(sorted.corners.size());
+    sorted.numHalls = static_cast<std::uint32_t>(sorted.halls.size());
+    sorted.numWalls = static_cast<std::uint32_t>(sorted.walls.size());
+}
+
+void GenIntBase::InitCell() {
+    cell = info.mod.CreateCell(info.cellName.c_str());
+    Ref marker(kNorthMarker);
+    marker.position.y = kNorthMarkerY;
+    marker.sort = RefSort::Marker;
+    cell->AddRef(std::move(marker));
+}
+
+void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point& offset) {
+    for (std::uint32_t row = 0; row < layout.GetHeight(); ++row) {
+        for (std::uint32_t col = 0; col < layout.GetWidth(); ++col) {
+            const DiPtr<GridElmt>& elmt = layout.GetElmt(row, col);
+            if (!elmt) {
+                continue;
+            }
+            const DiPos pos(static_cast<std::int32_t>(col), static_cast<std::int32_t>(row), 0);
+            CvtTiles(target, *elmt, pos, offset);
+            CvtPlatforms(target, *elmt, pos, offset);
+            CvtContents(target, *elmt, pos, offset);
+        }
+    }
+    for (const DiPtr<Layout>& child : layout.GetChildren()) {
+        LayoutToCell(target, *child, offset + child->GetOffset());
+    }
+}
+
+void GenIntBase::CvtTiles(Cell& target,
+                          const GridElmt& elmt,
+                          const DiPos& pos,
+                          const Di3Point& offset) const {
+    for (const DiPtr<Tile>& tile : elmt.tiles) {
+        DoCvtTile(target, elmt, *tile, pos, offset);
+        if (tile->requiredName.empty()) {
+            continue;
+        }
+        const DiPtr<Tile>& companion = tileSet->Get(tile->requiredName);
+        if (companion) {
+            DoCvtTile(target, elmt, *companion, pos, offset);
+        }
+    }
+}
+
+void GenIntBase::DoCvtTile(Cell& target,
+                           const GridElmt& elmt,
+                           const Tile& tile,
+                           const DiPos& pos,
+                           const Di3Point& offset) const {
+    Ref ref = MakeRef(tile.id, tile.offset, tile.zRotate, pos, offset);
+    ref.scale = tile.scale;
+    ref.sort = RefSort::Tile;
+    if (IsDoorTile(tile)) {
+        ref.sort = RefSort::Door;
+        if (elmt.isTeleport && elmt.teleLayout) {
+            MakeTeleport(ref, elmt);
+        }
+    }
+    target.AddRef(std::move(ref));
+}
+
+// The arrival point is the cell of the door on the other side; neither that layout's own offset nor
+// the offsets of its tiles count.
+void GenIntBase::MakeTeleport(Ref& door, const GridElmt& elmt) const {
+    const Layout& level = *elmt.teleLayout;
+    const DiPos& at = elmt.teleDest;
+    const DiPtr<GridElmt>& arrival =
+        level.GetElmt(static_cast<std::uint32_t>(at.y), static_cast<std::uint32_t>(at.x));
+    if (!arrival) {
+        return;
+    }
+    const TileSet& levelSet = level.GetTileSet() ? *level.GetTileSet() : *tileSet;
+    const std::int64_t size = levelSet.GetTileSize();
+    const std::int64_t lift = arrival->platforms.empty() ? 0 : arrival->platformHeight;
+    Ref destination(level.GetName().c_str());
+    destination.position = Di3Point(static_cast<float>(at.x * size),
+                                    static_cast<float>(-(at.y * size)),
+                                    static_cast<float>(at.z * size + lift));
+    destination.rotation.z = Radians(ArrivalAngle(GetElmtDir(*arrival)));
+    door.Teleport(destination);
+}
+
+void GenIntBase::CvtPlatforms(Cell& target,
+                              const GridElmt& elmt,
+                              const DiPos& pos,
+                              const Di3Point& offset) const {
+    for (const DiPtr<PlatformTile>& piece : elmt.platforms) {
+        Ref ref = MakeRef(piece->id, piece->offset, piece->zRotate, pos, offset);
+        ref.sort = RefSort::Platform;
+        target.AddRef(std::move(ref));
+    }
+}
+
+Ref GenIntBase::MakeRef(const std::string& id,
+                        const Di3Point& local,
+                        std::int32_t zRotate,
+                        const DiPos& pos,
+                        const Di3Point& offset) const {
+    Ref ref(id.c_str());
+    ref.position = WorldPosition(pos, offset, local, tileSet->GetTileSize());
+    ref.rotation.z = Radians(zRotate);
+    return ref;
+}
+
+} // namespace Tarnex

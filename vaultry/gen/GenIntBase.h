@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// The frame of the interior generators.
+#pragma once
+
+#include <vaultry/gen/GenInfo.h>
+#include <vaultry/layout/Layout.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace Tarnex {
+
+/// What one generation run shares and the fixed stages of its pipeline: from a template to a
+/// layout, platforms, contents from the themes, the layout's references in a cell, treasure.
+///
+/// Its messages are logged under "Generator".
+class VAULTRY_API GenIntBase {
+public:
+    explicit GenIntBase(GenInfo& info);
+    GenIntBase(const GenIntBase&) = default;
+    GenIntBase& operator=(const GenIntBase&) = delete;
+    virtual ~GenIntBase();
+
+    /// The generator's pipeline; nothing in the base.
+    virtual void Gen();
+
+protected:
+    /// Elements of a layout that outlives the list.
+    using ElmtList = std::vector<GridElmt*>;
+
+    /// The elements of a layout and its children by the type of their first tile. Doorways and hall
+    /// ends are in none of the lists. The counts are those of the sort, whatever is removed later.
+    struct SortedElmts {
+        std::uint32_t numCenters = 0;
+        std::uint32_t numCorners = 0;
+        std::uint32_t numHalls = 0;
+        std::uint32_t numWalls = 0;
+        ElmtList centers;
+        ElmtList corners;
+        ElmtList halls;
+        ElmtList walls;
+    };
+
+    static constexpr const char* S_LogSrc = "Generator";
+
+    // Frame.
+
+    /// Fills `layout` from the template and its child templates. A tile that the tile set lacks is
+    /// logged and skipped.
+    void TemplateToLayout(Layout& layout, const LayoutTemplate& from);
+    void SortLayout(SortedElmts& sorted, const Layout& layout) const;
+    /// Makes the cell named in the run's context, beginning with its north marker.
+    void InitCell();
+    /// Turns every element of the layout and its children into references; `offset` is the
+    /// layout's absolute position. [cells]
+    void LayoutToCell(Cell& target, const Layout& layout, const Di3Point& offset);
+    void
+    CvtTiles(Cell& target, const GridElmt& elmt, const DiPos& pos, const Di3Point& offset) const;
+    void DoCvtTile(Cell& target,
+                   const GridElmt& elmt,
+                   const Tile& tile,
+                   const DiPos& pos,
+                   const Di3Point& offset) const;
+    void CvtPlatforms(Cell& target,
+                      const GridElmt& elmt,
+                      const DiPos& pos,
+                      const Di3Point& offset) const;
+
+    // Platforms.
+
+    /// Raises a platform, chosen by chance from the configuration, along every wall.
+    void AddPlatforms(Layout& layout);
+    void AddPlatform(GridElmt& elmt, const Platform& platform) const;
+
+    // Contents.
+
+    /// Furnishes the layout from the furniture and creature themes.
+    void AddContents(Layout& layout);
+    void PlaceContainers(SortedElmts& sorted, const ThemeItem& item);
+    void PlaceFurniture(SortedElmts& sorted, const ThemeItem& item);
+    void PlaceTapestries(SortedElmts& sorted, const ThemeItem& item);
+    void PlaceRugs(SortedElmts& sorted, const ThemeItem& item);
+    void PlaceCreatures(SortedElmts& sorted, const ThemeItem& item);
+    void
+    WallAndCornerPlace(SortedElmts& sorted, const ThemeItem& item, const ContentList& candidates);
+    /// Places content of `item` on elements drawn from `elements`, each used at most once.
+    void PlaceItems(ElmtList& elements,
+                    const ThemeItem& item,
+                    const ContentList& candidates,
+                    std::uint32_t count);
+    void PlaceItem(const ContentTemplate& content, GridElmt& elmt) const;
+    /// The content that the item names, or one of the candidates by chance; null when there is
+    /// none. An unknown name is logged.
+    DiPtr<ContentTemplate> SelectContent(const ThemeItem& item,
+                                         const ContentList& candidates) const;
+    /// One of the list by chance, valuable content rarely; null for an empty list.
+    DiPtr<ContentTemplate> SelectItem(const ContentList& candidates) const;
+    DiPtr<ContentTemplate> ThemeItemToContent(const ThemeItem& item) const;
+    /// How many of the content make one stack.
+    std::uint32_t DetermineQty(const ContentTemplate& content) const;
+    static void RemoveFullElmts(ElmtList& list);
+    static void RemoveBySubtype(ContentList& list, const char* subtype);
+    /// Turns the element's contents into references, each container into a record of its own.
+    void CvtContents(Cell& target, const GridElmt& elmt, const DiPos& pos, const Di3Point& offset);
+
+    // Treasure.
+
+    void AddCtrTreasure(std::vector<DiPtr<Container>>& filled);
+    void PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const ThemeItem& item);
+
+    GenInfo& info;
+    ConfigMgr* config;
+    DiPtr<TileSet> tileSet;                   ///< in use; a random generator may replace it
+    DiPtr<Cell> cell;                         ///< being filled; null until InitCell
+    std::vector<DiPtr<Container>> containers; ///< made for the cell's contents
+
+private:
+    Ref MakeRef(const std::string& id,
+                const Di3Point& local,
+                std::int32_t zRotate,
+                const DiPos& pos,
+                const Di3Point& offset) const;
+    void MakeTeleport(Ref& door, const GridElmt& elmt) const;
+    void MakeContainer(ContentItem& item);
+};
+
+} // namespace Tarnex

@@ -1,0 +1,384 @@
+// SPDX-License-Identifier: MIT
+// Contents: furnishing a layout from the themes and filling its containers.
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/foundation/Text.h>
+#include <vaultry/gen/ContainerIds.h>
+#include <vaultry/gen/ContentPlace.h>
+#include <vaultry/gen/GenIntBase.h>
+
+#include <algorithm>
+#include <array>
+
+namespace Tarnex {
+
+namespace {
+
+struct RarityTier {
+    std::int32_t upTo; // value of the content
+    double accepted;   // share of the picks that are accepted
+};
+
+constexpr std::int32_t kCommonValue = 1000; // always accepted, without a draw
+
+constexpr std::array<RarityTier, 3> kRarity = {{{5000, 0.1}, {10000, 0.05}, {25000, 0.01}}};
+constexpr double kRarest = 0.001;
+
+double AcceptedShare(std::int32_t value) {
+    for (const RarityTier& tier : kRarity) {
+        if (value <= tier.upTo) {
+            return tier.accepted;
+        }
+    }
+    return kRarest;
+}
+
+// What a large pile of one kind is worth in all. [gold pieces]
+struct WorthTier {
+    double below; // of the draw
+    std::int64_t worth;
+};
+
+constexpr std::array<WorthTier, 8> kWorths = {{
+    {0.1, 10},
+    {0.2, 25},
+    {0.4, 50},
+    {0.7, 100},
+    {0.9, 250},
+    {0.95, 500},
+    {0.99, 1000},
+    {0.999, 2500},
+}};
+constexpr std::int64_t kGreatestWorth = 5000;
+
+// Piles below either bound keep the number drawn.
+constexpr std::int32_t kLargePile = 6;
+constexpr std::int64_t kPlausibleWorth = 250;
+
+std::int64_t PileWorth(double draw) {
+    for (const WorthTier& tier : kWorths) {
+        if (draw < tier.below) {
+            return tier.worth;
+        }
+    }
+    return kGreatestWorth;
+}
+
+constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
+    {Content_Container, RefSort::Container},
+    {Content_Creature, RefSort::Creature},
+    {Content_Furniture, RefSort::Furniture},
+    {Content_Rug, RefSort::Rug},
+    {Content_Tapestry, RefSort::Tapestry},
+}};
+
+RefSort SortOf(const ContentItem& item) {
+    for (const auto& [kind, sort] : kSorts) {
+        if (item.IsKind(kind)) {
+            return sort;
+        }
+    }
+    return RefSort::Other;
+}
+
+void Append(std::vector<GridElmt*>& list, const std::vector<GridElmt*>& more) {
+    list.insert(list.end(), more.begin(), more.end());
+}
+
+// The element at a random position, taken out of the list.
+GridElmt* TakeElement(std::vector<GridElmt*>& elements) {
+    const std::int32_t position = RandomInt(static_cast<std::int32_t>(elements.size()));
+    const auto taken = elements.begin() + position;
+    GridElmt* elmt = *taken;
+    elements.erase(taken);
+    return elmt;
+}
+
+// A turn that falls to chance is skipped when the draw is above the chance.
+bool SkipsTurn(std::int64_t turn, const PlacementCounts& counts, const ThemeItem& item) {
+    if (turn < counts.minimum) {
+        return false;
+    }
+    const float draw = RandomUnit();
+    return draw > item.chance;
+}
+
+Container* FindCtrWithRoom(const std::vector<DiPtr<Container>>& list, float amount) {
+    const auto found = std::ranges::find_if(list, [amount](const DiPtr<Container>& container) {
+        return double{container->GetEncumbrance()} + amount < container->GetWeight();
+    });
+    return found == list.end() ? nullptr : found->get();
+}
+
+// A stack of one item with its weight.
+struct Stack {
+    std::uint32_t count;
+    float weight;
+};
+
+bool Overloads(const Container& container, const Stack& stack) {
+    return double{container.GetEncumbrance()} + stack.weight > container.GetWeight();
+}
+
+// Takes heavy items off the stack, but for the last, until the container can carry the rest.
+void Lighten(Stack& stack, float unitWeight, const Container& container) {
+    constexpr float kHeavy = 1.0F;
+    if (unitWeight < kHeavy) {
+        return;
+    }
+    while (stack.count > 1 && Overloads(container, stack)) {
+        --stack.count;
+        stack.weight = static_cast<float>(double{stack.weight} - unitWeight);
+    }
+}
+
+} // namespace
+
+void GenIntBase::AddContents(Layout& layout) {
+    struct PlaceRow {
+        std::string_view type;
+        void (GenIntBase::*place)(SortedElmts&, const ThemeItem&);
+    };
+    static constexpr std::array<PlaceRow, 4> kFurnishing = {{
+        {Content_Container, &GenIntBase::PlaceContainers},
+        {Content_Furniture, &GenIntBase::PlaceFurniture},
+        {Content_Rug, &GenIntBase::PlaceRugs},
+        {Content_Tapestry, &GenIntBase::PlaceTapestries},
+    }};
+    static constexpr std::array<PlaceRow, 1> kPopulation = {{
+        {Content_Creature, &GenIntBase::PlaceCreatures},
+    }};
+    if (!info.defTheme) {
+        return;
+    }
+    SortedElmts sorted;
+    SortLayout(sorted, layout);
+    // Both messages name the furniture theme on purpose.
+    const auto furnish = [&](const Theme& theme, const auto& rows, const char* kindOfTheme) {
+        for (const DiPtr<ThemeItem>& item : theme.items) {
+            const auto row = std::ranges::find_if(
+                rows, [&item](const PlaceRow& r) { return EqualsNoCase(item->type, r.type); });
+            if (row != rows.end()) {
+                (this->*row->place)(sorted, *item);
+                continue;
+            }
+            Logger::WriteError(S_LogSrc,
+                               "Unrecognized theme item type '%s' in %s '%s'.",
+                               item->type.c_str(),
+                               kindOfTheme,
+                               info.defTheme->GetName().c_str());
+        }
+    };
+    furnish(*info.defTheme, kFurnishing, "Theme");
+    if (info.defCreatureTheme) {
+        furnish(*info.defCreatureTheme, kPopulation, "CreatureTheme");
+    }
+}
+
+void GenIntBase::PlaceContainers(SortedElmts& sorted, const ThemeItem& item) {
+    WallAndCornerPlace(sorted, item, config->contentMgr->GetContainers());
+}
+
+void GenIntBase::PlaceFurniture(SortedElmts& sorted, const ThemeItem& item) {
+    WallAndCornerPlace(sorted, item, config->contentMgr->GetFurniture());
+}
+
+void GenIntBase::PlaceTapestries(SortedElmts& sorted, const ThemeItem& item) {
+    WallAndCornerPlace(sorted, item, config->contentMgr->GetTapestries());
+}
+
+void GenIntBase::PlaceRugs(SortedElmts& sorted, const ThemeItem& item) {
+    ElmtList elements = sorted.centers;
+    PlaceItems(elements, item, config->contentMgr->GetRugs(), sorted.numCenters);
+}
+
+void GenIntBase::PlaceCreatures(SortedElmts& sorted, const ThemeItem& item) {
+    ContentList candidates = config->contentMgr->GetCreatures();
+    RemoveBySubtype(candidates, Creature_Bird.data());
+    RemoveBySubtype(candidates, Creature_Fish.data());
+    ElmtList elements = sorted.centers;
+    Append(elements, sorted.halls);
+    Append(elements, sorted.walls);
+    PlaceItems(elements, item, candidates, sorted.numWalls + sorted.numHalls + sorted.numCenters);
+    RemoveFullElmts(sorted.centers);
+    RemoveFullElmts(sorted.halls);
+    RemoveFullElmts(sorted.walls);
+}
+
+// In caves the corners stay free: nothing stands straight in them.
+void GenIntBase::WallAndCornerPlace(SortedElmts& sorted,
+                                    const ThemeItem& item,
+                                    const ContentList& candidates) {
+    ElmtList elements = sorted.walls;
+    std::uint32_t count = sorted.numWalls;
+    if (!tileSet->IsCave()) {
+        Append(elements, sorted.corners);
+        count += sorted.numCorners;
+    }
+    PlaceItems(elements, item, candidates, count);
+    RemoveFullElmts(sorted.corners);
+    RemoveFullElmts(sorted.walls);
+}
+
+void GenIntBase::PlaceItems(ElmtList& elements,
+                            const ThemeItem& item,
+                            const ContentList& candidates,
+                            std::uint32_t count) {
+    if (elements.empty()) {
+        return;
+    }
+    const PlacementCounts counts = CountPlacements(item, count);
+    for (std::int64_t turn = 0; turn < counts.maximum; ++turn) {
+        if (SkipsTurn(turn, counts, item)) {
+            continue;
+        }
+        const DiPtr<ContentTemplate> content = SelectContent(item, candidates);
+        if (!content || elements.empty()) {
+            return;
+        }
+        GridElmt* elmt = TakeElement(elements);
+        PlaceItem(*content, *elmt);
+        if (!content->IsKind(Content_Rug)) {
+            elmt->isFull = true;
+        }
+    }
+}
+
+void GenIntBase::PlaceItem(const ContentTemplate& content, GridElmt& elmt) const {
+    if (elmt.tiles.empty()) {
+        return;
+    }
+    const DiPtr<ContentItem> item = ContentMgr::CvtToItem(content);
+    FitIntoElement(*item, elmt, *tileSet);
+    elmt.AddContent(item);
+}
+
+DiPtr<ContentTemplate> GenIntBase::SelectContent(const ThemeItem& item,
+                                                 const ContentList& candidates) const {
+    if (item.uniqueNames.empty()) {
+        return SelectItem(candidates);
+    }
+    std::size_t choice = 0;
+    if (item.uniqueNames.size() > 1) {
+        const auto names = static_cast<std::int32_t>(item.uniqueNames.size());
+        choice = static_cast<std::size_t>(RandomInt(names));
+    }
+    const std::string& name = item.uniqueNames[choice];
+    DiPtr<ContentTemplate> content = ContentMgr::FindWithUniqueName(name, candidates);
+    if (!content) {
+        Logger::WriteError(S_LogSrc,
+                           "Unrecognized UniqueName '%s' in ThemeItem Type='%s'.",
+                           name.c_str(),
+                           item.type.c_str());
+    }
+    return content;
+}
+
+DiPtr<ContentTemplate> GenIntBase::SelectItem(const ContentList& candidates) const {
+    if (candidates.empty()) {
+        return nullptr;
+    }
+    for (;;) {
+        const auto size = static_cast<std::int32_t>(candidates.size());
+        const auto pick = static_cast<std::size_t>(RandomInt(size));
+        const DiPtr<ContentTemplate>& content = candidates[pick];
+        if (content->value <= kCommonValue) {
+            return content;
+        }
+        const double draw = RandomUnit();
+        if (draw <= AcceptedShare(content->value)) {
+            return content;
+        }
+    }
+}
+
+DiPtr<ContentTemplate> GenIntBase::ThemeItemToContent(const ThemeItem& item) const {
+    return SelectContent(item, config->contentMgr->GetList(item.type.c_str()));
+}
+
+std::uint32_t GenIntBase::DetermineQty(const ContentTemplate& content) const {
+    const std::int32_t most = std::max(content.maxCount, 1);
+    std::int64_t quantity = RandomInt(most) + 1;
+    if (quantity >= kLargePile && content.value * quantity > kPlausibleWorth) {
+        const double draw = RandomUnit();
+        quantity = PileWorth(draw) / content.value;
+    }
+    return static_cast<std::uint32_t>(std::clamp<std::int64_t>(quantity, 1, most));
+}
+
+void GenIntBase::RemoveFullElmts(ElmtList& list) {
+    std::erase_if(list, [](const GridElmt* elmt) { return elmt->isFull; });
+}
+
+void GenIntBase::RemoveBySubtype(ContentList& list, const char* subtype) {
+    std::erase_if(list, [subtype](const DiPtr<ContentTemplate>& content) {
+        return content->IsSubtype(subtype);
+    });
+}
+
+void GenIntBase::CvtContents(Cell& target,
+                             const GridElmt& elmt,
+                             const DiPos& pos,
+                             const Di3Point& offset) {
+    for (const DiPtr<ContentItem>& item : elmt.contents) {
+        if (item->IsKind(Content_Container)) {
+            MakeContainer(*item);
+        }
+        Ref ref = MakeRef(item->uniqueName, item->offset, item->zRotate, pos, offset);
+        ref.sort = SortOf(*item);
+        target.AddRef(std::move(ref));
+    }
+}
+
+// The item takes a fresh identifier, so that its treasure is its own.
+void GenIntBase::MakeContainer(ContentItem& item) {
+    item.uniqueName = NextContainerId();
+    const DiPtr<Container> container = info.mod.CreateContainer();
+    container->SetId(item.uniqueName.c_str());
+    container->SetFriendlyName(item.friendlyName.c_str());
+    container->SetModelName(item.modelFile.c_str());
+    container->SetWeight(item.weight);
+    containers.push_back(container);
+}
+
+void GenIntBase::AddCtrTreasure(std::vector<DiPtr<Container>>& filled) {
+    if (!info.defTreasureTheme) {
+        return;
+    }
+    for (const DiPtr<ThemeItem>& item : info.defTreasureTheme->items) {
+        PlaceCtrTreasure(filled, *item);
+    }
+}
+
+void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const ThemeItem& item) {
+    if (filled.empty()) {
+        return;
+    }
+    const ContentList& candidates = config->contentMgr->GetList(item.type.c_str());
+    const PlacementCounts counts = CountTreasure(item, static_cast<std::uint32_t>(filled.size()));
+    for (std::int64_t turn = 0; turn < counts.maximum; ++turn) {
+        if (SkipsTurn(turn, counts, item)) {
+            continue;
+        }
+        const DiPtr<ContentTemplate> content = SelectContent(item, candidates);
+        if (!content) {
+            return;
+        }
+        const auto pick = RandomInt(static_cast<std::int32_t>(filled.size()));
+        Container* container = filled[static_cast<std::size_t>(pick)].get();
+        const std::uint32_t quantity = DetermineQty(*content);
+        Stack stack{quantity, static_cast<float>(quantity * double{content->weight})};
+        Lighten(stack, content->weight, *container);
+        if (Overloads(*container, stack)) {
+            container = FindCtrWithRoom(filled, stack.weight);
+        }
+        if (container != nullptr) {
+            container->Add(content->uniqueName.c_str(), stack.count);
+            const double load = double{container->GetEncumbrance()} + stack.weight;
+            container->SetEncumbrance(static_cast<float>(load));
+        }
+    }
+}
+
+} // namespace Tarnex

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+// Platforms: raised floors along the walls of fixed cave interiors.
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/gen/GenIntBase.h>
+#include <vaultry/gen/PlatformPlan.h>
+
+#include <array>
+
+namespace Tarnex {
+
+namespace {
+
+// Each step of a piece's place is rounded to single precision, its sum made in double.
+void Add(float& value, double amount) {
+    value = static_cast<float>(value + amount);
+}
+
+void PlaceStairs(GridElmt& elmt,
+                 const Platform& platform,
+                 const StairsPlan& plan,
+                 std::int32_t tileSize) {
+    const DiPtr<PlatformTile> stairs = platform.GetCopyOf(plan.kind);
+    if (!stairs) {
+        return;
+    }
+    stairs->offset.*plan.axis = plan.place;
+    Add(stairs->offset.z, -((tileSize - double{stairs->size.z}) * 0.5));
+    Add(stairs->offset.z, -(double{stairs->size.z} - elmt.platformHeight));
+    elmt.platforms.push_back(stairs);
+}
+
+// A slab's place in the grid and in the element.
+struct Slab {
+    std::int32_t row;
+    std::int32_t column;
+    float x;
+    float y;
+};
+
+// Moves a beam from the middle of a slab to its outer edge.
+void MoveOutward(float& place, bool toLow, double slabSize, double beamSize) {
+    const double way = (slabSize - beamSize) * 0.5;
+    Add(place, toLow ? -way : way);
+}
+
+// False when the platform has no beam.
+bool PlaceBeam(GridElmt& elmt, const Platform& platform, const Slab& slab, const Di3Point& size) {
+    const DiPtr<PlatformTile> beam = platform.GetCopyOf(Platform_Beam);
+    if (!beam) {
+        return false;
+    }
+    Add(beam->offset.x, slab.x);
+    MoveOutward(beam->offset.x, slab.column == 0, size.x, beam->size.x);
+    Add(beam->offset.y, slab.y);
+    MoveOutward(beam->offset.y, slab.row == 0, size.y, beam->size.y);
+    Add(beam->offset.z, elmt.FirstTile()->offset.z * 0.5);
+    elmt.platforms.push_back(beam);
+    return true;
+}
+
+// Adds one slab and its beams; a slab at a corner of two edges may carry two.
+bool PlaceSlab(GridElmt& elmt,
+               const Platform& platform,
+               const PlatformPlan& plan,
+               const PlatformTile& floor,
+               const Slab& slab) {
+    const auto piece = MakeDi<PlatformTile>(floor);
+    Add(piece->offset.x, slab.x);
+    Add(piece->offset.y, slab.y);
+    Add(piece->offset.z, plan.z);
+    elmt.platforms.push_back(piece);
+
+    const bool atRowEnd = slab.column == 0 || slab.column == plan.columns - 1;
+    const bool atColumnEnd = slab.row == 0 || slab.row == plan.rows - 1;
+    const std::array<bool, 2> beams = {atRowEnd && slab.row == plan.beamRow,
+                                       atColumnEnd && slab.column == plan.beamColumn};
+    for (const bool wanted : beams) {
+        if (wanted && !PlaceBeam(elmt, platform, slab, floor.size)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void PlaceRow(GridElmt& elmt,
+              const Platform& platform,
+              const PlatformPlan& plan,
+              const PlatformTile& floor,
+              Slab slab) {
+    slab.x = plan.x;
+    for (slab.column = 0; slab.column < plan.columns; ++slab.column) {
+        if (!PlaceSlab(elmt, platform, plan, floor, slab)) {
+            return;
+        }
+        Add(slab.x, floor.size.x);
+    }
+}
+
+} // namespace
+
+void GenIntBase::AddPlatforms(Layout& layout) {
+    const auto& platforms = config->platformList;
+    if (platforms.empty()) {
+        return;
+    }
+    const auto pick = RandomInt(static_cast<std::int32_t>(platforms.size()));
+    const Platform& platform = *platforms[static_cast<std::size_t>(pick)];
+    SortedElmts sorted;
+    SortLayout(sorted, layout);
+    for (GridElmt* wall : sorted.walls) {
+        AddPlatform(*wall, platform);
+    }
+}
+
+void GenIntBase::AddPlatform(GridElmt& elmt, const Platform& platform) const {
+    const DiPtr<PlatformTile> floor = platform.Get(Platform_Floor);
+    if (!floor) {
+        return;
+    }
+    const Tile& first = *elmt.FirstTile();
+    const std::int32_t tileSize = tileSet->GetTileSize();
+    elmt.platformHeight = PlatformHeight(tileSize);
+    const auto plan = PlanPlatform(first, *floor, tileSize);
+    if (!plan) {
+        Logger::WriteError(S_LogSrc,
+                           "Internal error. Unrecognized tile type '%s' for platform.",
+                           first.kindName.c_str());
+        return;
+    }
+    if (plan->stairs) {
+        PlaceStairs(elmt, platform, *plan->stairs, tileSize);
+    }
+    Slab slab{0, 0, 0.0F, plan->y};
+    for (; slab.row < plan->rows; ++slab.row) {
+        PlaceRow(elmt, platform, *plan, *floor, slab);
+        Add(slab.y, floor->size.y);
+    }
+}
+
+} // namespace Tarnex

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// The library's entry.
+#pragma once
+
+#include <vaultry/gen/GenInfo.h>
+
+#include <string>
+#include <vector>
+
+namespace Tarnex {
+
+/// How a CreateMod ended.
+enum class ModResult {
+    Written,    ///< the plug-in stands at its path, complete
+    Refused,    ///< no default tile set or template, or an internal fault; nothing was written
+    Canceled,   ///< the job status asked to stop; nothing was written
+    NotWritten, ///< generated, but the file could not be opened or written whole
+};
+
+/// Reads a configuration and generates plug-ins from it.
+///
+/// Expected order: construct, Init, any setters, CreateMod as often as wanted. The library is
+/// single-threaded: a GenMgr is used from one thread, and all of them share one random generator
+/// and one log. Names, cell names and log lines are Windows-1252; file paths are UTF-8. Problems
+/// are logged (see Logger), mostly under "GenMgr", "Generator" and "XML Parser"; nothing throws.
+class VAULTRY_API GenMgr : public GenInfo {
+public:
+    /// Seeds the random generator with the current time; see SeedRandom for a seed of one's own.
+    GenMgr();
+    ~GenMgr();
+
+    /// Drops any earlier configuration, reads the file at `configPath` and takes the first room
+    /// layout, theme, room tile set and treasure theme as defaults, null where there is none. The
+    /// default creature theme stays as it was: null until it is set.
+    void Init(const char* configPath);
+
+    /// Generates a plug-in with cells named after `cellName` and writes it to `outPath`, truncating
+    /// a file that is there. `fixedLayout`: one cell from the default template; otherwise random
+    /// levels. A cancelled run leaves the file as it is.
+    ModResult CreateMod(const char* outPath, const char* cellName, bool fixedLayout);
+
+    /// The first half of CreateMod: fills `mod` and writes nothing. Written means ready here.
+    ModResult Generate(const char* cellName, bool fixedLayout);
+
+    /// The first cave (`cave`) or room tile set of exactly that name becomes the default; without
+    /// one the default stays.
+    void SetDefaultTileSet(const char* name, bool cave);
+    /// The first cave or room layout of exactly that name becomes the default; without one the
+    /// default stays.
+    void SetDefaultTemplate(const char* name, bool cave);
+    /// The first theme of exactly that name becomes the default; without one there is no default.
+    void SetDefaultTheme(const char* name);
+    void SetDefaultCreatureTheme(const char* name);
+    void SetDefaultTreasureTheme(const char* name);
+
+    DiPtr<TileSet> GetDefaultTileSet() const { return defTileSet; }
+    DiPtr<LayoutTemplate> GetDefaultTemplate() const { return defTemplate; }
+    DiPtr<Theme> GetDefaultTheme() const { return defTheme; }
+    DiPtr<Theme> GetDefaultCreatureTheme() const { return defCreatureTheme; }
+    DiPtr<Theme> GetDefaultTreasureTheme() const { return defTreasureTheme; }
+
+    // The configuration's own lists, for front ends to enumerate.
+    std::vector<DiPtr<TileSet>>& GetCaveTileSets() { return config.caveTileSets; }
+    std::vector<DiPtr<TileSet>>& GetRoomTileSets() { return config.roomTileSets; }
+    std::vector<DiPtr<LayoutTemplate>>& GetCaveLayouts() { return config.caveLayouts; }
+    std::vector<DiPtr<LayoutTemplate>>& GetRoomLayouts() { return config.roomLayouts; }
+    std::vector<DiPtr<Theme>>& GetThemes() { return config.themes; }
+    std::vector<DiPtr<Theme>>& GetCreatureThemes() { return config.creatureThemes; }
+    std::vector<DiPtr<Theme>>& GetTreasureThemes() { return config.treasureThemes; }
+
+    void SetRandomInfo(const RandomGenInfo& parameters) { randomInfo = parameters; }
+    /// The pointer is kept, not owned; null is allowed.
+    void SetJobStatus(JobStatus* status) { jobStatus = status; }
+    /// The master file that the plug-in names; see FileHeader::SetMasterFile.
+    void SetMasterFile(const char* name, std::uint32_t size) { mod.SetMasterFile(name, size); }
+    void SetAddPlatforms(bool add) { addPlatforms = add; }
+    /// Whether the cell of a single random level carries the name asked for; off at first.
+    void SetNameSingleLevel(bool named) { nameSingleLevel = named; }
+
+private:
+    void ChooseDefaults();
+    bool CheckDefaults() const;
+    bool RunGenerator(bool fixedLayout);
+};
+
+} // namespace Tarnex

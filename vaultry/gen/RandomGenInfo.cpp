@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/foundation/Text.h>
+#include <vaultry/gen/RandomGenInfo.h>
+
+namespace Tarnex {
+
+namespace {
+
+std::int32_t PositionOf(const char* text, const std::vector<std::string>& words) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (EqualsNoCase(text, words[i])) {
+            return static_cast<std::int32_t>(i);
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+const std::vector<std::string>& RandomGenInfo::GetLevelSizeStrings() {
+    static const std::vector<std::string> words = {"Random", "Tiny", "Small", "Medium", "Large"};
+    return words;
+}
+
+const std::vector<std::string>& RandomGenInfo::GetRoomSpacingStrings() {
+    static const std::vector<std::string> words = {
+        "Random", "Tight", "Semi-tight", "Semi-loose", "Loose"};
+    return words;
+}
+
+RandomGenInfo::LevelSizeT RandomGenInfo::StringToLevelSize(const char* text) {
+    return static_cast<LevelSizeT>(PositionOf(text, GetLevelSizeStrings()));
+}
+
+RandomGenInfo::RoomSpacingT RandomGenInfo::StringToRoomSpacing(const char* text) {
+    return static_cast<RoomSpacingT>(PositionOf(text, GetRoomSpacingStrings()));
+}
+
+} // namespace Tarnex

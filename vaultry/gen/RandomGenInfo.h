@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// The parameters of random levels.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Tarnex {
+
+/// What a front end may ask of random levels.
+struct VAULTRY_API RandomGenInfo {
+    /// The size of the room grid.
+    enum LevelSizeT : std::int32_t { Random = 0, Tiny = 1, Small = 2, Medium = 3, Large = 4 };
+
+    /// The gaps between rooms. "Random" is 0 here too.
+    enum RoomSpacingT : std::int32_t {
+        RandomSpacing = 0,
+        Tight = 1,
+        SemiTight = 2,
+        SemiLoose = 3,
+        Loose = 4,
+    };
+
+    std::uint32_t numLevels = 1; ///< levels, each a cell of its own
+    std::uint32_t minLevel = 1;  ///< lowest level of a randomly chosen creature theme
+    std::uint32_t maxLevel = 5;  ///< highest level of a randomly chosen creature theme
+    LevelSizeT levelSize = Random;
+    RoomSpacingT roomSpacing = RandomSpacing;
+    bool randomTileSet = false;       ///< choose the tile set by chance
+    bool randomTheme = false;         ///< choose the furniture theme by chance
+    bool randomCreatureTheme = false; ///< choose the creature theme by chance
+    bool randomTreasureTheme = false; ///< choose the treasure theme by chance
+
+    /// The words of the level sizes; a word's position is its value.
+    static const std::vector<std::string>& GetLevelSizeStrings();
+    /// The words of the room spacings; a word's position is its value.
+    static const std::vector<std::string>& GetRoomSpacingStrings();
+
+    /// The value of a word, without regard to case; Random for any other text.
+    static LevelSizeT StringToLevelSize(const char* text);
+    static RoomSpacingT StringToRoomSpacing(const char* text);
+};
+
+} // namespace Tarnex

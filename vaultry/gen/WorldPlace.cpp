@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/foundation/Numeric.h>
+#include <vaultry/gen/WorldPlace.h>
+
+namespace Tarnex {
+
+namespace {
+
+double CellStart(std::int32_t index, std::int32_t tileSize) {
+    return static_cast<double>(std::int64_t{index} * tileSize);
+}
+
+} // namespace
+
+Di3Point WorldPosition(const DiPos& pos,
+                       const Di3Point& layoutOffset,
+                       const Di3Point& local,
+                       std::int32_t tileSize) {
+    const double size = tileSize;
+    const double x = CellStart(pos.x, tileSize) + local.x + size * layoutOffset.x;
+    const double y = local.y - (CellStart(pos.y, tileSize) + size * layoutOffset.y);
+    const double z = size * layoutOffset.z + local.z;
+    return {static_cast<float>(x), static_cast<float>(y), static_cast<float>(z)};
+}
+
+float Radians(std::int32_t degrees) {
+    return static_cast<float>(degrees * kRadiansPerDegree);
+}
+
+} // namespace Tarnex

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// One cell of a layout.
+#pragma once
+
+#include <vaultry/catalogue/ContentItem.h>
+#include <vaultry/catalogue/PlatformTile.h>
+#include <vaultry/catalogue/Tile.h>
+#include <vaultry/foundation/DiPos.h>
+#include <vaultry/foundation/DiPtr.h>
+
+#include <string_view>
+#include <vector>
+
+namespace Tarnex {
+
+class Layout;
+
+/// The tiles, platform pieces and contents of one cell of a layout, with its teleport data. A copy
+/// shares the pieces and owns its lists.
+class VAULTRY_API GridElmt : public DiRcObject {
+public:
+    std::vector<DiPtr<ContentItem>> contents;
+    std::vector<DiPtr<PlatformTile>> platforms;
+    std::vector<DiPtr<Tile>> tiles;  ///< in placement order; the first decides kind and facing
+    std::int32_t platformHeight = 0; ///< of the platform in the cell [world units]
+    DiPos teleDest;                  ///< where in teleLayout a teleporting door leads [cells]
+    DiPtr<Layout> teleLayout;        ///< the level that a teleporting door leads to, or null
+    bool isTeleport = false;         ///< the cell's door is a teleporting door
+    bool isFull = false;             ///< no further content may be placed here
+    bool isShadow = false;           ///< made by Layout::AddShadows
+
+    GridElmt();
+    GridElmt(const GridElmt& other);
+    GridElmt& operator=(const GridElmt& other);
+    ~GridElmt() override;
+
+    /// Appends a tile; null is ignored.
+    void AddTile(const DiPtr<Tile>& tile);
+    /// Appends content; null is ignored.
+    void AddContent(const DiPtr<ContentItem>& item);
+    /// Drops all tiles and appends this one; null leaves the element without tiles.
+    void ReplaceTiles(const DiPtr<Tile>& tile);
+
+    /// True when some tile has that kind name, without regard to case.
+    bool HasTile(std::string_view kindName) const;
+
+    /// The tile that decides the element's kind and facing, or null.
+    const Tile* FirstTile() const { return tiles.empty() ? nullptr : tiles.front().get(); }
+};
+
+} // namespace Tarnex

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/output/Cell.h>
+
+#include <array>
+#include <utility>
+
+namespace Tarnex {
+
+namespace {
+
+constexpr std::uint32_t kDataWords = 3;
+constexpr std::uint32_t kAmbientWords = 4;
+
+} // namespace
+
+Cell::Cell(const char* name_) : name(name_), nameSize(FieldLength(name)) {}
+
+void Cell::AddRef(const Ref& ref) {
+    refs.push_back(ref);
+}
+
+void Cell::AddRef(Ref&& ref) {
+    refs.push_back(std::move(ref));
+}
+
+void Cell::UpdateSize() {
+    recordSize = kSubHeader + nameSize;           // NAME
+    recordSize += kSubHeader + kDataWords * 4;    // DATA
+    recordSize += kWordSub;                       // INTV
+    recordSize += kSubHeader + kAmbientWords * 4; // AMBI
+    if (!refs.empty()) {
+        recordSize += kWordSub; // NAM0
+    }
+    for (const Ref& ref : refs) {
+        recordSize += ref.GetTotalSize();
+    }
+}
+
+void Cell::Write(std::ostream& stream) {
+    UpdateSize();
+    const std::uint32_t density = FloatBits(fogDensity);
+    WriteRecordHeader(stream, "CELL", recordSize);
+    WriteText(stream, "NAME", name, nameSize);
+    // An interior has no grid position; its place in DATA holds the fog colour and density.
+    WriteWords(
+        stream, "DATA", std::array<std::uint32_t, kDataWords>{flags, fogColor.Word(), density});
+    WriteWord(stream, "INTV", waterHeight);
+    WriteWords(stream,
+               "AMBI",
+               std::array<std::uint32_t, kAmbientWords>{
+                   ambient.Word(), sunlight.Word(), fogColor.Word(), density});
+    if (refs.empty()) {
+        return;
+    }
+    const auto count = static_cast<std::uint32_t>(refs.size());
+    WriteWord(stream, "NAM0", count);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        refs[i].SetIndex(i + 1);
+        refs[i].Write(stream);
+    }
+}
+
+} // namespace Tarnex

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// A container definition with treasure of its own.
+#pragma once
+
+#include <vaultry/output/Element.h>
+
+#include <utility>
+#include <vector>
+
+namespace Tarnex {
+
+/// A container record with a fresh identifier, so that each placed container carries its own
+/// treasure. The reference in the cell names that identifier.
+class VAULTRY_API Container : public Element {
+public:
+    /// An item identifier and how many of it.
+    using Entry = std::pair<std::string, std::uint32_t>;
+
+    Container() = default;
+
+    void SetId(const char* newId);
+    void SetFriendlyName(const char* newName);
+    void SetModelName(const char* newName);
+    const std::string& GetId() const { return id; }
+    const std::string& GetFriendlyName() const { return friendlyName; }
+    const std::string& GetModelName() const { return modelName; }
+
+    /// The carrying capacity. [weight units of the game]
+    float GetWeight() const { return weight; }
+    void SetWeight(float capacity) { weight = capacity; }
+
+    /// The weight of the inventory so far; not written. [weight units of the game]
+    float GetEncumbrance() const { return encumbrance; }
+    void SetEncumbrance(float load) { encumbrance = load; }
+
+    /// Appends an inventory entry; entries of the same item are not merged. An identifier of 32
+    /// bytes or more is cut to 31 when written, and logged.
+    void Add(const char* itemId, std::uint32_t count);
+    const std::vector<Entry>& GetInventory() const { return inventory; }
+
+    /// Computes the record's data size. [bytes]
+    void UpdateSize();
+    std::uint32_t GetRecordSize() const { return recordSize; }
+
+    void Write(std::ostream& stream) override;
+
+private:
+    float encumbrance = 0.0F;
+    std::uint32_t recordSize = 0;
+    float weight = 0.0F;
+    std::string id;
+    std::uint32_t idSize = 0;
+    std::string friendlyName;
+    std::uint32_t friendlyNameSize = 0;
+    std::string modelName;
+    std::uint32_t modelNameSize = 0;
+    std::vector<Entry> inventory;
+};
+
+} // namespace Tarnex

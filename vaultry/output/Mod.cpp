@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/output/Mod.h>
+
+namespace Tarnex {
+
+void Mod::SetMasterFile(const char* name, std::uint32_t size) {
+    header.SetMasterFile(name, size);
+}
+
+DiPtr<Cell> Mod::CreateCell(const char* name) {
+    return cells.emplace_back(MakeDi<Cell>(name));
+}
+
+DiPtr<Container> Mod::CreateContainer() {
+    return containers.emplace_back(MakeDi<Container>());
+}
+
+void Mod::ResetContent() {
+    containers.clear();
+    cells.clear();
+}
+
+void Mod::Write(std::ostream& stream) {
+    header.Write(stream);
+    for (const DiPtr<Container>& container : containers) {
+        container->Write(stream);
+    }
+    for (const DiPtr<Cell>& cell : cells) {
+        cell->Write(stream);
+    }
+}
+
+} // namespace Tarnex

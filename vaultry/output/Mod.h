@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// The plug-in file being built.
+#pragma once
+
+#include <vaultry/foundation/DiPtr.h>
+#include <vaultry/output/Cell.h>
+#include <vaultry/output/Container.h>
+#include <vaultry/output/FileHeader.h>
+
+#include <vector>
+
+namespace Tarnex {
+
+/// A plug-in: one header, the containers made for generated contents, the generated cells. Cells
+/// and containers belong to it through their handles; generators hold further handles while they
+/// fill them.
+class VAULTRY_API Mod : public Element {
+public:
+    Mod() = default;
+
+    /// See FileHeader::SetMasterFile.
+    void SetMasterFile(const char* name, std::uint32_t size);
+    const FileHeader& GetHeader() const { return header; }
+
+    /// Makes a cell of that name at the end of the cell list.
+    DiPtr<Cell> CreateCell(const char* name);
+    /// Makes an empty container at the end of the container list.
+    DiPtr<Container> CreateContainer();
+
+    const std::vector<DiPtr<Cell>>& GetCells() const { return cells; }
+    const std::vector<DiPtr<Container>>& GetContainers() const { return containers; }
+
+    /// Drops all cells and containers; the header stays.
+    void ResetContent();
+
+    /// Writes header, containers and cells, in that order, to a stream in binary mode.
+    void Write(std::ostream& stream) override;
+
+private:
+    FileHeader header;
+    std::vector<DiPtr<Container>> containers;
+    std::vector<DiPtr<Cell>> cells;
+};
+
+} // namespace Tarnex

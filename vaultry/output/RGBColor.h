@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// A colour of a cell's light.
+#pragma once
+
+#include <vaultry/output/Element.h>
+
+namespace Tarnex {
+
+/// A colour of three channels from 0 to 255, written as four bytes: r, g, b, 0.
+class VAULTRY_API RGBColor : public Element {
+public:
+    std::int32_t r = 0;
+    std::int32_t g = 0;
+    std::int32_t b = 0;
+
+    RGBColor() = default;
+    RGBColor(std::int32_t red, std::int32_t green, std::int32_t blue);
+
+    void Write(std::ostream& stream) override;
+
+    /// The colour as one word of the file: the low byte of each channel, r lowest.
+    std::uint32_t Word() const;
+};
+
+} // namespace Tarnex

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// One object placed in a cell.
+#pragma once
+
+#include <vaultry/foundation/Di3Point.h>
+#include <vaultry/foundation/DiPtr.h>
+#include <vaultry/output/Element.h>
+
+namespace Tarnex {
+
+/// What a reference stands for. It is not written; reports and maps count by it.
+enum class RefSort : std::uint8_t {
+    Marker,    ///< the marker that every cell begins with
+    Tile,      ///< a piece of the architecture
+    Door,      ///< a door tile
+    Platform,  ///< a piece of a platform
+    Container, ///< a container with treasure of its own
+    Creature,
+    Furniture,
+    Rug,
+    Tapestry,
+    Other, ///< content of any other kind
+};
+
+inline constexpr std::size_t kRefSorts = 10;
+
+/// A placed object: a tile piece, platform piece, content item, container or door, written as the
+/// sub-records of one reference inside its cell's record.
+class VAULTRY_API Ref : public Element {
+public:
+    float scale = 1.0F;
+    Di3Point position; ///< [world units]
+    Di3Point rotation; ///< about x, y, z [radians]
+    RefSort sort = RefSort::Other;
+
+    /// `name` is the identifier of the object that is placed.
+    explicit Ref(const char* name);
+
+    const std::string& GetName() const { return name; }
+    void SetName(const char* newName);
+
+    /// The number under which the reference is written, 1-based within its cell.
+    void SetIndex(std::uint32_t newIndex) { index = newIndex; }
+
+    /// Makes the reference a teleporting door. The destination's name is the cell that the door
+    /// leads to (empty: the outside), its position and rotation the point of arrival; a copy of it
+    /// is kept, releasing any earlier one.
+    void Teleport(const Ref& destination);
+    /// Where the door leads, or null.
+    const DiPtr<Ref>& GetDestination() const { return destination; }
+
+    /// The bytes that Write produces.
+    std::uint32_t GetTotalSize() const;
+    void Write(std::ostream& stream) override;
+
+private:
+    std::uint32_t index = 0;
+    DiPtr<Ref> destination;
+    std::string name;
+    std::uint32_t nameSize = 0;
+};
+
+} // namespace Tarnex
