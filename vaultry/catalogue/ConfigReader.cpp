@@ -4,10 +4,12 @@
 #include <vaultry/catalogue/XmlFileSource.h>
 #include <vaultry/catalogue/XmlText.h>
 
+#include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/SecurityManager.hpp>
+#include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include <array>
@@ -67,9 +69,11 @@ void MakeSafe(xercesc::SAX2XMLReader& reader, xercesc::SecurityManager& limits) 
     reader.setProperty(XMLUni::fgXercesSecurityManager, &limits);
 }
 
-void Parse(xercesc::SAX2XMLReader& reader, const char* path, ConfigLoader& loader) {
+// `makeSource` is called inside, so that what opening the source throws is reported too.
+template <typename MakeSource>
+void Parse(xercesc::SAX2XMLReader& reader, ConfigLoader& loader, MakeSource makeSource) {
     try {
-        reader.parse(XmlFileSource(path));
+        reader.parse(makeSource());
     } catch (const xercesc::SAXParseException& e) {
         loader.fatalError(e);
     } catch (const xercesc::SAXException& e) {
@@ -83,6 +87,23 @@ void Parse(xercesc::SAX2XMLReader& reader, const char* path, ConfigLoader& loade
     }
 }
 
+template <typename MakeSource>
+void Read(ConfigMgr& config, MakeSource makeSource) {
+    ConfigLoader loader(config);
+    xercesc::SecurityManager limits;
+    const auto reader = std::make_unique<xercesc::SAX2XMLReaderImpl>();
+    MakeSafe(*reader, limits);
+    reader->setContentHandler(&loader);
+    reader->setErrorHandler(&loader);
+    Parse(*reader, loader, makeSource);
+}
+
+xercesc::MemBufInputSource MemorySource(std::string_view text, const char* name) {
+    const auto* nameBytes = reinterpret_cast<const XMLByte*>(name);
+    const xercesc::TranscodeFromStr id(nameBytes, std::char_traits<char>::length(name), "UTF-8");
+    return {reinterpret_cast<const XMLByte*>(text.data()), text.size(), id.str()};
+}
+
 } // namespace
 
 std::string StartXmlParser() {
@@ -91,13 +112,11 @@ std::string StartXmlParser() {
 }
 
 void ReadConfigFile(const char* path, ConfigMgr& config) {
-    ConfigLoader loader(config);
-    xercesc::SecurityManager limits;
-    const auto reader = std::make_unique<xercesc::SAX2XMLReaderImpl>();
-    MakeSafe(*reader, limits);
-    reader->setContentHandler(&loader);
-    reader->setErrorHandler(&loader);
-    Parse(*reader, path, loader);
+    Read(config, [path] { return XmlFileSource(path); });
+}
+
+void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config) {
+    Read(config, [text, name] { return MemorySource(text, name); });
 }
 
 } // namespace Tarnex

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Reading a configuration file into the store.
+// Reading a configuration into the store.
 #pragma once
 
 #include <vaultry/catalogue/ConfigMgr.h>
 
 #include <string>
+#include <string_view>
 
 namespace Tarnex {
 
@@ -17,5 +18,8 @@ std::string StartXmlParser();
 /// entity, DTD or schema is opened; nesting, entity expansion and text are limited. No exception of
 /// the parser leaves the function.
 void ReadConfigFile(const char* path, ConfigMgr& config);
+
+/// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.
+void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
 
 } // namespace Tarnex

@@ -56,13 +56,29 @@ GenMgr::GenMgr() {
 GenMgr::~GenMgr() = default;
 
 void GenMgr::Init(const char* configPath) {
+    if (StartReading()) {
+        ReadConfigFile(configPath, config);
+    }
+    FinishReading();
+}
+
+void GenMgr::InitFromMemory(std::string_view text, const char* name) {
+    if (StartReading()) {
+        ReadConfigText(text, name, config);
+    }
+    FinishReading();
+}
+
+bool GenMgr::StartReading() {
     config.Reset();
     const std::string fault = StartXmlParser();
-    if (fault.empty()) {
-        ReadConfigFile(configPath, config);
-    } else {
+    if (!fault.empty()) {
         Logger::WriteError(kLogSource, "Error during XML parser initialization: %s", fault.c_str());
     }
+    return fault.empty();
+}
+
+void GenMgr::FinishReading() {
     ChooseDefaults();
     Logger::WriteInfo(kLogSource, "Finished parsing XML config file.");
 }

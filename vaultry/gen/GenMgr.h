@@ -5,6 +5,7 @@
 #include <vaultry/gen/GenInfo.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tarnex {
@@ -33,6 +34,10 @@ public:
     /// layout, theme, room tile set and treasure theme as defaults, null where there is none. The
     /// default creature theme stays as it was: null until it is set.
     void Init(const char* configPath);
+
+    /// Like Init, but from a document held in memory, which is needed during the call only. `name`
+    /// (UTF-8) stands for the file.
+    void InitFromMemory(std::string_view text, const char* name);
 
     /// Generates a plug-in with cells named after `cellName` and writes it to `outPath`, truncating
     /// a file that is there. `fixedLayout`: one cell from the default template; otherwise random
@@ -78,6 +83,8 @@ public:
     void SetNameSingleLevel(bool named) { nameSingleLevel = named; }
 
 private:
+    bool StartReading();
+    void FinishReading();
     void ChooseDefaults();
     bool CheckDefaults() const;
     bool RunGenerator(bool fixedLayout);
