@@ -4,6 +4,7 @@
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntFixed.h>
+#include <vaultry/gen/GenIntRandom.h>
 #include <vaultry/gen/GenMgr.h>
 
 #include <algorithm>
@@ -125,12 +126,12 @@ bool GenMgr::CheckDefaults() const {
 
 // Whatever a generator throws ends here: no exception crosses the library's border.
 bool GenMgr::RunGenerator(bool fixedLayout) {
-    if (!fixedLayout) {
-        Logger::WriteError(kLogSource, "Unable to generate:  Random levels are not available.");
-        return false;
-    }
     try {
-        GenIntFixed(*this).Gen();
+        if (fixedLayout) {
+            GenIntFixed(*this).Gen();
+        } else {
+            GenIntRandom(*this).Gen();
+        }
         return true;
     } catch (const std::exception& e) {
         Logger::WriteError(kLogSource, "Internal:  Generation failed: %s", e.what());

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/foundation/Numeric.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/gen/GenHallBase.h>
+#include <vaultry/layout/ElmtKind.h>
+
+#include <algorithm>
+#include <array>
+
+namespace Tarnex {
+
+namespace {
+
+DiPos RoomOrigin(const Layout& room) {
+    return {TruncToInt(room.GetOffset().x), TruncToInt(room.GetOffset().y), 0};
+}
+
+} // namespace
+
+// How one side of a room is searched: along which lines, from which edge, and which walls besides
+// the side's own are taken when the way also leads towards them.
+struct GenHallBase::SearchRow {
+    TileDirT facing;
+    bool byRows;         // rows of cells west to east; otherwise columns north to south
+    bool fromFar;        // from the southern or eastern edge inward
+    TileDirT ifNegative; // taken when the distance on the other axis is negative
+    TileDirT ifPositive; // taken when it is positive
+};
+
+GenHallBase::GenHallBase(const GenInfo& info_, Layout& main_, RoomInfo& rooms_)
+    : info(info_), main(main_), rooms(rooms_) {}
+
+const DiPtr<GridElmt>& GenHallBase::ElmtAt(const DiPos& pos) const {
+    return main.GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x));
+}
+
+bool GenHallBase::IsInside(const DiPos& pos) const {
+    return static_cast<std::uint32_t>(pos.x) < main.GetWidth() &&
+           static_cast<std::uint32_t>(pos.y) < main.GetHeight();
+}
+
+bool GenHallBase::IsOnBorder(const DiPos& pos) const {
+    const DiPos& size = main.GetSize();
+    return pos.x <= 0 || pos.y <= 0 || pos.x >= size.x - 1 || pos.y >= size.y - 1;
+}
+
+DiPos GenHallBase::FindCenter(const Layout& room) const {
+    const DiPos& size = room.GetSize();
+    return RoomOrigin(room) + DiPos(size.x / 2, size.y / 2, 0);
+}
+
+DiPtr<Layout> GenHallBase::PosToRoom(const DiPos& pos) const {
+    for (std::uint32_t row = 0; row < rooms.GetHeight(); ++row) {
+        for (const DiPtr<Layout>& room : rooms.GetRow(row)) {
+            if (!room) {
+                continue;
+            }
+            const double left = room->GetOffset().x;
+            const double top = room->GetOffset().y;
+            const bool inRows = top <= pos.y && pos.y <= top + room->GetSize().y;
+            const bool inCols = left <= pos.x && pos.x <= left + room->GetSize().x;
+            if (inRows && inCols) {
+                return room;
+            }
+        }
+    }
+    return nullptr;
+}
+
+DiPos GenHallBase::FindForDoorway(const Layout& room, const DiDirection& way) const {
+    const bool vertical = way.stepY != 0;
+    DiPos found;
+    if (way.stepY >= 1) {
+        found = FindForDoorwayS(room, way);
+    } else if (way.stepY < 0) {
+        found = FindForDoorwayN(room, way);
+    } else if (way.stepX < 1) {
+        found = FindForDoorwayW(room, way);
+    } else {
+        found = FindForDoorwayE(room, way);
+    }
+    if (!(found == DiPos())) {
+        return found;
+    }
+    const std::int32_t aside = vertical ? way.distX : way.distY;
+    if (aside < 0) {
+        return vertical ? FindForDoorwayW(room, way) : FindForDoorwayN(room, way);
+    }
+    if (aside > 0) {
+        return vertical ? FindForDoorwayE(room, way) : FindForDoorwayS(room, way);
+    }
+    return {};
+}
+
+DiPos GenHallBase::FindForDoorwayN(const Layout& room, const DiDirection& way) const {
+    return SearchDoorway(room, way, {DirN, true, false, DirW, DirE});
+}
+
+DiPos GenHallBase::FindForDoorwayS(const Layout& room, const DiDirection& way) const {
+    return SearchDoorway(room, way, {DirS, true, true, DirW, DirE});
+}
+
+DiPos GenHallBase::FindForDoorwayE(const Layout& room, const DiDirection& way) const {
+    return SearchDoorway(room, way, {DirE, false, true, DirN, DirS});
+}
+
+DiPos GenHallBase::FindForDoorwayW(const Layout& room, const DiDirection& way) const {
+    return SearchDoorway(room, way, {DirW, false, false, DirN, DirS});
+}
+
+DiPos GenHallBase::SearchDoorway(const Layout& room,
+                                 const DiDirection& way,
+                                 const SearchRow& search) const {
+    const std::int32_t aside = search.byRows ? way.distX : way.distY;
+    std::vector<TileDirT> facings = {search.facing};
+    if (aside != 0) {
+        facings.push_back(aside < 0 ? search.ifNegative : search.ifPositive);
+    }
+    const DiPos& size = room.GetSize();
+    const std::int32_t lines = search.byRows ? size.y : size.x;
+    const std::int32_t length = search.byRows ? size.x : size.y;
+    std::vector<DiPos> candidates;
+    for (std::int32_t i = 0; i < lines; ++i) {
+        const std::int32_t line = search.fromFar ? lines - 1 - i : i;
+        for (std::int32_t along = 0; along < length; ++along) {
+            const DiPos cell = search.byRows ? DiPos(along, line, 0) : DiPos(line, along, 0);
+            AddIfSafe(candidates, room, cell, facings);
+        }
+    }
+    if (candidates.empty()) {
+        return {};
+    }
+    const auto pick = RandomInt(static_cast<std::int32_t>(candidates.size()));
+    return candidates[static_cast<std::size_t>(pick)];
+}
+
+void GenHallBase::AddIfSafe(std::vector<DiPos>& candidates,
+                            const Layout& room,
+                            const DiPos& cell,
+                            const std::vector<TileDirT>& facings) const {
+    const DiPtr<GridElmt>& elmt =
+        room.GetElmt(static_cast<std::uint32_t>(cell.y), static_cast<std::uint32_t>(cell.x));
+    if (!elmt || elmt->isShadow) {
+        return;
+    }
+    DiPtr<Tile> tile = FindTileOfType(*elmt, TileWall);
+    if (!tile) {
+        tile = FindTileOfType(*elmt, TileDoorway);
+    }
+    if (!tile || std::ranges::find(facings, GetTileDir(*tile)) == facings.end()) {
+        return;
+    }
+    const DiPos pos = RoomOrigin(room) + cell;
+    if (IsSafeForDoor(*tile, pos)) {
+        candidates.push_back(pos);
+    }
+}
+
+bool GenHallBase::IsSafeForDoor(const Tile& tile, const DiPos& pos) const {
+    const Side* side = FindSide(GetTileDir(tile));
+    if (side == nullptr || IsOnBorder(pos)) {
+        return false;
+    }
+    const DiPtr<GridElmt>& outside = ElmtAt(pos + side->step);
+    if (!outside) {
+        return true;
+    }
+    if (outside->isShadow) {
+        return false;
+    }
+    switch (GetElmtType(*outside)) {
+    case TileWall:
+    case TileDoorway:
+        return true;
+    case TileHall:
+        return OpensTo(*outside, side->opposite);
+    default:
+        return false;
+    }
+}
+
+// True when the neighbours on the side and on the opposite one both open towards the piece.
+bool GenHallBase::IsThroughHall(const DiPos& pos, const Side& side) const {
+    const Side& back = *FindSide(side.opposite);
+    const DiPtr<GridElmt>& ahead = ElmtAt(pos + side.step);
+    const DiPtr<GridElmt>& behind = ElmtAt(pos + back.step);
+    if (!ahead || !behind) {
+        return false;
+    }
+    return OpensTo(*ahead, side.opposite) && OpensTo(*behind, side.dir);
+}
+
+CvtAction GenHallBase::CanInPlaceCvt(const DiPos& pos) const {
+    const DiPtr<GridElmt>& elmt = ElmtAt(pos);
+    if (!elmt || elmt->isShadow) {
+        return CvtNone;
+    }
+    const TileType type = GetElmtType(*elmt);
+    if (type == TileHallEnd) {
+        return CvtCorner;
+    }
+    if (type != TileHall) {
+        return CvtNone;
+    }
+    switch (GetElmtDir(*elmt)) {
+    case DirN:
+    case DirS:
+    case DirNS:
+        return IsThroughHall(pos, Sides()[DirN]) ? CvtFourWay : CvtCorner;
+    case DirE:
+    case DirW:
+    case DirEW:
+        return IsThroughHall(pos, Sides()[DirE]) ? CvtFourWay : CvtCorner;
+    case DirNW:
+    case DirNE:
+    case DirSW:
+    case DirSE:
+        return CvtCorner;
+    default:
+        return CvtNone;
+    }
+}
+
+} // namespace Tarnex

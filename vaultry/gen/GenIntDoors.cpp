@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// The doors of random levels: those that would open onto nothing and those between levels.
+#include <vaultry/foundation/Random.h>
+#include <vaultry/gen/GenIntRandom.h>
+#include <vaultry/gen/Sides.h>
+#include <vaultry/layout/ElmtKind.h>
+
+namespace Tarnex {
+
+namespace {
+
+bool HasAnything(const Layout& layout, const DiPos& pos) {
+    constexpr float kSameFloor = 0.5F;
+    return !layout
+                .GetElmtsDeep(static_cast<std::uint32_t>(pos.y),
+                              static_cast<std::uint32_t>(pos.x),
+                              -kSameFloor,
+                              kSameFloor)
+                .empty();
+}
+
+// A doorway stays only with something on both of its sides; one without a straight facing is looked
+// at from east and west.
+bool IsExterior(const Layout& layout, const DiPos& pos, TileDirT facing) {
+    const bool alongY = facing == DirN || facing == DirS;
+    const DiPos before = alongY ? DiPos(pos.x, pos.y - 1, 0) : DiPos(pos.x - 1, pos.y, 0);
+    const DiPos behind = alongY ? DiPos(pos.x, pos.y + 1, 0) : DiPos(pos.x + 1, pos.y, 0);
+    return !HasAnything(layout, before) || !HasAnything(layout, behind);
+}
+
+void LeadTo(GridElmt& door, const DiPos& pos, const DiPtr<Layout>& level) {
+    door.isTeleport = true;
+    door.teleDest = pos;
+    door.teleLayout = level;
+}
+
+} // namespace
+
+void GenIntRandom::RemoveExteriorDoors(Layout& layout) const {
+    const DiPos& size = layout.GetSize();
+    for (std::int32_t row = 0; row < size.y; ++row) {
+        for (std::int32_t col = 0; col < size.x; ++col) {
+            const DiPtr<GridElmt>& elmt =
+                layout.GetElmt(static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col));
+            if (!elmt) {
+                continue;
+            }
+            const DiPtr<Tile> doorway = FindTileOfType(*elmt, TileDoorway);
+            if (!doorway) {
+                continue;
+            }
+            const TileDirT facing = GetTileDir(*doorway);
+            if (IsExterior(layout, DiPos(col, row, 0), facing)) {
+                CloseDoorway(*elmt, facing);
+            }
+        }
+    }
+    for (const DiPtr<Layout>& child : layout.GetChildren()) {
+        RemoveExteriorDoors(*child);
+    }
+}
+
+void GenIntRandom::CloseDoorway(GridElmt& elmt, TileDirT facing) const {
+    const bool isHall = HasTileOfType(elmt, TileHall);
+    elmt.tiles.clear();
+    if (const Side* side = FindSide(facing)) {
+        elmt.AddTile(tileSet->Get(isHall ? side->hallEnd : side->wall));
+    }
+}
+
+DiPos GenIntRandom::FindElmt(const Layout& layout, TileType type) const {
+    std::vector<DiPos> candidates;
+    const DiPos& size = layout.GetSize();
+    for (std::int32_t row = 0; row < size.y; ++row) {
+        for (std::int32_t col = 0; col < size.x; ++col) {
+            const DiPtr<GridElmt>& elmt =
+                layout.GetElmt(static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col));
+            if (elmt && HasTileOfType(*elmt, type)) {
+                candidates.emplace_back(col, row, 0);
+            }
+        }
+    }
+    if (candidates.empty()) {
+        return {};
+    }
+    const auto pick = RandomInt(static_cast<std::int32_t>(candidates.size()));
+    return candidates[static_cast<std::size_t>(pick)];
+}
+
+DiPtr<GridElmt> GenIntRandom::AddTeleDoor(Layout& layout, const DiPos& pos) const {
+    const DiPtr<GridElmt> elmt =
+        layout.GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x));
+    if (!elmt) {
+        return nullptr;
+    }
+    if (const Side* side = FindSide(GetElmtDir(*elmt))) {
+        const TileSet& set = *layout.GetTileSet();
+        elmt->ReplaceTiles(set.Get(side->doorway));
+        elmt->AddTile(set.Get(side->doorjamb));
+        elmt->AddTile(set.Get(side->door));
+    }
+    return elmt;
+}
+
+// The later level of a pair draws first. A pair that cannot be made ends the chain.
+void GenIntRandom::AddTeleportingDoors(const Levels& levels) const {
+    for (std::size_t i = 1; i < levels.size(); ++i) {
+        const DiPtr<Layout>& earlier = levels[i - 1];
+        const DiPtr<Layout>& later = levels[i];
+        const DiPos laterPos = FindElmt(*later, TileWall);
+        const DiPos earlierPos = FindElmt(*earlier, TileWall);
+        const DiPtr<GridElmt> laterDoor = AddTeleDoor(*later, laterPos);
+        const DiPtr<GridElmt> earlierDoor = AddTeleDoor(*earlier, earlierPos);
+        if (!laterDoor || !earlierDoor) {
+            return;
+        }
+        LeadTo(*laterDoor, earlierPos, earlier);
+        LeadTo(*earlierDoor, laterPos, later);
+    }
+}
+
+} // namespace Tarnex

@@ -1,0 +1,438 @@
+// SPDX-License-Identifier: MIT
+// Random levels: their floor plans and the order of their making.
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Numeric.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/gen/GenHallway.h>
+#include <vaultry/gen/GenIntRandom.h>
+#include <vaultry/gen/RandomTables.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
+
+namespace Tarnex {
+
+namespace {
+
+constexpr int kLayoutTries = 3;
+constexpr std::int32_t kSpareCells = 3; // on the eastern and southern side of a level
+
+constexpr std::int32_t kFewRooms = 3;   // with fewer, every slot takes a room
+constexpr std::int32_t kMostMisses = 5; // taken slots drawn in a row until a room is dropped
+
+constexpr std::int32_t kSmallestRoom = 3; // [cells a side]
+
+struct RoomSizeOdds {
+    double below;
+    std::int32_t choices; // sizes from the smallest up; one: without a draw
+};
+
+const std::vector<RoomSizeOdds> kRoomSizes = {{0.3, 1}, {0.6, 3}, {0.9, 4}, {2.0, 5}};
+
+struct TemplateShare {
+    double below;
+    double share;
+};
+
+const std::vector<TemplateShare> kTemplateShares = {{0.5, 0.3}, {0.9, 0.4}, {2.0, 0.5}};
+
+using Marks = std::vector<std::vector<bool>>;
+
+constexpr double kKeepsTileSet = 0.7;
+constexpr std::uint32_t kAnyLevel = std::numeric_limits<std::uint32_t>::max();
+
+std::int32_t TargetCount(std::int32_t total) {
+    const std::int32_t half = total / 2;
+    const std::int32_t target = half + RandomInt(half);
+    return target < kFewRooms ? total : target;
+}
+
+void MarkInOrder(Marks& marks, std::int32_t target) {
+    for (auto& row : marks) {
+        for (std::size_t col = 0; col < row.size() && target > 0; ++col, --target) {
+            row[col] = true;
+        }
+    }
+}
+
+// Rooms can be lost: after several taken slots in a row one is counted without being marked.
+void MarkByChance(Marks& marks, const DiPos& size, std::int32_t target) {
+    std::int32_t misses = 0;
+    for (std::int32_t count = 0; count < target;) {
+        const auto row = static_cast<std::size_t>(RandomInt(size.y));
+        const auto col = static_cast<std::size_t>(RandomInt(size.x));
+        const bool isFree = !marks[row][col];
+        if (isFree) {
+            marks[row][col] = true;
+        } else if (++misses < kMostMisses) {
+            continue;
+        }
+        ++count;
+        misses = 0;
+    }
+}
+
+Marks MarkRooms(const DiPos& size, RandomGenInfo::RoomSpacingT spacing) {
+    Marks marks(static_cast<std::size_t>(size.y),
+                std::vector<bool>(static_cast<std::size_t>(size.x)));
+    const std::int32_t total = size.x * size.y;
+    const std::int32_t target = TargetCount(total);
+    switch (spacing) {
+    case RandomGenInfo::Tight:
+        MarkInOrder(marks, total);
+        break;
+    case RandomGenInfo::SemiTight:
+        MarkInOrder(marks, std::max(target, total - total / 8));
+        break;
+    default:
+        MarkByChance(marks, size, target);
+        break;
+    }
+    return marks;
+}
+
+std::int32_t DrawRoomSide(std::int32_t choices) {
+    return choices == 1 ? kSmallestRoom : kSmallestRoom + RandomInt(choices);
+}
+
+constexpr const char* kLogSource = "Generator";
+
+void LogNoFurniture(const RandomGenInfo& /*wanted*/) {
+    Logger::WriteError(kLogSource, "No matching furniture themes.");
+}
+
+void LogNoCreatures(const RandomGenInfo& wanted) {
+    Logger::WriteError(kLogSource,
+                       "No creature themes with %d <= Level <= %d.",
+                       static_cast<int>(wanted.minLevel),
+                       static_cast<int>(wanted.maxLevel));
+}
+
+void LogNoTreasure(const RandomGenInfo& /*wanted*/) {
+    Logger::WriteError(kLogSource, "No matching treasure themes.");
+}
+
+// A room's shift inside its slot on one axis; drawn only when there is play.
+std::int32_t DrawShift(std::uint32_t slot, std::int32_t room) {
+    const auto extent = static_cast<std::int32_t>(slot);
+    return room < extent ? RandomInt(extent - room) : 0;
+}
+
+// Shifts further when a part of the room would reach out of the slot on the near side.
+std::int32_t MakeRoomForParts(std::int32_t shift, float leastPartOffset) {
+    const float reach = -leastPartOffset;
+    const bool reachesOut = leastPartOffset < 0.0F && static_cast<float>(shift) < reach;
+    return reachesOut ? TruncToInt(reach) : shift;
+}
+
+} // namespace
+
+GenIntRandom::GenIntRandom(GenInfo& info_) : GenIntBase(info_) {}
+
+void GenIntRandom::Gen() {
+    LayoutOwner levels;
+    Report("Generating Layouts");
+    if (!MakeLayouts(levels)) {
+        return;
+    }
+    Report("Adding Content");
+    AddTeleportingDoors(levels.All());
+    bool first = true;
+    for (const DiPtr<Layout>& level : levels.All()) {
+        FinishLevel(*level, first);
+        first = false;
+    }
+}
+
+// False when the run was cancelled.
+bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
+    const std::string baseName = info.cellName;
+    for (std::uint32_t i = 0; i < info.randomInfo.numLevels; ++i) {
+        if (IsCanceled()) {
+            return false;
+        }
+        InitRandomTileSet(i == 0);
+        DiPos gridSize;
+        InitRoomGridSize(gridSize);
+        const DiPtr<Layout> level = TryMainLayout(gridSize);
+        if (!level) {
+            Logger::WriteError(S_LogSrc,
+                               "Internal:  Giving up.  Failed to connect rooms in layout.");
+            continue;
+        }
+        levels.Own(level);
+        NameLevel(*level, baseName, i + 1);
+        level->SetTileSet(tileSet);
+        StepProgress();
+    }
+    return true;
+}
+
+DiPtr<Layout> GenIntRandom::TryMainLayout(const DiPos& size) {
+    DiPtr<Layout> level;
+    for (int tries = 0; tries < kLayoutTries && !level; ++tries) {
+        level = InitMainLayout(size);
+    }
+    return level;
+}
+
+// A level that was given up keeps its number: the names of the others count it.
+void GenIntRandom::NameLevel(Layout& level,
+                             const std::string& baseName,
+                             std::uint32_t number) const {
+    info.cellName = baseName;
+    if (info.randomInfo.numLevels > 1) {
+        info.cellName += ", Level " + std::to_string(number);
+        level.SetName(info.cellName.c_str());
+    } else if (info.nameSingleLevel) {
+        level.SetName(info.cellName.c_str());
+    }
+}
+
+void GenIntRandom::FinishLevel(Layout& level, bool first) {
+    tileSet = level.GetTileSet();
+    info.defTileSet = tileSet;
+    containers.clear();
+    InitRandomThemes(first);
+    info.cellName = level.GetName();
+    InitCell();
+    AddContents(level);
+    LayoutToCell(*cell, level, Di3Point());
+    AddCtrTreasure(containers);
+}
+
+void GenIntRandom::InitRoomGridSize(DiPos& size) const {
+    const auto& grids = RoomGrids(info.randomInfo.levelSize);
+    const double draw = grids.size() > 1 ? RandomUnit() : 0.0;
+    const GridOdds& grid = PickBelow(grids, draw);
+    size.x = grid.columns;
+    size.y = grid.rows;
+}
+
+DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size) {
+    RoomInfo rooms(size);
+    CreateRooms(rooms);
+    SpaceRooms(rooms);
+    const DiPtr<Layout> main =
+        Layout::Create(DiPos(static_cast<std::int32_t>(rooms.GetTotalWidth()) + kSpareCells,
+                             static_cast<std::int32_t>(rooms.GetTotalHeight()) + kSpareCells,
+                             0));
+    PlaceRooms(*main, rooms);
+    if (ConnectRooms(*main, rooms)) {
+        return main;
+    }
+    main->Dissolve();
+    return nullptr;
+}
+
+void GenIntRandom::CreateRooms(RoomInfo& rooms) {
+    const DiPos& size = rooms.GetSize();
+    const Marks marks = MarkRooms(size, info.randomInfo.roomSpacing);
+    const double shareDraw = RandomUnit();
+    const double share = PickBelow(kTemplateShares, shareDraw).share;
+    for (std::int32_t row = 0; row < size.y; ++row) {
+        for (std::int32_t col = 0; col < size.x; ++col) {
+            if (!marks[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)]) {
+                continue;
+            }
+            const double draw = RandomUnit();
+            rooms.SetLayout(draw >= share ? CreateRoom() : CreateFromUserLayout(), row, col);
+        }
+    }
+}
+
+DiPtr<Layout> GenIntRandom::CreateRoom() {
+    const double draw = RandomUnit();
+    const std::int32_t choices = PickBelow(kRoomSizes, draw).choices;
+    const std::int32_t width = DrawRoomSide(choices);
+    const std::int32_t height = DrawRoomSide(choices);
+    DiPtr<Layout> room = Layout::Create(DiPos(width, height, 0));
+    LayoutRoom(*room);
+    return room;
+}
+
+DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
+    const auto& templates = tileSet->IsCave() ? config->caveLayouts : config->roomLayouts;
+    if (templates.empty()) {
+        return nullptr;
+    }
+    const auto pick = RandomInt(static_cast<std::int32_t>(templates.size()));
+    const LayoutTemplate& plan = *templates[static_cast<std::size_t>(pick)];
+    DiPtr<Layout> room = Layout::Create(plan.GetSize());
+    TemplateToLayout(*room, plan);
+    RemoveExteriorDoors(*room);
+    return room;
+}
+
+void GenIntRandom::LayoutRoom(Layout& room) const {
+    // By the edge of the room: first, middle or last row, then column.
+    static const std::array<std::array<TileKind, 3>, 3> kinds = {{
+        {TileKind::Of(Tile_NwCorner), TileKind::Of(Tile_nWall), TileKind::Of(Tile_NeCorner)},
+        {TileKind::Of(Tile_wWall), TileKind::Of(Tile_Center), TileKind::Of(Tile_eWall)},
+        {TileKind::Of(Tile_SwCorner), TileKind::Of(Tile_sWall), TileKind::Of(Tile_SeCorner)},
+    }};
+    // The first edge wins where the first is the last as well.
+    const auto edge = [](std::int32_t i, std::int32_t count) -> std::size_t {
+        return i == 0 ? 0 : i == count - 1 ? 2 : 1;
+    };
+    const DiPos& size = room.GetSize();
+    for (std::int32_t row = 0; row < size.y; ++row) {
+        for (std::int32_t col = 0; col < size.x; ++col) {
+            const auto elmt = MakeDi<GridElmt>();
+            elmt->AddTile(tileSet->Get(kinds[edge(row, size.y)][edge(col, size.x)]));
+            room.SetElmt(elmt, row, col);
+        }
+    }
+}
+
+void GenIntRandom::SpaceRooms(RoomInfo& rooms) const {
+    const auto& spacings = RoomSpacings(info.randomInfo.roomSpacing, tileSet->IsCave());
+    const double draw = spacings.size() > 1 ? RandomUnit() : 0.0;
+    const SpacingRange& range = PickBelow(spacings, draw).range;
+    if (range.AddsNothing()) {
+        return;
+    }
+    const auto gap = [&range] {
+        return static_cast<std::uint32_t>(range.lo + RandomInt(range.hi - range.lo + 1));
+    };
+    for (std::uint32_t row = 0; row < rooms.GetHeight(); ++row) {
+        rooms.SetMaxRowHeight(row, rooms.GetMaxRowHeight(row) + gap());
+    }
+    for (std::uint32_t col = 0; col < rooms.GetWidth(); ++col) {
+        rooms.SetMaxColWidth(col, rooms.GetMaxColWidth(col) + gap());
+    }
+}
+
+void GenIntRandom::PlaceRooms(Layout& main, RoomInfo& rooms) const {
+    std::uint32_t top = 0;
+    for (std::uint32_t row = 0; row < rooms.GetHeight(); ++row) {
+        const std::uint32_t height = rooms.GetMaxRowHeight(row);
+        std::uint32_t left = 0;
+        for (std::uint32_t col = 0; col < rooms.GetWidth(); ++col) {
+            const std::uint32_t width = rooms.GetMaxColWidth(col);
+            if (const DiPtr<Layout>& room = rooms.GetLayout(row, col)) {
+                const DiPos total = room->GetTotalSize();
+                const Di3Point parts = room->GetMinChildOffset();
+                const std::int32_t drawnDown = DrawShift(height, total.y);
+                const std::int32_t drawnRight = DrawShift(width, total.x);
+                const std::int32_t right = MakeRoomForParts(drawnRight, parts.x);
+                const std::int32_t down = MakeRoomForParts(drawnDown, parts.y);
+                room->SetOffset(Di3Point(static_cast<float>(std::int64_t{left} + right),
+                                         static_cast<float>(std::int64_t{top} + down),
+                                         0.0F));
+                main.AddContents(*room);
+            }
+            left += width;
+        }
+        top += height;
+    }
+}
+
+bool GenIntRandom::ConnectRooms(Layout& main, RoomInfo& rooms) {
+    const auto halls = MakeDi<GenHallway>(info, main, rooms);
+    return halls->Gen();
+}
+
+// What later levels keep and what is chosen anew.
+struct GenIntRandom::ThemeChoice {
+    bool wanted;
+    double keeps; // draws up to this keep the theme on a later level
+    const std::vector<DiPtr<Theme>>& themes;
+    std::uint32_t lowest;
+    std::uint32_t highest;
+    void (*logNoMatch)(const RandomGenInfo& wanted);
+};
+
+void GenIntRandom::InitRandomTileSet(bool first) {
+    if (!info.randomInfo.randomTileSet) {
+        return;
+    }
+    if (!first) {
+        const double draw = RandomUnit();
+        if (draw <= kKeepsTileSet) {
+            return;
+        }
+    }
+    std::vector<DiPtr<TileSet>> sets = config->caveTileSets;
+    sets.insert(sets.end(), config->roomTileSets.begin(), config->roomTileSets.end());
+    if (sets.empty()) {
+        return;
+    }
+    const auto pick = RandomInt(static_cast<std::int32_t>(sets.size()));
+    tileSet = sets[static_cast<std::size_t>(pick)];
+    info.defTileSet = tileSet;
+}
+
+void GenIntRandom::InitRandomThemes(bool first) {
+    const RandomGenInfo& wanted = info.randomInfo;
+    ChooseTheme(info.defTheme,
+                {wanted.randomTheme, 0.33, config->themes, 1, kAnyLevel, LogNoFurniture},
+                first);
+    ChooseTheme(info.defCreatureTheme,
+                {wanted.randomCreatureTheme,
+                 0.25,
+                 config->creatureThemes,
+                 wanted.minLevel,
+                 wanted.maxLevel,
+                 LogNoCreatures},
+                first);
+    ChooseTheme(
+        info.defTreasureTheme,
+        {wanted.randomTreasureTheme, 0.25, config->treasureThemes, 1, kAnyLevel, LogNoTreasure},
+        first);
+}
+
+void GenIntRandom::ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const {
+    if (!choice.wanted) {
+        return;
+    }
+    if (!first) {
+        const double draw = RandomUnit();
+        if (draw <= choice.keeps) {
+            return;
+        }
+    }
+    std::vector<DiPtr<Theme>> matching = FilterThemes(choice.themes, choice.lowest, choice.highest);
+    if (matching.empty()) {
+        choice.logNoMatch(info.randomInfo);
+        matching = choice.themes;
+    }
+    if (!matching.empty()) {
+        const auto pick = RandomInt(static_cast<std::int32_t>(matching.size()));
+        theme = matching[static_cast<std::size_t>(pick)];
+    }
+}
+
+std::vector<DiPtr<Theme>> GenIntRandom::FilterThemes(const std::vector<DiPtr<Theme>>& list,
+                                                     std::uint32_t lo,
+                                                     std::uint32_t hi) {
+    std::vector<DiPtr<Theme>> matching;
+    for (const DiPtr<Theme>& theme : list) {
+        const std::int64_t level = theme->level;
+        if (level >= 0 && std::min(lo, hi) <= level && level <= hi) {
+            matching.push_back(theme);
+        }
+    }
+    return matching;
+}
+
+bool GenIntRandom::IsCanceled() const {
+    return info.jobStatus != nullptr && info.jobStatus->HasBeenCanceled();
+}
+
+void GenIntRandom::Report(const char* text) const {
+    if (info.jobStatus != nullptr) {
+        info.jobStatus->SetText(text);
+    }
+}
+
+void GenIntRandom::StepProgress() const {
+    if (info.jobStatus != nullptr) {
+        info.jobStatus->StepIt();
+    }
+}
+
+} // namespace Tarnex

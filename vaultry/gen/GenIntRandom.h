@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// Random interiors.
+#pragma once
+
+#include <vaultry/gen/GenIntBase.h>
+#include <vaultry/gen/LayoutOwner.h>
+#include <vaultry/layout/RoomInfo.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Tarnex {
+
+/// Invents the floor plan: rooms on a grid, spaced and joined by halls, level after level linked by
+/// teleporting doors, each furnished and written as a cell. Between levels it keeps the tile set
+/// and the themes last chosen.
+class VAULTRY_API GenIntRandom : public GenIntBase {
+public:
+    explicit GenIntRandom(GenInfo& info);
+
+    void Gen() override;
+
+protected:
+    using Levels = std::vector<DiPtr<Layout>>;
+
+    // Floor plan.
+
+    /// Chooses the columns (x) and rows (y) of the room grid.
+    void InitRoomGridSize(DiPos& size) const;
+    /// One complete level for a room grid of that size; null when its rooms could not be joined.
+    DiPtr<Layout> InitMainLayout(const DiPos& size);
+    void CreateRooms(RoomInfo& rooms);
+    DiPtr<Layout> CreateRoom();
+    /// A room from a layout template of the tile set's type; null when there is none.
+    DiPtr<Layout> CreateFromUserLayout();
+    void LayoutRoom(Layout& room) const;
+    void SpaceRooms(RoomInfo& rooms) const;
+    void PlaceRooms(Layout& main, RoomInfo& rooms) const;
+    bool ConnectRooms(Layout& main, RoomInfo& rooms);
+
+    // Choices by chance.
+
+    void InitRandomTileSet(bool first);
+    void InitRandomThemes(bool first);
+    /// The themes with a level from lo to hi, in list order; negative levels never match.
+    static std::vector<DiPtr<Theme>>
+    FilterThemes(const std::vector<DiPtr<Theme>>& list, std::uint32_t lo, std::uint32_t hi);
+
+    // Doors.
+
+    /// Walls up the doorways of a template room that would open onto nothing.
+    void RemoveExteriorDoors(Layout& layout) const;
+    /// Links every two consecutive levels by a pair of doors.
+    void AddTeleportingDoors(const Levels& levels) const;
+    /// Turns the element into a doorway with a door; null when there is no element.
+    DiPtr<GridElmt> AddTeleDoor(Layout& layout, const DiPos& pos) const;
+    /// The place of an element with a tile of that type, by chance; (0, 0, 0) for none.
+    DiPos FindElmt(const Layout& layout, TileType type) const;
+
+private:
+    struct ThemeChoice;
+    bool IsCanceled() const;
+    void Report(const char* text) const;
+    void StepProgress() const;
+    bool MakeLayouts(LayoutOwner& levels);
+    DiPtr<Layout> TryMainLayout(const DiPos& size);
+    void NameLevel(Layout& level, const std::string& baseName, std::uint32_t number) const;
+    void FinishLevel(Layout& level, bool first);
+    void ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const;
+    void CloseDoorway(GridElmt& elmt, TileDirT facing) const;
+};
+
+} // namespace Tarnex

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/gen/HallStep.h>
+
+#include <array>
+
+namespace Tarnex {
+
+namespace {
+
+// From here on a corner that leads nowhere is undone.
+constexpr std::uint32_t kUndoCorner = 4;
+
+struct HallKinds {
+    TileKind northSouth = TileKind::Of(Tile_HallNS);
+    TileKind eastWest = TileKind::Of(Tile_HallEW);
+    TileKind fourWay = TileKind::Of(Tile_Hall4Way);
+    TileKind cornerNW = TileKind::Of(Tile_HallCornerNW);
+    TileKind cornerNE = TileKind::Of(Tile_HallCornerNE);
+    TileKind cornerSW = TileKind::Of(Tile_HallCornerSW);
+    TileKind cornerSE = TileKind::Of(Tile_HallCornerSE);
+};
+
+const HallKinds& Kinds() {
+    static const HallKinds kinds;
+    return kinds;
+}
+
+std::int32_t SignOf(std::int32_t distance) {
+    return (distance > 0) - (distance < 0);
+}
+
+// A step of (0, 0) counts as vertical.
+bool StepsVertically(const DiDirection& way) {
+    return way.stepX == 0;
+}
+
+HallChoice Blocked(CvtAction action) {
+    return {TileKind(), 0, 0, action};
+}
+
+HallChoice InPlace(TileKind tile, CvtAction action) {
+    return {tile, 0, 0, action};
+}
+
+HallChoice StraightNS(const DiDirection& wanted, CvtAction action) {
+    if (wanted.distY == 0) {
+        return Blocked(action);
+    }
+    return {Kinds().northSouth, 0, SignOf(wanted.distY), action};
+}
+
+HallChoice StraightEW(const DiDirection& wanted, CvtAction action) {
+    if (wanted.distX == 0) {
+        return Blocked(action);
+    }
+    return {Kinds().eastWest, SignOf(wanted.distX), 0, action};
+}
+
+HallChoice
+FromNorthSouth(const DiDirection& wanted, const DiDirection& previous, CvtAction action) {
+    if (StepsVertically(wanted) || action == CvtNone) {
+        return StraightNS(wanted, action);
+    }
+    const HallKinds& kinds = Kinds();
+    if (action == CvtFourWay) {
+        return InPlace(kinds.fourWay, action);
+    }
+    const bool northward = previous.stepY < 0;
+    if (wanted.stepX < 0) {
+        return InPlace(northward ? kinds.cornerNE : kinds.cornerSE, action);
+    }
+    return InPlace(northward ? kinds.cornerNW : kinds.cornerSW, action);
+}
+
+HallChoice FromEastWest(const DiDirection& wanted, const DiDirection& previous, CvtAction action) {
+    if (!StepsVertically(wanted) || action == CvtNone) {
+        return StraightEW(wanted, action);
+    }
+    const HallKinds& kinds = Kinds();
+    if (action == CvtFourWay) {
+        return InPlace(kinds.fourWay, action);
+    }
+    if (wanted.stepY == 0) {
+        return Blocked(action);
+    }
+    const bool westward = previous.stepX < 0;
+    if (wanted.stepY < 0) {
+        return InPlace(westward ? kinds.cornerSW : kinds.cornerSE, action);
+    }
+    return InPlace(westward ? kinds.cornerNW : kinds.cornerNE, action);
+}
+
+HallChoice LeaveCorner(TileDirT corner, const DiDirection& wanted, CvtAction action) {
+    struct Exit {
+        std::int32_t stepX;
+        std::int32_t stepY;
+        std::array<TileDirT, 2> openCorners; // the corners that are open on that side
+    };
+    static constexpr std::array<Exit, 4> kExits = {{
+        {-1, 0, {DirNE, DirSE}},
+        {1, 0, {DirNW, DirSW}},
+        {0, -1, {DirSW, DirSE}},
+        {0, 1, {DirNW, DirNE}},
+    }};
+    for (const Exit& exit : kExits) {
+        const bool isWanted = wanted.stepX == exit.stepX && wanted.stepY == exit.stepY;
+        const bool isOpen = exit.openCorners[0] == corner || exit.openCorners[1] == corner;
+        if (isWanted && isOpen) {
+            const HallKinds& kinds = Kinds();
+            return {exit.stepX != 0 ? kinds.eastWest : kinds.northSouth,
+                    exit.stepX,
+                    exit.stepY,
+                    action};
+        }
+    }
+    return Blocked(action);
+}
+
+HallChoice UndoCorner(const DiDirection& previous, CvtAction action) {
+    const HallKinds& kinds = Kinds();
+    if (previous.stepX == 0 && previous.stepY == 0) {
+        return InPlace(kinds.fourWay, CvtFourWay);
+    }
+    return InPlace(previous.stepY != 0 ? kinds.northSouth : kinds.eastWest, action);
+}
+
+HallChoice AlongStep(const DiDirection& wanted, CvtAction action) {
+    const HallKinds& kinds = Kinds();
+    return {StepsVertically(wanted) ? kinds.northSouth : kinds.eastWest,
+            wanted.stepX,
+            wanted.stepY,
+            action};
+}
+
+} // namespace
+
+HallChoice ChooseStep(TileDirT current,
+                      const DiDirection& wanted,
+                      const DiDirection& previous,
+                      CvtAction action,
+                      std::uint32_t blocked) {
+    switch (current) {
+    case DirN:
+    case DirS:
+    case DirNS:
+        return FromNorthSouth(wanted, previous, action);
+    case DirE:
+    case DirW:
+    case DirEW:
+        return FromEastWest(wanted, previous, action);
+    case DirNW:
+    case DirNE:
+    case DirSW:
+    case DirSE:
+        return blocked < kUndoCorner ? LeaveCorner(current, wanted, action)
+                                     : UndoCorner(previous, action);
+    case DirAll:
+        return AlongStep(wanted, action);
+    case DirNone:
+        break;
+    }
+    return Blocked(action);
+}
+
+} // namespace Tarnex
