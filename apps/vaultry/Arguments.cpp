@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/Arguments.h"
+
+#include "apps/vaultry/UsageError.h"
+
+#include <vaultry/foundation/Text.h>
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <limits>
+#include <type_traits>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+constexpr std::uint64_t kMaxWord = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint64_t kMaxStamp = std::numeric_limits<std::int64_t>::max();
+constexpr std::size_t kHelpColumn = 34;
+
+constexpr const char* kOverview =
+    "Generates dungeon interiors as plug-ins for the game.\n"
+    "\n"
+    "Exit status: 0 done, 1 nothing generated or written, 2 wrong arguments, 130 cancelled.";
+constexpr const char* kOverviewExample =
+    "Example:\n"
+    "  vaultry generate --levels 3 --creature-theme Undead -o crypt.esp\n"
+    "\n"
+    "\"vaultry VERB --help\" describes a verb.";
+constexpr const char* kGenerateExample =
+    "Examples:\n"
+    "  vaultry generate -o keep.esp -n \"The Old Keep\" --levels 3 --size medium --seed 7\n"
+    "  vaultry generate --fixed -c my.xml --cave-tileset Cavern --cave-template Den --platforms";
+constexpr const char* kListExample = "Example:\n"
+                                     "  vaultry list -c my.xml --json";
+constexpr const char* kConfigExample = "Example:\n"
+                                       "  vaultry config caves > my.xml";
+
+std::string Joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? "" : ", ") + word;
+    }
+    return text;
+}
+
+template <typename Word>
+Word ParseWord(const char* option, const std::string& text, const std::vector<std::string>& words) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (EqualsNoCase(text, words[i])) {
+            return static_cast<Word>(i);
+        }
+    }
+    throw UsageError(std::string(option) + ": \"" + text + "\" is none of " + Joined(words));
+}
+
+// Holds the long name of an option apart from its declaration "-c,--config".
+std::string LongName(const std::string& declaration) {
+    return declaration.substr(declaration.find("--"));
+}
+
+void AddNumber(CLI::App& verb,
+               const std::string& declaration,
+               const char* help,
+               std::uint64_t lowest,
+               std::uint64_t highest,
+               std::function<void(std::uint64_t)> store) {
+    const std::string option = LongName(declaration);
+    verb.add_option_function<std::string>(
+            declaration,
+            [=, store = std::move(store)](const std::string& text) {
+                store(ParseWhole(option, text, lowest, highest));
+            },
+            help)
+        ->type_name("N");
+}
+
+// A field may be a number or an optional one.
+template <typename Field>
+std::function<void(std::uint64_t)> Into(Field& field) {
+    return [&field](std::uint64_t number) {
+        if constexpr (std::is_integral_v<Field>) {
+            field = static_cast<Field>(number);
+        } else {
+            field = static_cast<typename Field::value_type>(number);
+        }
+    };
+}
+
+template <typename Field>
+CLI::Option*
+AddText(CLI::App& verb, const char* declaration, Field& field, const char* type, const char* help) {
+    return verb
+        .add_option_function<std::string>(
+            declaration, [&field](const std::string& text) { field = text; }, help)
+        ->type_name(type);
+}
+
+template <typename Word>
+void AddWord(CLI::App& verb,
+             const char* option,
+             Word& field,
+             const std::vector<std::string>& words,
+             const char* help) {
+    verb.add_option_function<std::string>(
+            option,
+            [=, &field, &words](const std::string& text) {
+                field = ParseWord<Word>(option, text, words);
+            },
+            std::string(help) + ": " + Joined(words))
+        ->type_name("WORD");
+}
+
+void AddConfig(CLI::App& verb, std::string& config) {
+    AddText(verb,
+            "-c,--config",
+            config,
+            "FILE",
+            "The configuration: a file, builtin or builtin:NAME (default: builtin)");
+}
+
+void AddNames(CLI::App& verb, GenerateOptions& options) {
+    constexpr const char* kName = "NAME";
+    CLI::Option* rooms =
+        AddText(verb, "--tileset", options.tileSet, kName, "The room tile set (default: first)");
+    CLI::Option* caves =
+        AddText(verb, "--cave-tileset", options.caveTileSet, kName, "A cave tile set instead");
+    rooms->excludes(caves);
+    CLI::Option* roomLayout = AddText(
+        verb, "--template", options.layout, kName, "The layout of --fixed (default: first)");
+    CLI::Option* caveLayout =
+        AddText(verb, "--cave-template", options.caveLayout, kName, "A cave layout instead");
+    roomLayout->excludes(caveLayout);
+    AddText(verb, "--theme", options.theme, kName, "The furniture (default: first)");
+    AddText(
+        verb, "--creature-theme", options.creatureTheme, kName, "The creatures (default: none)");
+    AddText(
+        verb, "--treasure-theme", options.treasureTheme, kName, "The treasure (default: first)");
+}
+
+void AddRandom(CLI::App& verb, RandomGenInfo& random) {
+    AddNumber(
+        verb, "--levels", "Levels, each a cell (default: 1)", 1, kMaxWord, Into(random.numLevels));
+    AddNumber(verb,
+              "--min-level",
+              "Lowest level of a random creature theme (default: 1)",
+              0,
+              kMaxWord,
+              Into(random.minLevel));
+    AddNumber(verb,
+              "--max-level",
+              "Highest level of a random creature theme (default: 5)",
+              0,
+              kMaxWord,
+              Into(random.maxLevel));
+    AddWord(verb, "--size", random.levelSize, RandomGenInfo::GetLevelSizeStrings(), "Level size");
+    AddWord(verb,
+            "--spacing",
+            random.roomSpacing,
+            RandomGenInfo::GetRoomSpacingStrings(),
+            "Room spacing");
+    verb.add_flag("--random-tileset", random.randomTileSet, "Choose the tile set by chance");
+    verb.add_flag("--random-theme", random.randomTheme, "Choose the furniture by chance");
+    verb.add_flag(
+        "--random-creature-theme", random.randomCreatureTheme, "Choose the creatures by chance");
+    verb.add_flag(
+        "--random-treasure-theme", random.randomTreasureTheme, "Choose the treasure by chance");
+}
+
+void AddRun(CLI::App& verb, GenerateOptions& options) {
+    verb.add_flag("--platforms", options.platforms, "Raise platforms in fixed cave interiors");
+    AddText(verb, "--master", options.master, "NAME", "The master file (default: the game's)");
+    AddNumber(verb,
+              "--master-size",
+              "The master file's size in bytes",
+              0,
+              kMaxWord,
+              Into(options.masterSize));
+    AddNumber(
+        verb, "--seed", "Repeats a run (default: by chance)", 0, kMaxWord, Into(options.seed));
+    AddNumber(verb,
+              "--stamp",
+              "The number in container identifiers (default: the time)",
+              0,
+              kMaxStamp,
+              Into(options.stamp));
+    AddText(verb, "--log", options.log, "FILE", "Writes the generator's log (default: none)");
+    verb.add_flag("--strict", options.strict, "Write nothing if there was an error");
+    verb.add_flag("--quiet", options.quiet, "No progress and no summary");
+    verb.add_flag("--json", options.json, "A report on standard output");
+}
+
+CLI::App& AddVerb(CLI::App& app, const char* name, const char* help, const char* example) {
+    CLI::App& verb = *app.add_subcommand(name, help);
+    verb.footer(example);
+    verb.allow_windows_style_options(false);
+    return verb;
+}
+
+// Every option writes into the field it is declared with.
+struct Verbs {
+    GenerateOptions generate;
+    ListOptions list;
+    ConfigOptions config;
+
+    void Declare(CLI::App& app) {
+        CLI::App& make =
+            AddVerb(app, "generate", "Generates an interior as a plug-in", kGenerateExample);
+        AddConfig(make, generate.config);
+        AddText(make, "-o,--out", generate.out, "FILE", "The plug-in (default: dungeon.esp)");
+        AddText(make, "-n,--cell", generate.cell, "NAME", "The cell (default: Vaultry Dungeon)");
+        make.add_flag("--fixed", generate.fixed, "One cell from a layout instead of random levels");
+        AddNames(make, generate);
+        AddRandom(make, generate.random);
+        AddRun(make, generate);
+
+        CLI::App& show = AddVerb(app, "list", "Names what a configuration offers", kListExample);
+        AddConfig(show, list.config);
+        show.add_flag("--json", list.json, "As JSON");
+
+        CLI::App& print = AddVerb(app, "config", "Prints a built-in configuration", kConfigExample);
+        AddText(print, "name", config.name, "NAME", "Which one (default: default)");
+    }
+};
+
+// The parser's own words for these two speak of counts.
+std::string WrongCount(const CLI::ArgumentMismatch& e) {
+    const std::string text = e.what();
+    const bool missing = text.find("missing") != std::string::npos;
+    return text.substr(0, text.find(':')) + (missing ? ": a value is missing" : ": given twice");
+}
+
+Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
+    Verbs verbs;
+    verbs.Declare(app);
+    // The parser takes the words from the back.
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    if (app.got_subcommand("generate")) {
+        return std::move(verbs.generate);
+    }
+    if (app.got_subcommand("list")) {
+        return std::move(verbs.list);
+    }
+    if (app.got_subcommand("config")) {
+        return std::move(verbs.config);
+    }
+    return NoVerb{app.help()};
+}
+
+} // namespace
+
+std::uint64_t ParseWhole(const std::string& option,
+                         const std::string& text,
+                         std::uint64_t lowest,
+                         std::uint64_t highest) {
+    std::uint64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, number);
+    if (fault != std::errc() || stop != end || number < lowest || number > highest) {
+        throw UsageError(option + ": \"" + text + "\" is not a whole number from " +
+                         std::to_string(lowest) + " to " + std::to_string(highest));
+    }
+    return number;
+}
+
+Request ParseArguments(const std::vector<std::string>& arguments) {
+    CLI::App app(kOverview, "vaultry");
+    app.footer(kOverviewExample);
+    app.set_version_flag("--version", "vaultry " VAULTRY_VERSION, "Print the version and exit");
+    app.require_subcommand(0, 1);
+    app.allow_windows_style_options(false);
+    app.get_formatter()->column_width(kHelpColumn);
+    try {
+        return Parse(app, arguments);
+    } catch (const CLI::CallForHelp&) {
+        return PrintText{app.help()};
+    } catch (const CLI::CallForVersion& version) {
+        return PrintText{std::string(version.what()) + '\n'};
+    } catch (const CLI::ArgumentMismatch& e) {
+        throw UsageError(WrongCount(e));
+    } catch (const CLI::ParseError& e) {
+        throw UsageError(std::string(e.what()) + "; see \"vaultry --help\"");
+    }
+}
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// Ctrl-C as a request instead of an end.
+#pragma once
+
+namespace Tarnex::Cli {
+
+/// While one lives, SIGINT and SIGTERM are noted instead of ending the process; a second one of a
+/// kind ends it after all. A signal that the process was started to ignore stays ignored. Only one
+/// may live at a time.
+class CancelSignals {
+public:
+    CancelSignals();
+    ~CancelSignals();
+    CancelSignals(const CancelSignals&) = delete;
+    CancelSignals& operator=(const CancelSignals&) = delete;
+
+    /// Whether a signal arrived since the object was made.
+    bool Requested() const;
+
+private:
+    using Handler = void (*)(int);
+
+    Handler oldInterrupt;
+    Handler oldTerminate;
+};
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/CommandLine.h"
+
+#include "apps/vaultry/Arguments.h"
+#include "apps/vaultry/ConfigCommand.h"
+#include "apps/vaultry/ExitStatus.h"
+#include "apps/vaultry/GenerateCommand.h"
+#include "apps/vaultry/ListCommand.h"
+#include "apps/vaultry/UsageError.h"
+
+#include <exception>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+struct Dispatch {
+    const Console& console;
+
+    ExitStatus operator()(const GenerateOptions& options) const {
+        return RunGenerate(options, console);
+    }
+    ExitStatus operator()(const ListOptions& options) const { return RunList(options, console); }
+    ExitStatus operator()(const ConfigOptions& options) const {
+        return RunConfig(options, console);
+    }
+    ExitStatus operator()(const PrintText& request) const {
+        console.out << request.text;
+        return ExitStatus::Success;
+    }
+    ExitStatus operator()(const NoVerb& request) const {
+        console.err << request.help;
+        return ExitStatus::Usage;
+    }
+};
+
+// A result that did not reach its reader, on a full disk for instance, is no success.
+ExitStatus CheckOutput(ExitStatus status, const Console& console) {
+    console.out.flush();
+    if (console.out || status != ExitStatus::Success) {
+        return status;
+    }
+    console.Say("standard output could not be written");
+    return ExitStatus::Failure;
+}
+
+ExitStatus Run(const std::vector<std::string>& arguments, const Console& console) {
+    try {
+        const Request request = ParseArguments(arguments);
+        return CheckOutput(std::visit(Dispatch{console}, request), console);
+    } catch (const UsageError& e) {
+        console.Say(e.what());
+        return ExitStatus::Usage;
+    } catch (const std::exception& e) {
+        console.Say(e.what());
+        return ExitStatus::Failure;
+    }
+}
+
+} // namespace
+
+int RunCommandLine(const std::vector<std::string>& arguments, const Console& console) {
+    return static_cast<int>(Run(arguments, console));
+}
+
+} // namespace Tarnex::Cli

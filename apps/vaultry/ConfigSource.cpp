@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/ConfigSource.h"
+
+#include "apps/vaultry/NameCheck.h"
+#include "apps/vaultry/Options.h"
+#include "apps/vaultry/UsageError.h"
+
+#include <vaultry/foundation/CodePage.h>
+
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Pipes are not opened beforehand: what a first reader takes out of them is gone.
+void RequireReadable(const std::string& name) {
+    const fs::path path = PathFromUtf8(name);
+    std::error_code fault;
+    const fs::file_status status = fs::status(path, fault);
+    const std::string what = "the configuration \"" + name + "\"";
+    if (!fs::exists(status)) {
+        throw UsageError(what + " does not exist");
+    }
+    if (fs::is_directory(status)) {
+        throw UsageError(what + " is a folder");
+    }
+    if (fs::is_regular_file(status) && !std::ifstream(path, std::ios::binary)) {
+        throw UsageError(what + " cannot be opened");
+    }
+}
+
+} // namespace
+
+const BuiltinConfig& FindBuiltin(const std::string& name) {
+    std::vector<std::string> names;
+    for (const BuiltinConfig& config : BuiltinConfigs()) {
+        if (config.name == name) {
+            return config;
+        }
+        names.emplace_back(config.name);
+    }
+    throw UsageError("there is no built-in configuration \"" + name + "\"; " +
+                     OfferNames(name, names));
+}
+
+ConfigSource::ConfigSource(const std::string& configName) : name(configName) {
+    const std::string prefix = std::string(kBuiltin) + ':';
+    if (name == kBuiltin) {
+        builtin = &FindBuiltin("default");
+    } else if (name.starts_with(prefix)) {
+        builtin = &FindBuiltin(name.substr(prefix.size()));
+    } else {
+        RequireReadable(name);
+    }
+}
+
+std::optional<std::string> ConfigSource::Path() const {
+    return builtin == nullptr ? std::optional(name) : std::nullopt;
+}
+
+void ConfigSource::Load(GenMgr& manager) const {
+    if (builtin == nullptr) {
+        manager.Init(name.c_str());
+    } else {
+        manager.InitFromMemory(builtin->text, name.c_str());
+    }
+}
+
+} // namespace Tarnex::Cli

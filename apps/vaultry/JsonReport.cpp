@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/JsonReport.h"
+
+#include <nlohmann/json.hpp>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+// Keys stand in the order in which they are set.
+using Json = nlohmann::ordered_json;
+
+constexpr int kIndent = 2;
+
+template <typename T>
+Json OrNull(const std::optional<T>& value) {
+    return value ? Json(*value) : Json(nullptr);
+}
+
+Json Header() {
+    return {{"schema", kJsonSchema}, {"version", VAULTRY_VERSION}};
+}
+
+// Paths come from the command line as they are and may be no UTF-8.
+std::string Text(const Json& json) {
+    return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+// Every option that decides what is generated, under the name of its switch.
+Json OptionsJson(const GenerateOptions& options) {
+    const RandomGenInfo& random = options.random;
+    const auto size = static_cast<std::size_t>(random.levelSize);
+    const auto spacing = static_cast<std::size_t>(random.roomSpacing);
+    return {
+        {"cell", options.cell},
+        {"fixed", options.fixed},
+        {"tileset", OrNull(options.tileSet)},
+        {"cave-tileset", OrNull(options.caveTileSet)},
+        {"template", OrNull(options.layout)},
+        {"cave-template", OrNull(options.caveLayout)},
+        {"theme", OrNull(options.theme)},
+        {"creature-theme", OrNull(options.creatureTheme)},
+        {"treasure-theme", OrNull(options.treasureTheme)},
+        {"levels", random.numLevels},
+        {"min-level", random.minLevel},
+        {"max-level", random.maxLevel},
+        {"size", RandomGenInfo::GetLevelSizeStrings().at(size)},
+        {"spacing", RandomGenInfo::GetRoomSpacingStrings().at(spacing)},
+        {"random-tileset", random.randomTileSet},
+        {"random-theme", random.randomTheme},
+        {"random-creature-theme", random.randomCreatureTheme},
+        {"random-treasure-theme", random.randomTreasureTheme},
+        {"platforms", options.platforms},
+        {"master", OrNull(options.master)},
+        {"master-size", OrNull(options.masterSize)},
+        {"strict", options.strict},
+    };
+}
+
+Json CellJson(const CellReport& cell) {
+    Json references = Json::object();
+    for (std::size_t sort = 0; sort < kRefSorts; ++sort) {
+        references[SortWord(sort)] = cell.references[sort];
+    }
+    return {{"name", cell.name}, {"references", references}, {"teleports", cell.teleports}};
+}
+
+Json FilesJson(const RunReport& report) {
+    Json files = Json::array();
+    if (report.result == RunResult::Written) {
+        files.push_back({{"path", report.options.out}, {"bytes", report.bytes}});
+    }
+    return files;
+}
+
+Json CellsJson(const RunReport& report) {
+    Json cells = Json::array();
+    for (const CellReport& cell : report.cells) {
+        cells.push_back(CellJson(cell));
+    }
+    return cells;
+}
+
+Json NamesJson(const OfferedList& list) {
+    Json names = Json::array();
+    for (const OfferedName& offered : list.names) {
+        Json& entry = names.emplace_back(Json{{"name", offered.name}});
+        entry["default"] = offered.isDefault;
+        if (list.levelled) {
+            entry["level"] = offered.level;
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+std::string ToJson(const RunReport& report) {
+    Json json = Header();
+    json["result"] = ResultWord(report.result);
+    json["seed"] = OrNull(report.options.seed);
+    json["stamp"] = OrNull(report.options.stamp);
+    json["config"] = report.options.config;
+    json["options"] = OptionsJson(report.options);
+    json["files"] = FilesJson(report);
+    json["cells"] = CellsJson(report);
+    json["containers"] = {{"count", report.containers}, {"entries", report.entries}};
+    json["errors"] = report.errors;
+    json["warnings"] = report.warnings;
+    return Text(json);
+}
+
+std::string ToJson(const Offer& offer) {
+    Json json = Header();
+    json["config"] = offer.config;
+    for (const OfferedList& list : offer.lists) {
+        json[std::string(list.option) + 's'] = NamesJson(list);
+    }
+    json["errors"] = offer.errors;
+    return Text(json);
+}
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/LibraryLog.h"
+
+#include "apps/vaultry/NameCheck.h"
+#include "apps/vaultry/OutputFile.h"
+#include "apps/vaultry/UsageError.h"
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Logger.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+// The library drops what it cannot log, so the file is tried beforehand. A pipe or a device is not:
+// opening it could wait for a reader.
+void RequireWritable(const std::string& path) {
+    RequireFilePlace("the log", path);
+    const std::filesystem::path file = PathFromUtf8(path);
+    std::error_code fault;
+    const std::filesystem::file_status status = std::filesystem::status(file, fault);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        return;
+    }
+    if (!std::ofstream(file, std::ios::binary | std::ios::app)) {
+        throw UsageError("the log \"" + path + "\" cannot be written");
+    }
+}
+
+} // namespace
+
+LibraryLog::LibraryLog(const std::optional<std::string>& path) {
+    if (path) {
+        RequireWritable(*path);
+    }
+    Logger::Close();
+    Logger::ResetErrors();
+    if (path) {
+        Logger::Init(path->c_str());
+    } else {
+        Logger::InitWithoutFile();
+    }
+}
+
+LibraryLog::~LibraryLog() {
+    Logger::Close();
+}
+
+std::vector<std::string> LibraryLog::Errors() const {
+    return ToUtf8(Logger::GetErrors());
+}
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+// The library's log and its error lines.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+/// While one lives, the library logs to the file it names, or to no file at all.
+class LibraryLog {
+public:
+    /// `path` is UTF-8. Throws UsageError when the file cannot be written.
+    explicit LibraryLog(const std::optional<std::string>& path);
+    ~LibraryLog();
+    LibraryLog(const LibraryLog&) = delete;
+    LibraryLog& operator=(const LibraryLog&) = delete;
+
+    /// The error lines so far, in UTF-8.
+    std::vector<std::string> Errors() const;
+};
+
+} // namespace Tarnex::Cli

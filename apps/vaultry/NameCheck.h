@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Finding the names that were meant.
+#pragma once
+
+#include <vaultry/foundation/DiPtr.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+/// How many letters must be inserted, removed or replaced to turn one text into the other, the case
+/// of the letters a to z left aside.
+std::size_t EditDistance(std::string_view a, std::string_view b);
+
+/// Up to three of `names` that come near `name`, the nearest first; each name once.
+std::vector<std::string> NearestNames(std::string_view name, const std::vector<std::string>& names);
+
+/// Half a sentence that offers the nearest of `names`, or all of them when none is near.
+std::string OfferNames(std::string_view name, const std::vector<std::string>& names);
+
+/// The names of a list of the configuration, in UTF-8.
+std::vector<std::string> ToUtf8(const std::vector<std::string>& codePageNames);
+
+/// Returns `name` (UTF-8) in the library's code page. Throws UsageError, offering the nearest
+/// names, when `names` (of the library) lacks it; names are compared to the letter. `what` is what
+/// is named.
+std::string
+RequireName(const char* what, const std::string& name, const std::vector<std::string>& names);
+
+/// The names of catalogue objects, as the library has them.
+template <typename T>
+std::vector<std::string> NamesOf(const std::vector<DiPtr<T>>& list) {
+    std::vector<std::string> names;
+    names.reserve(list.size());
+    for (const DiPtr<T>& object : list) {
+        names.push_back(object->GetName());
+    }
+    return names;
+}
+
+} // namespace Tarnex::Cli

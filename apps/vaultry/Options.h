@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// What each verb was asked for. All text is UTF-8.
+#pragma once
+
+#include <vaultry/gen/RandomGenInfo.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace Tarnex::Cli {
+
+inline constexpr const char* kBuiltin = "builtin";
+
+/// vaultry generate
+struct GenerateOptions {
+    std::string config = kBuiltin; ///< a path, "builtin" or "builtin:NAME"
+    std::string out = "dungeon.esp";
+    std::string cell = "Vaultry Dungeon";
+    bool fixed = false; ///< one cell from a layout template
+    std::optional<std::string> tileSet;
+    std::optional<std::string> caveTileSet;
+    std::optional<std::string> layout;
+    std::optional<std::string> caveLayout;
+    std::optional<std::string> theme;
+    std::optional<std::string> creatureTheme;
+    std::optional<std::string> treasureTheme;
+    RandomGenInfo random;
+    bool platforms = false;
+    std::optional<std::string> master;
+    std::optional<std::uint32_t> masterSize; ///< [bytes]
+    std::optional<std::uint32_t> seed;
+    std::optional<std::int64_t> stamp; ///< [seconds]
+    std::optional<std::string> log;    ///< a path
+    bool strict = false;               ///< write nothing if anything was wrong
+    bool quiet = false;
+    bool json = false;
+};
+
+/// vaultry list
+struct ListOptions {
+    std::string config = kBuiltin;
+    bool json = false;
+};
+
+/// vaultry config
+struct ConfigOptions {
+    std::string name = "default";
+};
+
+/// A text asked for, such as the help.
+struct PrintText {
+    std::string text;
+};
+
+/// A call without a verb: the help is shown, and it is a mistake.
+struct NoVerb {
+    std::string help;
+};
+
+using Request = std::variant<GenerateOptions, ListOptions, ConfigOptions, PrintText, NoVerb>;
+
+} // namespace Tarnex::Cli
