@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/gen/GenHallBase.h>
+#include <vaultry/gen/RunReport.h>
 
 #include <deque>
 #include <vector>
@@ -14,12 +15,6 @@ namespace Tarnex {
 /// passes through rooms by their walls.
 class VAULTRY_API GenHallway : public GenHallBase {
 public:
-    /// A hall that could not be made, by its rooms' slots in the room grid.
-    struct FailedHall {
-        DiPos from;
-        DiPos to;
-    };
-
     GenHallway(const GenInfo& info, Layout& main, RoomInfo& rooms);
 
     /// False when two halls or more could not be made; a single failure is tolerated.

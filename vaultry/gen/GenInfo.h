@@ -5,6 +5,7 @@
 #include <vaultry/catalogue/ConfigMgr.h>
 #include <vaultry/foundation/JobStatus.h>
 #include <vaultry/gen/RandomGenInfo.h>
+#include <vaultry/gen/RunReport.h>
 #include <vaultry/output/Mod.h>
 
 #include <string>
@@ -28,6 +29,7 @@ struct VAULTRY_API GenInfo {
     /// Give the cell of a single random level the name asked for; without it that cell has the
     /// empty name.
     bool nameSingleLevel = false;
+    RunReport report; ///< what the last run came to; written by the generators
 
     GenInfo() = default;
     GenInfo(const GenInfo&) = delete;

@@ -5,6 +5,8 @@
 #include <vaultry/gen/Sides.h>
 #include <vaultry/layout/ElmtKind.h>
 
+#include <algorithm>
+
 namespace Tarnex {
 
 namespace {
@@ -26,6 +28,12 @@ bool IsExterior(const Layout& layout, const DiPos& pos, TileDirT facing) {
     const DiPos before = alongY ? DiPos(pos.x, pos.y - 1, 0) : DiPos(pos.x - 1, pos.y, 0);
     const DiPos behind = alongY ? DiPos(pos.x, pos.y + 1, 0) : DiPos(pos.x + 1, pos.y, 0);
     return !HasAnything(layout, before) || !HasAnything(layout, behind);
+}
+
+// A tile set without doors, or a level without walls, leaves an element that leads nowhere.
+bool HasDoor(const GridElmt& elmt) {
+    return std::ranges::any_of(elmt.tiles,
+                               [](const DiPtr<Tile>& tile) { return IsDoorTile(*tile); });
 }
 
 void LeadTo(GridElmt& door, const DiPos& pos, const DiPtr<Layout>& level) {
@@ -103,7 +111,7 @@ DiPtr<GridElmt> GenIntRandom::AddTeleDoor(Layout& layout, const DiPos& pos) cons
 }
 
 // The later level of a pair draws first. A pair that cannot be made ends the chain.
-void GenIntRandom::AddTeleportingDoors(const Levels& levels) const {
+void GenIntRandom::AddTeleportingDoors(const Levels& levels) {
     for (std::size_t i = 1; i < levels.size(); ++i) {
         const DiPtr<Layout>& earlier = levels[i - 1];
         const DiPtr<Layout>& later = levels[i];
@@ -116,6 +124,15 @@ void GenIntRandom::AddTeleportingDoors(const Levels& levels) const {
         }
         LeadTo(*laterDoor, earlierPos, earlier);
         LeadTo(*earlierDoor, laterPos, later);
+        if (HasDoor(*laterDoor) && HasDoor(*earlierDoor)) {
+            MarkLinked(*later);
+        }
+    }
+}
+
+void GenIntRandom::MarkLinked(const Layout& level) {
+    for (LevelReport& report : info.report.levels) {
+        report.linked = report.linked || (report.made && report.name == level.GetName());
     }
 }
 

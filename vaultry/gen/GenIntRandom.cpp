@@ -7,6 +7,7 @@
 #include <vaultry/gen/GenHallway.h>
 #include <vaultry/gen/GenIntRandom.h>
 #include <vaultry/gen/RandomTables.h>
+#include <vaultry/gen/Walkability.h>
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,7 @@ namespace Tarnex {
 
 namespace {
 
-constexpr int kLayoutTries = 3;
+constexpr std::uint32_t kLayoutTries = 3;
 constexpr std::int32_t kSpareCells = 3; // on the eastern and southern side of a level
 
 constexpr std::int32_t kFewRooms = 3;   // with fewer, every slot takes a room
@@ -157,7 +158,9 @@ bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
         InitRandomTileSet(i == 0);
         DiPos gridSize;
         InitRoomGridSize(gridSize);
-        const DiPtr<Layout> level = TryMainLayout(gridSize);
+        LevelReport& report = info.report.levels.emplace_back();
+        report.number = i + 1;
+        const DiPtr<Layout> level = TryMainLayout(gridSize, report);
         if (!level) {
             Logger::WriteError(S_LogSrc,
                                "Internal:  Giving up.  Failed to connect rooms in layout.");
@@ -166,15 +169,19 @@ bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
         levels.Own(level);
         NameLevel(*level, baseName, i + 1);
         level->SetTileSet(tileSet);
+        report.made = true;
+        report.name = level->GetName();
         StepProgress();
     }
     return true;
 }
 
-DiPtr<Layout> GenIntRandom::TryMainLayout(const DiPos& size) {
+DiPtr<Layout> GenIntRandom::TryMainLayout(const DiPos& size, LevelReport& report) {
     DiPtr<Layout> level;
-    for (int tries = 0; tries < kLayoutTries && !level; ++tries) {
-        level = InitMainLayout(size);
+    report.roomGrid = size;
+    while (report.attempts < kLayoutTries && !level) {
+        ++report.attempts;
+        level = InitMainLayout(size, report);
     }
     return level;
 }
@@ -212,7 +219,7 @@ void GenIntRandom::InitRoomGridSize(DiPos& size) const {
     size.y = grid.rows;
 }
 
-DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size) {
+DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& report) {
     RoomInfo rooms(size);
     CreateRooms(rooms);
     SpaceRooms(rooms);
@@ -221,7 +228,10 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size) {
                              static_cast<std::int32_t>(rooms.GetTotalHeight()) + kSpareCells,
                              0));
     PlaceRooms(*main, rooms);
-    if (ConnectRooms(*main, rooms)) {
+    const bool joined = ConnectRooms(*main, rooms, report);
+    report.size = main->GetSize();
+    JudgeWalkability(report, *main, rooms);
+    if (joined) {
         return main;
     }
     main->Dissolve();
@@ -331,9 +341,11 @@ void GenIntRandom::PlaceRooms(Layout& main, RoomInfo& rooms) const {
     }
 }
 
-bool GenIntRandom::ConnectRooms(Layout& main, RoomInfo& rooms) {
+bool GenIntRandom::ConnectRooms(Layout& main, RoomInfo& rooms, LevelReport& report) {
     const auto halls = MakeDi<GenHallway>(info, main, rooms);
-    return halls->Gen();
+    const bool joined = halls->Gen();
+    report.failedHalls = halls->GetFailedHalls();
+    return joined;
 }
 
 // What later levels keep and what is chosen anew.

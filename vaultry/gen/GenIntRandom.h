@@ -29,7 +29,7 @@ protected:
     /// Chooses the columns (x) and rows (y) of the room grid.
     void InitRoomGridSize(DiPos& size) const;
     /// One complete level for a room grid of that size; null when its rooms could not be joined.
-    DiPtr<Layout> InitMainLayout(const DiPos& size);
+    DiPtr<Layout> InitMainLayout(const DiPos& size, LevelReport& report);
     void CreateRooms(RoomInfo& rooms);
     DiPtr<Layout> CreateRoom();
     /// A room from a layout template of the tile set's type; null when there is none.
@@ -37,7 +37,7 @@ protected:
     void LayoutRoom(Layout& room) const;
     void SpaceRooms(RoomInfo& rooms) const;
     void PlaceRooms(Layout& main, RoomInfo& rooms) const;
-    bool ConnectRooms(Layout& main, RoomInfo& rooms);
+    bool ConnectRooms(Layout& main, RoomInfo& rooms, LevelReport& report);
 
     // Choices by chance.
 
@@ -52,7 +52,7 @@ protected:
     /// Walls up the doorways of a template room that would open onto nothing.
     void RemoveExteriorDoors(Layout& layout) const;
     /// Links every two consecutive levels by a pair of doors.
-    void AddTeleportingDoors(const Levels& levels) const;
+    void AddTeleportingDoors(const Levels& levels);
     /// Turns the element into a doorway with a door; null when there is no element.
     DiPtr<GridElmt> AddTeleDoor(Layout& layout, const DiPos& pos) const;
     /// The place of an element with a tile of that type, by chance; (0, 0, 0) for none.
@@ -60,11 +60,12 @@ protected:
 
 private:
     struct ThemeChoice;
+    void MarkLinked(const Layout& level);
     bool IsCanceled() const;
     void Report(const char* text) const;
     void StepProgress() const;
     bool MakeLayouts(LayoutOwner& levels);
-    DiPtr<Layout> TryMainLayout(const DiPos& size);
+    DiPtr<Layout> TryMainLayout(const DiPos& size, LevelReport& report);
     void NameLevel(Layout& level, const std::string& baseName, std::uint32_t number) const;
     void FinishLevel(Layout& level, bool first);
     void ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const;

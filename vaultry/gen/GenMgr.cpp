@@ -104,6 +104,7 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
         return ModResult::Refused;
     }
     mod.ResetContent();
+    report.levels.clear();
     cellName = name;
     if (!RunGenerator(fixedLayout)) {
         return ModResult::Refused;

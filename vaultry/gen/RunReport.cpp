@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/gen/RunReport.h>
+
+#include <algorithm>
+
+namespace Tarnex {
+
+bool RunReport::AreLevelsLinked() const {
+    bool isFirst = true;
+    for (const LevelReport& level : levels) {
+        if (!level.made) {
+            continue;
+        }
+        if (!isFirst && !level.linked) {
+            return false;
+        }
+        isFirst = false;
+    }
+    return true;
+}
+
+bool RunReport::IsWalkable() const {
+    return AreLevelsLinked() && std::ranges::all_of(levels, &LevelReport::IsWalkable);
+}
+
+} // namespace Tarnex

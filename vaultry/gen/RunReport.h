@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// What a run of random levels came to, for front ends.
+#pragma once
+
+#include <vaultry/foundation/DiPos.h>
+#include <vaultry/foundation/Export.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Tarnex {
+
+/// A hall that could not be carved, by the slots of its rooms in the level's room grid (x the
+/// column, y the row, both from 0).
+struct FailedHall {
+    DiPos from;
+    DiPos to;
+};
+
+/// One level of a random run.
+struct VAULTRY_API LevelReport {
+    std::uint32_t number = 0;   ///< from 1; a level that was given up keeps its number
+    std::string name;           ///< of its cell
+    bool made = false;          ///< false: given up, there is no cell
+    std::uint32_t attempts = 0; ///< floor plans tried
+    DiPos roomGrid;             ///< slots for rooms (x columns, y rows)
+    DiPos size;                 ///< of the level [cells]
+    std::uint32_t rooms = 0;
+    std::uint32_t reachableRooms = 0; ///< from the first, through openings that face each other
+    std::uint32_t openEnds = 0;       ///< openings of halls and doorways that lead nowhere
+    bool linked = false;              ///< a pair of teleporting doors joins it to the level before
+    /// The halls that could not be carved: of the last floor plan when the level was given up,
+    /// at most one otherwise.
+    std::vector<FailedHall> failedHalls;
+
+    bool IsWalkable() const { return made && reachableRooms == rooms; }
+};
+
+/// All levels of a random run, in order; empty for a fixed interior.
+struct VAULTRY_API RunReport {
+    std::vector<LevelReport> levels;
+
+    /// True when the levels that were made hang together by their doors.
+    bool AreLevelsLinked() const;
+    /// True when every level is there, every room of it can be reached and all hang together.
+    bool IsWalkable() const;
+};
+
+} // namespace Tarnex
