@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/output/Mod.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tests/output/PluginBytes.h>
+#include <vector>
+
+namespace Tarnex::Test {
+
+namespace {
+
+class ModTest : public ::testing::Test {
+protected:
+    // The records of the written file as "TAG name", the header as its tag alone.
+    std::vector<std::string> WrittenRecords() {
+        std::vector<std::string> names;
+        for (const Record& record : WalkRecords(Written(mod))) {
+            names.push_back(record.tag);
+            if (record.subs.at(0).tag == "NAME") {
+                names.back() += " " + std::string(record.subs[0].data.c_str());
+            }
+        }
+        return names;
+    }
+
+    DiPtr<Container> CreateContainer(const char* id) {
+        DiPtr<Container> container = mod.CreateContainer();
+        container->SetId(id);
+        return container;
+    }
+
+    Mod mod;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(ModTest, AFreshOneIsTheHeaderAlone) {
+    const std::string bytes = Written(mod);
+    EXPECT_EQ(bytes.size(), 362U);
+    EXPECT_EQ(bytes.substr(0, 16), "TES3" + Hex("5A 01 00 00") + Zeros(8));
+    EXPECT_TRUE(mod.GetCells().empty());
+    EXPECT_TRUE(mod.GetContainers().empty());
+}
+
+TEST_F(ModTest, CellsAreNamedAndKeptInTheOrderOfCreation) {
+    const DiPtr<Cell> first = mod.CreateCell("Crypt, Level 1");
+    const DiPtr<Cell> second = mod.CreateCell("Crypt, Level 2");
+    ASSERT_EQ(mod.GetCells().size(), 2U);
+    EXPECT_EQ(mod.GetCells()[0], first);
+    EXPECT_EQ(mod.GetCells()[1], second);
+    EXPECT_EQ(first->GetName(), "Crypt, Level 1");
+    EXPECT_TRUE(first->GetRefs().empty());
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3", "CELL Crypt, Level 1", "CELL Crypt, Level 2"}));
+}
+
+TEST_F(ModTest, ContainersStartEmptyAndKeepTheOrderOfCreation) {
+    const DiPtr<Container> first = mod.CreateContainer();
+    const DiPtr<Container> second = mod.CreateContainer();
+    ASSERT_EQ(mod.GetContainers().size(), 2U);
+    EXPECT_EQ(mod.GetContainers()[0], first);
+    EXPECT_EQ(mod.GetContainers()[1], second);
+    EXPECT_EQ(first->GetId(), "");
+    EXPECT_TRUE(first->GetInventory().empty());
+}
+
+TEST_F(ModTest, ContainersComeBeforeCellsWhateverTheOrderOfCreation) {
+    mod.CreateCell("A");
+    CreateContainer("Ctr_1");
+    mod.CreateCell("B");
+    CreateContainer("Ctr_2");
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3", "CONT Ctr_1", "CONT Ctr_2", "CELL A", "CELL B"}));
+}
+
+TEST_F(ModTest, IsTheBytesOfItsParts) {
+    const DiPtr<Container> container = CreateContainer("Ctr_1");
+    const DiPtr<Cell> cell = mod.CreateCell("A");
+    cell->AddRef(Ref("Ctr_1"));
+    FileHeader header;
+    EXPECT_EQ(Written(mod), Written(header) + Written(*container) + Written(*cell));
+}
+
+TEST_F(ModTest, WhatIsAddedThroughAHandleIsWritten) {
+    mod.CreateCell("A")->AddRef(Ref("door"));
+    const std::vector<Record> records = WalkRecords(Written(mod));
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(Tags(records[1].subs), "NAME DATA INTV AMBI NAM0 FRMR NAME DATA");
+}
+
+TEST_F(ModTest, SharesItsPartsWithTheHandlesOfTheCaller) {
+    const DiPtr<Cell> cell = mod.CreateCell("A");
+    const DiPtr<Container> container = mod.CreateContainer();
+    EXPECT_TRUE(cell->isShared());
+    EXPECT_TRUE(container->isShared());
+    mod.ResetContent();
+    EXPECT_FALSE(cell->isShared());
+    EXPECT_FALSE(container->isShared());
+    EXPECT_EQ(cell->GetName(), "A");
+}
+
+TEST_F(ModTest, ResetContentKeepsTheHeader) {
+    mod.SetMasterFile("My.esm", 7);
+    mod.CreateCell("A");
+    CreateContainer("Ctr_1");
+    mod.ResetContent();
+    EXPECT_TRUE(mod.GetCells().empty());
+    EXPECT_TRUE(mod.GetContainers().empty());
+    EXPECT_EQ(mod.GetHeader().GetMasterName(), "My.esm");
+    EXPECT_EQ(mod.GetHeader().GetMasterSize(), 7U);
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3"}));
+    mod.CreateCell("B");
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3", "CELL B"}));
+}
+
+TEST_F(ModTest, SetMasterFileReachesTheHeader) {
+    mod.SetMasterFile("My.esm", 0);
+    EXPECT_EQ(mod.GetHeader().GetMasterName(), "My.esm");
+    EXPECT_EQ(mod.GetHeader().GetMasterSize(), 0U);
+    mod.SetMasterFile(nullptr, 0);
+    EXPECT_EQ(mod.GetHeader().GetMasterName(), "Morrowind.esm");
+    EXPECT_EQ(mod.GetHeader().GetMasterSize(), 79821084U);
+    EXPECT_EQ(Written(mod).size(), 362U);
+}
+
+TEST_F(ModTest, TwoCellsOfOneNameAreTwoRecords) {
+    mod.CreateCell("");
+    mod.CreateCell("");
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3", "CELL ", "CELL "}));
+}
+
+} // namespace
+
+} // namespace Tarnex::Test
