@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+// What an independent reader of the file format makes of a plug-in.
+#if !defined(_WIN32)
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/output/Mod.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <sys/wait.h>
+#include <tests/output/PluginBytes.h>
+#include <tests/support/LogTest.h>
+#include <vector>
+
+namespace Tarnex::Test {
+
+namespace {
+
+struct Answer {
+    int status = -1;
+    std::string text;
+};
+
+Answer RunShell(const std::string& command) {
+    Answer answer;
+    std::FILE* pipe = popen(("PATH=\"$PATH:/usr/games\"; " + command).c_str(), "r");
+    if (pipe == nullptr) {
+        return answer;
+    }
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) {
+        answer.text.push_back(static_cast<char>(c));
+    }
+    const int status = pclose(pipe);
+    answer.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return answer;
+}
+
+bool HaveEsmtool() {
+    return RunShell("command -v esmtool").status == 0;
+}
+
+// Runs the reader with bounds: a wrong size word can make it run for long or take all memory.
+Answer RunEsmtool(const std::string& arguments) {
+    return RunShell("ulimit -v 4000000; timeout 30 esmtool " + arguments + " 2>&1");
+}
+
+// Expects each of `lines` whole in `text`, in this order, with whatever else in between.
+void ExpectLines(const std::string& text, const std::vector<std::string>& lines) {
+    const std::string all = "\n" + text;
+    std::size_t place = 0;
+    for (const std::string& line : lines) {
+        const std::size_t found = all.find("\n" + line + "\n", place);
+        ASSERT_NE(found, std::string::npos) << "Not found: " << line << "\nin:\n" << text;
+        place = found + 1;
+    }
+}
+
+std::string Quoted(const std::string& file) {
+    return "'" + file + "'";
+}
+
+class EsmtoolTest : public LogTest {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(HaveEsmtool())
+            << "esmtool is missing; scripts/setup installs the package openmw-cs, which brings it";
+    }
+
+    // Writes two levels, joined by a pair of doors, with one container in the first.
+    std::string WritePlugin() {
+        FillContainer();
+        FillCrypt();
+        FillVault();
+        return dir.Write("made.esp", Written(mod));
+    }
+
+    Answer Dump(const std::string& file) const { return RunEsmtool("dump -C " + Quoted(file)); }
+
+    Mod mod;
+
+private:
+    void FillContainer() {
+        const DiPtr<Container> container = mod.CreateContainer();
+        container->SetId("Ctr1000000001_1");
+        container->SetModelName("o\\contain_crate_01.nif");
+        container->SetFriendlyName("Caf\xE9 crate");
+        container->SetWeight(200.0F);
+        container->Add("Gold_001", 25);
+        container->Add("misc_spool_01", 3);
+    }
+
+    void FillCrypt() {
+        const DiPtr<Cell> cell = mod.CreateCell("Crypt, Level 1");
+        Ref marker("NorthMarker");
+        marker.position = Di3Point(0.0F, -150.0F, 0.0F);
+        cell->AddRef(marker);
+        cell->AddRef(Door(Di3Point(316.0F, 132.0F, -32.0F), "Crypt, Level 2", 512.0F));
+        Ref crate("Ctr1000000001_1");
+        crate.position = Di3Point(-80.0F, -256.0F, -96.0F);
+        crate.rotation = Di3Point(0.0F, 0.0F, 4.712389F);
+        cell->AddRef(crate);
+        Ref chair("furn_chair_03");
+        chair.position = Di3Point(10.5F, -0.0F, 0.25F);
+        chair.scale = 0.5F;
+        cell->AddRef(chair);
+    }
+
+    void FillVault() {
+        const DiPtr<Cell> cell = mod.CreateCell("Crypt, Level 2");
+        cell->AddRef(Door(Di3Point(64.0F, -64.0F, 0.0F), "Crypt, Level 1", 768.0F));
+    }
+
+    static Ref Door(const Di3Point& position, const char* cell, float arrivalX) {
+        Ref place(cell);
+        place.position = Di3Point(arrivalX, -256.0F, 128.0F);
+        place.rotation = Di3Point(0.0F, 0.0F, 3.14159274F);
+        Ref door("in_impsmall_door_01");
+        door.position = position;
+        door.rotation = Di3Point(0.0F, 0.0F, 1.57079637F);
+        door.Teleport(place);
+        return door;
+    }
+};
+
+TEST_F(EsmtoolTest, ShowsTheHeader) {
+    const Answer answer = Dump(WritePlugin());
+    EXPECT_EQ(answer.status, 0) << answer.text;
+    ExpectLines(answer.text,
+                {"Author: Ostrel",
+                 "Description: Auto-generated mod",
+                 "File format version: 1.2",
+                 "Masters:",
+                 "  Morrowind.esm, 79821084 bytes"});
+}
+
+TEST_F(EsmtoolTest, ShowsAnotherMaster) {
+    mod.SetMasterFile("Other.esm", 4294967295U);
+    const Answer answer = Dump(WritePlugin());
+    EXPECT_EQ(answer.status, 0) << answer.text;
+    ExpectLines(answer.text, {"Masters:", "  Other.esm, 4294967295 bytes"});
+}
+
+TEST_F(EsmtoolTest, ShowsTheContainerAndItsItems) {
+    const Answer answer = Dump(WritePlugin());
+    EXPECT_EQ(answer.status, 0) << answer.text;
+    ExpectLines(answer.text,
+                {"Record: CONT 'Ctr1000000001_1'",
+                 "  Name: Caf\xC3\xA9 crate",
+                 "  Model: o\\contain_crate_01.nif",
+                 "  Flags: Unknown (0x00000008)",
+                 "  Weight: 200",
+                 "  Inventory: Count:   25 Item: Gold_001",
+                 "  Inventory: Count:    3 Item: misc_spool_01"});
+}
+
+TEST_F(EsmtoolTest, ShowsTheLightOfACell) {
+    const Answer answer = Dump(WritePlugin());
+    // The colours are one number each, red lowest; the tail of DATA is taken for coordinates.
+    ExpectLines(answer.text,
+                {"Record: CELL 'Crypt, Level 1'",
+                 "  Name: Crypt, Level 1",
+                 "  Flags: Interior (0x00000001)",
+                 "  Coordinates:  (0,1065353216)",
+                 "  Ambient Light Color: 4671303",
+                 "  Sunlight Color: 14277106",
+                 "  Fog Color: 0",
+                 "  Fog Density: 1",
+                 "  Water Level: 0",
+                 "  Water Level Int: 1",
+                 "  RefId counter: 4"});
+}
+
+TEST_F(EsmtoolTest, ShowsEveryReferenceOfEveryCell) {
+    const Answer answer = Dump(WritePlugin());
+    ExpectLines(answer.text,
+                {"Record: CELL 'Crypt, Level 1'",
+                 "    Refnum: 1",
+                 "    ID: NorthMarker",
+                 "    Position: (0, -150, 0)",
+                 "    Refnum: 2",
+                 "    ID: in_impsmall_door_01",
+                 "    Position: (316, 132, -32)",
+                 "    Destination position: (512, -256, 128)",
+                 "    Destination cell: Crypt, Level 2",
+                 "    Refnum: 3",
+                 "    ID: Ctr1000000001_1",
+                 "    Position: (-80, -256, -96)",
+                 "    Refnum: 4",
+                 "    ID: furn_chair_03",
+                 "    Position: (10.5, -0, 0.25)",
+                 "    Scale: 0.5",
+                 "Record: CELL 'Crypt, Level 2'",
+                 "  RefId counter: 1",
+                 "    Refnum: 1",
+                 "    ID: in_impsmall_door_01",
+                 "    Position: (64, -64, 0)",
+                 "    Destination position: (768, -256, 128)",
+                 "    Destination cell: Crypt, Level 1"});
+}
+
+TEST_F(EsmtoolTest, ShowsAScaleOnlyWhereThereIsOne) {
+    const std::string text = Dump(WritePlugin()).text;
+    const std::size_t first = text.find("Scale:");
+    ASSERT_NE(first, std::string::npos);
+    EXPECT_EQ(text.find("Scale:", first + 1), std::string::npos);
+}
+
+// The reader's own writer puts a version of 0 and the true number of records into the header;
+// everything else, rotations too, must come back as it was.
+TEST_F(EsmtoolTest, ItsCopyHasTheSameBytesButVersionAndRecordCount) {
+    const std::string file = WritePlugin();
+    const std::string copy = dir.File("copy.esp");
+    const Answer answer = RunEsmtool("clone " + Quoted(file) + " " + Quoted(copy));
+    EXPECT_EQ(answer.status, 0) << answer.text;
+    std::string made = ReadFile(PathFromUtf8(file));
+    std::string copied = ReadFile(PathFromUtf8(copy));
+    ASSERT_EQ(made.size(), 1242U);
+    ASSERT_EQ(copied.size(), 1242U);
+    EXPECT_EQ(copied.substr(24, 4), Hex("00 00 00 00"));
+    EXPECT_EQ(copied.substr(320, 4), Hex("03 00 00 00"));
+    for (std::string* bytes : {&made, &copied}) {
+        bytes->replace(24, 4, 4, '-');
+        bytes->replace(320, 4, 4, '-');
+    }
+    EXPECT_EQ(made, copied);
+}
+
+TEST_F(EsmtoolTest, NoticesAWrongSizeWord) {
+    const std::string file = WritePlugin();
+    std::string bytes = ReadFile(PathFromUtf8(file));
+    ASSERT_EQ(bytes.substr(362, 4), "CONT");
+    ++bytes[366];
+    EXPECT_NE(Dump(dir.Write("broken.esp", bytes)).status, 0);
+}
+
+} // namespace
+
+} // namespace Tarnex::Test
+
+#endif
