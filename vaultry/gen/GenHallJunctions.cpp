@@ -58,6 +58,11 @@ private:
 
 } // namespace
 
+void GenHallway::ReplaceTiles(GridElmt& elmt, const DiPos& pos, TileKind kind) {
+    journal.Touch(pos);
+    elmt.ReplaceTiles(TileOf(kind));
+}
+
 bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
     if (elmt.isShadow) {
         return false;
@@ -78,11 +83,11 @@ bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
     if (const DiPtr<Tile> end = FindTileOfType(elmt, TileHallEnd)) {
         const TileDirT facing = GetTileDir(*end);
         if (dir == DirNS && RunsNorthSouth(facing)) {
-            elmt.ReplaceTiles(info.defTileSet->Get(Tile_HallNS));
+            ReplaceTiles(elmt, pos, TileKind::Of(Tile_HallNS));
             return true;
         }
         if (dir == DirEW && RunsEastWest(facing)) {
-            elmt.ReplaceTiles(info.defTileSet->Get(Tile_HallEW));
+            ReplaceTiles(elmt, pos, TileKind::Of(Tile_HallEW));
             return true;
         }
         return Try4Way(elmt, pos, false);
@@ -97,7 +102,7 @@ void GenHallway::CvtToDoorway(const DiPos& pos) {
     }
     const Side* facing = FindSide(GetElmtDir(*elmt));
     const Side& side = facing != nullptr ? *facing : Sides()[DirW];
-    elmt->ReplaceTiles(TileOf(side.doorway));
+    ReplaceTiles(*elmt, pos, side.doorway);
     const double draw = RandomUnit();
     if (draw <= kOpenArch) {
         return;
@@ -156,7 +161,7 @@ void GenHallway::Place4Way(const DiPos& pos) {
     if (!elmt) {
         return;
     }
-    elmt->ReplaceTiles(TileOf(FourWay()));
+    ReplaceTiles(*elmt, pos, FourWay());
     for (const Side& side : Sides()) {
         FitToJunction(side, pos);
     }
@@ -171,6 +176,7 @@ void GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
     if (!neighbour) {
         const auto end = MakeDi<GridElmt>();
         end->AddTile(TileOf(side.hallEnd));
+        journal.Touch(at);
         main.SetElmt(end, at.y, at.x);
         return;
     }
@@ -190,7 +196,7 @@ void GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
     }
     if (const DiPtr<Tile> end = FindTileOfType(*neighbour, TileHallEnd)) {
         if (GetTileDir(*end) != side.dir) {
-            neighbour->ReplaceTiles(TileOf(FittedEnd(side.dir, GetTileDir(*end))));
+            ReplaceTiles(*neighbour, at, FittedEnd(side.dir, GetTileDir(*end)));
         }
     }
 }

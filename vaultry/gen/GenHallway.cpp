@@ -89,7 +89,6 @@ std::int32_t OffBorder(std::int32_t place, std::int32_t size) {
 
 // The counters of one hall.
 struct GenHallway::Walk {
-    DiPtr<Layout> snapshot;
     std::uint32_t steps = 0;
     std::uint32_t stuck = 0;
     std::uint32_t reversals = 0;
@@ -98,7 +97,7 @@ struct GenHallway::Walk {
 };
 
 GenHallway::GenHallway(const GenInfo& info_, Layout& main_, RoomInfo& rooms_)
-    : GenHallBase(info_, main_, rooms_) {}
+    : GenHallBase(info_, main_, rooms_), journal(main_) {}
 
 bool GenHallway::Gen() {
     constexpr float kShadowDepth = 1.0F;
@@ -135,8 +134,7 @@ void GenHallway::ShuffleRooms(std::vector<DiPtr<Layout>>& list) const {
 
 bool GenHallway::ConnectRooms(const DiPtr<Layout>& from, const DiPtr<Layout>& to) {
     Walk walk;
-    walk.snapshot = Layout::Create(main.GetSize());
-    walk.snapshot->ShallowCopy(main);
+    journal.Begin();
     sourceRoom = from;
     destRoom = to;
     finished = false;
@@ -162,7 +160,7 @@ void GenHallway::SeekDetour(Walk& walk) {
         return;
     }
     if (!insideRoom) {
-        Restore(walk);
+        journal.Rollback();
         Prep();
     }
     const double draw = RandomUnit();
@@ -182,7 +180,7 @@ void GenHallway::PassRoom(Walk& walk) {
 
 // A run that took too many steps starts again from the other end; false after the last run.
 bool GenHallway::TurnBack(Walk& walk) {
-    Restore(walk);
+    journal.Rollback();
     if (walk.reversals >= kMaxReversals) {
         Logger::DebugError(
             S_LogSrc,
@@ -203,10 +201,6 @@ bool GenHallway::TurnBack(Walk& walk) {
     walk.stuck = 0;
     ++walk.reversals;
     return true;
-}
-
-void GenHallway::Restore(const Walk& walk) {
-    main.ShallowCopy(*walk.snapshot);
 }
 
 void GenHallway::Prep() {
@@ -337,6 +331,7 @@ void GenHallway::ConvertInPlace(const HallChoice& choice, const DiPtr<Tile>& til
             ++blocked;
         }
     } else if (elmt) {
+        journal.Touch(curXY);
         elmt->ReplaceTiles(tile);
     }
     curTile = tile;
@@ -363,6 +358,7 @@ void GenHallway::Move(const HallChoice& choice, const DiPtr<Tile>& tile) {
     }
     const auto piece = MakeDi<GridElmt>();
     piece->AddTile(tile);
+    journal.Touch(next);
     main.SetElmt(piece, next.y, next.x);
     curTile = tile;
 }

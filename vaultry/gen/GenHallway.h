@@ -4,6 +4,7 @@
 
 #include <vaultry/gen/GenHallBase.h>
 #include <vaultry/gen/RunReport.h>
+#include <vaultry/layout/GridJournal.h>
 
 #include <deque>
 #include <vector>
@@ -71,16 +72,17 @@ private:
     void SeekDetour(Walk& walk);
     void PassRoom(Walk& walk);
     bool TurnBack(Walk& walk);
-    void Restore(const Walk& walk);
     void ConvertInPlace(const HallChoice& choice, const DiPtr<Tile>& tile);
     void Move(const HallChoice& choice, const DiPtr<Tile>& tile);
     void MoveOnto(const GridElmt& elmt);
     void EnterRoom();
     void ShuffleRooms(std::vector<DiPtr<Layout>>& list) const;
     const DiPtr<Tile>& TileOf(TileKind kind) const;
+    void ReplaceTiles(GridElmt& elmt, const DiPos& pos, TileKind kind);
     bool AcceptsJunction(const Side& side, const DiPos& pos);
     void FitToJunction(const Side& side, const DiPos& junction);
 
+    GridJournal journal; ///< of the hall under way
     std::vector<FailedHall> failedHalls;
 };
 
