@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/catalogue/ConfigAttributes.h>
 #include <vaultry/catalogue/ConfigLoader.h>
+
+#include <vaultry/catalogue/ConfigAttributes.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
 #include <vaultry/foundation/Logger.h>
@@ -17,9 +18,8 @@ namespace {
 
 constexpr const char* kLogSource = "XML Parser";
 
-// Far beyond any real configuration; they keep a hostile one from exhausting the process.
+// Far beyond any real configuration; it keeps a hostile one from exhausting the process.
 constexpr std::uint32_t kMaxDepth = 256;
-constexpr std::uint64_t kMaxText = 64'000'000;
 
 constexpr std::array kContentTags = {Content_Armor,
                                      Content_Clothing,
@@ -72,6 +72,7 @@ void ConfigLoader::startElement(const XMLCh* const /*uri*/,
                                 const XMLCh* const qname,
                                 const xercesc::Attributes& attrs) {
     LimitDepth();
+    LimitAttributes(attrs);
     StartTag(Narrow(qname), attrs);
 }
 
@@ -359,6 +360,16 @@ void ConfigLoader::ResetGridPlace() {
 void ConfigLoader::LimitDepth() {
     if (++depth > kMaxDepth) {
         StopAtLimit("elements are nested more than " + std::to_string(kMaxDepth) + " deep");
+    }
+}
+
+// A document type can give every element a long value for the length of its tag.
+void ConfigLoader::LimitAttributes(const Attributes& attrs) {
+    for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
+        attributeLength += std::u16string_view(attrs.getValue(i)).size();
+    }
+    if (attributeLength > kMaxText) {
+        StopAtLimit("the attributes hold more than " + std::to_string(kMaxText) + " characters");
     }
 }
 

@@ -20,6 +20,9 @@ namespace Tarnex {
 /// the parser: every problem is logged under "XML Parser" and the load goes on.
 class ConfigLoader : public xercesc::DefaultHandler {
 public:
+    /// The most text that a document may hold, and the most in its attributes. [UTF-16 units]
+    static constexpr std::uint64_t kMaxText = 64'000'000;
+
     /// The store is filled, not owned.
     explicit ConfigLoader(ConfigMgr& config);
 
@@ -73,6 +76,7 @@ private:
     void FileLayout();
     void ResetGridPlace();
     void LimitDepth();
+    void LimitAttributes(const Attributes& attrs);
     void LimitText(XMLSize_t length);
     [[noreturn]] void StopAtLimit(const std::string& message) const;
 
@@ -80,6 +84,7 @@ private:
     const xercesc::Locator* place = nullptr;
     std::uint32_t depth = 0;
     std::uint64_t textLength = 0;
+    std::uint64_t attributeLength = 0;
     std::uint32_t row = 0; // of the next cell of the current layout
     std::uint32_t col = 0;
     std::stack<DiPtr<LayoutTemplate>> layoutStack; // the open layouts, innermost on top

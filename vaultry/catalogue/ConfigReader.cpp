@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/catalogue/ConfigLoader.h>
 #include <vaultry/catalogue/ConfigReader.h>
+
+#include <vaultry/catalogue/ConfigLoader.h>
 #include <vaultry/catalogue/XmlFileSource.h>
 #include <vaultry/catalogue/XmlText.h>
 
@@ -23,6 +24,10 @@ namespace {
 using xercesc::XMLUni;
 
 constexpr XMLSize_t kMaxEntityExpansions = 1000;
+
+// The parser hands over longer text in pieces, which would end a name where nothing ends it. Text
+// of this length is refused anyway.
+constexpr XMLSize_t kLongestRun = ConfigLoader::kMaxText + 1;
 
 // Starting the library costs more than parsing most files, so it is started at most once and ended
 // when the process ends.
@@ -93,6 +98,7 @@ void Read(ConfigMgr& config, MakeSource makeSource) {
     xercesc::SecurityManager limits;
     const auto reader = std::make_unique<xercesc::SAX2XMLReaderImpl>();
     MakeSafe(*reader, limits);
+    reader->setInputBufferSize(kLongestRun);
     reader->setContentHandler(&loader);
     reader->setErrorHandler(&loader);
     Parse(*reader, loader, makeSource);
