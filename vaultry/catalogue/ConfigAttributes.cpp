@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/ConfigAttributes.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
 #include <vaultry/foundation/Logger.h>

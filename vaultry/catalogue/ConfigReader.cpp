@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/ConfigReader.h>
+#include <vaultry/catalogue/MemoryBudget.h>
 
 #include <vaultry/catalogue/ConfigLoader.h>
 #include <vaultry/catalogue/XmlFileSource.h>
@@ -24,6 +25,9 @@ namespace {
 using xercesc::XMLUni;
 
 constexpr XMLSize_t kMaxEntityExpansions = 1000;
+
+// Enough for the longest run of text with its copies.
+constexpr std::size_t kMaxParserMemory = std::size_t{512} << 20;
 
 // The parser hands over longer text in pieces, which would end a name where nothing ends it. Text
 // of this length is refused anyway.
@@ -96,7 +100,8 @@ template <typename MakeSource>
 void Read(ConfigMgr& config, MakeSource makeSource) {
     ConfigLoader loader(config);
     xercesc::SecurityManager limits;
-    const auto reader = std::make_unique<xercesc::SAX2XMLReaderImpl>();
+    MemoryBudget memory(kMaxParserMemory);
+    const auto reader = std::make_unique<xercesc::SAX2XMLReaderImpl>(&memory);
     MakeSafe(*reader, limits);
     reader->setInputBufferSize(kLongestRun);
     reader->setContentHandler(&loader);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/ContentBase.h>
+
 #include <vaultry/foundation/Text.h>
 
 namespace Tarnex {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/ContentMgr.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Text.h>

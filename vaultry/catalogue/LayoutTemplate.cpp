@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/LayoutTemplate.h>
+
 #include <vaultry/foundation/Grid.h>
 
 namespace Tarnex {

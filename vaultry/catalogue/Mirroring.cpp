@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/Mirroring.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 
 #include <array>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/Tile.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 
 #include <algorithm>

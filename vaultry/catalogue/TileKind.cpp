@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/TileKind.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Text.h>
 
@@ -117,20 +118,14 @@ TileKind TileKind::Of(std::string_view name) {
     TileKind kind;
     if (found != rows.end()) {
         kind.row = found->second;
+        kind.dir = static_cast<std::int8_t>(kKinds[kind.Index()].dir);
+        kind.type = static_cast<std::int8_t>(kKinds[kind.Index()].type);
     }
     return kind;
 }
 
 std::string_view TileKind::Name() const {
     return IsKnown() ? kKinds[Index()].name : std::string_view();
-}
-
-TileDirT TileKind::Dir() const {
-    return IsKnown() ? kKinds[Index()].dir : DirNone;
-}
-
-TileType TileKind::Type() const {
-    return IsKnown() ? kKinds[Index()].type : TileNone;
 }
 
 } // namespace Tarnex

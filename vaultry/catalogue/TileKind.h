@@ -58,14 +58,17 @@ public:
     /// The name of a known kind as the vocabulary spells it; empty for none.
     std::string_view Name() const;
     /// DirNone for none and for kinds without a facing.
-    TileDirT Dir() const;
+    constexpr TileDirT Dir() const { return static_cast<TileDirT>(dir); }
     /// TileNone for none and for kinds without a type (stairs).
-    TileType Type() const;
+    constexpr TileType Type() const { return static_cast<TileType>(type); }
 
     constexpr bool operator==(const TileKind&) const = default;
 
 private:
+    // Facing and type are copied from the kind's row: halls ask for them at every step.
     std::int8_t row = -1;
+    std::int8_t dir = DirNone;
+    std::int8_t type = TileNone;
 };
 
 /// The name of a tile as written, with the kind that it stands for. Behaves as the text.

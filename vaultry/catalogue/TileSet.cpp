@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/catalogue/Mirroring.h>
 #include <vaultry/catalogue/TileSet.h>
+
+#include <vaultry/catalogue/Mirroring.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Text.h>

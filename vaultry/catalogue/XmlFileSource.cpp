@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/XmlFileSource.h>
+
 #include <vaultry/foundation/CodePage.h>
 
 #include <xercesc/util/BinInputStream.hpp>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/XmlText.h>
+
 #include <vaultry/foundation/CodePage.h>
 
 namespace Tarnex {

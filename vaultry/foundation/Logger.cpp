@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>
+
+#include <vaultry/foundation/CodePage.h>
 
 #include <cstdio>
 #include <fstream>

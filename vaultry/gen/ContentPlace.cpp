@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/gen/ContentPlace.h>
+
 #include <vaultry/catalogue/Mirroring.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Numeric.h>
-#include <vaultry/gen/ContentPlace.h>
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/gen/GenHallBase.h>
+
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Random.h>
-#include <vaultry/gen/GenHallBase.h>
 #include <vaultry/layout/ElmtKind.h>
 
 #include <algorithm>
@@ -143,11 +144,11 @@ void GenHallBase::AddIfSafe(std::vector<DiPos>& candidates,
     if (!elmt || elmt->isShadow) {
         return;
     }
-    DiPtr<Tile> tile = FindTileOfType(*elmt, TileWall);
-    if (!tile) {
-        tile = FindTileOfType(*elmt, TileDoorway);
+    const Tile* tile = PeekTileOfType(*elmt, TileWall);
+    if (tile == nullptr) {
+        tile = PeekTileOfType(*elmt, TileDoorway);
     }
-    if (!tile || std::ranges::find(facings, GetTileDir(*tile)) == facings.end()) {
+    if (tile == nullptr || std::ranges::find(facings, GetTileDir(*tile)) == facings.end()) {
         return;
     }
     const DiPos pos = RoomOrigin(room) + cell;

@@ -53,7 +53,7 @@ public:
 
 private:
     GridElmt& elmt;
-    std::vector<DiPtr<Tile>> tiles;
+    GridElmt::Tiles tiles;
 };
 
 } // namespace
@@ -77,10 +77,10 @@ bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
         CvtToDoorway(pos);
         return true;
     }
-    if (const DiPtr<Tile> hall = FindTileOfType(elmt, TileHall)) {
+    if (const Tile* hall = PeekTileOfType(elmt, TileHall)) {
         return GetTileDir(*hall) == dir || Try4Way(elmt, pos, false);
     }
-    if (const DiPtr<Tile> end = FindTileOfType(elmt, TileHallEnd)) {
+    if (const Tile* end = PeekTileOfType(elmt, TileHallEnd)) {
         const TileDirT facing = GetTileDir(*end);
         if (dir == DirNS && RunsNorthSouth(facing)) {
             ReplaceTiles(elmt, pos, TileKind::Of(Tile_HallNS));
@@ -194,7 +194,7 @@ void GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
         }
         return;
     }
-    if (const DiPtr<Tile> end = FindTileOfType(*neighbour, TileHallEnd)) {
+    if (const Tile* end = PeekTileOfType(*neighbour, TileHallEnd)) {
         if (GetTileDir(*end) != side.dir) {
             ReplaceTiles(*neighbour, at, FittedEnd(side.dir, GetTileDir(*end)));
         }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Carving: the walk of the cursor.
+#include <vaultry/gen/GenHallway.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
-#include <vaultry/gen/GenHallway.h>
 #include <vaultry/layout/ElmtKind.h>
 
 #include <array>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The frame: from templates to layouts to references.
+#include <vaultry/gen/GenIntBase.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
-#include <vaultry/gen/GenIntBase.h>
 #include <vaultry/gen/WorldPlace.h>
 #include <vaultry/layout/ElmtKind.h>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/gen/GenIntFixed.h>
+
 #include <vaultry/gen/LayoutOwner.h>
 
 namespace Tarnex {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Random levels: their floor plans and the order of their making.
+#include <vaultry/gen/GenIntRandom.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenHallway.h>
-#include <vaultry/gen/GenIntRandom.h>
 #include <vaultry/gen/RandomTables.h>
 #include <vaultry/gen/Walkability.h>
 
@@ -230,8 +231,8 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& repor
     PlaceRooms(*main, rooms);
     const bool joined = ConnectRooms(*main, rooms, report);
     report.size = main->GetSize();
-    JudgeWalkability(report, *main, rooms);
     if (joined) {
+        JudgeWalkability(report, *main, rooms);
         return main;
     }
     main->Dissolve();

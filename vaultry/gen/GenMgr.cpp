@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/gen/GenMgr.h>
+
 #include <vaultry/catalogue/ConfigReader.h>
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntFixed.h>
 #include <vaultry/gen/GenIntRandom.h>
-#include <vaultry/gen/GenMgr.h>
 
 #include <algorithm>
 #include <ctime>

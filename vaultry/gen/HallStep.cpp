@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/gen/HallStep.h>
+
+#include <vaultry/catalogue/Vocabulary.h>
 
 #include <array>
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/gen/PlatformPlan.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Numeric.h>
-#include <vaultry/gen/PlatformPlan.h>
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/foundation/Text.h>
 #include <vaultry/gen/RandomGenInfo.h>
+
+#include <vaultry/foundation/Text.h>
 
 namespace Tarnex {
 

@@ -20,13 +20,13 @@ struct FailedHall {
 
 /// One level of a random run.
 struct VAULTRY_API LevelReport {
-    std::uint32_t number = 0;   ///< from 1; a level that was given up keeps its number
-    std::string name;           ///< of its cell
-    bool made = false;          ///< false: given up, there is no cell
-    std::uint32_t attempts = 0; ///< floor plans tried
-    DiPos roomGrid;             ///< slots for rooms (x columns, y rows)
-    DiPos size;                 ///< of the level [cells]
-    std::uint32_t rooms = 0;
+    std::uint32_t number = 0;         ///< from 1; a level that was given up keeps its number
+    std::string name;                 ///< of its cell
+    bool made = false;                ///< false: given up, there is no cell
+    std::uint32_t attempts = 0;       ///< floor plans tried
+    DiPos roomGrid;                   ///< slots for rooms (x columns, y rows)
+    DiPos size;                       ///< of the level [cells]
+    std::uint32_t rooms = 0;          ///< of a level that was made
     std::uint32_t reachableRooms = 0; ///< from the first, through openings that face each other
     std::uint32_t openEnds = 0;       ///< openings of halls and doorways that lead nowhere
     bool linked = false;              ///< a pair of teleporting doors joins it to the level before

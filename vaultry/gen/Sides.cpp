@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/gen/Sides.h>
+
+#include <vaultry/catalogue/Vocabulary.h>
 
 namespace Tarnex {
 

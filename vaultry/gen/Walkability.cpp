@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/gen/Walkability.h>
+
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/gen/Sides.h>
-#include <vaultry/gen/Walkability.h>
 #include <vaultry/layout/ElmtKind.h>
 #include <vaultry/layout/Passages.h>
 
@@ -40,6 +41,9 @@ public:
         for (std::int32_t y = 0; y < height; ++y) {
             for (std::int32_t x = 0; x < width; ++x) {
                 const DiPos pos(x, y, 0);
+                if (At(pos).openings == 0) {
+                    continue;
+                }
                 for (const Side& side : Sides()) {
                     const bool leads = HasSide(At(pos).openings, side.dir);
                     count += leads && !CanPass(pos, side) ? 1U : 0U;
@@ -133,11 +137,7 @@ private:
     static void Fill(Cell& cell, const GridElmt& elmt) {
         cell.filled = true;
         cell.walkable = WalkableSides(elmt);
-        for (const Side& side : Sides()) {
-            if (OpensTo(elmt, side.dir)) {
-                cell.openings |= static_cast<SideBits>(1U << static_cast<unsigned>(side.dir));
-            }
-        }
+        cell.openings = OpenSides(elmt);
     }
 
     std::int32_t width;

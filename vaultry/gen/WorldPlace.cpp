@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/foundation/Numeric.h>
 #include <vaultry/gen/WorldPlace.h>
+
+#include <vaultry/foundation/Numeric.h>
 
 namespace Tarnex {
 

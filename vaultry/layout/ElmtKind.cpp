@@ -1,60 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/layout/ElmtKind.h>
 
-#include <algorithm>
 #include <array>
 
 namespace Tarnex {
 
 namespace {
 
-struct SideRow {
-    std::array<TileDirT, 5> passages; // facings of the doorways and halls that open to the side
-    TileDirT end;                     // facing of the hall end that does
-};
+using ByFacing = std::array<SideBits, 12>;
 
-// One row per side, in the order N, S, E, W.
-constexpr std::array<SideRow, 4> kSides = {{
-    {{DirN, DirNS, DirSW, DirSE, DirAll}, DirS},
-    {{DirS, DirNS, DirNW, DirNE, DirAll}, DirN},
-    {{DirE, DirEW, DirNW, DirSW, DirAll}, DirW},
-    {{DirW, DirEW, DirNE, DirSE, DirAll}, DirE},
-}};
+constexpr SideBits kN = SideBit(DirN);
+constexpr SideBits kS = SideBit(DirS);
+constexpr SideBits kE = SideBit(DirE);
+constexpr SideBits kW = SideBit(DirW);
+
+// By facing, in the order N, S, E, W, NW, NE, SW, SE, NS, EW, all, none. A corner is named by its
+// closed sides and an end by its closed side.
+constexpr ByFacing kPassages = {
+    kN, kS, kE, kW, kS | kE, kS | kW, kN | kE, kN | kW, kN | kS, kE | kW, kN | kS | kE | kW, 0};
+constexpr ByFacing kHallEnds = {kS, kN, kW, kE, 0, 0, 0, 0, 0, 0, 0, 0};
 
 } // namespace
 
-TileDirT GetElmtDir(const GridElmt& elmt) {
-    const Tile* first = elmt.FirstTile();
-    return first == nullptr ? DirNone : GetTileDir(*first);
-}
-
-TileType GetElmtType(const GridElmt& elmt) {
-    const Tile* first = elmt.FirstTile();
-    return first == nullptr ? TileNone : GetTileType(*first);
-}
-
-DiPtr<Tile> FindTileOfType(const GridElmt& elmt, TileType type) {
-    const auto found = std::ranges::find_if(
-        elmt.tiles, [type](const DiPtr<Tile>& tile) { return GetTileType(*tile) == type; });
-    return found == elmt.tiles.end() ? nullptr : *found;
-}
-
-bool HasTileOfType(const GridElmt& elmt, TileType type) {
-    return std::ranges::any_of(
-        elmt.tiles, [type](const DiPtr<Tile>& tile) { return GetTileType(*tile) == type; });
-}
-
-bool OpensTo(const GridElmt& elmt, TileDirT side) {
-    const SideRow& row = kSides[static_cast<std::size_t>(side)];
-    const TileDirT dir = GetElmtDir(elmt);
+SideBits OpenSides(const GridElmt& elmt) {
+    const auto facing = static_cast<std::size_t>(GetElmtDir(elmt));
     switch (GetElmtType(elmt)) {
     case TileDoorway:
     case TileHall:
-        return std::ranges::find(row.passages, dir) != row.passages.end();
+        return kPassages[facing];
     case TileHallEnd:
-        return dir == row.end;
+        return kHallEnds[facing];
     default:
-        return false;
+        return 0;
     }
 }
 

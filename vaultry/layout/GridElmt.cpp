@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/foundation/Text.h>
 #include <vaultry/layout/GridElmt.h>
+
+#include <vaultry/foundation/Text.h>
 #include <vaultry/layout/Layout.h>
 
 #include <algorithm>

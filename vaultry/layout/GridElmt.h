@@ -7,6 +7,7 @@
 #include <vaultry/catalogue/Tile.h>
 #include <vaultry/foundation/DiPos.h>
 #include <vaultry/foundation/DiPtr.h>
+#include <vaultry/foundation/DiSmallList.h>
 
 #include <string_view>
 #include <vector>
@@ -19,9 +20,12 @@ class Layout;
 /// shares the pieces and owns its lists.
 class VAULTRY_API GridElmt : public DiRcObject {
 public:
+    /// A doorway with its jamb and door fits in place.
+    using Tiles = DiSmallList<Tile, 3>;
+
     std::vector<DiPtr<ContentItem>> contents;
     std::vector<DiPtr<PlatformTile>> platforms;
-    std::vector<DiPtr<Tile>> tiles;  ///< in placement order; the first decides kind and facing
+    Tiles tiles;                     ///< in placement order; the first decides kind and facing
     std::int32_t platformHeight = 0; ///< of the platform in the cell [world units]
     DiPos teleDest;                  ///< where in teleLayout a teleporting door leads [cells]
     DiPtr<Layout> teleLayout;        ///< the level that a teleporting door leads to, or null

@@ -32,7 +32,7 @@ private:
     struct Entry {
         DiPos pos;
         bool wasEmpty;
-        std::vector<DiPtr<Tile>> tiles;
+        GridElmt::Tiles tiles;
     };
 
     void OwnElements();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/layout/Layout.h>
+
 #include <vaultry/foundation/Grid.h>
 #include <vaultry/foundation/Numeric.h>
-#include <vaultry/layout/Layout.h>
 
 #include <algorithm>
 #include <utility>
@@ -25,20 +26,14 @@ void Cover(std::int32_t& total, std::int32_t childSize, float childOffset) {
 
 } // namespace
 
+const DiPtr<GridElmt> Layout::S_NoElmt;
+
 Layout::Layout(const DiPos& size_) : size(size_), rows(CellCount(size.y), Row(CellCount(size.x))) {}
 
 Layout::~Layout() = default;
 
 DiPtr<Layout> Layout::Create(const DiPos& size) {
     return DiPtr<Layout>(new Layout(size));
-}
-
-const DiPtr<GridElmt>& Layout::GetElmt(std::uint32_t row, std::uint32_t col) const {
-    static const DiPtr<GridElmt> none;
-    if (row >= rows.size() || col >= rows[row].size()) {
-        return none;
-    }
-    return rows[row][col];
 }
 
 void Layout::SetElmt(const DiPtr<GridElmt>& elmt, std::int32_t row, std::int32_t col) {

@@ -44,7 +44,10 @@ public:
 
     /// The element, or null for an empty cell and outside the grid. The reference holds until the
     /// cell is next written.
-    const DiPtr<GridElmt>& GetElmt(std::uint32_t row, std::uint32_t col) const;
+    const DiPtr<GridElmt>& GetElmt(std::uint32_t row, std::uint32_t col) const {
+        const bool inside = row < rows.size() && col < rows[row].size();
+        return inside ? rows[row][col] : S_NoElmt;
+    }
     /// Stores the element; null clears the cell. Throws std::out_of_range for a column outside the
     /// grid; a row outside is dropped.
     void SetElmt(const DiPtr<GridElmt>& elmt, std::int32_t row, std::int32_t col);
@@ -101,6 +104,8 @@ protected:
     DoGetElmtsDeep(Elmts& found, std::int32_t row, std::int32_t col, float zMin, float zMax) const;
 
 private:
+    static const DiPtr<GridElmt> S_NoElmt;
+
     std::string name;
     DiPos size;
     Di3Point offset;

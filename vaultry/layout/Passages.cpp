@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/layout/Passages.h>
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/layout/ElmtKind.h>
-#include <vaultry/layout/Passages.h>
 
 #include <array>
 #include <utility>
@@ -10,13 +11,9 @@ namespace Tarnex {
 
 namespace {
 
-constexpr SideBits Bit(TileDirT side) {
-    return static_cast<SideBits>(1U << static_cast<unsigned>(side));
-}
-
 constexpr SideBits kAll = 0xF;
-constexpr SideBits kNorthSouth = Bit(DirN) | Bit(DirS);
-constexpr SideBits kEastWest = Bit(DirE) | Bit(DirW);
+constexpr SideBits kNorthSouth = SideBit(DirN) | SideBit(DirS);
+constexpr SideBits kEastWest = SideBit(DirE) | SideBit(DirW);
 
 constexpr SideBits Without(SideBits closed) {
     return static_cast<SideBits>(kAll & ~closed);
@@ -24,14 +21,14 @@ constexpr SideBits Without(SideBits closed) {
 
 // The sides of a facing: its own for the straight ones, both for a corner.
 constexpr std::array<SideBits, 12> kFacingSides = {
-    Bit(DirN),
-    Bit(DirS),
-    Bit(DirE),
-    Bit(DirW),
-    Bit(DirN) | Bit(DirW),
-    Bit(DirN) | Bit(DirE),
-    Bit(DirS) | Bit(DirW),
-    Bit(DirS) | Bit(DirE),
+    SideBit(DirN),
+    SideBit(DirS),
+    SideBit(DirE),
+    SideBit(DirW),
+    SideBit(DirN) | SideBit(DirW),
+    SideBit(DirN) | SideBit(DirE),
+    SideBit(DirS) | SideBit(DirW),
+    SideBit(DirS) | SideBit(DirE),
     kNorthSouth,
     kEastWest,
     kAll,
@@ -40,31 +37,26 @@ constexpr std::array<SideBits, 12> kFacingSides = {
 
 // A corner with a doorway on one of its two walls stays closed on the other.
 constexpr std::array<std::pair<std::string_view, SideBits>, 8> kCornerDoorways = {{
-    {Tile_DoorwayNW_W, Without(Bit(DirN))},
-    {Tile_DoorwayNE_N, Without(Bit(DirE))},
-    {Tile_DoorwaySE_E, Without(Bit(DirS))},
-    {Tile_DoorwaySW_S, Without(Bit(DirW))},
-    {Tile_DoorwayNW_N, Without(Bit(DirW))},
-    {Tile_DoorwayNE_E, Without(Bit(DirN))},
-    {Tile_DoorwaySE_S, Without(Bit(DirE))},
-    {Tile_DoorwaySW_W, Without(Bit(DirS))},
+    {Tile_DoorwayNW_W, Without(SideBit(DirN))},
+    {Tile_DoorwayNE_N, Without(SideBit(DirE))},
+    {Tile_DoorwaySE_E, Without(SideBit(DirS))},
+    {Tile_DoorwaySW_S, Without(SideBit(DirW))},
+    {Tile_DoorwayNW_N, Without(SideBit(DirW))},
+    {Tile_DoorwayNE_E, Without(SideBit(DirN))},
+    {Tile_DoorwaySE_S, Without(SideBit(DirE))},
+    {Tile_DoorwaySW_W, Without(SideBit(DirS))},
 }};
 
 SideBits DoorwaySides(const Tile& tile) {
+    if (GetTileDir(tile) != DirNone) {
+        return kAll;
+    }
     for (const auto& [kind, sides] : kCornerDoorways) {
         if (tile.kindName.Kind().Name() == kind) {
             return sides;
         }
     }
     return kAll;
-}
-
-SideBits HallSides(const GridElmt& elmt) {
-    SideBits sides = 0;
-    for (const TileDirT side : {DirN, DirS, DirE, DirW}) {
-        sides |= OpensTo(elmt, side) ? Bit(side) : SideBits{0};
-    }
-    return sides;
 }
 
 } // namespace
@@ -81,7 +73,7 @@ SideBits WalkableSides(const GridElmt& elmt) {
         return DoorwaySides(*elmt.FirstTile());
     case TileHall:
     case TileHallEnd:
-        return HallSides(elmt);
+        return OpenSides(elmt);
     case TileNone:
         break;
     }

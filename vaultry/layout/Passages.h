@@ -2,14 +2,9 @@
 // Where one can walk from an element to its neighbours.
 #pragma once
 
-#include <vaultry/layout/GridElmt.h>
-
-#include <cstdint>
+#include <vaultry/layout/ElmtKind.h>
 
 namespace Tarnex {
-
-/// Sides of a cell as bits: bit n is the side of value n of TileDirT, in the order N, S, E, W.
-using SideBits = std::uint8_t;
 
 /// The sides across which one can leave the element on foot, by its first tile: a room's wall is
 /// closed on its own side alone, a doorway on none, a hall as it is shaped, stairs along their

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/layout/RoomInfo.h>
+
 #include <vaultry/foundation/DiDirection.h>
 #include <vaultry/foundation/Grid.h>
-#include <vaultry/layout/RoomInfo.h>
 
 #include <algorithm>
 #include <numeric>

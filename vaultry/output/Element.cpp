@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/foundation/Logger.h>
 #include <vaultry/output/Element.h>
+
+#include <vaultry/foundation/Logger.h>
 
 #include <algorithm>
 #include <array>

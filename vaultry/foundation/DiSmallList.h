@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// A short list of handles.
+#pragma once
+
+#include <vaultry/foundation/DiPtr.h>
+
+#include <array>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+/// A list of handles with room for N of them in place; only a longer one takes memory of its own.
+/// Most cells of a grid hold one tile, and grids are made by the thousand.
+template <typename T, std::size_t N>
+class DiSmallList {
+public:
+    using value_type = DiPtr<T>;
+
+    std::size_t size() const { return count; }
+    bool empty() const { return count == 0; }
+
+    DiPtr<T>* begin() { return count <= N ? inPlace.data() : many.data(); }
+    DiPtr<T>* end() { return begin() + count; }
+    const DiPtr<T>* begin() const { return count <= N ? inPlace.data() : many.data(); }
+    const DiPtr<T>* end() const { return begin() + count; }
+
+    DiPtr<T>& operator[](std::size_t i) { return begin()[i]; }
+    const DiPtr<T>& operator[](std::size_t i) const { return begin()[i]; }
+    DiPtr<T>& front() { return *begin(); }
+    const DiPtr<T>& front() const { return *begin(); }
+    DiPtr<T>& back() { return *(end() - 1); }
+    const DiPtr<T>& back() const { return *(end() - 1); }
+
+    void push_back(const DiPtr<T>& handle) {
+        if (count < N) {
+            inPlace[count] = handle;
+        } else {
+            if (count == N) {
+                many.assign(inPlace.begin(), inPlace.end());
+                inPlace = {};
+            }
+            many.push_back(handle);
+        }
+        ++count;
+    }
+
+    void clear() {
+        for (std::size_t i = 0; i < N && i < count; ++i) {
+            inPlace[i] = nullptr;
+        }
+        many.clear();
+        count = 0;
+    }
+
+    DiSmallList() = default;
+    DiSmallList(const DiSmallList&) = default;
+    DiSmallList& operator=(const DiSmallList&) = default;
+    ~DiSmallList() = default;
+
+    DiSmallList(DiSmallList&& other) noexcept
+        : count(std::exchange(other.count, 0)), inPlace(std::move(other.inPlace)),
+          many(std::move(other.many)) {}
+
+    DiSmallList& operator=(DiSmallList&& other) noexcept {
+        count = std::exchange(other.count, 0);
+        inPlace = std::move(other.inPlace);
+        many = std::move(other.many);
+        return *this;
+    }
+
+private:
+    std::size_t count = 0;
+    std::array<DiPtr<T>, N> inPlace;
+    std::vector<DiPtr<T>> many; // all of them, once they are more than N
+};
