@@ -27,6 +27,10 @@ std::vector<std::int32_t> Draws(std::uint32_t seed, std::int32_t bound, int coun
     return draws;
 }
 
+// Drawn while the program starts, before any test has seeded.
+const std::vector<std::int32_t> unseededDraws = {
+    RandomInt(kEveryValue), RandomInt(kEveryValue), RandomInt(kEveryValue)};
+
 class RandomTest : public ::testing::Test {
 protected:
     ~RandomTest() override { RecordDraws(nullptr, nullptr); }
@@ -51,6 +55,10 @@ protected:
 TEST_F(RandomTest, Seed1GivesItsWellKnownDraws) {
     EXPECT_EQ(Draws(1, kEveryValue, 8),
               (std::vector{41, 18467, 6334, 26500, 19169, 15724, 11478, 29358}));
+}
+
+TEST_F(RandomTest, UnseededItStartsFrom1) {
+    EXPECT_EQ(unseededDraws, (std::vector{41, 18467, 6334}));
 }
 
 TEST_F(RandomTest, Seed12345GivesItsWellKnownDraws) {
