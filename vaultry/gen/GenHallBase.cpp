@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace Tarnex {
 
@@ -14,6 +15,18 @@ namespace {
 
 DiPos RoomOrigin(const Layout& room) {
     return {TruncToInt(room.GetOffset().x), TruncToInt(room.GetOffset().y), 0};
+}
+
+std::int32_t FirstWhole(float offset) {
+    return TruncToInt(std::ceil(offset));
+}
+
+std::int32_t LastWhole(float offset, std::int32_t extent) {
+    return TruncToInt(std::floor(double{offset} + extent));
+}
+
+std::size_t CellIndex(const Layout& main, const DiPos& pos) {
+    return static_cast<std::size_t>(pos.y) * main.GetWidth() + static_cast<std::size_t>(pos.x);
 }
 
 } // namespace
@@ -51,21 +64,28 @@ DiPos GenHallBase::FindCenter(const Layout& room) const {
 }
 
 DiPtr<Layout> GenHallBase::PosToRoom(const DiPos& pos) const {
-    for (std::uint32_t row = 0; row < rooms.GetHeight(); ++row) {
-        for (const DiPtr<Layout>& room : rooms.GetRow(row)) {
-            if (!room) {
-                continue;
-            }
-            const double left = room->GetOffset().x;
-            const double top = room->GetOffset().y;
-            const bool inRows = top <= pos.y && pos.y <= top + room->GetSize().y;
-            const bool inCols = left <= pos.x && pos.x <= left + room->GetSize().x;
-            if (inRows && inCols) {
-                return room;
+    if (roomAt.empty()) {
+        MapRooms();
+    }
+    return IsInside(pos) ? roomAt[CellIndex(main, pos)] : nullptr;
+}
+
+// Both far bounds are inclusive: a room covers one row and one column more than it has.
+void GenHallBase::MapRooms() const {
+    roomAt.assign(main.GetWidth() * std::size_t{main.GetHeight()}, nullptr);
+    for (const DiPtr<Layout>& room : rooms.GetRoomList()) {
+        const Di3Point& at = room->GetOffset();
+        const DiPos first(FirstWhole(at.x), FirstWhole(at.y), 0);
+        const DiPos last(LastWhole(at.x, room->GetSize().x), LastWhole(at.y, room->GetSize().y), 0);
+        for (std::int32_t y = first.y; y <= last.y; ++y) {
+            for (std::int32_t x = first.x; x <= last.x; ++x) {
+                const DiPos pos(x, y, 0);
+                if (IsInside(pos) && roomAt[CellIndex(main, pos)] == nullptr) {
+                    roomAt[CellIndex(main, pos)] = room.get();
+                }
             }
         }
     }
-    return nullptr;
 }
 
 DiPos GenHallBase::FindForDoorway(const Layout& room, const DiDirection& way) const {

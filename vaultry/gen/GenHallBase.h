@@ -59,6 +59,7 @@ protected:
     RoomInfo& rooms;
 
 private:
+    void MapRooms() const;
     struct SearchRow;
     DiPos SearchDoorway(const Layout& room, const DiDirection& way, const SearchRow& search) const;
     void AddIfSafe(std::vector<DiPos>& candidates,
@@ -66,6 +67,10 @@ private:
                    const DiPos& cell,
                    const std::vector<TileDirT>& facings) const;
     bool IsThroughHall(const DiPos& pos, const Side& side) const;
+
+    // For each cell of the level the first room that covers it, made when first asked for: a hall
+    // asks at every doorway.
+    mutable std::vector<Layout*> roomAt;
 };
 
 } // namespace Tarnex
