@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Reading a plug-in file, whoever wrote it.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+#include <vaultry/output/PluginFile.h>
+
+#include <string_view>
+
+namespace Tarnex {
+
+/// No more findings than these are kept of one file.
+inline constexpr std::size_t kMostPluginFindings = 1000;
+
+/// Reads the bytes of a plug-in. Every size is checked against the bytes that are there; what does
+/// not fit is told in the findings, which are ASCII, and reading goes on behind it as long as it is
+/// certain where the next record begins. Records and sub-records that are not known are skipped and
+/// counted, exterior cells are counted. Only the form is judged here, not whether the content makes
+/// sense. Throws nothing but std::bad_alloc; the bytes are needed during the call only.
+VAULTRY_API PluginFile ReadPlugin(std::string_view bytes);
+
+} // namespace Tarnex
