@@ -27,7 +27,7 @@ using xercesc::XMLUni;
 constexpr XMLSize_t kMaxEntityExpansions = 1000;
 
 // Enough for the longest run of text with its copies.
-constexpr std::size_t kMaxParserMemory = std::size_t{512} << 20;
+constexpr std::size_t kMaxParserMemory = std::size_t{384} << 20;
 
 // The parser hands over longer text in pieces, which would end a name where nothing ends it. Text
 // of this length is refused anyway.
