@@ -260,4 +260,17 @@ TEST_F(LoadSafetyTest, AttributesHoldAsMuchAsTextDoes) {
     EXPECT_EQ(config.contentMgr->GetRugs().size(), 64U);
 }
 
+// Few enough references, but more text than the parser may hold.
+TEST_F(LoadSafetyTest, AValueThatOutgrowsTheMemoryIsFatal) {
+    LoadWithSubset("<!ENTITY m '" + std::string(2'000'000, 'x') + "'>",
+                   "<Rug/><Rug UniqueName='" + Repeat("&m;", 900) + "'/>");
+    EXPECT_EQ(ErrorLines().size(), 1U);
+    EXPECT_NE(FatalLine(), "");
+    EXPECT_EQ(config.contentMgr->GetRugs().size(), 1U);
+
+    Load("<Rug/>");
+    EXPECT_EQ(config.contentMgr->GetRugs().size(), 1U);
+    EXPECT_EQ(ErrorLines().size(), 1U);
+}
+
 } // namespace Tarnex::Test
