@@ -84,7 +84,7 @@ const KindCase kKinds[] = {
 // clang-format on
 static_assert(std::size(kKinds) == 61);
 
-std::string OpenSides(const GridElmt& elmt) {
+std::string SidesOpen(const GridElmt& elmt) {
     std::string sides;
     sides += OpensNorth(elmt) ? "N" : "";
     sides += OpensSouth(elmt) ? "S" : "";
@@ -112,22 +112,31 @@ TEST(ElmtKind, FirstTileGivesFacingTypeAndOpenSides) {
         const GridElmt elmt = ElmtOf({kind.name});
         EXPECT_EQ(GetElmtDir(elmt), kind.dir) << kind.name;
         EXPECT_EQ(GetElmtType(elmt), kind.type) << kind.name;
-        EXPECT_EQ(OpenSides(elmt), kind.opens) << kind.name;
+        EXPECT_EQ(SidesOpen(elmt), kind.opens) << kind.name;
     }
+}
+
+TEST(ElmtKind, OpenSidesAreBitsInTheOrderNorthSouthEastWest) {
+    EXPECT_EQ(OpenSides(ElmtOf({"DoorwayN"})), 1);
+    EXPECT_EQ(OpenSides(ElmtOf({"DoorwayS"})), 2);
+    EXPECT_EQ(OpenSides(ElmtOf({"DoorwayE"})), 4);
+    EXPECT_EQ(OpenSides(ElmtOf({"DoorwayW"})), 8);
+    EXPECT_EQ(OpenSides(ElmtOf({"Hall4Way"})), 15);
+    EXPECT_EQ(OpenSides(ElmtOf({"WallN"})), 0);
 }
 
 TEST(ElmtKind, CaseOfTheNameDoesNotMatter) {
     const GridElmt elmt = ElmtOf({"hallCORNERsw"});
     EXPECT_EQ(GetElmtDir(elmt), DirSW);
     EXPECT_EQ(GetElmtType(elmt), TileHall);
-    EXPECT_EQ(OpenSides(elmt), "NE");
+    EXPECT_EQ(SidesOpen(elmt), "NE");
 }
 
 TEST(ElmtKind, ElementWithoutTilesHasNoKindAndOpensNowhere) {
     const GridElmt elmt;
     EXPECT_EQ(GetElmtDir(elmt), DirNone);
     EXPECT_EQ(GetElmtType(elmt), TileNone);
-    EXPECT_EQ(OpenSides(elmt), "");
+    EXPECT_EQ(SidesOpen(elmt), "");
     EXPECT_FALSE(FindTileOfType(elmt, TileNone));
     EXPECT_FALSE(HasTileOfType(elmt, TileNone));
 }
@@ -137,17 +146,17 @@ TEST(ElmtKind, OnlyTheFirstTileCounts) {
     EXPECT_EQ(GetElmtType(floor), TileCenter);
     EXPECT_EQ(GetElmtDir(floor), DirAll);
     const GridElmt wall = ElmtOf({"WallN", "Hall4Way"});
-    EXPECT_EQ(OpenSides(wall), "");
+    EXPECT_EQ(SidesOpen(wall), "");
     const GridElmt unknown = ElmtOf({"Lamp", "HallNS"});
     EXPECT_EQ(GetElmtType(unknown), TileNone);
-    EXPECT_EQ(OpenSides(unknown), "");
+    EXPECT_EQ(SidesOpen(unknown), "");
 }
 
 TEST(ElmtKind, StairsHaveAnAxisButNoTypeAndOpenNowhere) {
     const GridElmt elmt = ElmtOf({"StairsUpE"});
     EXPECT_EQ(GetElmtType(elmt), TileNone);
     EXPECT_EQ(GetElmtDir(elmt), DirEW);
-    EXPECT_EQ(OpenSides(elmt), "");
+    EXPECT_EQ(SidesOpen(elmt), "");
 }
 
 TEST(ElmtKind, FirstTileOfATypeIsFoundInListOrder) {
