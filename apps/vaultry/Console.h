@@ -3,7 +3,9 @@
 #pragma once
 
 #include <ostream>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarnex::Cli {
 
@@ -13,9 +15,13 @@ struct Console {
     std::ostream& err;          ///< everything that is said about the run
     bool errIsTerminal = false; ///< progress is shown to people only
 
-    /// One line that begins with the program's name.
-    void Say(std::string_view line) const { err << "vaultry: " << line << '\n'; }
-    void Warn(std::string_view line) const { err << "vaultry: warning: " << line << '\n'; }
+    /// One line of the program's own on standard error. Control characters, which names and paths
+    /// may hold, become blanks: they could break the line or drive the terminal.
+    void Say(std::string_view line) const;
+    /// Likewise, marked as a warning.
+    void Warn(std::string_view line) const;
+    /// The library's lines on standard error, as they are but for control characters.
+    void Show(const std::vector<std::string>& lines) const;
 };
 
 } // namespace Tarnex::Cli

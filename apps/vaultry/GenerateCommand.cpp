@@ -116,12 +116,6 @@ void WarnOfNames(RunReport& report, const Console& console) {
     }
 }
 
-void ShowErrors(const std::vector<std::string>& lines, const Console& console) {
-    for (const std::string& line : lines) {
-        console.err << line << '\n';
-    }
-}
-
 constexpr RunResult ResultOf(ModResult result) {
     switch (result) {
     case ModResult::Written:
@@ -218,12 +212,12 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
         Configure(manager, report.options, source);
     } catch (const UsageError&) {
         // A name may be missing because the configuration was not read to its end.
-        ShowErrors(log.Errors(), console);
+        console.Show(log.Errors());
         throw;
     }
     WarnOfNames(report, console);
     run.Generate(manager, log, signals);
-    ShowErrors(report.errors, console);
+    console.Show(report.errors);
     // A failure is said even to those who want it quiet.
     if (!options.quiet || report.result != RunResult::Written) {
         console.Say(Summary(report));

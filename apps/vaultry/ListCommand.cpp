@@ -70,9 +70,7 @@ ExitStatus RunList(const ListOptions& options, const Console& console) {
     GenMgr manager;
     source.Load(manager);
     const Offer offer{options.config, OfferedLists(manager), log.Errors()};
-    for (const std::string& line : offer.errors) {
-        console.err << line << '\n';
-    }
+    console.Show(offer.errors);
     if (options.json) {
         console.out << ToJson(offer);
     } else {

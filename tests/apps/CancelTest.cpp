@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// Ctrl-C pressed while the program runs.
+#ifndef _WIN32
+
+#include <fcntl.h>
+#include <fstream>
+#include <string>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <tests/apps/Program.h>
+#include <unistd.h>
+#include <vector>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// The configuration is a pipe: while the program waits for it, it can be signalled at leisure.
+class CancelTest : public ProgramTest {
+protected:
+    CancelTest() : pipe(pipeFolder.File("config")), err(pipeFolder.File("err.txt")) {
+        if (mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR) != 0) {
+            throw std::runtime_error("no pipe");
+        }
+    }
+
+    // Runs the program, signals it before it has read its configuration, and waits for its end.
+    int RunSignalled(int number, const std::string& out) {
+        const pid_t child = fork();
+        if (child == 0) {
+            Become(out);
+        }
+        // Both ends wait for each other here, so the program has reached its configuration.
+        std::ofstream writer(pipe);
+        kill(child, number);
+        writer << ReadFile(smallConfig);
+        writer.close();
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    std::string Err() const { return ReadFile(err); }
+
+private:
+    [[noreturn]] void Become(const std::string& out) const {
+        signal(SIGINT, SIG_DFL);
+        signal(SIGTERM, SIG_DFL);
+        const int file = open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, S_IRUSR | S_IWUSR);
+        dup2(file, STDERR_FILENO);
+        execl(VAULTRY_PROGRAM,
+              VAULTRY_PROGRAM,
+              "generate",
+              "--fixed",
+              "--quiet",
+              "-c",
+              pipe.c_str(),
+              "-o",
+              out.c_str(),
+              static_cast<char*>(nullptr));
+        _exit(127);
+    }
+
+    TempDir pipeFolder;
+    std::string pipe;
+    std::string err;
+};
+
+TEST_F(CancelTest, InterruptKeepsAnExistingFileAndLeavesNothing) {
+    Write("dungeon.esp", "kept");
+    EXPECT_EQ(RunSignalled(SIGINT, File("dungeon.esp")), 130);
+    EXPECT_EQ(Files(), Lines{"dungeon.esp"});
+    EXPECT_EQ(Read("dungeon.esp"), "kept");
+    EXPECT_EQ(Err().find("vaultry: cancelled, "), 0U) << Err();
+}
+
+TEST_F(CancelTest, TerminationIsACancellationToo) {
+    EXPECT_EQ(RunSignalled(SIGTERM, File("dungeon.esp")), 130);
+    EXPECT_EQ(Files(), Lines{});
+}
+
+} // namespace
+
+} // namespace Tarnex::Test
+
+#endif
