@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: MIT
+// Runs of random levels: names, progress, cancelling, levels given up, what is left afterwards.
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/gen/GenMgr.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <tests/gen/OpenRandom.h>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Info = RandomGenInfo;
+
+constexpr std::int32_t U = kUnit;
+
+constexpr const char* kGivingUp =
+    "Error : Generator : Internal:  Giving up.  Failed to connect rooms in layout.";
+
+class RandomRunTest : public LogTest {
+protected:
+    RandomRunTest() {
+        mgr.config.roomTileSets = {tiles};
+        mgr.defTileSet = tiles;
+        mgr.defTemplate = ToTemplate("c");
+        mgr.randomInfo.levelSize = Info::Tiny;
+        mgr.randomInfo.roomSpacing = Info::Tight;
+        mgr.jobStatus = &job;
+        SeedRandom(1);
+    }
+
+    Lines CellNames() const {
+        Lines names;
+        for (const auto& cell : mgr.mod.GetCells()) {
+            names.push_back(cell->GetName());
+        }
+        return names;
+    }
+
+    // Rooms of this set have neither walls nor anything else.
+    void UseBareTiles() {
+        bare->SetType("Room");
+        mgr.config.roomTileSets = {bare};
+        mgr.defTileSet = bare;
+    }
+
+    // Lets the full and the bare set alternate by chance, and finds a seed for which the levels
+    // that can be made are those of that name.
+    void SkipLevels(unsigned count, const Lines& made) {
+        bare->SetType("Room");
+        mgr.config.roomTileSets = {tiles, bare};
+        mgr.randomInfo.numLevels = count;
+        mgr.randomInfo.randomTileSet = true;
+        for (std::uint32_t seed = 0; seed < 2000; ++seed) {
+            Logger::ResetErrors();
+            job.events.clear();
+            SeedRandom(seed);
+            mgr.Generate("Crypt", false);
+            if (CellNames() == made) {
+                return;
+            }
+        }
+        FAIL() << "no seed skips these levels";
+    }
+
+    // Whether any layout of a run still holds a tile of the set.
+    static bool IsHeld(const TileSet& set) {
+        static constexpr std::array kinds = {"CornerNW", "WallN", "WallE", "Center", "HallNS"};
+        return std::ranges::any_of(kinds,
+                                   [&set](const char* kind) { return set.Get(kind)->isShared(); });
+    }
+
+    Job job;
+    GenMgr mgr;
+    DiPtr<TileSet> tiles = MakeFullTileSet();
+    DiPtr<TileSet> bare = MakeDi<TileSet>();
+};
+
+TEST_F(RandomRunTest, SeveralLevelsAreNumbered) {
+    mgr.randomInfo.numLevels = 3;
+    EXPECT_EQ(mgr.Generate("Crypt", false), ModResult::Written);
+    EXPECT_EQ(CellNames(), (Lines{"Crypt, Level 1", "Crypt, Level 2", "Crypt, Level 3"}));
+    EXPECT_EQ(mgr.cellName, "Crypt, Level 3");
+}
+
+TEST_F(RandomRunTest, NextRunStartsFromItsOwnName) {
+    mgr.randomInfo.numLevels = 2;
+    mgr.Generate("Crypt", false);
+    mgr.Generate("Mine", false);
+    EXPECT_EQ(CellNames(), (Lines{"Mine, Level 1", "Mine, Level 2"}));
+}
+
+TEST_F(RandomRunTest, CellOfASingleLevelHasNoName) {
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(CellNames(), Lines{""});
+    EXPECT_EQ(mgr.cellName, "");
+}
+
+TEST_F(RandomRunTest, CellOfASingleLevelIsNamedWhenAskedFor) {
+    mgr.SetNameSingleLevel(true);
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(CellNames(), Lines{"Crypt"});
+}
+
+TEST_F(RandomRunTest, SeveralLevelsAreNumberedWhetherOrNotASingleOneIsNamed) {
+    mgr.SetNameSingleLevel(true);
+    mgr.randomInfo.numLevels = 2;
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(CellNames(), (Lines{"Crypt, Level 1", "Crypt, Level 2"}));
+}
+
+TEST_F(RandomRunTest, WithoutLevelsThereAreNoCells) {
+    mgr.randomInfo.numLevels = 0;
+    EXPECT_EQ(mgr.Generate("Crypt", false), ModResult::Written);
+    EXPECT_EQ(CellNames(), Lines());
+    EXPECT_EQ(job.events, (Lines{"Generating Layouts", "Adding Content"}));
+}
+
+TEST_F(RandomRunTest, LevelIsGivenUpAfterThreeAttempts) {
+    UseBareTiles();
+    Draws attempts;
+    {
+        const DrawLog draws;
+        OpenRandom gen(mgr);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_FALSE(gen.MainLayout(DiPos(2, 2, 0)));
+        }
+        attempts = draws.Bounds();
+    }
+    SeedRandom(1);
+    const DrawLog draws;
+    EXPECT_EQ(mgr.Generate("Crypt", false), ModResult::Written);
+    EXPECT_EQ(draws.Bounds(), attempts);
+    EXPECT_EQ(CellNames(), Lines());
+    EXPECT_EQ(ErrorLines(), Lines{kGivingUp});
+    EXPECT_EQ(job.events, (Lines{"Generating Layouts", "Adding Content"}));
+}
+
+TEST_F(RandomRunTest, SkippedLevelKeepsItsNumber) {
+    SkipLevels(3, {"Crypt, Level 1", "Crypt, Level 3"});
+    EXPECT_EQ(ErrorLines(), Lines{kGivingUp});
+    EXPECT_EQ(job.events, (Lines{"Generating Layouts", "step", "step", "Adding Content"}));
+}
+
+TEST_F(RandomRunTest, LevelAfterASkippedOneCanBeTheFirst) {
+    SkipLevels(2, {"Crypt, Level 2"});
+    EXPECT_EQ(ErrorLines(), Lines{kGivingUp});
+}
+
+TEST_F(RandomRunTest, LastLevelCanBeSkipped) {
+    SkipLevels(2, {"Crypt, Level 1"});
+    EXPECT_EQ(job.events, (Lines{"Generating Layouts", "step", "Adding Content"}));
+}
+
+TEST_F(RandomRunTest, ProgressIsAStepPerLevel) {
+    mgr.randomInfo.numLevels = 3;
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(job.events, (Lines{"Generating Layouts", "step", "step", "step", "Adding Content"}));
+    EXPECT_EQ(job.GetPos(), 3);
+    // Once before each level and once before the file would be written.
+    EXPECT_EQ(job.polls, 4);
+}
+
+TEST_F(RandomRunTest, RunWorksWithoutAJobStatus) {
+    mgr.SetJobStatus(nullptr);
+    mgr.randomInfo.numLevels = 2;
+    EXPECT_EQ(mgr.Generate("Crypt", false), ModResult::Written);
+    EXPECT_EQ(CellNames().size(), 2U);
+}
+
+TEST_F(RandomRunTest, CancellingBeforeALevelLeavesNothing) {
+    mgr.randomInfo.numLevels = 3;
+    const std::string file = dir.File("out.esp");
+    for (int granted = 0; granted < 3; ++granted) {
+        SCOPED_TRACE(granted);
+        job = Job();
+        job.granted = granted;
+        EXPECT_EQ(mgr.CreateMod(file.c_str(), "Crypt", false), ModResult::Canceled);
+        Lines events = {"Generating Layouts"};
+        events.resize(1 + static_cast<std::size_t>(granted), "step");
+        EXPECT_EQ(job.events, events);
+        EXPECT_EQ(CellNames(), Lines());
+        EXPECT_FALSE(std::filesystem::exists(file));
+        EXPECT_FALSE(IsHeld(*tiles));
+        EXPECT_TRUE(ErrorLines().empty());
+    }
+}
+
+TEST_F(RandomRunTest, CancellingAfterTheLastLevelWritesNoFile) {
+    mgr.randomInfo.numLevels = 3;
+    job.granted = 3;
+    const std::string file = dir.File("out.esp");
+    EXPECT_EQ(mgr.CreateMod(file.c_str(), "Crypt", false), ModResult::Canceled);
+    EXPECT_EQ(job.events.back(), "Adding Content");
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST_F(RandomRunTest, CancelledRunLeavesAnEarlierFileAlone) {
+    job.granted = 0;
+    const std::string file = dir.Write("out.esp", "as it was");
+    EXPECT_EQ(mgr.CreateMod(file.c_str(), "Crypt", false), ModResult::Canceled);
+    EXPECT_EQ(ReadFile(file), "as it was");
+}
+
+TEST_F(RandomRunTest, LayoutsGoWithTheRun) {
+    EXPECT_FALSE(IsHeld(*tiles));
+    const DiPtr<LayoutTemplate> plan = ToTemplate("NW wN NE\nSW wS SE");
+    plan->AddChild(ToTemplate("c c"));
+    mgr.config.roomLayouts = {plan};
+    mgr.randomInfo.numLevels = 3;
+    bool held = false;
+    job.onText = [&](const std::string& text) {
+        held = text == "Adding Content" && IsHeld(*tiles);
+    };
+    mgr.Generate("Crypt", false);
+    EXPECT_TRUE(held);
+    EXPECT_FALSE(IsHeld(*tiles));
+}
+
+TEST_F(RandomRunTest, LayoutsOfFailedAttemptsGoToo) {
+    // Parts of rooms without walls: the rooms cannot be joined.
+    Tile floor;
+    floor.kindName = "Center";
+    bare->Set(floor);
+    UseBareTiles();
+    const DiPtr<LayoutTemplate> plan = ToTemplate("c c c");
+    plan->AddChild(ToTemplate("c c"));
+    mgr.config.roomLayouts = {plan};
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(ErrorLines(), Lines{kGivingUp});
+    EXPECT_FALSE(bare->Get("Center")->isShared());
+}
+
+TEST_F(RandomRunTest, EachLevelIsWrittenWithItsOwnTileSet) {
+    const DiPtr<TileSet> cave = MakeFullTileSet("Cave", 512);
+    cave->Get("CornerNW")->id = "cave_corner";
+    mgr.config.caveTileSets = {cave};
+    mgr.randomInfo.numLevels = 2;
+    mgr.randomInfo.randomTileSet = true;
+    const auto corners = [](const Cell& cell, std::string_view id) {
+        return std::ranges::count(cell.GetRefs(), id, &Ref::GetName);
+    };
+    // The caves, listed first, come second: that takes a draw above 0.7 on the second level.
+    for (std::uint32_t seed = 0; seed < 200; ++seed) {
+        SeedRandom(seed);
+        mgr.Generate("Crypt", false);
+        const auto& cells = mgr.mod.GetCells();
+        ASSERT_EQ(cells.size(), 2U);
+        if (corners(*cells[0], "CornerNW") > 0 && corners(*cells[1], "cave_corner") > 0) {
+            EXPECT_EQ(corners(*cells[0], "cave_corner"), 0);
+            EXPECT_EQ(corners(*cells[1], "CornerNW"), 0);
+            EXPECT_EQ(mgr.defTileSet, cave);
+            return;
+        }
+    }
+    FAIL() << "no seed gives a room level and then a cave level";
+}
+
+TEST_F(RandomRunTest, DoorsThenThemesOfTheFirstLevelThenOfTheSecond) {
+    const DiPtr<Theme> theme = MakeTheme("Plain", {});
+    theme->level = 1;
+    mgr.config.themes = {theme};
+    mgr.randomInfo.randomTheme = true;
+    mgr.randomInfo.numLevels = 2;
+    std::optional<DrawLog> draws;
+    job.onText = [&draws](const std::string& text) {
+        if (text == "Adding Content") {
+            draws.emplace();
+        }
+    };
+    mgr.Generate("Crypt", false);
+    ASSERT_TRUE(draws);
+    const Draws& bounds = draws->Bounds();
+    ASSERT_GE(bounds.size(), 4U);
+    EXPECT_GT(bounds[0], 1); // the walls of the second level
+    EXPECT_GT(bounds[1], 1); // the walls of the first level
+    EXPECT_EQ(bounds[2], 1); // the first level chooses a theme anyway
+    EXPECT_EQ(bounds[3], U); // the second may keep it
+    EXPECT_EQ(mgr.defTheme, theme);
+}
+
+TEST_F(RandomRunTest, FirstLevelMadeChoosesItsThemesAnywayWhateverItsNumber) {
+    const DiPtr<Theme> theme = MakeTheme("Plain", {});
+    theme->level = 1;
+    mgr.config.themes = {theme};
+    mgr.randomInfo.randomTheme = true;
+    std::optional<DrawLog> draws;
+    job.onText = [&draws](const std::string& text) {
+        draws.reset();
+        if (text == "Adding Content") {
+            draws.emplace();
+        }
+    };
+    SkipLevels(2, {"Crypt, Level 2"});
+    ASSERT_TRUE(draws);
+    EXPECT_EQ(draws->Bounds(), (Draws{1}));
+}
+
+TEST_F(RandomRunTest, EachLevelFillsItsOwnContainers) {
+    auto chest = MakeDi<ContentTemplate>();
+    chest->contentKind = "Container";
+    chest->uniqueName = "chest";
+    mgr.config.contentMgr->Add(chest);
+    ItemSpec some;
+    some.type = "Container";
+    some.minimum = 2;
+    some.maximum = 2;
+    mgr.defTheme = MakeTheme("Plain", {some});
+    mgr.randomInfo.numLevels = 3;
+    OpenRandom gen(mgr);
+    gen.Gen();
+    EXPECT_EQ(mgr.mod.GetContainers().size(), 6U);
+    ASSERT_EQ(gen.containers.size(), 2U);
+    EXPECT_EQ(gen.containers.back(), mgr.mod.GetContainers().back());
+}
+
+TEST_F(RandomRunTest, WhatARunLeavesIsWhereTheNextOneStarts) {
+    const DiPtr<TileSet> cave = MakeFullTileSet("Cave");
+    mgr.config.roomTileSets.clear();
+    mgr.config.caveTileSets = {cave};
+    mgr.randomInfo.randomTileSet = true;
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(mgr.defTileSet, cave);
+    mgr.randomInfo.randomTileSet = false;
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(mgr.defTileSet, cave);
+}
+
+} // namespace
+
+} // namespace Tarnex::Test
