@@ -90,7 +90,7 @@ TEST_F(GenerateTest, SameSeedAndStampGiveTheSameBytes) {
     EXPECT_EQ(Generate({"--seed", "7", "--stamp", "5", "-o", "a.esp"}).status, 0);
     EXPECT_EQ(Generate({"--seed", "7", "--stamp", "5", "-o", "b.esp"}).status, 0);
     EXPECT_TRUE(Contains(Read("a.esp"), "Ctr5_1"));
-    EXPECT_EQ(Read("a.esp"), Read("b.esp"));
+    EXPECT_TRUE(Read("a.esp") == Read("b.esp"));
 }
 
 TEST_F(GenerateTest, ClosingLineNamesSeedAndStamp) {
@@ -113,7 +113,7 @@ TEST_F(GenerateTest, SeedOfTheClosingLineRepeatsTheRun) {
     ASSERT_NE(place, std::string::npos);
     const std::string seed = first.err.substr(place + 5, first.err.find(',', place) - place - 5);
     EXPECT_EQ(Generate({"--stamp", "1", "--seed", seed, "-o", "b.esp"}).status, 0);
-    EXPECT_EQ(Read("a.esp"), Read("b.esp"));
+    EXPECT_TRUE(Read("a.esp") == Read("b.esp"));
 }
 
 TEST_F(GenerateTest, QuietSaysNothingOfSuccess) {
@@ -255,7 +255,7 @@ TEST_F(GenerateTest, JsonNamesSeedAndStampThatNobodyGave) {
     const std::string seed = std::to_string(first["seed"].get<std::uint32_t>());
     const std::string stamp = std::to_string(first["stamp"].get<std::int64_t>());
     EXPECT_EQ(Generate({"--seed", seed, "--stamp", stamp, "-o", "b.esp"}).status, 0);
-    EXPECT_EQ(Read("a.esp"), Read("b.esp"));
+    EXPECT_TRUE(Read("a.esp") == Read("b.esp"));
 }
 
 TEST_F(GenerateTest, JsonKeepsErrorsAndWarningsApart) {

@@ -76,13 +76,8 @@ TEST_F(OutputTest, RefusesToReplaceADevice) {
 // The limit on the size of files stands for a full disk.
 TEST_F(OutputTest, FullDiskKeepsAnExistingFileAndSaysSo) {
     Write("dungeon.esp", "kept");
-    const Outcome outcome =
-        RunAfter("trap '' XFSZ && ulimit -f 1",
-                 {"generate",
-                  "-c",
-                  std::string(VAULTRY_SOURCE_DIR) + "/tests/golden/configs/rooms_full.xml",
-                  "--fixed",
-                  "--quiet"});
+    const Outcome outcome = RunAfter("trap '' XFSZ && ulimit -f 1",
+                                     {"generate", "-c", smallConfig, "--fixed", "--quiet"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(Files(), Lines{"dungeon.esp"});
     EXPECT_EQ(Read("dungeon.esp"), "kept");

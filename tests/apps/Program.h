@@ -24,7 +24,7 @@ struct Outcome {
 class ProgramTest : public ::testing::Test {
 private:
     TempDir folder;
-    TempDir kept; // configurations and captured output
+    TempDir kept; // the configurations, which need it made first, and captured output
 
 protected:
     ProgramTest();
