@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/ConfigReader.h>
+
 #include <vaultry/catalogue/MemoryBudget.h>
 
 #include <vaultry/catalogue/ConfigLoader.h>

@@ -23,6 +23,7 @@ public:
         Acquire(ptr);
     }
 
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): the pointer below is compared
     DiPtr& operator=(const DiPtr& other) { return *this = other.ptr; }
 
     DiPtr& operator=(DiPtr&& other) noexcept {
@@ -48,6 +49,7 @@ public:
     explicit operator bool() const noexcept { return ptr != nullptr; }
 
     friend bool operator==(const DiPtr& a, const DiPtr& b) noexcept { return a.ptr == b.ptr; }
+    friend bool operator==(const DiPtr& a, const T* b) noexcept { return a.ptr == b; }
     friend bool operator==(const DiPtr& a, std::nullptr_t) noexcept { return a.ptr == nullptr; }
 
 private:

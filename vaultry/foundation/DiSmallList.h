@@ -31,15 +31,16 @@ public:
     DiPtr<T>& back() { return *(end() - 1); }
     const DiPtr<T>& back() const { return *(end() - 1); }
 
-    void push_back(const DiPtr<T>& handle) {
+    // By value: the handle may be one of the list's own.
+    void push_back(DiPtr<T> handle) {
         if (count < N) {
-            inPlace[count] = handle;
+            inPlace[count] = std::move(handle);
         } else {
             if (count == N) {
                 many.assign(inPlace.begin(), inPlace.end());
                 inPlace = {};
             }
-            many.push_back(handle);
+            many.push_back(std::move(handle));
         }
         ++count;
     }

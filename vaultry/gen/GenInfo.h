@@ -12,6 +12,8 @@
 
 namespace Tarnex {
 
+class LevelObserver;
+
 /// Everything a generator needs. Every generator holds a reference to it; what a run leaves in it
 /// (tile set, themes) is where the next run starts.
 struct VAULTRY_API GenInfo {
@@ -29,6 +31,7 @@ struct VAULTRY_API GenInfo {
     /// Give the cell of a single random level the name asked for; without it that cell has the
     /// empty name.
     bool nameSingleLevel = false;
+    LevelObserver* levelObserver = nullptr; ///< the caller's, not owned; may be null
     RunReport report; ///< what the last run came to; written by the generators
 
     GenInfo() = default;

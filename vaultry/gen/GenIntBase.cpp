@@ -4,6 +4,7 @@
 
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
+#include <vaultry/gen/LevelObserver.h>
 #include <vaultry/gen/WorldPlace.h>
 #include <vaultry/layout/ElmtKind.h>
 
@@ -120,6 +121,12 @@ void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point
     }
     for (const DiPtr<Layout>& child : layout.GetChildren()) {
         LayoutToCell(target, *child, offset + child->GetOffset());
+    }
+}
+
+void GenIntBase::ShowLevel(const Layout& layout, const LevelReport* report) const {
+    if (info.levelObserver != nullptr) {
+        info.levelObserver->LevelFinished({layout, *cell, *tileSet, report});
     }
 }
 

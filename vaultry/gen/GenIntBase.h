@@ -66,6 +66,9 @@ protected:
                       const DiPos& pos,
                       const Di3Point& offset) const;
 
+    /// Shows the finished cell to the observer, if there is one.
+    void ShowLevel(const Layout& layout, const LevelReport* report) const;
+
     // Platforms.
 
     /// Raises a platform, chosen by chance from the configuration, along every wall.

@@ -96,7 +96,7 @@ DiPos GenIntRandom::FindElmt(const Layout& layout, TileType type) const {
 }
 
 DiPtr<GridElmt> GenIntRandom::AddTeleDoor(Layout& layout, const DiPos& pos) const {
-    const DiPtr<GridElmt> elmt =
+    const DiPtr<GridElmt>& elmt =
         layout.GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x));
     if (!elmt) {
         return nullptr;

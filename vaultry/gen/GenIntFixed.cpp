@@ -19,6 +19,7 @@ void GenIntFixed::Gen() {
     AddContents(layout);
     LayoutToCell(*cell, layout, Di3Point());
     AddCtrTreasure(containers);
+    ShowLevel(layout, nullptr);
 }
 
 } // namespace Tarnex

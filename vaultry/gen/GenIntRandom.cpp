@@ -142,10 +142,12 @@ void GenIntRandom::Gen() {
     }
     Report("Adding Content");
     AddTeleportingDoors(levels.All());
-    bool first = true;
-    for (const DiPtr<Layout>& level : levels.All()) {
-        FinishLevel(*level, first);
-        first = false;
+    auto level = levels.All().begin();
+    for (const LevelReport& report : info.report.levels) {
+        if (report.made) {
+            FinishLevel(**level, report, level == levels.All().begin());
+            ++level;
+        }
     }
 }
 
@@ -200,7 +202,7 @@ void GenIntRandom::NameLevel(Layout& level,
     }
 }
 
-void GenIntRandom::FinishLevel(Layout& level, bool first) {
+void GenIntRandom::FinishLevel(Layout& level, const LevelReport& report, bool first) {
     tileSet = level.GetTileSet();
     info.defTileSet = tileSet;
     containers.clear();
@@ -210,6 +212,7 @@ void GenIntRandom::FinishLevel(Layout& level, bool first) {
     AddContents(level);
     LayoutToCell(*cell, level, Di3Point());
     AddCtrTreasure(containers);
+    ShowLevel(level, &report);
 }
 
 void GenIntRandom::InitRoomGridSize(DiPos& size) const {
@@ -224,7 +227,7 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& repor
     RoomInfo rooms(size);
     CreateRooms(rooms);
     SpaceRooms(rooms);
-    const DiPtr<Layout> main =
+    DiPtr<Layout> main =
         Layout::Create(DiPos(static_cast<std::int32_t>(rooms.GetTotalWidth()) + kSpareCells,
                              static_cast<std::int32_t>(rooms.GetTotalHeight()) + kSpareCells,
                              0));

@@ -67,7 +67,7 @@ private:
     bool MakeLayouts(LayoutOwner& levels);
     DiPtr<Layout> TryMainLayout(const DiPos& size, LevelReport& report);
     void NameLevel(Layout& level, const std::string& baseName, std::uint32_t number) const;
-    void FinishLevel(Layout& level, bool first);
+    void FinishLevel(Layout& level, const LevelReport& report, bool first);
     void ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const;
     void CloseDoorway(GridElmt& elmt, TileDirT facing) const;
 };

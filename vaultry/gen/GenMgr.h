@@ -76,6 +76,8 @@ public:
     void SetRandomInfo(const RandomGenInfo& parameters) { randomInfo = parameters; }
     /// The pointer is kept, not owned; null is allowed.
     void SetJobStatus(JobStatus* status) { jobStatus = status; }
+    /// Shown every finished level; the pointer is kept, not owned; null is allowed.
+    void SetLevelObserver(LevelObserver* observer) { levelObserver = observer; }
     /// The master file that the plug-in names; see FileHeader::SetMasterFile.
     void SetMasterFile(const char* name, std::uint32_t size) { mod.SetMasterFile(name, size); }
     void SetAddPlatforms(bool add) { addPlatforms = add; }

@@ -5,6 +5,10 @@
 
 namespace Tarnex {
 
+std::size_t LevelReport::ReachableRooms() const {
+    return static_cast<std::size_t>(std::ranges::count_if(rooms, &RoomReport::reachable));
+}
+
 bool RunReport::AreLevelsLinked() const {
     bool isFirst = true;
     for (const LevelReport& level : levels) {

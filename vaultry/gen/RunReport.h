@@ -18,23 +18,31 @@ struct FailedHall {
     DiPos to;
 };
 
+/// One room of a random level.
+struct RoomReport {
+    DiPos slot;             ///< in the level's room grid (x the column, y the row, from 0)
+    DiPos origin;           ///< its north-western cell in the level [cells]
+    DiPos size;             ///< without its raised and lowered parts [cells]
+    bool reachable = false; ///< from the first room, through openings that face each other
+};
+
 /// One level of a random run.
 struct VAULTRY_API LevelReport {
-    std::uint32_t number = 0;         ///< from 1; a level that was given up keeps its number
-    std::string name;                 ///< of its cell
-    bool made = false;                ///< false: given up, there is no cell
-    std::uint32_t attempts = 0;       ///< floor plans tried
-    DiPos roomGrid;                   ///< slots for rooms (x columns, y rows)
-    DiPos size;                       ///< of the level [cells]
-    std::uint32_t rooms = 0;          ///< of a level that was made
-    std::uint32_t reachableRooms = 0; ///< from the first, through openings that face each other
-    std::uint32_t openEnds = 0;       ///< openings of halls and doorways that lead nowhere
-    bool linked = false;              ///< a pair of teleporting doors joins it to the level before
+    std::uint32_t number = 0;      ///< from 1; a level that was given up keeps its number
+    std::string name;              ///< of its cell
+    bool made = false;             ///< false: given up, there is no cell
+    std::uint32_t attempts = 0;    ///< floor plans tried
+    DiPos roomGrid;                ///< slots for rooms (x columns, y rows)
+    DiPos size;                    ///< of the level [cells]
+    std::vector<RoomReport> rooms; ///< of a level that was made, row by row
+    std::uint32_t openEnds = 0;    ///< openings of halls and doorways that lead nowhere
+    bool linked = false;           ///< a pair of teleporting doors joins it to the level before
     /// The halls that could not be carved: of the last floor plan when the level was given up,
     /// at most one otherwise.
     std::vector<FailedHall> failedHalls;
 
-    bool IsWalkable() const { return made && reachableRooms == rooms; }
+    std::size_t ReachableRooms() const;
+    bool IsWalkable() const { return made && ReachableRooms() == rooms.size(); }
 };
 
 /// All levels of a random run, in order; empty for a fixed interior.

@@ -20,6 +20,10 @@ bool HasSide(SideBits sides, TileDirT side) {
     return (sides >> static_cast<unsigned>(side) & 1U) != 0;
 }
 
+DiPos OriginOf(const Layout& layout) {
+    return {TruncToInt(layout.GetOffset().x), TruncToInt(layout.GetOffset().y), 0};
+}
+
 // The level as one walks it: for each cell the sides across which one can leave it, and those of
 // halls and doorways that must lead somewhere.
 class WalkMap {
@@ -29,9 +33,8 @@ public:
           cells(main.GetWidth() * std::size_t{main.GetHeight()}) {
         AddGrid(main, DiPos());
         for (const DiPtr<Layout>& part : main.GetChildren()) {
-            const Di3Point& at = part->GetOffset();
-            if (std::abs(at.z) <= kSameFloor) {
-                AddGrid(*part, DiPos(TruncToInt(at.x), TruncToInt(at.y), 0));
+            if (std::abs(part->GetOffset().z) <= kSameFloor) {
+                AddGrid(*part, OriginOf(*part));
             }
         }
     }
@@ -110,7 +113,7 @@ private:
 
     template <typename Visitor>
     static void ForEachCell(const Layout& room, const Visitor& visit) {
-        const DiPos origin(TruncToInt(room.GetOffset().x), TruncToInt(room.GetOffset().y), 0);
+        const DiPos origin = OriginOf(room);
         for (std::uint32_t row = 0; row < room.GetHeight(); ++row) {
             for (std::uint32_t col = 0; col < room.GetWidth(); ++col) {
                 if (room.HasTiles(row, col)) {
@@ -151,15 +154,19 @@ private:
 void JudgeWalkability(LevelReport& report, const Layout& main, const RoomInfo& rooms) {
     WalkMap map(main);
     const auto list = rooms.GetRoomList();
-    report.rooms = static_cast<std::uint32_t>(list.size());
     report.openEnds = map.CountOpenEnds();
-    report.reachableRooms = 0;
+    report.rooms.clear();
     if (list.empty()) {
         return;
     }
     map.WalkFrom(*list.front());
-    report.reachableRooms = static_cast<std::uint32_t>(std::ranges::count_if(
-        list, [&map](const DiPtr<Layout>& room) { return map.IsReached(*room); }));
+    for (const DiPtr<Layout>& room : list) {
+        RoomReport& entry = report.rooms.emplace_back();
+        entry.slot = rooms.GetLogicalRoomPos(*room);
+        entry.origin = OriginOf(*room);
+        entry.size = room->GetSize();
+        entry.reachable = map.IsReached(*room);
+    }
 }
 
 } // namespace Tarnex

@@ -25,7 +25,8 @@ void GridElmt::AddContent(const DiPtr<ContentItem>& item) {
     }
 }
 
-void GridElmt::ReplaceTiles(const DiPtr<Tile>& tile) {
+// By value: the tile may be the element's own.
+void GridElmt::ReplaceTiles(DiPtr<Tile> tile) {
     tiles.clear();
     AddTile(tile);
 }

@@ -43,7 +43,7 @@ public:
     /// Appends content; null is ignored.
     void AddContent(const DiPtr<ContentItem>& item);
     /// Drops all tiles and appends this one; null leaves the element without tiles.
-    void ReplaceTiles(const DiPtr<Tile>& tile);
+    void ReplaceTiles(DiPtr<Tile> tile);
 
     /// True when some tile has that kind name, without regard to case.
     bool HasTile(std::string_view kindName) const;

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// Looking at finished levels, for maps and statistics.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+#include <vaultry/gen/RunReport.h>
+#include <vaultry/layout/Layout.h>
+#include <vaultry/output/Cell.h>
+
+namespace Tarnex {
+
+/// A level as it stands when its cell is complete. Everything referred to lives until the call
+/// ends: layouts are gone when the run is over.
+struct FinishedLevel {
+    const Layout& layout; ///< with contents, doors and platforms
+    const Cell& cell;
+    const TileSet& tileSet;
+    const LevelReport* report; ///< null for a fixed interior
+};
+
+/// Receives every finished level of a run, in order. A front end derives from it and hands it to
+/// GenMgr::SetLevelObserver.
+class VAULTRY_API LevelObserver {
+public:
+    virtual ~LevelObserver();
+    virtual void LevelFinished(const FinishedLevel& level) = 0;
+};
+
+} // namespace Tarnex
