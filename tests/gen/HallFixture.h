@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// A level with rooms, and hall carving with all its parts in reach.
+#pragma once
+
+#include <vaultry/gen/GenHallway.h>
+
+#include <string>
+#include <tests/support/Draws.h>
+#include <tests/support/LogTest.h>
+#include <tests/support/TextGrid.h>
+#include <vector>
+
+namespace Tarnex::Test {
+
+/// The carver, with what is protected published.
+class Halls : public GenHallway {
+public:
+    using GenHallway::GenHallway;
+
+    using GenHallBase::CanInPlaceCvt;
+    using GenHallBase::FindCenter;
+    using GenHallBase::FindForDoorway;
+    using GenHallBase::FindForDoorwayE;
+    using GenHallBase::FindForDoorwayN;
+    using GenHallBase::FindForDoorwayS;
+    using GenHallBase::FindForDoorwayW;
+    using GenHallBase::IsCenter;
+    using GenHallBase::IsCorner;
+    using GenHallBase::IsDoorway;
+    using GenHallBase::IsHall;
+    using GenHallBase::IsSafeForDoor;
+    using GenHallBase::IsWall;
+    using GenHallBase::PosToRoom;
+    using GenHallBase::S_LogSrc;
+
+    using GenHallway::AltDest;
+    using GenHallway::CheckFinished;
+    using GenHallway::ConnectRooms;
+    using GenHallway::CvtElmt;
+    using GenHallway::CvtToDoorway;
+    using GenHallway::GetBlockedDir;
+    using GenHallway::LeaveRoom;
+    using GenHallway::NextStep;
+    using GenHallway::Place4Way;
+    using GenHallway::Prep;
+    using GenHallway::RandomDest;
+    using GenHallway::ReverseDir;
+    using GenHallway::TrueDest;
+
+    using GenHallway::blocked;
+    using GenHallway::curTile;
+    using GenHallway::curXY;
+    using GenHallway::destRoom;
+    using GenHallway::destXY;
+    using GenHallway::finished;
+    using GenHallway::history;
+    using GenHallway::insideRoom;
+    using GenHallway::sourceRoom;
+};
+
+/// The smallest room with a wall on each side, so that each side offers one doorway.
+inline constexpr std::string_view kSmallRoom = R"(
+    NW wN NE
+    wW c  wE
+    SW wS SE)";
+
+inline DiPos At(int x, int y) {
+    return {x, y, 0};
+}
+
+inline std::string Show(const DiPos& pos) {
+    return std::to_string(pos.x) + "," + std::to_string(pos.y);
+}
+
+class HallTest : public LogTest {
+protected:
+    HallTest() { info.defTileSet = tiles; }
+    ~HallTest() override {
+        if (level) {
+            level->Dissolve();
+        }
+    }
+
+    /// Starts with a level that looks like the map.
+    void Level(std::string_view map) {
+        level = ToLayout(map, *tiles);
+        halls = MakeDi<Halls>(info, *level, rooms);
+    }
+    /// Starts with an empty level.
+    void Level(int width, int height) {
+        level = Layout::Create(DiPos(width, height, 1));
+        halls = MakeDi<Halls>(info, *level, rooms);
+    }
+
+    /// Files a room that is no part of the level's own cells.
+    DiPtr<Layout> RoomApart(int slotRow, int slotCol, int x, int y, std::string_view map) {
+        const DiPtr<Layout> room = ToLayout(map, *tiles);
+        room->SetOffset(Di3Point(static_cast<float>(x), static_cast<float>(y), 0.0F));
+        rooms.SetLayout(room, slotRow, slotCol);
+        return room;
+    }
+    /// Files a room and drops it into the level with its north-west cell at (x, y).
+    DiPtr<Layout> Room(int slotRow, int slotCol, int x, int y, std::string_view map = kSmallRoom) {
+        const DiPtr<Layout> room = RoomApart(slotRow, slotCol, x, y, map);
+        level->AddContents(*room);
+        return room;
+    }
+
+    /// Makes the carver use a set of these kinds and of what follows from them.
+    void UseTiles(const std::vector<std::string_view>& kinds) {
+        info.defTileSet = MakeDi<TileSet>();
+        for (const std::string_view kind : kinds) {
+            Tile tile;
+            tile.kindName = TileKindName(kind);
+            info.defTileSet->Set(tile);
+        }
+    }
+
+    void Put(const DiPos& pos, std::string_view cell) {
+        level->SetElmt(ToElmt(cell, *tiles), pos.y, pos.x);
+    }
+    const DiPtr<GridElmt>& Elmt(const DiPos& pos) const {
+        return level->GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x));
+    }
+    std::string Cell(const DiPos& pos) const { return ToText(Elmt(pos)); }
+    std::string Grid() const { return ToText(*level); }
+
+    DiPtr<TileSet> tiles = MakeFullTileSet();
+    GenInfo info;
+    RoomInfo rooms{DiPos(5, 5, 1)};
+    DiPtr<Layout> level;
+    DiPtr<Halls> halls;
+};
+
+} // namespace Tarnex::Test
