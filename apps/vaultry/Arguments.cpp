@@ -36,6 +36,17 @@ constexpr const char* kListExample = "Example:\n"
                                      "  vaultry list -c my.xml --json";
 constexpr const char* kConfigExample = "Example:\n"
                                        "  vaultry config caves > my.xml";
+constexpr const char* kInspectExample =
+    "Exit status: 0 nothing is wrong, 1 there are findings, 2 no plug-in.\n"
+    "\n"
+    "Examples:\n"
+    "  vaultry inspect crypt.esp\n"
+    "  vaultry inspect crypt.esp --refs | less\n"
+    "  vaultry inspect crypt.esp --json > crypt.json";
+constexpr const char* kDiffExample = "Exit status: 0 the same, 1 differences, 2 no plug-in.\n"
+                                     "\n"
+                                     "Example:\n"
+                                     "  vaultry diff before.esp after.esp";
 
 std::string Joined(const std::vector<std::string>& words) {
     std::string text;
@@ -203,6 +214,8 @@ struct Verbs {
     GenerateOptions generate;
     ListOptions list;
     ConfigOptions config;
+    InspectOptions inspect;
+    DiffOptions diff;
 
     void Declare(CLI::App& app) {
         CLI::App& make =
@@ -221,6 +234,18 @@ struct Verbs {
 
         CLI::App& print = AddVerb(app, "config", "Prints a built-in configuration", kConfigExample);
         AddText(print, "name", config.name, "NAME", "Which one (default: default)");
+
+        CLI::App& look = AddVerb(
+            app, "inspect", "Tells what a plug-in holds and what is wrong", kInspectExample);
+        AddText(look, "plugin", inspect.plugin, "PLUGIN", "The plug-in")->required();
+        look.add_flag("--refs", inspect.refs, "Every reference, rotations in degrees");
+        look.add_flag("--json", inspect.json, "As JSON, with every reference");
+
+        CLI::App& compare =
+            AddVerb(app, "diff", "Tells in words how two plug-ins differ", kDiffExample);
+        AddText(compare, "a", diff.a, "A", "A plug-in")->required();
+        AddText(compare, "b", diff.b, "B", "The one to compare it with")->required();
+        compare.add_flag("--json", diff.json, "As JSON");
     }
 };
 
@@ -244,6 +269,12 @@ Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
     }
     if (app.got_subcommand("config")) {
         return std::move(verbs.config);
+    }
+    if (app.got_subcommand("inspect")) {
+        return std::move(verbs.inspect);
+    }
+    if (app.got_subcommand("diff")) {
+        return std::move(verbs.diff);
     }
     return NoVerb{app.help()};
 }

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/CommandLine.h"
 
+#include "apps/report/PluginLoad.h"
 #include "apps/vaultry/Arguments.h"
 #include "apps/vaultry/ConfigCommand.h"
+#include "apps/vaultry/DiffCommand.h"
 #include "apps/vaultry/ExitStatus.h"
 #include "apps/vaultry/GenerateCommand.h"
+#include "apps/vaultry/InspectCommand.h"
 #include "apps/vaultry/ListCommand.h"
 #include "apps/vaultry/UsageError.h"
 
@@ -24,6 +27,10 @@ struct Dispatch {
     ExitStatus operator()(const ConfigOptions& options) const {
         return RunConfig(options, console);
     }
+    ExitStatus operator()(const InspectOptions& options) const {
+        return RunInspect(options, console);
+    }
+    ExitStatus operator()(const DiffOptions& options) const { return RunDiff(options, console); }
     ExitStatus operator()(const PrintText& request) const {
         console.out << request.text;
         return ExitStatus::Success;
@@ -49,6 +56,9 @@ ExitStatus Run(const std::vector<std::string>& arguments, const Console& console
         const Request request = ParseArguments(arguments);
         return CheckOutput(std::visit(Dispatch{console}, request), console);
     } catch (const UsageError& e) {
+        console.Say(e.what());
+        return ExitStatus::Usage;
+    } catch (const Report::LoadError& e) {
         console.Say(e.what());
         return ExitStatus::Usage;
     } catch (const std::exception& e) {

@@ -49,6 +49,20 @@ struct ConfigOptions {
     std::string name = "default";
 };
 
+/// vaultry inspect
+struct InspectOptions {
+    std::string plugin; ///< a path
+    bool refs = false;  ///< show every reference
+    bool json = false;
+};
+
+/// vaultry diff
+struct DiffOptions {
+    std::string a; ///< a path
+    std::string b; ///< a path
+    bool json = false;
+};
+
 /// A text asked for, such as the help.
 struct PrintText {
     std::string text;
@@ -59,6 +73,12 @@ struct NoVerb {
     std::string help;
 };
 
-using Request = std::variant<GenerateOptions, ListOptions, ConfigOptions, PrintText, NoVerb>;
+using Request = std::variant<GenerateOptions,
+                             ListOptions,
+                             ConfigOptions,
+                             InspectOptions,
+                             DiffOptions,
+                             PrintText,
+                             NoVerb>;
 
 } // namespace Tarnex::Cli

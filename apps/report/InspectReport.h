@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// A plug-in in words and as JSON.
+#pragma once
+
+#include <vaultry/output/PluginFile.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace Tarnex::Report {
+
+/// What there is to say about one file. The plug-in and its findings must outlive it.
+struct Inspection {
+    std::string path; ///< as it was given [UTF-8]
+    const PluginFile& file;
+    const std::vector<PluginFinding>& findings; ///< see FindInconsistencies
+};
+
+/// Prints header, cells, containers and findings for people, in UTF-8; with `refs` every reference
+/// too.
+void PrintInspection(const Inspection& inspection, bool refs, std::ostream& out);
+
+/// Everything that was read and found, as one JSON object. A number that is not finite is null.
+std::string ToJson(const Inspection& inspection);
+
+} // namespace Tarnex::Report

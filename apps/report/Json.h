@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// What all JSON of the reports has in common.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+
+namespace Tarnex::Report {
+
+/// Keys stand in the order in which they are set.
+using Json = nlohmann::ordered_json;
+
+/// The number under "schema"; it grows when a key changes its meaning or goes.
+inline constexpr int kJsonSchema = 1;
+
+inline Json JsonHeader() {
+    return {{"schema", kJsonSchema}, {"version", VAULTRY_VERSION}};
+}
+
+/// Paths come from the command line as they are and may be no UTF-8.
+inline std::string JsonText(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+} // namespace Tarnex::Report

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Finding one's way in a plug-in: what is in it, by name, and sums over its cells.
+#pragma once
+
+#include <vaultry/output/PluginFile.h>
+
+#include <optional>
+#include <string_view>
+#include <unordered_set>
+
+namespace Tarnex::Report {
+
+/// The names of a plug-in's cells and containers, which the game compares without regard to case.
+class PluginIndex {
+public:
+    explicit PluginIndex(const PluginFile& file);
+
+    bool HasCell(std::string_view name) const;
+    bool HasContainer(std::string_view id) const;
+
+private:
+    std::unordered_set<std::string> cells;
+    std::unordered_set<std::string> containers;
+};
+
+/// Whether an identifier has the form that Vaultry gives to containers: "Ctr", digits, an
+/// underscore, digits.
+bool IsContainerId(std::string_view id);
+
+/// Whether an object's identifier speaks of a door, not of the wall around one. The file itself
+/// does not tell of what kind the objects are that it places.
+bool IsDoorId(std::string_view id);
+
+/// Whether all three numbers are finite.
+bool IsFinite(const Di3Point& point);
+
+/// The smallest box around positions. [world units]
+struct Bounds {
+    Di3Point low;
+    Di3Point high;
+};
+
+struct CellSummary {
+    std::optional<Bounds> bounds; ///< none without a reference at a finite position
+    std::uint64_t doors = 0;
+    std::uint64_t teleports = 0;
+    std::uint64_t containers = 0;
+};
+
+CellSummary Summarise(const PluginCell& cell, const PluginIndex& index);
+
+} // namespace Tarnex::Report

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/InspectCommand.h"
+
+#include "apps/report/InspectReport.h"
+#include "apps/report/PluginChecks.h"
+#include "apps/report/PluginLoad.h"
+
+namespace Tarnex::Cli {
+
+ExitStatus RunInspect(const InspectOptions& options, const Console& console) {
+    const Report::LoadedPlugin plugin = Report::LoadPlugin(options.plugin);
+    const std::vector<PluginFinding> findings = Report::FindInconsistencies(plugin.file);
+    const Report::Inspection inspection{plugin.path, plugin.file, findings};
+    if (options.json) {
+        console.out << Report::ToJson(inspection);
+    } else {
+        Report::PrintInspection(inspection, options.refs, console.out);
+    }
+    return findings.empty() ? ExitStatus::Success : ExitStatus::Failure;
+}
+
+} // namespace Tarnex::Cli
