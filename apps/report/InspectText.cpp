@@ -83,8 +83,7 @@ void PrintTeleports(const PluginCell& cell, const PluginIndex& index, std::ostre
                       "Leads to",
                       DestinationWords(*ref.destination, index) + ", at " +
                           PointWords(arrival.position) + " facing " +
-                          Number(Degrees(arrival.rotation.z)) + ", by reference " +
-                          std::to_string(ref.index));
+                          Number(Degrees(arrival.rotation.z)) + ", by reference " + RefNumber(ref));
         }
     }
 }
@@ -98,7 +97,7 @@ void PrintRefs(const PluginCell& cell, const PluginIndex& index, std::ostream& o
         if (ref.destination) {
             remark += "to " + DestinationWords(*ref.destination, index);
         }
-        table.Add({std::to_string(ref.index),
+        table.Add({RefNumber(ref),
                    Shown(ref.id),
                    Number(position.x),
                    Number(position.y),

@@ -110,8 +110,7 @@ void Checker::CheckCell(const PluginCell& cell) {
     CheckCount(cell, owner);
     std::unordered_set<std::uint32_t> numbers;
     for (const PluginRef& ref : cell.refs) {
-        const std::string refOwner =
-            owner + ", reference " + std::to_string(ref.index) + ' ' + Quoted(ref.id) + ':';
+        const std::string refOwner = owner + ", reference " + RefNumber(ref) + ' ' + Quoted(ref.id);
         if (!numbers.insert(ref.index).second) {
             Report(ref.offset, refOwner, "has the number of another");
         }

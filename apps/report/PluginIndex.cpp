@@ -80,6 +80,9 @@ bool IsFinite(const Di3Point& point) {
 CellSummary Summarise(const PluginCell& cell, const PluginIndex& index) {
     CellSummary summary;
     for (const PluginRef& ref : cell.refs) {
+        if (ref.deleted) {
+            continue;
+        }
         if (IsFinite(ref.place.position)) {
             Extend(summary.bounds, ref.place.position);
         }

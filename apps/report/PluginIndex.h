@@ -40,6 +40,7 @@ struct Bounds {
     Di3Point high;
 };
 
+/// What there is in a cell; references that are deleted do not count.
 struct CellSummary {
     std::optional<Bounds> bounds; ///< none without a reference at a finite position
     std::uint64_t doors = 0;

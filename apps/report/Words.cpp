@@ -70,6 +70,13 @@ std::string ExactNumber(float value) {
     return text == "-0" ? "0" : text;
 }
 
+std::string RefNumber(const PluginRef& ref) {
+    constexpr unsigned kMasterShift = 24;
+    const std::uint32_t master = ref.index >> kMasterShift;
+    const std::string number = std::to_string(ref.index & ((1U << kMasterShift) - 1));
+    return master == 0 ? number : std::to_string(master) + ':' + number;
+}
+
 double Degrees(float radians) {
     return static_cast<double>(radians) / kRadiansPerDegree;
 }

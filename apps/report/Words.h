@@ -25,6 +25,9 @@ std::string Number(double value, int decimals = 2);
 /// The shortest text that stands for exactly this value.
 std::string ExactNumber(float value);
 
+/// A reference's number: "7", or "2:7" for number 7 of the second master.
+std::string RefNumber(const PluginRef& ref);
+
 /// Radians as degrees.
 double Degrees(float radians);
 
