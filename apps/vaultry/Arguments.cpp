@@ -150,7 +150,8 @@ void AddNames(CLI::App& verb, GenerateOptions& options) {
         verb, "--treasure-theme", options.treasureTheme, kName, "The treasure (default: first)");
 }
 
-void AddRandom(CLI::App& verb, RandomGenInfo& random) {
+void AddRandom(CLI::App& verb, GenerateOptions& options) {
+    RandomGenInfo& random = options.random;
     AddNumber(
         verb, "--levels", "Levels, each a cell (default: 1)", 1, kMaxWord, Into(random.numLevels));
     AddNumber(verb,
@@ -177,6 +178,9 @@ void AddRandom(CLI::App& verb, RandomGenInfo& random) {
         "--random-creature-theme", random.randomCreatureTheme, "Choose the creatures by chance");
     verb.add_flag(
         "--random-treasure-theme", random.randomTreasureTheme, "Choose the treasure by chance");
+    verb.add_flag("--ensure-walkable",
+                  options.ensureWalkable,
+                  "Try further seeds until every room can be reached");
 }
 
 void AddRun(CLI::App& verb, GenerateOptions& options) {
@@ -225,7 +229,7 @@ struct Verbs {
         AddText(make, "-n,--cell", generate.cell, "NAME", "The cell (default: Vaultry Dungeon)");
         make.add_flag("--fixed", generate.fixed, "One cell from a layout instead of random levels");
         AddNames(make, generate);
-        AddRandom(make, generate.random);
+        AddRandom(make, generate);
         AddRun(make, generate);
 
         CLI::App& show = AddVerb(app, "list", "Names what a configuration offers", kListExample);

@@ -6,14 +6,14 @@
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/ConsoleStatus.h"
 #include "apps/vaultry/JsonReport.h"
+#include "apps/vaultry/LevelLines.h"
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/NameCheck.h"
 #include "apps/vaultry/OutputFile.h"
 #include "apps/vaultry/UsageError.h"
+#include "apps/vaultry/WalkableSearch.h"
 
 #include <vaultry/foundation/CodePage.h>
-#include <vaultry/foundation/Random.h>
-#include <vaultry/gen/ContainerIds.h>
 
 #include <ctime>
 #include <random>
@@ -45,6 +45,9 @@ void CheckFiles(const GenerateOptions& options, const ConfigSource& source) {
 void CheckText(const GenerateOptions& options) {
     if (options.cell.empty()) {
         throw UsageError("--cell: the name of the cell is empty");
+    }
+    if (options.ensureWalkable && options.fixed) {
+        throw UsageError("--ensure-walkable is for random levels, not for --fixed");
     }
     if (options.master && options.master->empty()) {
         throw UsageError("--master: the name of the master file is empty");
@@ -92,8 +95,6 @@ void ChooseNames(GenMgr& manager, const GenerateOptions& options) {
 }
 
 void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSource& source) {
-    SeedRandom(options.seed.value());
-    SetContainerStamp(options.stamp.value());
     source.Load(manager);
     ChooseNames(manager, options);
     const std::string master = FromUtf8(options.master.value_or(""));
@@ -116,20 +117,6 @@ void WarnOfNames(RunReport& report, const Console& console) {
     }
 }
 
-constexpr RunResult ResultOf(ModResult result) {
-    switch (result) {
-    case ModResult::Written:
-        return RunResult::Written;
-    case ModResult::Refused:
-        return RunResult::Refused;
-    case ModResult::Canceled:
-        return RunResult::Canceled;
-    case ModResult::NotWritten:
-        return RunResult::NotWritten;
-    }
-    return RunResult::NotWritten;
-}
-
 constexpr ExitStatus StatusOf(RunResult result) {
     switch (result) {
     case RunResult::Written:
@@ -139,9 +126,24 @@ constexpr ExitStatus StatusOf(RunResult result) {
     case RunResult::Refused:
     case RunResult::NotWritten:
     case RunResult::Strict:
+    case RunResult::Unwalkable:
         return ExitStatus::Failure;
     }
     return ExitStatus::Failure;
+}
+
+// What is wrong with a level is said even to those who want it quiet.
+void SayLevels(RunReport& report, const Console& console) {
+    for (const std::string& warning : LevelWarnings(report.levels)) {
+        report.warnings.push_back(warning);
+        console.Warn(warning);
+    }
+    if (report.options.quiet) {
+        return;
+    }
+    for (const std::string& line : LevelLines(report.levels)) {
+        console.Say(line);
+    }
 }
 
 // Generates into the temporary file and gives it its name only if nothing speaks against it.
@@ -150,8 +152,9 @@ public:
     Run(RunReport& runReport, const Console& runConsole)
         : report(runReport), console(runConsole), output(report.options.out) {}
 
-    void Generate(GenMgr& manager, const LibraryLog& log, const CancelSignals& signals) {
-        report.result = ResultOf(CreateMod(manager, signals));
+    void Generate(GenMgr& manager, LibraryLog& log, const CancelSignals& signals) {
+        log.StartTries();
+        report.result = CreateMod(manager, log, signals);
         report.errors = log.Errors();
         if (report.result != RunResult::Written) {
             return;
@@ -167,17 +170,19 @@ public:
     }
 
 private:
-    ModResult CreateMod(GenMgr& manager, const CancelSignals& signals) {
+    RunResult CreateMod(GenMgr& manager, LibraryLog& log, const CancelSignals& signals) {
         const GenerateOptions& options = report.options;
         const bool shown = console.errIsTerminal && !options.quiet;
         const std::uint32_t levels = options.fixed ? 1 : options.random.numLevels;
         ConsoleStatus status(shown ? &console.err : nullptr, signals, levels);
         manager.SetJobStatus(&status);
-        const std::string cell = FromUtf8(options.cell);
-        const ModResult result =
-            manager.CreateMod(output.TemporaryPath().c_str(), cell.c_str(), options.fixed);
+        const RunResult result = GenerateLevels(manager, report, log);
         manager.SetJobStatus(nullptr);
-        return result;
+        if (result != RunResult::Written) {
+            return result;
+        }
+        const ModResult written = manager.WriteMod(output.TemporaryPath().c_str());
+        return written == ModResult::Written ? RunResult::Written : RunResult::NotWritten;
     }
 
     void Commit() {
@@ -206,7 +211,7 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     Run run(report, console);
     CheckFiles(options, source);
     const CancelSignals signals;
-    const LibraryLog log(options.log);
+    LibraryLog log(options.log);
     GenMgr manager;
     try {
         Configure(manager, report.options, source);
@@ -218,6 +223,7 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     WarnOfNames(report, console);
     run.Generate(manager, log, signals);
     console.Show(report.errors);
+    SayLevels(report, console);
     // A failure is said even to those who want it quiet.
     if (!options.quiet || report.result != RunResult::Written) {
         console.Say(Summary(report));

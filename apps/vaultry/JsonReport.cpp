@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/JsonReport.h"
 
+#include <vaultry/foundation/CodePage.h>
+
 #include <nlohmann/json.hpp>
 
 namespace Tarnex::Cli {
@@ -50,6 +52,7 @@ Json OptionsJson(const GenerateOptions& options) {
         {"random-theme", random.randomTheme},
         {"random-creature-theme", random.randomCreatureTheme},
         {"random-treasure-theme", random.randomTreasureTheme},
+        {"ensure-walkable", options.ensureWalkable},
         {"platforms", options.platforms},
         {"master", OrNull(options.master)},
         {"master-size", OrNull(options.masterSize)},
@@ -81,6 +84,31 @@ Json CellsJson(const RunReport& report) {
     return cells;
 }
 
+Json LevelJson(const LevelReport& level) {
+    Json json = {{"level", level.number},
+                 {"name", ToUtf8(level.name)},
+                 {"made", level.made},
+                 {"floor-plans", level.attempts},
+                 {"rooms", level.rooms.size()},
+                 {"reachable-rooms", level.ReachableRooms()},
+                 {"openings-onto-nothing", level.openEnds},
+                 {"linked-to-level-before", level.linked},
+                 {"walkable", level.IsWalkable()}};
+    Json& halls = json["failed-halls"] = Json::array();
+    for (const FailedHall& hall : level.failedHalls) {
+        halls.push_back({{"from", {hall.from.x, hall.from.y}}, {"to", {hall.to.x, hall.to.y}}});
+    }
+    return json;
+}
+
+Json LevelsJson(const GenReport& report) {
+    Json levels = Json::array();
+    for (const LevelReport& level : report.levels) {
+        levels.push_back(LevelJson(level));
+    }
+    return levels;
+}
+
 Json NamesJson(const OfferedList& list) {
     Json names = Json::array();
     for (const OfferedName& offered : list.names) {
@@ -104,6 +132,11 @@ std::string ToJson(const RunReport& report) {
     json["options"] = OptionsJson(report.options);
     json["files"] = FilesJson(report);
     json["cells"] = CellsJson(report);
+    json["levels"] = LevelsJson(report.levels);
+    if (!report.options.fixed) {
+        json["walkable"] = report.levels.IsWalkable();
+        json["tries"] = report.tries;
+    }
     json["containers"] = {{"count", report.containers}, {"entries", report.entries}};
     json["errors"] = report.errors;
     json["warnings"] = report.warnings;

@@ -50,7 +50,19 @@ LibraryLog::~LibraryLog() {
 }
 
 std::vector<std::string> LibraryLog::Errors() const {
-    return ToUtf8(Logger::GetErrors());
+    std::vector<std::string> errors = configErrors;
+    const std::vector<std::string> later = ToUtf8(Logger::GetErrors());
+    errors.insert(errors.end(), later.begin(), later.end());
+    return errors;
+}
+
+void LibraryLog::StartTries() {
+    configErrors = Errors();
+    Logger::ResetErrors();
+}
+
+void LibraryLog::ForgetTry() {
+    Logger::ResetErrors();
 }
 
 } // namespace Tarnex::Cli

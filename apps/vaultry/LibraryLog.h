@@ -17,8 +17,16 @@ public:
     LibraryLog(const LibraryLog&) = delete;
     LibraryLog& operator=(const LibraryLog&) = delete;
 
-    /// The error lines so far, in UTF-8.
+    /// The error lines so far, in UTF-8, without those of tries that were forgotten.
     std::vector<std::string> Errors() const;
+
+    /// Marks the end of the configuration's own lines.
+    void StartTries();
+    /// Forgets the error lines since StartTries; the log file keeps them.
+    void ForgetTry();
+
+private:
+    std::vector<std::string> configErrors;
 };
 
 } // namespace Tarnex::Cli

@@ -28,6 +28,7 @@ struct GenerateOptions {
     std::optional<std::string> treasureTheme;
     RandomGenInfo random;
     bool platforms = false;
+    bool ensureWalkable = false; ///< try further seeds until every room can be reached
     std::optional<std::string> master;
     std::optional<std::uint32_t> masterSize; ///< [bytes]
     std::optional<std::uint32_t> seed;

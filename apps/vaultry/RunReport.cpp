@@ -20,8 +20,8 @@ constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
                                                            "tapestry",
                                                            "other"};
 
-constexpr std::array<const char*, 5> kResultWords = {
-    "written", "refused", "not-written", "strict", "cancelled"};
+constexpr std::array<const char*, 6> kResultWords = {
+    "written", "refused", "not-written", "strict", "unwalkable", "cancelled"};
 
 std::string Counted(std::uint64_t count, const char* noun) {
     return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
@@ -49,6 +49,10 @@ std::string Outcome(const RunReport& report) {
         return file + " could not be written (full disk or protected folder?)";
     case RunResult::Strict:
         return file + " was not written because of " + Counted(report.errors.size(), "error");
+    case RunResult::Unwalkable:
+        return file + " was not written: none of " + Counted(report.tries, "seed") +
+               " made every room of every level reachable; try another --tileset, --spacing or " +
+               "--size";
     case RunResult::Canceled:
         return "cancelled, " + file + " was not written";
     }
@@ -82,6 +86,9 @@ void CountContent(const Mod& mod, RunReport& report) {
 
 std::string Summary(const RunReport& report) {
     std::string line = Outcome(report) + "; seed " + std::to_string(report.options.seed.value());
+    if (report.tries > 1 && report.result == RunResult::Written) {
+        line += " (found in " + std::to_string(report.tries) + " tries)";
+    }
     if (report.stampGiven) {
         line += ", stamp " + std::to_string(report.options.stamp.value());
     }

@@ -4,6 +4,7 @@
 
 #include "apps/vaultry/Options.h"
 
+#include <vaultry/gen/GenReport.h>
 #include <vaultry/output/Mod.h>
 
 #include <array>
@@ -19,6 +20,7 @@ enum class RunResult {
     Refused,    ///< nothing was generated
     NotWritten, ///< generated, but the file could not be written
     Strict,     ///< not written because of an error, as asked
+    Unwalkable, ///< not written: no seed that was tried made every room reachable
     Canceled,
 };
 
@@ -36,6 +38,8 @@ struct RunReport {
     RunResult result = RunResult::Refused;
     std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
     std::vector<CellReport> cells;
+    GenReport levels;        ///< of random levels; without any for a fixed interior
+    std::uint32_t tries = 1; ///< seeds tried
     std::uint64_t containers = 0;
     std::uint64_t entries = 0; ///< inventory entries of all containers
     std::vector<std::string> errors;

@@ -17,12 +17,25 @@ DiPos RoomOrigin(const Layout& room) {
     return {TruncToInt(room.GetOffset().x), TruncToInt(room.GetOffset().y), 0};
 }
 
-std::int32_t FirstWhole(float offset) {
-    return TruncToInt(std::ceil(offset));
-}
+// The cells of the level from `first` to `last`, both included.
+struct CellRange {
+    DiPos first;
+    DiPos last;
 
-std::int32_t LastWhole(float offset, std::int32_t extent) {
-    return TruncToInt(std::floor(double{offset} + extent));
+    bool Contains(const DiPos& pos) const {
+        return first.x <= pos.x && pos.x <= last.x && first.y <= pos.y && pos.y <= last.y;
+    }
+};
+
+// Both far bounds are inclusive: a room covers one row and one column more than it has.
+CellRange CoveredCells(const Layout& room) {
+    const auto first = [](float offset) { return TruncToInt(std::ceil(offset)); };
+    const auto last = [](float offset, std::int32_t extent) {
+        return TruncToInt(std::floor(double{offset} + extent));
+    };
+    const Di3Point& at = room.GetOffset();
+    const DiPos& size = room.GetSize();
+    return {DiPos(first(at.x), first(at.y), 0), DiPos(last(at.x, size.x), last(at.y, size.y), 0)};
 }
 
 std::size_t CellIndex(const Layout& main, const DiPos& pos) {
@@ -64,21 +77,24 @@ DiPos GenHallBase::FindCenter(const Layout& room) const {
 }
 
 DiPtr<Layout> GenHallBase::PosToRoom(const DiPos& pos) const {
+    if (!IsInside(pos)) {
+        const auto list = rooms.GetRoomList();
+        const auto covering = std::ranges::find_if(
+            list, [&pos](const DiPtr<Layout>& room) { return CoveredCells(*room).Contains(pos); });
+        return covering == list.end() ? nullptr : *covering;
+    }
     if (roomAt.empty()) {
         MapRooms();
     }
-    return IsInside(pos) ? roomAt[CellIndex(main, pos)] : nullptr;
+    return roomAt[CellIndex(main, pos)];
 }
 
-// Both far bounds are inclusive: a room covers one row and one column more than it has.
 void GenHallBase::MapRooms() const {
     roomAt.assign(main.GetWidth() * std::size_t{main.GetHeight()}, nullptr);
     for (const DiPtr<Layout>& room : rooms.GetRoomList()) {
-        const Di3Point& at = room->GetOffset();
-        const DiPos first(FirstWhole(at.x), FirstWhole(at.y), 0);
-        const DiPos last(LastWhole(at.x, room->GetSize().x), LastWhole(at.y, room->GetSize().y), 0);
-        for (std::int32_t y = first.y; y <= last.y; ++y) {
-            for (std::int32_t x = first.x; x <= last.x; ++x) {
+        const CellRange cells = CoveredCells(*room);
+        for (std::int32_t y = cells.first.y; y <= cells.last.y; ++y) {
+            for (std::int32_t x = cells.first.x; x <= cells.last.x; ++x) {
                 const DiPos pos(x, y, 0);
                 if (IsInside(pos) && roomAt[CellIndex(main, pos)] == nullptr) {
                     roomAt[CellIndex(main, pos)] = room.get();

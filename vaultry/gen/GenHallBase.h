@@ -41,6 +41,8 @@ protected:
     /// The first room, row by row, that covers the place. A place one cell past a room's southern
     /// or eastern edge counts as the room's, on purpose.
     DiPtr<Layout> PosToRoom(const DiPos& pos) const;
+    /// To be called when rooms have moved since PosToRoom was first asked.
+    void ForgetRoomPlaces() { roomAt.clear(); }
 
     /// A wall or doorway of the room, drawn from those that look the way `way` goes, or, when there
     /// is none, the way its other axis goes; (0, 0, 0) for none.

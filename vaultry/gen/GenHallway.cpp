@@ -102,11 +102,12 @@ GenHallway::GenHallway(const GenInfo& info_, Layout& main_, RoomInfo& rooms_)
 
 bool GenHallway::Gen() {
     constexpr float kShadowDepth = 1.0F;
+    failedHalls.clear();
+    ForgetRoomPlaces();
     std::vector<DiPtr<Layout>> list = rooms.GetRoomList();
     if (list.empty()) {
         return true;
     }
-    failedHalls.clear();
     main.AddShadows(-kShadowDepth, kShadowDepth);
     ShuffleRooms(list);
     for (std::size_t i = 0; i < list.size(); ++i) {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <vaultry/gen/GenHallBase.h>
-#include <vaultry/gen/RunReport.h>
+#include <vaultry/gen/GenReport.h>
 #include <vaultry/layout/GridJournal.h>
 
 #include <deque>

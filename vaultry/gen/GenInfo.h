@@ -4,8 +4,8 @@
 
 #include <vaultry/catalogue/ConfigMgr.h>
 #include <vaultry/foundation/JobStatus.h>
+#include <vaultry/gen/GenReport.h>
 #include <vaultry/gen/RandomGenInfo.h>
-#include <vaultry/gen/RunReport.h>
 #include <vaultry/output/Mod.h>
 
 #include <string>
@@ -32,7 +32,7 @@ struct VAULTRY_API GenInfo {
     /// empty name.
     bool nameSingleLevel = false;
     LevelObserver* levelObserver = nullptr; ///< the caller's, not owned; may be null
-    RunReport report; ///< what the last run came to; written by the generators
+    GenReport report; ///< what the last run came to; written by the generators
 
     GenInfo() = default;
     GenInfo(const GenInfo&) = delete;

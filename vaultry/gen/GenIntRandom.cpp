@@ -181,6 +181,7 @@ bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
 
 DiPtr<Layout> GenIntRandom::TryMainLayout(const DiPos& size, LevelReport& report) {
     DiPtr<Layout> level;
+    report.tileSet = tileSet;
     report.roomGrid = size;
     while (report.attempts < kLayoutTries && !level) {
         ++report.attempts;

@@ -94,9 +94,10 @@ void GenMgr::ChooseDefaults() {
 
 ModResult GenMgr::CreateMod(const char* outPath, const char* name, bool fixedLayout) {
     const ModResult result = Generate(name, fixedLayout);
-    if (result != ModResult::Written) {
-        return result;
-    }
+    return result == ModResult::Written ? WriteMod(outPath) : result;
+}
+
+ModResult GenMgr::WriteMod(const char* outPath) {
     return WriteFile(mod, outPath) ? ModResult::Written : ModResult::NotWritten;
 }
 

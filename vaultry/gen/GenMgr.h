@@ -47,6 +47,9 @@ public:
     /// The first half of CreateMod: fills `mod` and writes nothing. Written means ready here.
     ModResult Generate(const char* cellName, bool fixedLayout);
 
+    /// The second half of CreateMod: writes `mod` as it stands.
+    ModResult WriteMod(const char* outPath);
+
     /// The first cave (`cave`) or room tile set of exactly that name becomes the default; without
     /// one the default stays.
     void SetDefaultTileSet(const char* name, bool cave);

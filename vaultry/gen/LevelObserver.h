@@ -3,7 +3,7 @@
 #pragma once
 
 #include <vaultry/foundation/Export.h>
-#include <vaultry/gen/RunReport.h>
+#include <vaultry/gen/GenReport.h>
 #include <vaultry/layout/Layout.h>
 #include <vaultry/output/Cell.h>
 

@@ -2,7 +2,7 @@
 // Whether a level can be walked through.
 #pragma once
 
-#include <vaultry/gen/RunReport.h>
+#include <vaultry/gen/GenReport.h>
 #include <vaultry/layout/RoomInfo.h>
 
 namespace Tarnex {

@@ -2,8 +2,8 @@
 // What a run of random levels came to, for front ends.
 #pragma once
 
+#include <vaultry/catalogue/TileSet.h>
 #include <vaultry/foundation/DiPos.h>
-#include <vaultry/foundation/Export.h>
 
 #include <cstdint>
 #include <string>
@@ -32,6 +32,7 @@ struct VAULTRY_API LevelReport {
     std::string name;              ///< of its cell
     bool made = false;             ///< false: given up, there is no cell
     std::uint32_t attempts = 0;    ///< floor plans tried
+    DiPtr<TileSet> tileSet;        ///< that the level is built from
     DiPos roomGrid;                ///< slots for rooms (x columns, y rows)
     DiPos size;                    ///< of the level [cells]
     std::vector<RoomReport> rooms; ///< of a level that was made, row by row
@@ -46,7 +47,7 @@ struct VAULTRY_API LevelReport {
 };
 
 /// All levels of a random run, in order; empty for a fixed interior.
-struct VAULTRY_API RunReport {
+struct VAULTRY_API GenReport {
     std::vector<LevelReport> levels;
 
     /// True when the levels that were made hang together by their doors.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/gen/RunReport.h>
+#include <vaultry/gen/GenReport.h>
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@ std::size_t LevelReport::ReachableRooms() const {
     return static_cast<std::size_t>(std::ranges::count_if(rooms, &RoomReport::reachable));
 }
 
-bool RunReport::AreLevelsLinked() const {
+bool GenReport::AreLevelsLinked() const {
     bool isFirst = true;
     for (const LevelReport& level : levels) {
         if (!level.made) {
@@ -23,7 +23,7 @@ bool RunReport::AreLevelsLinked() const {
     return true;
 }
 
-bool RunReport::IsWalkable() const {
+bool GenReport::IsWalkable() const {
     return AreLevelsLinked() && std::ranges::all_of(levels, &LevelReport::IsWalkable);
 }
 

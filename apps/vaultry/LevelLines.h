@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// What is said about the levels of a random run.
+#pragma once
+
+#include <vaultry/gen/GenReport.h>
+
+#include <string>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+/// One line per level that was made: its rooms, how many can be reached, openings onto nothing.
+std::vector<std::string> LevelLines(const GenReport& report);
+
+/// What is wrong with the levels: rooms that cannot be reached, levels without doors between them,
+/// levels that were given up, with the rooms that could not be joined and what may help.
+std::vector<std::string> LevelWarnings(const GenReport& report);
+
+} // namespace Tarnex::Cli
