@@ -306,11 +306,7 @@ TEST_F(RandomRunTest, EachLevelFillsItsOwnContainers) {
     chest->contentKind = "Container";
     chest->uniqueName = "chest";
     mgr.config.contentMgr->Add(chest);
-    ItemSpec some;
-    some.type = "Container";
-    some.minimum = 2;
-    some.maximum = 2;
-    mgr.defTheme = MakeTheme("Plain", {some});
+    mgr.defTheme = MakeTheme("Plain", {{.type = "Container", .minimum = 2, .maximum = 2}});
     mgr.randomInfo.numLevels = 3;
     OpenRandom gen(mgr);
     gen.Gen();
