@@ -55,22 +55,22 @@ ContentTemplate& GenTest::AddTreasure(const char* subtype, const char* uniqueNam
     return Add("Treasure", uniqueName, subtype);
 }
 
-ThemeItem MakeItem(const ItemSpec& spec) {
+ThemeItem MakeItem(const ItemSpec& line) {
     ThemeItem item;
-    item.type = spec.type;
-    item.uniqueNames = spec.names;
-    item.ratio = spec.ratio;
-    item.chance = spec.chance;
-    item.minimum = spec.minimum;
-    item.maximum = spec.maximum;
+    item.type = line.type;
+    item.uniqueNames = line.names;
+    item.ratio = line.ratio;
+    item.chance = line.chance;
+    item.minimum = line.minimum;
+    item.maximum = line.maximum;
     return item;
 }
 
 DiPtr<Theme> MakeTheme(const char* name, const std::vector<ItemSpec>& items) {
     auto theme = MakeDi<Theme>();
     theme->SetName(name);
-    for (const ItemSpec& spec : items) {
-        theme->items.push_back(MakeDi<ThemeItem>(MakeItem(spec)));
+    for (const ItemSpec& line : items) {
+        theme->items.push_back(MakeDi<ThemeItem>(MakeItem(line)));
     }
     return theme;
 }

@@ -73,7 +73,7 @@ struct ItemSpec {
     int minimum = -1;
     int maximum = -1;
 };
-ThemeItem MakeItem(const ItemSpec& spec);
+ThemeItem MakeItem(const ItemSpec& line);
 DiPtr<Theme> MakeTheme(const char* name, const std::vector<ItemSpec>& items);
 
 /// A template that looks like the map (see TextGrid.h; marks play no part).
