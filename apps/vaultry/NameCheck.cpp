@@ -61,6 +61,7 @@ std::vector<std::string> NearestNames(std::string_view name,
     std::ranges::stable_sort(near, {}, &std::pair<std::size_t, std::string>::first);
     near.resize(std::min(near.size(), kMostOffered));
     std::vector<std::string> nearest;
+    nearest.reserve(near.size());
     for (const auto& entry : near) {
         nearest.push_back(entry.second);
     }
