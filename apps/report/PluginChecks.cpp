@@ -187,8 +187,8 @@ void Checker::CheckContainer(const PluginContainer& container) {
         Report(container.offset, owner, "lacks flag 8, which the game demands");
     }
     CheckItems(container, owner);
-    // What stands in exteriors is not read.
-    if (file.exteriorCells == 0 && !placedIds.contains(ToUpper(container.id))) {
+    // What stands in exteriors or behind the end of a cut file is not read.
+    if (file.complete && file.exteriorCells == 0 && !placedIds.contains(ToUpper(container.id))) {
         Report(container.offset, owner, "is placed in no cell");
     }
 }
