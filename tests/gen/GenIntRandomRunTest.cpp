@@ -42,10 +42,11 @@ protected:
         return names;
     }
 
-    // Rooms of this set have neither walls nor anything else.
+    // Rooms of this set have neither walls nor anything else, so that no hall can leave them.
     void UseBareTiles() {
         bare->SetType("Room");
         mgr.config.roomTileSets = {bare};
+        mgr.config.roomLayouts = {ToTemplate(". .")};
         mgr.defTileSet = bare;
     }
 
@@ -155,6 +156,34 @@ TEST_F(RandomRunTest, LevelAfterASkippedOneCanBeTheFirst) {
 TEST_F(RandomRunTest, LastLevelCanBeSkipped) {
     SkipLevels(2, {"Crypt, Level 1"});
     EXPECT_EQ(job.events, (Lines{"Generating Layouts", "step", "Adding Content"}));
+}
+
+TEST_F(RandomRunTest, AfterASkippedLevelTheTileSetOfTheLastOneMadeIsInUse) {
+    SkipLevels(2, {"Crypt, Level 1"});
+    EXPECT_EQ(mgr.defTileSet, tiles);
+}
+
+TEST_F(RandomRunTest, LevelAfterASkippedOneMayKeepItsTileSet) {
+    UseBareTiles();
+    mgr.randomInfo.numLevels = 2;
+    mgr.randomInfo.randomTileSet = true;
+    Draws expected;
+    {
+        const DrawLog draws;
+        OpenRandom gen(mgr);
+        for (const bool first : {true, false}) {
+            gen.InitRandomTileSet(first);
+            for (int i = 0; i < 3; ++i) {
+                EXPECT_FALSE(gen.MainLayout(DiPos(2, 2, 0)));
+            }
+        }
+        expected = draws.Bounds();
+    }
+    SeedRandom(1);
+    const DrawLog draws;
+    mgr.Generate("Crypt", false);
+    EXPECT_EQ(draws.Bounds(), expected);
+    EXPECT_EQ(ErrorLines(), (Lines{kGivingUp, kGivingUp}));
 }
 
 TEST_F(RandomRunTest, ProgressIsAStepPerLevel) {
