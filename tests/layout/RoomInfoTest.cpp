@@ -273,6 +273,13 @@ TEST_F(RoomInfoTest, LoneRoomHasNoNeighbours) {
     EXPECT_EQ(Around(rooms, "A"), "--------");
 }
 
+TEST_F(RoomInfoTest, RoomInTwoSlotsIsNoNeighbourOfItself) {
+    RoomInfo rooms(DiPos(3, 1, 0));
+    Fill(rooms, {"A.B"});
+    rooms.SetLayout(rooms.GetLayout(0, 0), 0, 1);
+    EXPECT_EQ(Around(rooms, "A"), "--B-----");
+}
+
 TEST_F(RoomInfoTest, UnknownRoomLooksAroundFromTheFirstSlotWhoseRoomIsIgnored) {
     RoomInfo rooms(DiPos(3, 2, 0));
     Fill(rooms, {"A.B", "C.."});
