@@ -430,6 +430,19 @@ TEST_F(PluginReaderTest, AFileCutAnywhereIsReadUpToTheCut) {
     }
 }
 
+TEST_F(PluginReaderTest, WhatTheEndOfTheFileCutsShortIsLeftOut) {
+    const auto readUpTo = [this](std::size_t length) {
+        return ReadPlugin(std::string_view(bytes).substr(0, length));
+    };
+    EXPECT_EQ(readUpTo(kSampleSize - 1).cells.at(0).refs.size(), 1U);
+    EXPECT_EQ(readUpTo(kSecondRef).cells.at(0).refs.size(), 1U);
+    EXPECT_EQ(readUpTo(kRefData).cells.at(0).refs.size(), 0U);
+    EXPECT_EQ(readUpTo(kAmbi).cells.size(), 1U);
+    EXPECT_EQ(readUpTo(kAmbi - 13).cells.size(), 0U);
+    EXPECT_EQ(readUpTo(kNpco).containers.size(), 1U);
+    EXPECT_EQ(readUpTo(kNpco - 1).containers.size(), 0U);
+}
+
 TEST_F(PluginReaderTest, NoByteCanBeWrongEnoughToDoHarm) {
     for (std::size_t place = 0; place < kSampleSize; ++place) {
         const char good = bytes[place];

@@ -203,10 +203,11 @@ private:
     template <typename T>
     void Store(Fields<T> fields, Filling<T>& target, const SubRecord& sub, std::string_view owner);
     template <typename T>
-    void RequireFields(Fields<T> fields,
-                       const Filling<T>& target,
-                       std::uint64_t offset,
-                       const std::string& owner);
+    bool Finish(Fields<T> fields,
+                const Filling<T>& target,
+                bool cut,
+                std::uint64_t offset,
+                const std::string& owner);
 
     void ReadRecord(Record& record);
     void ReadHeader(Record& record);
@@ -323,16 +324,24 @@ void Reader::Store(Fields<T> fields,
     field->store(target.value, sub.data);
 }
 
+// Reports the fields that an object lacks. Of one that the end of the file cuts short nothing can
+// be demanded: such an object is left out instead, which the answer tells.
 template <typename T>
-void Reader::RequireFields(Fields<T> fields,
-                           const Filling<T>& target,
-                           std::uint64_t offset,
-                           const std::string& owner) {
+bool Reader::Finish(Fields<T> fields,
+                    const Filling<T>& target,
+                    bool cut,
+                    std::uint64_t offset,
+                    const std::string& owner) {
+    bool whole = true;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].times == Times::Needed && (target.seen >> i & 1U) == 0) {
-            Report(offset, owner + " has no " + std::string(fields[i].tag));
+            whole = false;
+            if (!cut) {
+                Report(offset, owner + " has no " + std::string(fields[i].tag));
+            }
         }
     }
+    return whole || !cut;
 }
 
 void Reader::ReadHeader(Record& record) {
@@ -353,12 +362,10 @@ void Reader::ReadHeader(Record& record) {
         master = sub.tag == "MAST" ? std::optional(sub.offset) : std::nullopt;
         Store(fields, header, sub, record.tag);
     }
-    if (!record.cut) {
-        if (master) {
-            reportUnsized();
-        }
-        RequireFields(fields, header, record.offset, "TES3");
+    if (master && !record.cut) {
+        reportUnsized();
     }
+    Finish(fields, header, record.cut, record.offset, "TES3");
     file.header = std::move(header.value);
 }
 
@@ -370,10 +377,9 @@ void Reader::ReadContainer(Record& record) {
     while (NextSubRecord(record, sub)) {
         Store(fields, container, sub, record.tag);
     }
-    if (!record.cut && !container.value.deleted) {
-        RequireFields(fields, container, record.offset, "CONT");
+    if (container.value.deleted || Finish(fields, container, record.cut, record.offset, "CONT")) {
+        file.containers.push_back(std::move(container.value));
     }
-    file.containers.push_back(std::move(container.value));
 }
 
 void Reader::FinishRef(PluginCell& cell, bool cut) {
@@ -381,11 +387,10 @@ void Reader::FinishRef(PluginCell& cell, bool cut) {
         return;
     }
     PluginRef& ref = openRef->value;
-    if (!cut && !ref.deleted) {
-        RequireFields<PluginRef>(
-            kRefFields, *openRef, ref.offset, "reference " + std::to_string(ref.index));
+    const std::string owner = "reference " + std::to_string(ref.index);
+    if (ref.deleted || Finish<PluginRef>(kRefFields, *openRef, cut, ref.offset, owner)) {
+        cell.refs.push_back(std::move(ref));
     }
-    cell.refs.push_back(std::move(ref));
     openRef.reset();
 }
 
@@ -424,10 +429,9 @@ void Reader::ReadCell(Record& record) {
         return;
     }
     FinishRef(cell.value, record.cut);
-    if (!record.cut) {
-        RequireFields<PluginCell>(kCellFields, cell, record.offset, "CELL");
+    if (Finish<PluginCell>(kCellFields, cell, record.cut, record.offset, "CELL")) {
+        file.cells.push_back(std::move(cell.value));
     }
-    file.cells.push_back(std::move(cell.value));
 }
 
 void Reader::SkipRecord(Record& record) {
