@@ -5,8 +5,8 @@ namespace Tarnex {
 
 namespace {
 
-// The recurrence of the runtime library that the first dungeons were made with; carrying it here
-// keeps a seed's dungeon the same on every platform.
+// A generator of the library's own: with that of the platform's runtime library a seed would make
+// another dungeon on every system.
 constexpr std::uint32_t kMultiplier = 214013;
 constexpr std::uint32_t kIncrement = 2531011;
 constexpr std::uint32_t kHighBits = 16;

@@ -7,6 +7,7 @@
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/ContentPlace.h>
 #include <vaultry/gen/GenIntBase.h>
+#include <vaultry/gen/Limits.h>
 
 #include <algorithm>
 #include <array>
@@ -102,6 +103,22 @@ bool SkipsTurn(std::int64_t turn, const PlacementCounts& counts, const ThemeItem
     }
     const float draw = RandomUnit();
     return draw > item.chance;
+}
+
+// True when there is a further turn. An item that still wants one after as many as a cell can take
+// in reasonable time is logged.
+bool HasTurn(std::int64_t turn, const PlacementCounts& counts, const ThemeItem& item) {
+    if (turn < std::min(counts.maximum, kMaxTurns)) {
+        return true;
+    }
+    if (turn < counts.maximum) {
+        Logger::WriteError("Generator",
+                           "ThemeItem Type='%s' asks for %d placements; %d were tried.",
+                           item.type.c_str(),
+                           static_cast<int>(counts.maximum),
+                           static_cast<int>(kMaxTurns));
+    }
+    return false;
 }
 
 Container* FindCtrWithRoom(const std::vector<DiPtr<Container>>& list, float amount) {
@@ -229,7 +246,7 @@ void GenIntBase::PlaceItems(ElmtList& elements,
         return;
     }
     const PlacementCounts counts = CountPlacements(item, count);
-    for (std::int64_t turn = 0; turn < counts.maximum; ++turn) {
+    for (std::int64_t turn = 0; HasTurn(turn, counts, item); ++turn) {
         if (SkipsTurn(turn, counts, item)) {
             continue;
         }
@@ -357,7 +374,7 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
     }
     const ContentList& candidates = config->contentMgr->GetList(item.type.c_str());
     const PlacementCounts counts = CountTreasure(item, static_cast<std::uint32_t>(filled.size()));
-    for (std::int64_t turn = 0; turn < counts.maximum; ++turn) {
+    for (std::int64_t turn = 0; HasTurn(turn, counts, item); ++turn) {
         if (SkipsTurn(turn, counts, item)) {
             continue;
         }

@@ -4,6 +4,7 @@
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntBase.h>
+#include <vaultry/gen/Limits.h>
 #include <vaultry/gen/PlatformPlan.h>
 
 #include <array>
@@ -127,6 +128,15 @@ void GenIntBase::AddPlatform(GridElmt& elmt, const Platform& platform) const {
         Logger::WriteError(S_LogSrc,
                            "Internal error. Unrecognized tile type '%s' for platform.",
                            first.kindName.c_str());
+        return;
+    }
+    if (std::int64_t{plan->columns} * plan->rows > kMaxFloorPieces) {
+        Logger::WriteError(S_LogSrc,
+                           "Platform '%s' asks for %d x %d floor pieces in a cell.  Max = %d.",
+                           platform.GetName().c_str(),
+                           plan->columns,
+                           plan->rows,
+                           static_cast<int>(kMaxFloorPieces));
         return;
     }
     if (plan->stairs) {

@@ -7,6 +7,7 @@
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenHallway.h>
+#include <vaultry/gen/Limits.h>
 #include <vaultry/gen/RandomTables.h>
 #include <vaultry/gen/Walkability.h>
 
@@ -228,10 +229,18 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& repor
     RoomInfo rooms(size);
     CreateRooms(rooms);
     SpaceRooms(rooms);
-    DiPtr<Layout> main =
-        Layout::Create(DiPos(static_cast<std::int32_t>(rooms.GetTotalWidth()) + kSpareCells,
-                             static_cast<std::int32_t>(rooms.GetTotalHeight()) + kSpareCells,
-                             0));
+    const std::int64_t width = std::int64_t{rooms.GetTotalWidth()} + kSpareCells;
+    const std::int64_t height = std::int64_t{rooms.GetTotalHeight()} + kSpareCells;
+    if (width > kMaxLevelCells || height > kMaxLevelCells || width * height > kMaxLevelCells) {
+        Logger::WriteError(S_LogSrc,
+                           "Level too large (H=%lld, W=%lld).  Max = %d cells.",
+                           static_cast<long long>(height),
+                           static_cast<long long>(width),
+                           static_cast<int>(kMaxLevelCells));
+        return nullptr;
+    }
+    DiPtr<Layout> main = Layout::Create(
+        DiPos(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 0));
     PlaceRooms(*main, rooms);
     const bool joined = ConnectRooms(*main, rooms, report);
     report.size = main->GetSize();

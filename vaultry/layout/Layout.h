@@ -93,8 +93,8 @@ public:
     /// differ or the height is 0. Name, offset, tile set and children stay.
     void ShallowCopy(const Layout& other);
 
-    /// Lets go of cells, children and parents in the whole tree, so that no cycle keeps it alive.
-    /// The layout is of no use afterwards.
+    /// Lets go of the cells and children of this layout and of everything below it, so that no
+    /// cycle keeps them alive. To be called on the root, which is of no use afterwards.
     void Dissolve();
 
 protected:

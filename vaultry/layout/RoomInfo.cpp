@@ -5,6 +5,7 @@
 #include <vaultry/foundation/Grid.h>
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace Tarnex {
@@ -93,7 +94,10 @@ AdjacentRooms RoomInfo::GetAdjacentRooms(const Layout& room) const {
 }
 
 std::uint32_t RoomInfo::GetTotal(const std::vector<std::uint32_t>& extents) {
-    return std::accumulate(extents.begin(), extents.end(), 0U);
+    // Saturates: what does not fit is too large for a level anyway.
+    constexpr std::uint64_t kMax = std::numeric_limits<std::int32_t>::max();
+    const auto total = std::accumulate(extents.begin(), extents.end(), std::uint64_t{0});
+    return static_cast<std::uint32_t>(std::min(total, kMax));
 }
 
 } // namespace Tarnex

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+// A mistyped number costs a line in the log, not hours or all memory.
+#include <tests/gen/GenTest.h>
+
+#include <vaultry/foundation/Random.h>
+#include <vaultry/gen/GenIntRandom.h>
+
+#include <string>
+#include <vector>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+using LimitsTest = GenTest;
+
+TEST_F(LimitsTest, AThemeItemTriesAtMostAHundredThousandPlacements) {
+    Add("Furniture", "table");
+    info.defTileSet = tiles;
+    OpenGen gen(info);
+    const DiPtr<Layout> layout = ToLayout("NW wN NE\nwW c wE\nSW wS SE", *tiles);
+    OpenGen::SortedElmts sorted;
+    gen.SortLayout(sorted, *layout);
+    ThemeItem item;
+    item.type = "Furniture";
+    item.chance = -1.0F;
+    item.maximum = 2'000'000'000;
+    gen.PlaceFurniture(sorted, item);
+    EXPECT_EQ(ErrorLines(),
+              Lines{"Error : Generator : ThemeItem Type='Furniture' asks for 2000000000 "
+                    "placements; 100000 were tried."});
+}
+
+TEST_F(LimitsTest, AHundredThousandPlacementsAreNothingToSpeakOf) {
+    Add("Furniture", "table");
+    OpenGen gen(info);
+    const DiPtr<Layout> layout = ToLayout("wN", *tiles);
+    OpenGen::SortedElmts sorted;
+    gen.SortLayout(sorted, *layout);
+    ThemeItem item;
+    item.type = "Furniture";
+    item.chance = -1.0F;
+    item.maximum = 100'000;
+    gen.PlaceFurniture(sorted, item);
+    EXPECT_TRUE(ErrorLines().empty());
+}
+
+TEST_F(LimitsTest, TreasureIsTriedAtMostAHundredThousandTimesPerItem) {
+    AddTreasure("Gold", "gold_001");
+    OpenGen gen(info);
+    std::vector<DiPtr<Container>> chests = {MakeDi<Container>()};
+    chests[0]->SetWeight(1.0F);
+    ThemeItem item;
+    item.type = "Gold";
+    item.minimum = 2'147'483'647;
+    gen.PlaceCtrTreasure(chests, item);
+    EXPECT_EQ(ErrorLines(),
+              Lines{"Error : Generator : ThemeItem Type='Gold' asks for 2147483647 placements; "
+                    "100000 were tried."});
+    EXPECT_EQ(chests[0]->GetInventory().size(), 100'000U);
+}
+
+TEST_F(LimitsTest, APlatformOfTinyPiecesIsRefused) {
+    OpenGen gen(info);
+    Platform platform;
+    platform.SetName("Sand");
+    PlatformTile floor;
+    floor.kindName = "Floor";
+    floor.size = Di3Point(0.25F, 0.25F, 1.0F);
+    platform.Set(floor);
+    const DiPtr<GridElmt> wall = ToElmt("wN", *tiles);
+    gen.AddPlatform(*wall, platform);
+    EXPECT_TRUE(wall->platforms.empty());
+    EXPECT_EQ(ErrorLines(),
+              Lines{"Error : Generator : Platform 'Sand' asks for 1024 x 1024 floor pieces in a "
+                    "cell.  Max = 10000."});
+}
+
+TEST_F(LimitsTest, ALevelThatWouldNotFitIntoMemoryIsGivenUp) {
+    const DiPtr<LayoutTemplate> plan = ToTemplate("wN", "Far");
+    const auto part = MakeDi<LayoutTemplate>(DiPos(1, 1, 0));
+    part->SetOffset(Di3Point(1e9F, 1e9F, 0.0F));
+    plan->AddChild(part);
+    info.config.roomLayouts = {plan};
+    info.cellName = "Keep";
+    info.randomInfo.levelSize = RandomGenInfo::Large;
+    info.randomInfo.roomSpacing = RandomGenInfo::Tight;
+    SeedRandom(1);
+    GenIntRandom(info).Gen();
+    const Lines errors = ErrorLines();
+    ASSERT_EQ(errors.size(), 4U);
+    EXPECT_TRUE(errors[0].starts_with("Error : Generator : Level too large (H="));
+    EXPECT_TRUE(errors[0].ends_with(").  Max = 16000000 cells."));
+    EXPECT_EQ(errors[3],
+              "Error : Generator : Internal:  Giving up.  Failed to connect rooms in layout.");
+    EXPECT_TRUE(info.mod.GetCells().empty());
+}
+
+} // namespace
+
+} // namespace Tarnex::Test
