@@ -118,6 +118,30 @@ void LogNoTreasure(const RandomGenInfo& /*wanted*/) {
     Logger::WriteError(kLogSource, "No matching treasure themes.");
 }
 
+// Lets go of rooms that did not come into a level: a room and its parts hold each other. In a level
+// the parts belong to it and still need their room.
+class UnplacedRooms {
+public:
+    explicit UnplacedRooms(const RoomInfo& rooms_) : rooms(rooms_) {}
+    UnplacedRooms(const UnplacedRooms&) = delete;
+    UnplacedRooms& operator=(const UnplacedRooms&) = delete;
+
+    ~UnplacedRooms() {
+        if (placed) {
+            return;
+        }
+        for (const DiPtr<Layout>& room : rooms.GetRoomList()) {
+            room->Dissolve();
+        }
+    }
+
+    void SetPlaced() { placed = true; }
+
+private:
+    const RoomInfo& rooms;
+    bool placed = false;
+};
+
 // A room's shift inside its slot on one axis; drawn only when there is play.
 std::int32_t DrawShift(std::uint32_t slot, std::int32_t room) {
     const auto extent = static_cast<std::int32_t>(slot);
@@ -154,6 +178,7 @@ void GenIntRandom::Gen() {
 
 // False when the run was cancelled.
 bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
+    info.report.levels.clear();
     const std::string baseName = info.cellName;
     for (std::uint32_t i = 0; i < info.randomInfo.numLevels; ++i) {
         if (IsCanceled()) {
@@ -227,6 +252,7 @@ void GenIntRandom::InitRoomGridSize(DiPos& size) const {
 
 DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& report) {
     RoomInfo rooms(size);
+    UnplacedRooms unplaced(rooms);
     CreateRooms(rooms);
     SpaceRooms(rooms);
     const std::int64_t width = std::int64_t{rooms.GetTotalWidth()} + kSpareCells;
@@ -242,6 +268,7 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& repor
     DiPtr<Layout> main = Layout::Create(
         DiPos(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 0));
     PlaceRooms(*main, rooms);
+    unplaced.SetPlaced();
     const bool joined = ConnectRooms(*main, rooms, report);
     report.size = main->GetSize();
     if (joined) {
