@@ -13,8 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
-#include <utility>
 
 namespace Tarnex {
 
@@ -43,9 +41,6 @@ struct TemplateShare {
 const std::vector<TemplateShare> kTemplateShares = {{0.5, 0.3}, {0.9, 0.4}, {2.0, 0.5}};
 
 using Marks = std::vector<std::vector<bool>>;
-
-constexpr double kKeepsTileSet = 0.7;
-constexpr std::uint32_t kAnyLevel = std::numeric_limits<std::uint32_t>::max();
 
 std::int32_t TargetCount(std::int32_t total) {
     const std::int32_t half = total / 2;
@@ -99,23 +94,6 @@ Marks MarkRooms(const DiPos& size, RandomGenInfo::RoomSpacingT spacing) {
 
 std::int32_t DrawRoomSide(std::int32_t choices) {
     return choices == 1 ? kSmallestRoom : kSmallestRoom + RandomInt(choices);
-}
-
-constexpr const char* kLogSource = "Generator";
-
-void LogNoFurniture(const RandomGenInfo& /*wanted*/) {
-    Logger::WriteError(kLogSource, "No matching furniture themes.");
-}
-
-void LogNoCreatures(const RandomGenInfo& wanted) {
-    Logger::WriteError(kLogSource,
-                       "No creature themes with %d <= Level <= %d.",
-                       static_cast<int>(wanted.minLevel),
-                       static_cast<int>(wanted.maxLevel));
-}
-
-void LogNoTreasure(const RandomGenInfo& /*wanted*/) {
-    Logger::WriteError(kLogSource, "No matching treasure themes.");
 }
 
 // Lets go of rooms that did not come into a level: a room and its parts hold each other. In a level
@@ -387,89 +365,6 @@ bool GenIntRandom::ConnectRooms(Layout& main, RoomInfo& rooms, LevelReport& repo
     const bool joined = halls->Gen();
     report.failedHalls = halls->GetFailedHalls();
     return joined;
-}
-
-// What later levels keep and what is chosen anew.
-struct GenIntRandom::ThemeChoice {
-    bool wanted;
-    double keeps; // draws up to this keep the theme on a later level
-    const std::vector<DiPtr<Theme>>& themes;
-    std::uint32_t lowest;
-    std::uint32_t highest;
-    void (*logNoMatch)(const RandomGenInfo& wanted);
-};
-
-void GenIntRandom::InitRandomTileSet(bool first) {
-    if (!info.randomInfo.randomTileSet) {
-        return;
-    }
-    if (!first) {
-        const double draw = RandomUnit();
-        if (draw <= kKeepsTileSet) {
-            return;
-        }
-    }
-    std::vector<DiPtr<TileSet>> sets = config->caveTileSets;
-    sets.insert(sets.end(), config->roomTileSets.begin(), config->roomTileSets.end());
-    if (sets.empty()) {
-        return;
-    }
-    const auto pick = RandomInt(static_cast<std::int32_t>(sets.size()));
-    tileSet = sets[static_cast<std::size_t>(pick)];
-    info.defTileSet = tileSet;
-}
-
-void GenIntRandom::InitRandomThemes(bool first) {
-    const RandomGenInfo& wanted = info.randomInfo;
-    ChooseTheme(info.defTheme,
-                {wanted.randomTheme, 0.33, config->themes, 1, kAnyLevel, LogNoFurniture},
-                first);
-    ChooseTheme(info.defCreatureTheme,
-                {wanted.randomCreatureTheme,
-                 0.25,
-                 config->creatureThemes,
-                 wanted.minLevel,
-                 wanted.maxLevel,
-                 LogNoCreatures},
-                first);
-    ChooseTheme(
-        info.defTreasureTheme,
-        {wanted.randomTreasureTheme, 0.25, config->treasureThemes, 1, kAnyLevel, LogNoTreasure},
-        first);
-}
-
-void GenIntRandom::ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const {
-    if (!choice.wanted) {
-        return;
-    }
-    if (!first) {
-        const double draw = RandomUnit();
-        if (draw <= choice.keeps) {
-            return;
-        }
-    }
-    std::vector<DiPtr<Theme>> matching = FilterThemes(choice.themes, choice.lowest, choice.highest);
-    if (matching.empty()) {
-        choice.logNoMatch(info.randomInfo);
-        matching = choice.themes;
-    }
-    if (!matching.empty()) {
-        const auto pick = RandomInt(static_cast<std::int32_t>(matching.size()));
-        theme = matching[static_cast<std::size_t>(pick)];
-    }
-}
-
-std::vector<DiPtr<Theme>> GenIntRandom::FilterThemes(const std::vector<DiPtr<Theme>>& list,
-                                                     std::uint32_t lo,
-                                                     std::uint32_t hi) {
-    std::vector<DiPtr<Theme>> matching;
-    for (const DiPtr<Theme>& theme : list) {
-        const std::int64_t level = theme->level;
-        if (level >= 0 && std::min(lo, hi) <= level && level <= hi) {
-            matching.push_back(theme);
-        }
-    }
-    return matching;
 }
 
 bool GenIntRandom::IsCanceled() const {

@@ -34,7 +34,7 @@ std::string OpenSides(const char* name) {
 
 } // namespace
 
-TEST(ElmtKind, AnElementWithoutTilesIsNothingAndOpensNowhere) {
+TEST(ElmtOpenings, AnElementWithoutTilesIsNothingAndOpensNowhere) {
     const DiPtr<GridElmt> elmt = ElmtOf({});
     EXPECT_EQ(GetElmtType(*elmt), TileNone);
     EXPECT_EQ(GetElmtDir(*elmt), DirNone);
@@ -43,20 +43,20 @@ TEST(ElmtKind, AnElementWithoutTilesIsNothingAndOpensNowhere) {
     EXPECT_FALSE(HasTileOfType(*elmt, TileNone));
 }
 
-TEST(ElmtKind, OnlyTheFirstTileCounts) {
+TEST(ElmtOpenings, OnlyTheFirstTileCounts) {
     const DiPtr<GridElmt> elmt = ElmtOf({"Center", "WallN"});
     EXPECT_EQ(GetElmtType(*elmt), TileCenter);
     EXPECT_EQ(GetElmtDir(*elmt), DirAll);
 }
 
-TEST(ElmtKind, AnUnknownFirstTileHidesWhatFollows) {
+TEST(ElmtOpenings, AnUnknownFirstTileHidesWhatFollows) {
     const DiPtr<GridElmt> elmt = ElmtOf({"Statue", "DoorwayN"});
     EXPECT_EQ(GetElmtType(*elmt), TileNone);
     EXPECT_EQ(GetElmtDir(*elmt), DirNone);
     EXPECT_FALSE(OpensNorth(*elmt));
 }
 
-TEST(ElmtKind, StairsHaveAnAxisButNoTypeAndOpenNowhere) {
+TEST(ElmtOpenings, StairsHaveAnAxisButNoTypeAndOpenNowhere) {
     const DiPtr<GridElmt> elmt = ElmtOf({"StairsUpE"});
     EXPECT_EQ(GetElmtType(*elmt), TileNone);
     EXPECT_EQ(GetElmtDir(*elmt), DirEW);
@@ -64,7 +64,7 @@ TEST(ElmtKind, StairsHaveAnAxisButNoTypeAndOpenNowhere) {
     EXPECT_EQ(OpenSides("StairsDnN_2"), "");
 }
 
-TEST(ElmtKind, TheFirstTileOfATypeIsFoundWhereverItStands) {
+TEST(ElmtOpenings, TheFirstTileOfATypeIsFoundWhereverItStands) {
     const DiPtr<GridElmt> elmt = ElmtOf({"Center", "DoorjambS", "DoorN"});
     EXPECT_EQ(FindTileOfType(*elmt, TileDoorway), elmt->tiles[1]);
     EXPECT_TRUE(HasTileOfType(*elmt, TileDoorway));
@@ -72,7 +72,7 @@ TEST(ElmtKind, TheFirstTileOfATypeIsFoundWhereverItStands) {
     EXPECT_FALSE(HasTileOfType(*elmt, TileWall));
 }
 
-TEST(ElmtKind, DoorwaysOpenToTheirOwnSide) {
+TEST(ElmtOpenings, DoorwaysOpenToTheirOwnSide) {
     for (const std::string kind : {"Doorway", "Doorjamb", "Door"}) {
         for (const std::string side : {"N", "S", "E", "W"}) {
             EXPECT_EQ(OpenSides((kind + side).c_str()), side) << kind;
@@ -80,13 +80,13 @@ TEST(ElmtKind, DoorwaysOpenToTheirOwnSide) {
     }
 }
 
-TEST(ElmtKind, CornerDoorwaysOpenNowhere) {
+TEST(ElmtOpenings, CornerDoorwaysOpenNowhere) {
     for (const char* name : {"DoorwayNW_W", "DoorwayNE_N", "DoorwaySE_S", "DoorwaySW_W"}) {
         EXPECT_EQ(OpenSides(name), "") << name;
     }
 }
 
-TEST(ElmtKind, HallsOpenAlongTheirAxis) {
+TEST(ElmtOpenings, HallsOpenAlongTheirAxis) {
     EXPECT_EQ(OpenSides("HallNS"), "NS");
     EXPECT_EQ(OpenSides("HallEW"), "EW");
     EXPECT_EQ(OpenSides("HallNS_2"), "NS");
@@ -94,21 +94,21 @@ TEST(ElmtKind, HallsOpenAlongTheirAxis) {
     EXPECT_EQ(OpenSides("Hall4Way"), "NSEW");
 }
 
-TEST(ElmtKind, HallCornersOpenOnTheSidesTheyAreNotNamedAfter) {
+TEST(ElmtOpenings, HallCornersOpenOnTheSidesTheyAreNotNamedAfter) {
     EXPECT_EQ(OpenSides("HallCornerNW"), "SE");
     EXPECT_EQ(OpenSides("HallCornerNE"), "SW");
     EXPECT_EQ(OpenSides("HallCornerSW"), "NE");
     EXPECT_EQ(OpenSides("HallCornerSE"), "NW");
 }
 
-TEST(ElmtKind, HallEndsOpenTowardTheRestOfTheHall) {
+TEST(ElmtOpenings, HallEndsOpenTowardTheRestOfTheHall) {
     EXPECT_EQ(OpenSides("HallEndN"), "S");
     EXPECT_EQ(OpenSides("HallEndS"), "N");
     EXPECT_EQ(OpenSides("HallEndE"), "W");
     EXPECT_EQ(OpenSides("HallEndW"), "E");
 }
 
-TEST(ElmtKind, RoomPiecesOpenNowhere) {
+TEST(ElmtOpenings, RoomPiecesOpenNowhere) {
     for (const char* name : {"WallN", "WallS", "WallE", "WallW", "Center", "Center_22"}) {
         EXPECT_EQ(OpenSides(name), "") << name;
     }
