@@ -22,7 +22,8 @@ constexpr std::size_t kHelpColumn = 34;
 constexpr const char* kOverview =
     "Generates dungeon interiors as plug-ins for the game.\n"
     "\n"
-    "Exit status: 0 done, 1 nothing generated or written, 2 wrong arguments, 130 cancelled.";
+    "Exit status: 0 done, 1 nothing generated or written (inspect, diff: something found),\n"
+    "2 wrong arguments, 130 cancelled.";
 constexpr const char* kOverviewExample =
     "Example:\n"
     "  vaultry generate --levels 3 --creature-theme Undead -o crypt.esp\n"

@@ -1,31 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/JsonReport.h"
 
-#include <vaultry/foundation/CodePage.h>
+#include "apps/report/Json.h"
 
-#include <nlohmann/json.hpp>
+#include <vaultry/foundation/CodePage.h>
 
 namespace Tarnex::Cli {
 
 namespace {
 
-// Keys stand in the order in which they are set.
-using Json = nlohmann::ordered_json;
-
-constexpr int kIndent = 2;
+using Report::Json;
 
 template <typename T>
 Json OrNull(const std::optional<T>& value) {
     return value ? Json(*value) : Json(nullptr);
-}
-
-Json Header() {
-    return {{"schema", kJsonSchema}, {"version", VAULTRY_VERSION}};
-}
-
-// Paths come from the command line as they are and may be no UTF-8.
-std::string Text(const Json& json) {
-    return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 // Every option that decides what is generated, under the name of its switch.
@@ -124,7 +112,7 @@ Json NamesJson(const OfferedList& list) {
 } // namespace
 
 std::string ToJson(const RunReport& report) {
-    Json json = Header();
+    Json json = Report::JsonHeader();
     json["result"] = ResultWord(report.result);
     json["seed"] = OrNull(report.options.seed);
     json["stamp"] = OrNull(report.options.stamp);
@@ -140,17 +128,17 @@ std::string ToJson(const RunReport& report) {
     json["containers"] = {{"count", report.containers}, {"entries", report.entries}};
     json["errors"] = report.errors;
     json["warnings"] = report.warnings;
-    return Text(json);
+    return Report::JsonText(json);
 }
 
 std::string ToJson(const Offer& offer) {
-    Json json = Header();
+    Json json = Report::JsonHeader();
     json["config"] = offer.config;
     for (const OfferedList& list : offer.lists) {
         json[std::string(list.option) + 's'] = NamesJson(list);
     }
     json["errors"] = offer.errors;
-    return Text(json);
+    return Report::JsonText(json);
 }
 
 } // namespace Tarnex::Cli

@@ -9,9 +9,6 @@
 
 namespace Tarnex::Cli {
 
-/// The number under "schema"; it grows when a key changes its meaning or goes.
-inline constexpr int kJsonSchema = 1;
-
 std::string ToJson(const RunReport& report);
 std::string ToJson(const Offer& offer);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/RunReport.h"
 
+#include "apps/report/Words.h"
+
 #include <vaultry/foundation/CodePage.h>
 
 #include <numeric>
@@ -8,6 +10,8 @@
 namespace Tarnex::Cli {
 
 namespace {
+
+using Report::Counted;
 
 constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
                                                            "tile",
@@ -22,10 +26,6 @@ constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
 
 constexpr std::array<const char*, 6> kResultWords = {
     "written", "refused", "not-written", "strict", "unwalkable", "cancelled"};
-
-std::string Counted(std::uint64_t count, const char* noun) {
-    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
 
 std::uint64_t ReferenceCount(const RunReport& report) {
     std::uint64_t count = 0;
