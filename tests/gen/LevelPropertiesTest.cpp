@@ -4,6 +4,7 @@
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/GenMgr.h>
+#include <vaultry/gen/LevelObserver.h>
 #include <vaultry/layout/ElmtKind.h>
 
 #include <gtest/gtest.h>
@@ -184,6 +185,99 @@ protected:
     std::array<std::unique_ptr<GenMgr>, kConfigs.size()> managers;
 };
 
+// The sides of a tile that lead somewhere, by its name, and those across which one may come in.
+struct SideRow {
+    std::string_view name;
+    std::string_view openings;
+    std::string_view entries;
+};
+
+constexpr std::array kSideRows = {
+    SideRow{"Center", "", "NSEW"},       SideRow{"CornerNW", "", "SE"},
+    SideRow{"CornerNE", "", "SW"},       SideRow{"CornerSW", "", "NE"},
+    SideRow{"CornerSE", "", "NW"},       SideRow{"WallN", "", "SEW"},
+    SideRow{"WallS", "", "NEW"},         SideRow{"WallE", "", "NSW"},
+    SideRow{"WallW", "", "NSE"},         SideRow{"DoorwayN", "N", "NSEW"},
+    SideRow{"DoorwayS", "S", "NSEW"},    SideRow{"DoorwayE", "E", "NSEW"},
+    SideRow{"DoorwayW", "W", "NSEW"},    SideRow{"HallNS", "NS", "NS"},
+    SideRow{"HallEW", "EW", "EW"},       SideRow{"HallNS_2", "NS", "NS"},
+    SideRow{"HallEW_2", "EW", "EW"},     SideRow{"HallCornerNW", "SE", "SE"},
+    SideRow{"HallCornerNE", "SW", "SW"}, SideRow{"HallCornerSW", "NE", "NE"},
+    SideRow{"HallCornerSE", "NW", "NW"}, SideRow{"Hall4Way", "NSEW", "NSEW"},
+    SideRow{"HallEndN", "S", "S"},       SideRow{"HallEndS", "N", "N"},
+    SideRow{"HallEndE", "W", "W"},       SideRow{"HallEndW", "E", "E"},
+    SideRow{"StairsUpN", "", "NS"},      SideRow{"StairsUpE", "", "EW"},
+    SideRow{"StairsUpS", "", "NS"},      SideRow{"StairsUpW", "", "EW"},
+};
+
+const SideRow* RowOf(const GridElmt* elmt) {
+    const Tile* first = elmt == nullptr ? nullptr : elmt->FirstTile();
+    const auto row = std::ranges::find_if(kSideRows, [first](const SideRow& candidate) {
+        return first != nullptr && first->kindName == candidate.name;
+    });
+    return row == kSideRows.end() ? nullptr : &*row;
+}
+
+// Holds on to what the level's report says and counts the openings for itself.
+class OpeningCounter : public LevelObserver {
+public:
+    std::uint32_t reported = 0;
+    std::uint32_t counted = 0;
+
+    void LevelFinished(const FinishedLevel& level) override {
+        reported = level.report->openEnds;
+        counted = 0;
+        for (int row = 0; row < level.layout.GetSize().y; ++row) {
+            for (int col = 0; col < level.layout.GetSize().x; ++col) {
+                Count(level.layout, row, col);
+            }
+        }
+    }
+
+private:
+    // The level's own element, or that of a part within one cell's height.
+    static const GridElmt* At(const Layout& level, int row, int col) {
+        const auto own =
+            level.GetElmt(static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col));
+        const bool inside =
+            row >= 0 && col >= 0 && row < level.GetSize().y && col < level.GetSize().x;
+        if (!inside || (own && !own->tiles.empty())) {
+            return own.get();
+        }
+        for (const DiPtr<Layout>& part : level.GetChildren()) {
+            const Di3Point at = part->GetOffset();
+            const auto r = static_cast<std::uint32_t>(row - static_cast<int>(at.y));
+            const auto c = static_cast<std::uint32_t>(col - static_cast<int>(at.x));
+            if (at.z >= -1.0F && at.z <= 1.0F && part->HasTiles(r, c)) {
+                return part->GetElmt(r, c).get();
+            }
+        }
+        return nullptr;
+    }
+
+    void Count(const Layout& level, int row, int col) {
+        struct Way {
+            char side;
+            char back;
+            int rows;
+            int cols;
+        };
+        static constexpr std::array<Way, 4> kWays = {
+            {{'N', 'S', -1, 0}, {'S', 'N', 1, 0}, {'E', 'W', 0, 1}, {'W', 'E', 0, -1}}};
+        const SideRow* here = RowOf(At(level, row, col));
+        if (here == nullptr) {
+            return;
+        }
+        for (const Way& way : kWays) {
+            const SideRow* there = RowOf(At(level, row + way.rows, col + way.cols));
+            const bool opens = here->openings.find(way.side) != std::string_view::npos;
+            const bool meets =
+                there != nullptr && there->entries.find(way.back) != std::string_view::npos;
+            counted += opens && !meets ? 1U : 0U;
+        }
+    }
+};
+
 // One level.
 
 TEST_F(LevelPropertiesTest, NoShadowIsLeftBehind) {
@@ -265,6 +359,21 @@ TEST_F(LevelPropertiesTest, NoHallRunsThroughThePartOfARoom) {
             EXPECT_FALSE(before.covered && elmt) << ToText(elmt);
         });
     });
+}
+
+TEST_F(LevelPropertiesTest, EveryOpeningOntoNothingIsCounted) {
+    OpeningCounter counter;
+    std::uint32_t openings = 0;
+    for (std::uint32_t seed = 0; seed < SeedCount(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        GenMgr& mgr = Prepared(seed);
+        mgr.SetLevelObserver(&counter);
+        mgr.Generate("Crypt", false);
+        mgr.SetLevelObserver(nullptr);
+        ASSERT_EQ(counter.reported, counter.counted);
+        openings += counter.counted;
+    }
+    EXPECT_GT(openings, 0U);
 }
 
 TEST_F(LevelPropertiesTest, NoJunctionStandsOnTheBorder) {
