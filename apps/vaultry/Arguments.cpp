@@ -22,7 +22,7 @@ constexpr std::size_t kHelpColumn = 34;
 constexpr const char* kOverview =
     "Generates dungeon interiors as plug-ins for the game.\n"
     "\n"
-    "Exit status: 0 done, 1 nothing generated or written (inspect, diff: something found),\n"
+    "Exit status: 0 done, 1 nothing generated or written (inspect, diff, check: something found),\n"
     "2 wrong arguments, 130 cancelled.";
 constexpr const char* kOverviewExample =
     "Example:\n"
@@ -48,6 +48,12 @@ constexpr const char* kDiffExample = "Exit status: 0 the same, 1 differences, 2 
                                      "\n"
                                      "Example:\n"
                                      "  vaultry diff before.esp after.esp";
+
+constexpr const char* kCheckExample =
+    "Exit status: 0 clean, 1 there are errors or warnings, 2 unusable.\n"
+    "\n"
+    "Example:\n"
+    "  vaultry check my.xml";
 
 std::string Joined(const std::vector<std::string>& words) {
     std::string text;
@@ -221,6 +227,7 @@ struct Verbs {
     ConfigOptions config;
     InspectOptions inspect;
     DiffOptions diff;
+    CheckOptions check;
 
     void Declare(CLI::App& app) {
         CLI::App& make =
@@ -251,6 +258,12 @@ struct Verbs {
         AddText(compare, "a", diff.a, "A", "A plug-in")->required();
         AddText(compare, "b", diff.b, "B", "The one to compare it with")->required();
         compare.add_flag("--json", diff.json, "As JSON");
+
+        CLI::App& judge =
+            AddVerb(app, "check", "Tells what is wrong with a configuration", kCheckExample);
+        AddText(judge, "config", check.config, "CONFIG", "A file, builtin or builtin:NAME")
+            ->required();
+        judge.add_flag("--json", check.json, "As JSON");
     }
 };
 
@@ -280,6 +293,9 @@ Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
     }
     if (app.got_subcommand("diff")) {
         return std::move(verbs.diff);
+    }
+    if (app.got_subcommand("check")) {
+        return std::move(verbs.check);
     }
     return NoVerb{app.help()};
 }

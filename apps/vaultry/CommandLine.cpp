@@ -3,6 +3,7 @@
 
 #include "apps/report/PluginLoad.h"
 #include "apps/vaultry/Arguments.h"
+#include "apps/vaultry/CheckCommand.h"
 #include "apps/vaultry/ConfigCommand.h"
 #include "apps/vaultry/DiffCommand.h"
 #include "apps/vaultry/ExitStatus.h"
@@ -31,6 +32,7 @@ struct Dispatch {
         return RunInspect(options, console);
     }
     ExitStatus operator()(const DiffOptions& options) const { return RunDiff(options, console); }
+    ExitStatus operator()(const CheckOptions& options) const { return RunCheck(options, console); }
     ExitStatus operator()(const PrintText& request) const {
         console.out << request.text;
         return ExitStatus::Success;

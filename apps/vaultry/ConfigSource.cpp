@@ -71,4 +71,9 @@ void ConfigSource::Load(GenMgr& manager) const {
     }
 }
 
+ConfigRecord ConfigSource::Record() const {
+    return builtin == nullptr ? RecordConfigFile(name.c_str())
+                              : RecordConfigText(builtin->text, name.c_str());
+}
+
 } // namespace Tarnex::Cli

@@ -4,6 +4,7 @@
 
 #include "apps/vaultry/BuiltinConfigs.h"
 
+#include <vaultry/catalogue/ConfigRecord.h>
 #include <vaultry/gen/GenMgr.h>
 
 #include <optional>
@@ -25,6 +26,9 @@ public:
 
     /// Reads the configuration into `manager`; the library logs what is wrong with it.
     void Load(GenMgr& manager) const;
+
+    /// The configuration as it is written, with what the library logs about it.
+    ConfigRecord Record() const;
 
 private:
     std::string name;

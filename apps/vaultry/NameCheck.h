@@ -2,21 +2,18 @@
 // Finding the names that were meant.
 #pragma once
 
+#include "apps/report/NearNames.h"
+
 #include <vaultry/foundation/DiPtr.h>
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Tarnex::Cli {
 
-/// How many letters must be inserted, removed or replaced to turn one text into the other, the case
-/// of the letters a to z left aside.
-std::size_t EditDistance(std::string_view a, std::string_view b);
-
-/// Up to three of `names` that come near `name`, the nearest first; each name once.
-std::vector<std::string> NearestNames(std::string_view name, const std::vector<std::string>& names);
+using Report::EditDistance;
+using Report::NearestNames;
 
 /// Half a sentence that offers the nearest of `names`, or all of them when none is near.
 std::string OfferNames(std::string_view name, const std::vector<std::string>& names);

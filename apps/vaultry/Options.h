@@ -64,6 +64,12 @@ struct DiffOptions {
     bool json = false;
 };
 
+/// vaultry check
+struct CheckOptions {
+    std::string config; ///< a path, "builtin" or "builtin:NAME"
+    bool json = false;
+};
+
 /// A text asked for, such as the help.
 struct PrintText {
     std::string text;
@@ -79,6 +85,7 @@ using Request = std::variant<GenerateOptions,
                              ConfigOptions,
                              InspectOptions,
                              DiffOptions,
+                             CheckOptions,
                              PrintText,
                              NoVerb>;
 

@@ -98,8 +98,7 @@ void Parse(xercesc::SAX2XMLReader& reader, ConfigLoader& loader, MakeSource make
 }
 
 template <typename MakeSource>
-void Read(ConfigMgr& config, MakeSource makeSource) {
-    ConfigLoader loader(config);
+void Read(ConfigLoader& loader, MakeSource makeSource) {
     xercesc::SecurityManager limits;
     MemoryBudget memory(kMaxParserMemory);
     const auto reader = std::make_unique<xercesc::SAX2XMLReaderImpl>(&memory);
@@ -123,12 +122,22 @@ std::string StartXmlParser() {
     return library.Error();
 }
 
+void ReadConfigFile(const char* path, ConfigLoader& loader) {
+    Read(loader, [path] { return XmlFileSource(path); });
+}
+
 void ReadConfigFile(const char* path, ConfigMgr& config) {
-    Read(config, [path] { return XmlFileSource(path); });
+    ConfigLoader loader(config);
+    ReadConfigFile(path, loader);
+}
+
+void ReadConfigText(std::string_view text, const char* name, ConfigLoader& loader) {
+    Read(loader, [text, name] { return MemorySource(text, name); });
 }
 
 void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config) {
-    Read(config, [text, name] { return MemorySource(text, name); });
+    ConfigLoader loader(config);
+    ReadConfigText(text, name, loader);
 }
 
 } // namespace Tarnex

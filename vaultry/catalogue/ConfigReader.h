@@ -9,6 +9,8 @@
 
 namespace Tarnex {
 
+class ConfigLoader;
+
 /// Starts the XML parser library, once per process. Returns an empty text, or the library's message
 /// when it cannot be started.
 std::string StartXmlParser();
@@ -21,5 +23,9 @@ void ReadConfigFile(const char* path, ConfigMgr& config);
 
 /// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.
 void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
+
+/// Likewise with a loader of the caller's, which hears every event of the parser.
+void ReadConfigFile(const char* path, ConfigLoader& loader);
+void ReadConfigText(std::string_view text, const char* name, ConfigLoader& loader);
 
 } // namespace Tarnex

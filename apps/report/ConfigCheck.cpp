@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "apps/report/ConfigCheck.h"
+
+#include "apps/report/ConfigRules.h"
+#include "apps/report/Json.h"
+#include "apps/report/Words.h"
+
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/CodePage.h>
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+namespace Tarnex::Report {
+
+namespace {
+
+constexpr std::array kRules = {CheckWords, CheckTileSets, CheckLayouts, CheckThemes, CheckContent};
+
+constexpr std::array<const char*, 3> kWeightNames = {"error", "warning", "note"};
+
+const char* WeightName(Weight weight) {
+    return kWeightNames.at(static_cast<std::size_t>(weight));
+}
+
+// What the loader's lines mean, by a part of their text that no other has.
+struct LogRow {
+    std::string_view part;
+    Weight weight;
+    const char* meaning;
+};
+
+constexpr std::array<LogRow, 7> kLogRows = {{
+    {"Unrecognized tag", Weight::Error, "The element is ignored."},
+    {"Unusual tile set size", Weight::Warning, "The size is used as it is."},
+    {"Unrecognized TileSet Type", Weight::Error, "The tile set is dropped."},
+    {"Unrecognized Layout Type", Weight::Error, "The layout is dropped."},
+    {"Layout size too large", Weight::Error, "The layout is refused."},
+    {"Too many rows/cols", Weight::Error, "The cell is dropped."},
+    {"Duplicate tile", Weight::Warning, "The later one is used, and nothing is derived from it."},
+}};
+
+std::vector<std::string> TagNames() {
+    std::vector<std::string> names;
+    for (const std::string_view name : {Tile_TileSet,
+                                        Layout_Layout,
+                                        Layout_Row,
+                                        Layout_Col,
+                                        Theme_Theme,
+                                        Theme_CreatureTheme,
+                                        Theme_TreasureTheme,
+                                        Theme_ThemeItem,
+                                        Platform_Platform,
+                                        Content_Armor,
+                                        Content_Clothing,
+                                        Content_Container,
+                                        Content_Creature,
+                                        Content_Furniture,
+                                        Content_Rug,
+                                        Content_Tapestry,
+                                        Content_Treasure,
+                                        Content_Weapon}) {
+        names.emplace_back(name);
+    }
+    return names;
+}
+
+// The word in the first pair of apostrophes.
+std::string NamedWord(const std::string& text) {
+    const std::size_t start = text.find('\'');
+    const std::size_t end = text.find('\'', start + 1);
+    return end == std::string::npos ? "" : text.substr(start + 1, end - start - 1);
+}
+
+std::string NearestInLine(const std::string& line) {
+    if (line.find("Unrecognized tag") != std::string::npos) {
+        return Nearest(NamedWord(line), TagNames());
+    }
+    if (line.find(" Type '") != std::string::npos) {
+        return Nearest(NamedWord(line), {std::string(Tile_Room), std::string(Tile_Cave)});
+    }
+    return {};
+}
+
+ConfigFinding FromLog(const ConfigLogLine& line) {
+    constexpr std::string_view kPrefix = "Error : ";
+    std::string text = line.text;
+    if (text.starts_with(kPrefix)) {
+        text = text.substr(kPrefix.size());
+    }
+    const auto* const row = std::ranges::find_if(kLogRows, [&text](const LogRow& candidate) {
+        return text.find(candidate.part) != std::string::npos;
+    });
+    const bool known = row != kLogRows.end();
+    return {known ? row->weight : Weight::Error,
+            line.place,
+            ToUtf8(text),
+            known ? row->meaning : "Everything after this place is missing.",
+            ToUtf8(NearestInLine(text))};
+}
+
+std::size_t CountOf(const ConfigCheck& check, Weight weight) {
+    return static_cast<std::size_t>(
+        std::ranges::count(check.findings, weight, &ConfigFinding::weight));
+}
+
+// Names of a stranger's file could drive a terminal.
+std::string Harmless(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
+    return text;
+}
+
+} // namespace
+
+ConfigCheck CheckConfig(const std::string& name, const ConfigRecord& record) {
+    ConfigCheck check{name, !record.fatal, {}};
+    for (const ConfigLogLine& line : record.errors) {
+        check.findings.push_back(FromLog(line));
+    }
+    if (check.usable) {
+        Findings findings(check.findings);
+        for (const auto rule : kRules) {
+            rule(record, findings);
+        }
+    }
+    std::ranges::stable_sort(check.findings, {}, [](const ConfigFinding& finding) {
+        return std::tuple(finding.place.line, finding.place.column);
+    });
+    return check;
+}
+
+bool HasWeight(const ConfigCheck& check) {
+    return CountOf(check, Weight::Note) != check.findings.size();
+}
+
+void PrintCheck(const ConfigCheck& check, std::ostream& out) {
+    for (const ConfigFinding& finding : check.findings) {
+        out << Harmless(check.name) << ':' << finding.place.line << ':' << finding.place.column
+            << ": " << WeightName(finding.weight) << ": " << Harmless(finding.message) << '\n'
+            << "    " << finding.meaning << '\n';
+        if (!finding.nearest.empty()) {
+            out << "    Nearest: " << Harmless(finding.nearest) << '\n';
+        }
+    }
+    if (check.findings.empty()) {
+        out << "Nothing is wrong.\n";
+        return;
+    }
+    out << Counted(CountOf(check, Weight::Error), "error") << ", "
+        << Counted(CountOf(check, Weight::Warning), "warning") << ", "
+        << Counted(CountOf(check, Weight::Note), "note") << ".\n";
+}
+
+std::string ToJson(const ConfigCheck& check) {
+    Json json = JsonHeader();
+    json["config"] = check.name;
+    json["usable"] = check.usable;
+    json["clean"] = check.usable && !HasWeight(check);
+    Json& findings = json["findings"] = Json::array();
+    for (const ConfigFinding& finding : check.findings) {
+        findings.push_back({{"weight", WeightName(finding.weight)},
+                            {"line", finding.place.line},
+                            {"column", finding.place.column},
+                            {"message", finding.message},
+                            {"meaning", finding.meaning},
+                            {"nearest", finding.nearest}});
+    }
+    return JsonText(json);
+}
+
+} // namespace Tarnex::Report

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// What is wrong with a configuration, and what it means for generation.
+#pragma once
+
+#include <vaultry/catalogue/ConfigRecord.h>
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace Tarnex::Report {
+
+/// How much a finding matters. Notes are told, but a configuration with nothing else is clean.
+enum class Weight { Error, Warning, Note };
+
+/// One finding. All text is UTF-8.
+struct ConfigFinding {
+    Weight weight = Weight::Error;
+    ConfigPlace place; ///< behind the start tag concerned
+    std::string message;
+    std::string meaning; ///< for generation
+    std::string nearest; ///< the word that was probably meant; empty when none comes near
+};
+
+/// A configuration that was checked.
+struct ConfigCheck {
+    std::string name; ///< as it was given [UTF-8]
+    bool usable = true;
+    std::vector<ConfigFinding> findings; ///< in the order of their places
+};
+
+/// Finds everything that the loader logs and what shows only when levels are generated.
+ConfigCheck CheckConfig(const std::string& name, const ConfigRecord& record);
+
+/// True when something was found that is more than a note.
+bool HasWeight(const ConfigCheck& check);
+
+/// Prints each finding with its place, and how many there are.
+void PrintCheck(const ConfigCheck& check, std::ostream& out);
+
+std::string ToJson(const ConfigCheck& check);
+
+} // namespace Tarnex::Report

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// Finding the names that come near one.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Tarnex::Report {
+
+/// How many letters must be inserted, removed or replaced to turn one text into the other, the case
+/// of the letters a to z left aside.
+std::size_t EditDistance(std::string_view a, std::string_view b);
+
+/// Up to three of `names` that come near `name`, the nearest first; each name once.
+std::vector<std::string> NearestNames(std::string_view name, const std::vector<std::string>& names);
+
+} // namespace Tarnex::Report

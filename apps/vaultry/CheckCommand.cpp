@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/CheckCommand.h"
+
+#include "apps/report/ConfigCheck.h"
+#include "apps/vaultry/ConfigSource.h"
+#include "apps/vaultry/LibraryLog.h"
+
+namespace Tarnex::Cli {
+
+ExitStatus RunCheck(const CheckOptions& options, const Console& console) {
+    const ConfigSource source(options.config);
+    const LibraryLog log(std::nullopt);
+    const Report::ConfigCheck check = Report::CheckConfig(options.config, source.Record());
+    if (options.json) {
+        console.out << Report::ToJson(check);
+    } else {
+        Report::PrintCheck(check, console.out);
+    }
+    if (!check.usable) {
+        return ExitStatus::Usage;
+    }
+    return Report::HasWeight(check) ? ExitStatus::Failure : ExitStatus::Success;
+}
+
+} // namespace Tarnex::Cli
