@@ -56,7 +56,7 @@ void Stages::Convert(Layout& level) {
     containers.clear();
     info.mod.ResetContent();
     InitCell();
-    LayoutToCell(*cell, level, Di3Point());
+    FillCell(level);
     AddCtrTreasure(containers);
 }
 

@@ -25,6 +25,22 @@ std::int32_t ArrivalAngle(TileDirT facing) {
     return index < kArrivals.size() ? kArrivals[index] : 0;
 }
 
+// The references that a layout and its children need, companions of tiles apart.
+std::size_t CountPieces(const Layout& layout) {
+    std::size_t count = 0;
+    for (std::uint32_t row = 0; row < layout.GetHeight(); ++row) {
+        for (const DiPtr<GridElmt>& elmt : layout.GetRow(row)) {
+            if (elmt) {
+                count += elmt->tiles.size() + elmt->platforms.size() + elmt->contents.size();
+            }
+        }
+    }
+    for (const DiPtr<Layout>& child : layout.GetChildren()) {
+        count += CountPieces(*child);
+    }
+    return count;
+}
+
 } // namespace
 
 GenIntBase::GenIntBase(GenInfo& info_)
@@ -104,6 +120,11 @@ void GenIntBase::InitCell() {
     marker.position.y = kNorthMarkerY;
     marker.sort = RefSort::Marker;
     cell->AddRef(std::move(marker));
+}
+
+void GenIntBase::FillCell(const Layout& layout) {
+    cell->Reserve(CountPieces(layout));
+    LayoutToCell(*cell, layout, Di3Point());
 }
 
 void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point& offset) {

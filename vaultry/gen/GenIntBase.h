@@ -51,6 +51,8 @@ protected:
     void SortLayout(SortedElmts& sorted, const Layout& layout) const;
     /// Makes the cell named in the run's context, beginning with its north marker.
     void InitCell();
+    /// Turns the whole layout into references of the run's cell.
+    void FillCell(const Layout& layout);
     /// Turns every element of the layout and its children into references; `offset` is the
     /// layout's absolute position. [cells]
     void LayoutToCell(Cell& target, const Layout& layout, const Di3Point& offset);

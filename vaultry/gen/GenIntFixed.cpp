@@ -17,7 +17,7 @@ void GenIntFixed::Gen() {
         AddPlatforms(layout);
     }
     AddContents(layout);
-    LayoutToCell(*cell, layout, Di3Point());
+    FillCell(layout);
     AddCtrTreasure(containers);
     ShowLevel(layout, nullptr);
 }

@@ -215,7 +215,7 @@ void GenIntRandom::FinishLevel(Layout& level, const LevelReport& report, bool fi
     info.cellName = level.GetName();
     InitCell();
     AddContents(level);
-    LayoutToCell(*cell, level, Di3Point());
+    FillCell(level);
     AddCtrTreasure(containers);
     ShowLevel(level, &report);
 }

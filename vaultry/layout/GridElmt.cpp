@@ -1,12 +1,43 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/layout/GridElmt.h>
 
+#include <vaultry/foundation/FreeList.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/layout/Layout.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tarnex {
+
+// A memory checker must see every element by itself.
+#if defined(__SANITIZE_ADDRESS__)
+void* GridElmt::operator new(std::size_t size) {
+    return ::operator new(size);
+}
+
+void GridElmt::operator delete(void* memory) noexcept {
+    ::operator delete(memory);
+}
+#else
+namespace {
+
+// Never destroyed: elements may outlive every other static object.
+FreeList<sizeof(GridElmt)>& Memory() {
+    static auto* memory = new FreeList<sizeof(GridElmt)>;
+    return *memory;
+}
+
+} // namespace
+
+void* GridElmt::operator new(std::size_t /*size*/) {
+    return Memory().Take();
+}
+
+void GridElmt::operator delete(void* memory) noexcept {
+    Memory().Give(memory);
+}
+#endif
 
 GridElmt::GridElmt() = default;
 GridElmt::GridElmt(const GridElmt& other) = default;
@@ -28,7 +59,9 @@ void GridElmt::AddContent(const DiPtr<ContentItem>& item) {
 // By value: the tile may be the element's own.
 void GridElmt::ReplaceTiles(DiPtr<Tile> tile) {
     tiles.clear();
-    AddTile(tile);
+    if (tile) {
+        tiles.push_back(std::move(tile));
+    }
 }
 
 bool GridElmt::HasTile(std::string_view kindName) const {

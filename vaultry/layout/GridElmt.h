@@ -9,6 +9,7 @@
 #include <vaultry/foundation/DiPtr.h>
 #include <vaultry/foundation/DiSmallList.h>
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -18,7 +19,7 @@ class Layout;
 
 /// The tiles, platform pieces and contents of one cell of a layout, with its teleport data. A copy
 /// shares the pieces and owns its lists.
-class VAULTRY_API GridElmt : public DiRcObject {
+class VAULTRY_API GridElmt final : public DiRcObject {
 public:
     /// A doorway with its jamb and door fits in place.
     using Tiles = DiSmallList<Tile, 3>;
@@ -32,6 +33,10 @@ public:
     bool isTeleport = false;         ///< the cell's door is a teleporting door
     bool isFull = false;             ///< no further content may be placed here
     bool isShadow = false;           ///< made by Layout::AddShadows
+
+    /// Elements come from memory of their own kind; none derives from this class.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* memory) noexcept;
 
     GridElmt();
     GridElmt(const GridElmt& other);

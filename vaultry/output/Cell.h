@@ -18,6 +18,8 @@ public:
     const std::string& GetName() const { return name; }
     const std::vector<Ref>& GetRefs() const { return refs; }
 
+    /// Makes room for that many further references at once.
+    void Reserve(std::size_t count) { refs.reserve(refs.size() + count); }
     /// Appends a copy of the reference.
     void AddRef(const Ref& ref);
     void AddRef(Ref&& ref);
