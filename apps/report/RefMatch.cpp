@@ -101,6 +101,7 @@ void Matcher::PairEqual(Group& group, Words (*wordsOf)(const PluginRef&)) {
     const auto sorted = [wordsOf](const std::vector<std::size_t>& places,
                                   const std::vector<PluginRef>& refs) {
         std::vector<std::pair<Words, std::size_t>> entries;
+        entries.reserve(places.size());
         for (const std::size_t place : places) {
             entries.emplace_back(wordsOf(refs[place]), place);
         }
