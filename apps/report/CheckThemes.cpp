@@ -90,9 +90,39 @@ void CheckItem(const ConfigRecord& record,
                  Nearest(type, {row.types.begin(), row.types.end()}));
 }
 
+// What random creature themes choose from: any creature, or those that are named.
+bool IsChosen(const ConfigRecord& record, const std::string& creature) {
+    for (const ConfigElement& theme : record.elements) {
+        if (!Is(theme, Theme_CreatureTheme) || ParseInt(AttributeText(theme, Attrib_Level)) < 1) {
+            continue;
+        }
+        for (const ConfigElement* item : ChildrenOf(record, theme)) {
+            const auto names = ListedNames(AttributeText(*item, Attrib_UniqueName));
+            if (names.empty() || NameSet(names.begin(), names.end()).contains(creature)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void CheckCreatures(const ConfigRecord& record, Findings& findings) {
+    for (const ConfigElement& element : record.elements) {
+        const std::string name = AttributeText(element, Attrib_UniqueName);
+        if (Is(element, Content_Creature) && !IsChosen(record, name)) {
+            findings.Add(Weight::Note,
+                         element,
+                         "no creature theme with a Level of 1 or more chooses Creature \"" + name +
+                             '"',
+                         "Random creature themes never place it.");
+        }
+    }
+}
+
 } // namespace
 
 void CheckThemes(const ConfigRecord& record, Findings& findings) {
+    CheckCreatures(record, findings);
     for (const ConfigElement& theme : record.elements) {
         for (const ThemeRow& row : ThemeRows()) {
             if (!Is(theme, row.theme)) {

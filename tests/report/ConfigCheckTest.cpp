@@ -87,13 +87,14 @@ TEST_F(ConfigCheckTest, ABlankAfterACommaIsFoundInALayout) {
 }
 
 TEST_F(ConfigCheckTest, AThemeItemThatFindsNothingIsAnError) {
-    EXPECT_EQ(Check("<Creature UniqueName=\"mudcrab\"/>\n"
-                    "<CreatureTheme Name=\"T\" Level=\"1\">\n"
-                    "<ThemeItem Type=\"Creature\" UniqueName=\"mudcrap\"/></CreatureTheme>\n"),
-              "my.xml:4:50: error: no Creature has the unique name \"mudcrap\"\n"
-              "    The item places nothing more when this name is drawn.\n"
-              "    Nearest: mudcrab\n"
-              "1 error, 0 warnings, 0 notes.\n");
+    EXPECT_EQ(
+        Check("<Creature UniqueName=\"mudcrab\"/>\n"
+              "<CreatureTheme Name=\"T\" Level=\"1\">\n"
+              "<ThemeItem Type=\"Creature\" UniqueName=\"mudcrap,mudcrab\"/></CreatureTheme>\n"),
+        "my.xml:4:58: error: no Creature has the unique name \"mudcrap\"\n"
+        "    The item places nothing more when this name is drawn.\n"
+        "    Nearest: mudcrab\n"
+        "1 error, 0 warnings, 0 notes.\n");
 }
 
 TEST_F(ConfigCheckTest, AnItemTypeThatTheThemeIgnoresIsAnError) {
@@ -101,6 +102,23 @@ TEST_F(ConfigCheckTest, AnItemTypeThatTheThemeIgnoresIsAnError) {
               "my.xml:2:55: error: a Theme has no items of the type \"Creature\"\n"
               "    The item is skipped.\n"
               "1 error, 0 warnings, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, ACornerDoorwayOnTheRimCannotBeClosed) {
+    EXPECT_EQ(Check("<Layout LayoutName=\"L\" Type=\"Room\">\n"
+                    "<Row><Col>DoorwayNW_W</Col><Col>WallN</Col></Row></Layout>\n"),
+              "my.xml:3:11: warning: the corner doorway \"DoorwayNW_W\" opens onto nothing\n"
+              "    Random levels remove it and have nothing to close the corner.\n"
+              "0 errors, 1 warning, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, ACreatureThatNoThemeWithALevelChoosesIsNoted) {
+    EXPECT_EQ(Check("<Creature UniqueName=\"rat\"/>\n"
+                    "<CreatureTheme Name=\"T\"><ThemeItem Type=\"Creature\"/></CreatureTheme>\n"),
+              "my.xml:2:29: note: no creature theme with a Level of 1 or more chooses Creature "
+              "\"rat\"\n"
+              "    Random creature themes never place it.\n"
+              "0 errors, 0 warnings, 1 note.\n");
 }
 
 TEST_F(ConfigCheckTest, AContainerWithoutCapacityIsAWarning) {
