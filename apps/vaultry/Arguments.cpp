@@ -33,6 +33,9 @@ constexpr const char* kGenerateExample =
     "Examples:\n"
     "  vaultry generate -o keep.esp -n \"The Old Keep\" --levels 3 --size medium --seed 7\n"
     "  vaultry generate --fixed -c my.xml --cave-tileset Cavern --cave-template Den --platforms";
+constexpr const char* kMapExample = "Examples:\n"
+                                    "  vaultry map --seed 7 --levels 2 --size medium\n"
+                                    "  vaultry map --fixed --template \"Sunken Shrine\"";
 constexpr const char* kListExample = "Example:\n"
                                      "  vaultry list -c my.xml --json";
 constexpr const char* kConfigExample = "Example:\n"
@@ -190,8 +193,14 @@ void AddRandom(CLI::App& verb, GenerateOptions& options) {
                   "Try further seeds until every room can be reached");
 }
 
-void AddRun(CLI::App& verb, GenerateOptions& options) {
+void AddRepeat(CLI::App& verb, GenerateOptions& options) {
     verb.add_flag("--platforms", options.platforms, "Raise platforms in fixed cave interiors");
+    AddNumber(
+        verb, "--seed", "Repeats a run (default: by chance)", 0, kMaxWord, Into(options.seed));
+}
+
+void AddRun(CLI::App& verb, GenerateOptions& options) {
+    AddRepeat(verb, options);
     AddText(verb, "--master", options.master, "NAME", "The master file (default: the game's)");
     AddNumber(verb,
               "--master-size",
@@ -199,14 +208,13 @@ void AddRun(CLI::App& verb, GenerateOptions& options) {
               0,
               kMaxWord,
               Into(options.masterSize));
-    AddNumber(
-        verb, "--seed", "Repeats a run (default: by chance)", 0, kMaxWord, Into(options.seed));
     AddNumber(verb,
               "--stamp",
               "The number in container identifiers (default: the time)",
               0,
               kMaxStamp,
               Into(options.stamp));
+    AddText(verb, "--map", options.map, "FILE.svg", "Draws every level (default: no map)");
     AddText(verb, "--log", options.log, "FILE", "Writes the generator's log (default: none)");
     verb.add_flag("--strict", options.strict, "Write nothing if there was an error");
     verb.add_flag("--quiet", options.quiet, "No progress and no summary");
@@ -223,6 +231,7 @@ CLI::App& AddVerb(CLI::App& app, const char* name, const char* help, const char*
 // Every option writes into the field it is declared with.
 struct Verbs {
     GenerateOptions generate;
+    MapOptions map;
     ListOptions list;
     ConfigOptions config;
     InspectOptions inspect;
@@ -239,6 +248,16 @@ struct Verbs {
         AddNames(make, generate);
         AddRandom(make, generate);
         AddRun(make, generate);
+
+        CLI::App& draw = AddVerb(app, "map", "Draws what would be generated", kMapExample);
+        AddConfig(draw, map.generate.config);
+        AddText(
+            draw, "-n,--cell", map.generate.cell, "NAME", "The cell (default: Vaultry Dungeon)");
+        draw.add_flag(
+            "--fixed", map.generate.fixed, "One cell from a layout instead of random levels");
+        AddNames(draw, map.generate);
+        AddRandom(draw, map.generate);
+        AddRepeat(draw, map.generate);
 
         CLI::App& show = AddVerb(app, "list", "Names what a configuration offers", kListExample);
         AddConfig(show, list.config);
@@ -281,6 +300,9 @@ Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     if (app.got_subcommand("generate")) {
         return std::move(verbs.generate);
+    }
+    if (app.got_subcommand("map")) {
+        return std::move(verbs.map);
     }
     if (app.got_subcommand("list")) {
         return std::move(verbs.list);

@@ -10,6 +10,7 @@
 #include "apps/vaultry/GenerateCommand.h"
 #include "apps/vaultry/InspectCommand.h"
 #include "apps/vaultry/ListCommand.h"
+#include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/UsageError.h"
 
 #include <exception>
@@ -24,6 +25,7 @@ struct Dispatch {
     ExitStatus operator()(const GenerateOptions& options) const {
         return RunGenerate(options, console);
     }
+    ExitStatus operator()(const MapOptions& options) const { return RunMap(options, console); }
     ExitStatus operator()(const ListOptions& options) const { return RunList(options, console); }
     ExitStatus operator()(const ConfigOptions& options) const {
         return RunConfig(options, console);

@@ -14,6 +14,7 @@ struct Console {
     std::ostream& out;          ///< results
     std::ostream& err;          ///< everything that is said about the run
     bool errIsTerminal = false; ///< progress is shown to people only
+    bool outInColour = false;   ///< escape sequences for colours may be written
 
     /// One line of the program's own on standard error. Control characters, which names and paths
     /// may hold, become blanks: they could break the line or drive the terminal.

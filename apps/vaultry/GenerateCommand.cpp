@@ -8,15 +8,15 @@
 #include "apps/vaultry/JsonReport.h"
 #include "apps/vaultry/LevelLines.h"
 #include "apps/vaultry/LibraryLog.h"
-#include "apps/vaultry/NameCheck.h"
+#include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/OutputFile.h"
+#include "apps/vaultry/RunSetup.h"
 #include "apps/vaultry/UsageError.h"
 #include "apps/vaultry/WalkableSearch.h"
 
 #include <vaultry/foundation/CodePage.h>
 
-#include <ctime>
-#include <random>
+#include <optional>
 
 namespace Tarnex::Cli {
 
@@ -37,72 +37,18 @@ void CheckFiles(const GenerateOptions& options, const ConfigSource& source) {
     if (options.log) {
         RequireDistinct(*options.log, options.out);
     }
+    if (options.map) {
+        RequireDistinct(*options.map, options.out);
+        if (config) {
+            RequireDistinct(*options.map, *config);
+        }
+        if (options.log) {
+            RequireDistinct(*options.map, *options.log);
+        }
+    }
     if (options.log && config) {
         RequireDistinct(*options.log, *config);
     }
-}
-
-void CheckText(const GenerateOptions& options) {
-    if (options.cell.empty()) {
-        throw UsageError("--cell: the name of the cell is empty");
-    }
-    if (options.ensureWalkable && options.fixed) {
-        throw UsageError("--ensure-walkable is for random levels, not for --fixed");
-    }
-    if (options.master && options.master->empty()) {
-        throw UsageError("--master: the name of the master file is empty");
-    }
-}
-
-// A run can be repeated only when what chance and the clock decided is known.
-void FixChance(GenerateOptions& options) {
-    if (!options.seed) {
-        options.seed = std::random_device()();
-    }
-    if (!options.stamp) {
-        options.stamp = std::time(nullptr);
-    }
-}
-
-// Each name is looked for before it is set, since the library ignores some unknown names.
-void ChooseNames(GenMgr& manager, const GenerateOptions& options) {
-    const auto choose = [](const auto& name, const char* what, const auto& list, auto set) {
-        if (name) {
-            set(RequireName(what, *name, NamesOf(list)).c_str());
-        }
-    };
-    choose(options.tileSet, "room tile set", manager.GetRoomTileSets(), [&](const char* name) {
-        manager.SetDefaultTileSet(name, false);
-    });
-    choose(options.caveTileSet, "cave tile set", manager.GetCaveTileSets(), [&](const char* name) {
-        manager.SetDefaultTileSet(name, true);
-    });
-    choose(options.layout, "room layout", manager.GetRoomLayouts(), [&](const char* name) {
-        manager.SetDefaultTemplate(name, false);
-    });
-    choose(options.caveLayout, "cave layout", manager.GetCaveLayouts(), [&](const char* name) {
-        manager.SetDefaultTemplate(name, true);
-    });
-    choose(options.theme, "theme", manager.GetThemes(), [&](const char* name) {
-        manager.SetDefaultTheme(name);
-    });
-    choose(options.creatureTheme, "creature theme", manager.GetCreatureThemes(), [&](auto name) {
-        manager.SetDefaultCreatureTheme(name);
-    });
-    choose(options.treasureTheme, "treasure theme", manager.GetTreasureThemes(), [&](auto name) {
-        manager.SetDefaultTreasureTheme(name);
-    });
-}
-
-void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSource& source) {
-    source.Load(manager);
-    ChooseNames(manager, options);
-    const std::string master = FromUtf8(options.master.value_or(""));
-    manager.SetMasterFile(options.master ? master.c_str() : nullptr,
-                          options.masterSize.value_or(0));
-    manager.SetAddPlatforms(options.platforms);
-    manager.SetRandomInfo(options.random);
-    manager.SetNameSingleLevel(true);
 }
 
 void WarnOfNames(RunReport& report, const Console& console) {
@@ -150,7 +96,11 @@ void SayLevels(RunReport& report, const Console& console) {
 class Run {
 public:
     Run(RunReport& runReport, const Console& runConsole)
-        : report(runReport), console(runConsole), output(report.options.out) {}
+        : report(runReport), console(runConsole), output(report.options.out) {
+        if (report.options.map) {
+            mapOutput.emplace(*report.options.map);
+        }
+    }
 
     void Generate(GenMgr& manager, LibraryLog& log, const CancelSignals& signals) {
         log.StartTries();
@@ -176,10 +126,13 @@ private:
         const std::uint32_t levels = options.fixed ? 1 : options.random.numLevels;
         ConsoleStatus status(shown ? &console.err : nullptr, signals, levels);
         manager.SetJobStatus(&status);
-        const RunResult result = GenerateLevels(manager, report, log);
+        const RunResult result = GenerateLevels(manager, report, log, maps);
         manager.SetJobStatus(nullptr);
         if (result != RunResult::Written) {
             return result;
+        }
+        if (mapOutput && !WriteMapFile(maps.Maps(), options, mapOutput->TemporaryPath())) {
+            return RunResult::NotWritten;
         }
         const ModResult written = manager.WriteMod(output.TemporaryPath().c_str());
         return written == ModResult::Written ? RunResult::Written : RunResult::NotWritten;
@@ -188,6 +141,9 @@ private:
     void Commit() {
         try {
             report.bytes = output.Commit();
+            if (mapOutput) {
+                mapOutput->Commit();
+            }
         } catch (const std::filesystem::filesystem_error& e) {
             report.result = RunResult::NotWritten;
             console.Say(e.code().message());
@@ -197,6 +153,8 @@ private:
     RunReport& report;
     const Console& console;
     OutputFile output;
+    std::optional<OutputFile> mapOutput;
+    Report::MapCollector maps;
 };
 
 } // namespace

@@ -34,9 +34,15 @@ struct GenerateOptions {
     std::optional<std::uint32_t> seed;
     std::optional<std::int64_t> stamp; ///< [seconds]
     std::optional<std::string> log;    ///< a path
+    std::optional<std::string> map;    ///< a path that ends in .svg
     bool strict = false;               ///< write nothing if anything was wrong
     bool quiet = false;
     bool json = false;
+};
+
+/// vaultry map: generates without writing a plug-in
+struct MapOptions {
+    GenerateOptions generate;
 };
 
 /// vaultry list
@@ -81,6 +87,7 @@ struct NoVerb {
 };
 
 using Request = std::variant<GenerateOptions,
+                             MapOptions,
                              ListOptions,
                              ConfigOptions,
                              InspectOptions,

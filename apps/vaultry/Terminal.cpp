@@ -2,6 +2,7 @@
 #include "apps/vaultry/Terminal.h"
 
 #include <cstdio>
+#include <cstdlib>
 
 #ifdef _WIN32
 #include <io.h>
@@ -11,12 +12,25 @@
 
 namespace Tarnex::Cli {
 
-bool StandardErrorIsTerminal() {
+namespace {
+
+bool IsTerminal(std::FILE* stream) {
 #ifdef _WIN32
-    return _isatty(_fileno(stderr)) != 0;
+    return _isatty(_fileno(stream)) != 0;
 #else
-    return isatty(fileno(stderr)) != 0;
+    return isatty(fileno(stream)) != 0;
 #endif
+}
+
+} // namespace
+
+bool StandardErrorIsTerminal() {
+    return IsTerminal(stderr);
+}
+
+bool StandardOutputTakesColour() {
+    const char* const refused = std::getenv("NO_COLOR");
+    return IsTerminal(stdout) && (refused == nullptr || *refused == '\0');
 }
 
 } // namespace Tarnex::Cli

@@ -7,4 +7,7 @@ namespace Tarnex::Cli {
 /// Whether standard error is shown to somebody rather than kept.
 bool StandardErrorIsTerminal();
 
+/// Whether standard output is a terminal whose owner did not refuse colours by NO_COLOR.
+bool StandardOutputTakesColour();
+
 } // namespace Tarnex::Cli

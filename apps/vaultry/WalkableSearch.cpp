@@ -47,7 +47,8 @@ constexpr RunResult ResultOf(ModResult result) {
 
 } // namespace
 
-RunResult GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log) {
+RunResult
+GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log, Report::MapCollector& maps) {
     GenerateOptions& options = report.options;
     const Defaults defaults(manager);
     const std::uint32_t firstSeed = options.seed.value();
@@ -56,7 +57,10 @@ RunResult GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log) {
         const std::uint32_t seed = SeedOfTry(firstSeed, report.tries - 1);
         SeedRandom(seed);
         SetContainerStamp(options.stamp.value());
+        maps.Clear();
+        manager.SetLevelObserver(&maps);
         const RunResult result = ResultOf(manager.Generate(cell.c_str(), options.fixed));
+        manager.SetLevelObserver(nullptr);
         report.levels = manager.report;
         if (result != RunResult::Written || !options.ensureWalkable || report.levels.IsWalkable()) {
             options.seed = seed;

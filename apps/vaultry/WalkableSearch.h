@@ -2,6 +2,7 @@
 // Trying seeds until a dungeon can be walked through.
 #pragma once
 
+#include "apps/report/LevelMap.h"
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/RunReport.h"
 
@@ -24,7 +25,8 @@ constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
 
 /// Generates into `manager`, with further seeds if the options ask for a walkable dungeon. Every
 /// try starts from the same state, so that the seed found, which the report's options then name,
-/// makes the same dungeon by itself.
-RunResult GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log);
+/// makes the same dungeon by itself. `maps` holds the levels of the last try.
+RunResult
+GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log, Report::MapCollector& maps);
 
 } // namespace Tarnex::Cli

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/RunSetup.h"
+
+#include "apps/vaultry/NameCheck.h"
+#include "apps/vaultry/UsageError.h"
+
+#include <vaultry/foundation/CodePage.h>
+
+#include <ctime>
+#include <random>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+// Each name is looked for before it is set, since the library ignores some unknown names.
+void ChooseNames(GenMgr& manager, const GenerateOptions& options) {
+    const auto choose = [](const auto& name, const char* what, const auto& list, auto set) {
+        if (name) {
+            set(RequireName(what, *name, NamesOf(list)).c_str());
+        }
+    };
+    choose(options.tileSet, "room tile set", manager.GetRoomTileSets(), [&](const char* name) {
+        manager.SetDefaultTileSet(name, false);
+    });
+    choose(options.caveTileSet, "cave tile set", manager.GetCaveTileSets(), [&](const char* name) {
+        manager.SetDefaultTileSet(name, true);
+    });
+    choose(options.layout, "room layout", manager.GetRoomLayouts(), [&](const char* name) {
+        manager.SetDefaultTemplate(name, false);
+    });
+    choose(options.caveLayout, "cave layout", manager.GetCaveLayouts(), [&](const char* name) {
+        manager.SetDefaultTemplate(name, true);
+    });
+    choose(options.theme, "theme", manager.GetThemes(), [&](const char* name) {
+        manager.SetDefaultTheme(name);
+    });
+    choose(options.creatureTheme, "creature theme", manager.GetCreatureThemes(), [&](auto name) {
+        manager.SetDefaultCreatureTheme(name);
+    });
+    choose(options.treasureTheme, "treasure theme", manager.GetTreasureThemes(), [&](auto name) {
+        manager.SetDefaultTreasureTheme(name);
+    });
+}
+
+} // namespace
+
+void CheckText(const GenerateOptions& options) {
+    if (options.cell.empty()) {
+        throw UsageError("--cell: the name of the cell is empty");
+    }
+    if (options.ensureWalkable && options.fixed) {
+        throw UsageError("--ensure-walkable is for random levels, not for --fixed");
+    }
+    if (options.map && !options.map->ends_with(".svg")) {
+        throw UsageError("--map: \"" + *options.map + "\" does not end in .svg");
+    }
+    if (options.master && options.master->empty()) {
+        throw UsageError("--master: the name of the master file is empty");
+    }
+}
+
+void FixChance(GenerateOptions& options) {
+    if (!options.seed) {
+        options.seed = std::random_device()();
+    }
+    if (!options.stamp) {
+        options.stamp = std::time(nullptr);
+    }
+}
+
+void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSource& source) {
+    source.Load(manager);
+    ChooseNames(manager, options);
+    const std::string master = FromUtf8(options.master.value_or(""));
+    manager.SetMasterFile(options.master ? master.c_str() : nullptr,
+                          options.masterSize.value_or(0));
+    manager.SetAddPlatforms(options.platforms);
+    manager.SetRandomInfo(options.random);
+    manager.SetNameSingleLevel(true);
+}
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// What every run that generates begins with.
+#pragma once
+
+#include "apps/vaultry/ConfigSource.h"
+#include "apps/vaultry/Options.h"
+
+#include <vaultry/gen/GenMgr.h>
+
+namespace Tarnex::Cli {
+
+/// Throws UsageError for options that are wrong or do not go together.
+void CheckText(const GenerateOptions& options);
+
+/// Sets seed and stamp unless they are given: a run can be repeated only when what chance and the
+/// clock decided is known.
+void FixChance(GenerateOptions& options);
+
+/// Loads the configuration and hands over the options. Throws UsageError for an unknown name.
+void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSource& source);
+
+} // namespace Tarnex::Cli
