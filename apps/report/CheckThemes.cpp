@@ -63,11 +63,14 @@ void CheckNames(const ConfigRecord& record,
                      "there is no content of the type \"" + type + '"',
                      "The item places nothing.");
     }
+    const std::string complaint = "no " + type + " has the unique name ";
     for (const std::string& name : wanted) {
         if (!known.contains(name)) {
+            std::string message = complaint;
+            message.append("\"").append(name).append("\"");
             findings.Add(Weight::Error,
                          item,
-                         "no " + type + " has the unique name \"" + name + '"',
+                         message,
                          "The item places nothing more when this name is drawn.",
                          Nearest(name, content));
         }

@@ -18,9 +18,9 @@ bool LessNoCase::operator()(const std::string& a, const std::string& b) const {
 
 void Findings::Add(Weight weight,
                    const ConfigElement& element,
-                   std::string message,
+                   const std::string& message,
                    std::string meaning,
-                   std::string nearest) {
+                   const std::string& nearest) {
     list.push_back({weight, element.place, ToUtf8(message), std::move(meaning), ToUtf8(nearest)});
 }
 

@@ -24,9 +24,9 @@ public:
 
     void Add(Weight weight,
              const ConfigElement& element,
-             std::string message,
+             const std::string& message,
              std::string meaning,
-             std::string nearest = {});
+             const std::string& nearest = {});
 
 private:
     std::vector<ConfigFinding>& list;
