@@ -72,7 +72,9 @@ std::vector<Part> PartsOf(const Layout& level) {
             parts.push_back({child.get(), parent.origin + place, near});
         }
     }
-    std::ranges::stable_partition(parts, [](const Part& part) { return part.sameFloor; });
+    // The form over ranges does not compile with clang 14.
+    std::stable_partition(
+        parts.begin(), parts.end(), [](const Part& part) { return part.sameFloor; });
     return parts;
 }
 
