@@ -116,7 +116,8 @@ void PutContent(Pair& pair, const MapCell& cell) {
     const bool besideDoor = cell.doorway != 0 && (cell.doorway & SideBit(DirE)) == 0;
     for (const TextMark& mark : kMarks) {
         if (mark.sort == content->sort) {
-            (besideDoor ? pair.right : Free(pair, cell)) = {std::string(mark.text), mark.ink};
+            Glyph& place = besideDoor ? pair.right : Free(pair, cell);
+            place = Glyph{std::string(mark.text), mark.ink};
         }
     }
 }
