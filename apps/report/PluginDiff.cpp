@@ -286,9 +286,10 @@ std::string TurnWords(const Di3Point& from, const Di3Point& to) {
         const std::string after = Number(Degrees(axis.to));
         text += text == "turned" ? " about " : " and about ";
         text += axis.name;
-        text += before == after
-                    ? " from " + ExactNumber(axis.from) + " to " + ExactNumber(axis.to) + " radians"
-                    : " from " + before + " to " + after + " degrees";
+        const bool exact = before == after; // too little for degrees to show
+        text.append(" from ").append(exact ? ExactNumber(axis.from) : before);
+        text.append(" to ").append(exact ? ExactNumber(axis.to) : after);
+        text.append(exact ? " radians" : " degrees");
     }
     return text;
 }
