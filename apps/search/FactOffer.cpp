@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "apps/search/FactOffer.h"
+
+#include "apps/report/DungeonFacts.h"
+#include "apps/report/NearNames.h"
+
+namespace Tarnex::Search {
+
+std::string NoFact(std::string_view name) {
+    constexpr std::size_t kLongestQuote = 40;
+    const bool isLong = name.size() > kLongestQuote;
+    std::string text = '"' + std::string(name.substr(0, kLongestQuote)) +
+                       (isLong ? "...\"" : "\"") + " is no fact";
+    // The effort of comparing grows with the length, and no fact is that long.
+    const std::vector<std::string> nearest =
+        isLong ? std::vector<std::string>() : Report::NearestNames(name, Report::FactNames());
+    if (nearest.empty()) {
+        return text + "; \"vaultry search --help\" lists them";
+    }
+    for (const std::string& fact : nearest) {
+        text += (&fact == &nearest.front() ? "; did you mean \"" : " or \"") + fact + '"';
+    }
+    return text + '?';
+}
+
+} // namespace Tarnex::Search
