@@ -2,7 +2,6 @@
 #include "apps/report/ConfigRules.h"
 
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Text.h>
 
 #include <algorithm>
 
@@ -10,106 +9,128 @@ namespace Tarnex::Report {
 
 namespace {
 
-constexpr std::size_t kLongestItemId = 31; // in the record of a container [bytes]
+// The containers that some theme places, and the greatest capacity of them.
+struct Containers {
+    bool placed = false;
+    double capacity = 0;
+};
 
-const std::vector<std::string_view> kCarried = {
-    Content_Armor, Content_Clothing, Content_Treasure, Content_Weapon};
-const std::vector<std::string_view> kPlaced = {
-    Content_Container, Content_Creature, Content_Furniture, Content_Rug, Content_Tapestry};
-
-double WeightOf(const ConfigElement& element) {
-    return ParseReal(AttributeText(element, Attrib_Weight));
-}
-
-std::string Titled(const ConfigElement& element) {
-    return element.name + " \"" + AttributeText(element, Attrib_UniqueName) + '"';
-}
-
-// The greatest capacity of any container; negative when there is none.
-double LargestCapacity(const ConfigRecord& record) {
-    double largest = -1;
-    for (const ConfigElement& element : record.elements) {
-        if (Is(element, Content_Container)) {
-            largest = std::max(largest, WeightOf(element));
+Containers PlacedContainers(const ConfigTree& tree) {
+    bool any = false;
+    NameSet names;
+    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
+        const ConfigElement* theme = tree.Around(*item);
+        if (theme == nullptr || !Is(*theme, Theme_Theme) ||
+            !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Container})) {
+            continue;
+        }
+        const auto listed = ListedNames(AttributeText(*item, Attrib_UniqueName));
+        any |= listed.empty();
+        names.insert(listed.begin(), listed.end());
+    }
+    Containers containers;
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        const bool chosen = any || names.contains(AttributeText(*content, Attrib_UniqueName));
+        if (Is(*content, Content_Container) && chosen) {
+            containers.placed = true;
+            containers.capacity = std::max(containers.capacity, RealOr(*content, Attrib_Weight, 0));
         }
     }
-    return largest;
+    return containers;
 }
 
-void CheckCarried(const ConfigElement& element, double capacity, Findings& findings) {
-    if (AttributeText(element, Attrib_UniqueName).size() > kLongestItemId) {
-        findings.Add(Weight::Error,
-                     element,
-                     Titled(element) + " has an identifier of more than 31 bytes",
-                     "It is cut in containers, and the game does not find it.");
+// Stacks of more are brought down to a total value of this at most.
+constexpr int kLargestFreeStack = 5;
+constexpr int kMostTotalValue = 5000;
+
+void CheckStack(const ConfigElement& content, Findings& findings) {
+    const int max = WholeOr(content, Attrib_Max, 1);
+    const int value = WholeOr(content, Attrib_Value, 0);
+    if (max > kLargestFreeStack && value > kMostTotalValue / (kLargestFreeStack + 1)) {
+        findings.Add(Weight::Note,
+                     PlaceOf(content, Attrib_Max),
+                     Titled(content, Attrib_UniqueName) + " is too dear for a Max of " +
+                         std::to_string(max),
+                     "Stacks are limited by their total value; it never lies in stacks of more "
+                     "than 5.");
     }
-    if (capacity >= 0 && WeightOf(element) > capacity) {
+}
+
+void CheckCarried(const ConfigElement& content, const Containers& containers, Findings& findings) {
+    CheckStack(content, findings);
+    if (containers.placed && RealOr(content, Attrib_Weight, 0) > containers.capacity) {
         findings.Add(Weight::Warning,
-                     element,
-                     Titled(element) + " is heavier than any container can carry",
+                     PlaceOf(content, Attrib_Weight),
+                     Titled(content, Attrib_UniqueName) +
+                         " is heavier than any container can carry",
                      "It is never placed.");
     }
 }
 
-void CheckNumbers(const ConfigElement& element, Findings& findings) {
-    const auto max = Attribute(element, Attrib_Max);
-    if (max && ParseInt(*max) < 1) {
-        findings.Add(Weight::Warning,
-                     element,
-                     Titled(element) + " has a Max of \"" + *max + '"',
-                     "It counts as 1.");
+void CheckPlaced(const ConfigElement& content, Findings& findings) {
+    const ConfigAttribute* max = FindAttribute(content, Attrib_Max);
+    if (max != nullptr) {
+        findings.Add(Weight::Note,
+                     max->place,
+                     "Max has no use for " + Titled(content, Attrib_UniqueName),
+                     "Only what lies in containers has stacks.");
     }
-    const auto value = Attribute(element, Attrib_Value);
-    if (value && ParseInt(*value) < 0) {
+    if (Is(content, Content_Container) && RealOr(content, Attrib_Weight, 0) <= 0) {
         findings.Add(Weight::Warning,
-                     element,
-                     Titled(element) + " has a Value of \"" + *value + '"',
-                     "It counts as worthless.");
+                     PlaceOf(content, Attrib_Weight),
+                     Titled(content, Attrib_UniqueName) + " has no capacity",
+                     "It takes only what weighs nothing.");
     }
 }
 
-void CheckTreasureType(const ConfigElement& element, Findings& findings) {
-    const std::vector<std::string> types = {"Book", "Gem", "Gold", "Ingredient", "Misc", "Tool"};
-    const std::string type = AttributeText(element, Attrib_Type);
-    if (!IsAnyOf(type, {types.begin(), types.end()})) {
+void CheckTreasureType(const ConfigElement& treasure, Findings& findings) {
+    const std::vector<std::string_view> types = {Treasure_Book,
+                                                 Treasure_Gem,
+                                                 Treasure_Gold,
+                                                 Treasure_Ingredient,
+                                                 Treasure_Misc,
+                                                 Treasure_Tool};
+    const std::string type = AttributeText(treasure, Attrib_Type);
+    if (!IsAnyOf(type, types)) {
         findings.Add(Weight::Error,
-                     element,
-                     Titled(element) + " has the unknown type \"" + type + '"',
+                     PlaceOf(treasure, Attrib_Type),
+                     Titled(treasure, Attrib_UniqueName) + " has the unknown type " +
+                         InQuotes(type),
                      "It is dropped without a message.",
-                     Nearest(type, types));
+                     findings.Nearest(type, {types.begin(), types.end()}));
+    }
+}
+
+void CheckTreasureThemes(const ConfigTree& tree, const Containers& containers, Findings& findings) {
+    for (const ConfigElement* theme : tree.OfClass(ElementClass::Theme)) {
+        if (Is(*theme, Theme_TreasureTheme) && !containers.placed) {
+            findings.Add(Weight::Warning,
+                         theme->place,
+                         "there is no container that a Theme places for " +
+                             Titled(*theme, Attrib_Name),
+                         "Treasure lies in containers only: none is placed.");
+        }
     }
 }
 
 } // namespace
 
-void CheckContent(const ConfigRecord& record, Findings& findings) {
-    const double capacity = LargestCapacity(record);
-    NameSet seen;
-    for (const ConfigElement& element : record.elements) {
-        const bool carried = IsAnyOf(element.name, kCarried);
-        if (!carried && !IsAnyOf(element.name, kPlaced)) {
-            continue;
+bool IsCarried(const ConfigElement& content) {
+    return IsAnyOf(content.name,
+                   {Content_Armor, Content_Clothing, Content_Treasure, Content_Weapon});
+}
+
+void CheckContent(const ConfigTree& tree, Findings& findings) {
+    const Containers containers = PlacedContainers(tree);
+    CheckTreasureThemes(tree, containers, findings);
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        if (IsCarried(*content)) {
+            CheckCarried(*content, containers, findings);
+        } else {
+            CheckPlaced(*content, findings);
         }
-        CheckNumbers(element, findings);
-        if (carried) {
-            CheckCarried(element, capacity, findings);
-        }
-        if (Is(element, Content_Treasure)) {
-            CheckTreasureType(element, findings);
-        }
-        if (Is(element, Content_Container) && WeightOf(element) <= 0) {
-            findings.Add(Weight::Warning,
-                         element,
-                         Titled(element) + " has no capacity",
-                         "It takes only what weighs nothing.");
-        }
-        const std::string key = element.name + ' ' + AttributeText(element, Attrib_Type) + ' ' +
-                                AttributeText(element, Attrib_UniqueName);
-        if (!seen.insert(key).second) {
-            findings.Add(Weight::Warning,
-                         element,
-                         Titled(element) + " is given twice",
-                         "Theme items that name it find the first one.");
+        if (Is(*content, Content_Treasure)) {
+            CheckTreasureType(*content, findings);
         }
     }
 }

@@ -3,7 +3,9 @@
 
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Text.h>
+#include <vaultry/gen/Limits.h>
 
+#include <algorithm>
 #include <array>
 
 namespace Tarnex::Report {
@@ -37,86 +39,156 @@ const std::array<ThemeRow, 3>& ThemeRows() {
     return kRows;
 }
 
-// The content that a theme item of that type can choose from.
-std::vector<std::string> ContentOf(const ConfigRecord& record, std::string_view type) {
-    std::vector<std::string> names;
-    for (const ConfigElement& element : record.elements) {
-        const bool treasure = Is(element, Content_Treasure);
-        const std::string kind = treasure ? AttributeText(element, Attrib_Type) : element.name;
-        if (EqualsNoCase(kind, type)) {
-            names.push_back(AttributeText(element, Attrib_UniqueName));
+// The content of one kind.
+struct Choice {
+    std::vector<std::string> placed; // unique names
+    NameSet known;                   // likewise
+    NameSet neverPlaced;             // birds and fish
+};
+
+using Choices = std::map<std::string, Choice, LessNoCase>;
+
+Choices ChoicesOf(const ConfigTree& tree) {
+    Choices choices;
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        Choice& choice = choices[ContentKind(*content)];
+        const std::string name = AttributeText(*content, Attrib_UniqueName);
+        const bool never =
+            Is(*content, Content_Creature) &&
+            IsAnyOf(AttributeText(*content, Attrib_Type), {Creature_Bird, Creature_Fish});
+        if (never) {
+            choice.neverPlaced.insert(name);
+        } else {
+            choice.placed.push_back(name);
+            choice.known.insert(name);
         }
     }
-    return names;
+    return choices;
 }
 
-void CheckNames(const ConfigRecord& record,
-                const ConfigElement& item,
-                const std::string& type,
-                Findings& findings) {
-    const std::vector<std::string> content = ContentOf(record, type);
-    const NameSet known(content.begin(), content.end());
-    const std::vector<std::string> wanted = ListedNames(AttributeText(item, Attrib_UniqueName));
-    if (wanted.empty() && content.empty()) {
-        findings.Add(Weight::Error,
-                     item,
-                     "there is no content of the type \"" + type + '"',
-                     "The item places nothing.");
-    }
-    const std::string complaint = "no " + type + " has the unique name ";
-    for (const std::string& name : wanted) {
-        if (!known.contains(name)) {
-            std::string message = complaint;
-            message.append("\"").append(name).append("\"");
-            findings.Add(Weight::Error,
-                         item,
-                         message,
-                         "The item places nothing more when this name is drawn.",
-                         Nearest(name, content));
-        }
-    }
-}
-
-void CheckItem(const ConfigRecord& record,
-               const ConfigElement& item,
-               const ThemeRow& row,
-               Findings& findings) {
-    const std::string type = AttributeText(item, Attrib_Type);
-    if (IsAnyOf(type, row.types)) {
-        CheckNames(record, item, type, findings);
+void CheckAnyContent(const ConfigElement& item, const Choice& choice, Findings& findings) {
+    if (!choice.placed.empty()) {
         return;
     }
+    const std::string type = AttributeText(item, Attrib_Type);
     findings.Add(Weight::Error,
-                 item,
-                 "a " + std::string(row.theme) + " has no items of the type \"" + type + '"',
-                 row.otherwise,
-                 Nearest(type, {row.types.begin(), row.types.end()}));
+                 PlaceOf(item, Attrib_Type),
+                 choice.neverPlaced.empty()
+                     ? "there is no content of the type " + InQuotes(type)
+                     : "all creatures are birds and fish, which are never placed",
+                 "The item places nothing.");
+}
+
+void CheckName(const ConfigElement& item,
+               const std::string& name,
+               const Choice& choice,
+               Findings& findings) {
+    if (choice.known.contains(name)) {
+        return;
+    }
+    const std::string type = AttributeText(item, Attrib_Type);
+    const bool never = choice.neverPlaced.contains(name);
+    findings.Add(Weight::Error,
+                 PlaceOf(item, Attrib_UniqueName),
+                 never ? "the " + type + ' ' + InQuotes(name) + " is a bird or fish"
+                       : "no " + type + " has the unique name " + InQuotes(name),
+                 never ? "Birds and fish are never placed; the item places nothing more when this "
+                         "name is drawn."
+                       : "The item places nothing more when this name is drawn.",
+                 never ? "" : findings.Nearest(name, choice.placed));
+}
+
+void CheckItem(const ConfigElement& item,
+               const ThemeRow& row,
+               const Choices& choices,
+               Findings& findings) {
+    const std::string type = AttributeText(item, Attrib_Type);
+    if (!IsAnyOf(type, row.types)) {
+        findings.Add(Weight::Error,
+                     PlaceOf(item, Attrib_Type),
+                     "a " + std::string(row.theme) + " has no items of the type " + InQuotes(type),
+                     row.otherwise,
+                     findings.Nearest(type, {row.types.begin(), row.types.end()}));
+        return;
+    }
+    static const Choice kNone;
+    const auto found = choices.find(type);
+    const Choice& choice = found == choices.end() ? kNone : found->second;
+    const std::vector<std::string> names = ListedNames(AttributeText(item, Attrib_UniqueName));
+    if (names.empty()) {
+        CheckAnyContent(item, choice, findings);
+    }
+    for (const std::string& name : names) {
+        CheckName(item, name, choice, findings);
+    }
+}
+
+constexpr int kNotGiven = -1;
+
+void CheckMinAndMax(const ConfigElement& item, Findings& findings) {
+    const int min = WholeOr(item, Attrib_Min, kNotGiven);
+    const int max = WholeOr(item, Attrib_Max, kNotGiven);
+    if (max != kNotGiven && max < 1) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(item, Attrib_Max),
+                     "Max is " + std::to_string(max),
+                     "The item places nothing.");
+    } else if (max != kNotGiven && min > max) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(item, Attrib_Min),
+                     "Min " + std::to_string(min) + " is greater than Max " + std::to_string(max),
+                     "No more than Max are placed.");
+    }
+    for (const std::string_view name : {Attrib_Min, Attrib_Max}) {
+        if (WholeOr(item, name, kNotGiven) > kMaxTurns) {
+            findings.Add(Weight::Warning,
+                         PlaceOf(item, name),
+                         std::string(name) + " is greater than " + std::to_string(kMaxTurns),
+                         "The item gets no more turns than these in a cell.");
+        }
+    }
+}
+
+void CheckChance(const ConfigElement& item, Findings& findings) {
+    if (RealOr(item, Attrib_Chance, 1) <= 0 && WholeOr(item, Attrib_Min, kNotGiven) < 1) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(item, Attrib_Chance),
+                     "the item has no Chance and no Min",
+                     "It places nothing.");
+    }
 }
 
 // What random creature themes choose from: any creature, or those that are named.
-bool IsChosen(const ConfigRecord& record, const std::string& creature) {
-    for (const ConfigElement& theme : record.elements) {
-        if (!Is(theme, Theme_CreatureTheme) || ParseInt(AttributeText(theme, Attrib_Level)) < 1) {
+struct Wanted {
+    bool any = false;
+    NameSet names;
+};
+
+Wanted WantedCreatures(const ConfigTree& tree) {
+    Wanted wanted;
+    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
+        const ConfigElement* theme = tree.Around(*item);
+        const bool random = theme != nullptr && Is(*theme, Theme_CreatureTheme) &&
+                            WholeOr(*theme, Attrib_Level, 0) > 0;
+        if (!random || !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Creature})) {
             continue;
         }
-        for (const ConfigElement* item : ChildrenOf(record, theme)) {
-            const auto names = ListedNames(AttributeText(*item, Attrib_UniqueName));
-            if (names.empty() || NameSet(names.begin(), names.end()).contains(creature)) {
-                return true;
-            }
-        }
+        const auto names = ListedNames(AttributeText(*item, Attrib_UniqueName));
+        wanted.any |= names.empty();
+        wanted.names.insert(names.begin(), names.end());
     }
-    return false;
+    return wanted;
 }
 
-void CheckCreatures(const ConfigRecord& record, Findings& findings) {
-    for (const ConfigElement& element : record.elements) {
-        const std::string name = AttributeText(element, Attrib_UniqueName);
-        if (Is(element, Content_Creature) && !IsChosen(record, name)) {
+void CheckCreatures(const ConfigTree& tree, Findings& findings) {
+    const Wanted wanted = WantedCreatures(tree);
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        const std::string name = AttributeText(*content, Attrib_UniqueName);
+        if (Is(*content, Content_Creature) && !wanted.any && !wanted.names.contains(name)) {
             findings.Add(Weight::Note,
-                         element,
-                         "no creature theme with a Level of 1 or more chooses Creature \"" + name +
-                             '"',
+                         content->place,
+                         "no CreatureTheme with a Level of 1 or more chooses Creature " +
+                             InQuotes(name),
                          "Random creature themes never place it.");
         }
     }
@@ -124,17 +196,16 @@ void CheckCreatures(const ConfigRecord& record, Findings& findings) {
 
 } // namespace
 
-void CheckThemes(const ConfigRecord& record, Findings& findings) {
-    CheckCreatures(record, findings);
-    for (const ConfigElement& theme : record.elements) {
+void CheckThemes(const ConfigTree& tree, Findings& findings) {
+    CheckCreatures(tree, findings);
+    const Choices choices = ChoicesOf(tree);
+    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
+        const ConfigElement* theme = tree.Around(*item);
         for (const ThemeRow& row : ThemeRows()) {
-            if (!Is(theme, row.theme)) {
-                continue;
-            }
-            for (const ConfigElement* item : ChildrenOf(record, theme)) {
-                if (Is(*item, Theme_ThemeItem)) {
-                    CheckItem(record, *item, row, findings);
-                }
+            if (theme != nullptr && Is(*theme, row.theme)) {
+                CheckItem(*item, row, choices, findings);
+                CheckMinAndMax(*item, findings);
+                CheckChance(*item, findings);
             }
         }
     }

@@ -3,140 +3,102 @@
 
 #include <vaultry/catalogue/Vocabulary.h>
 
+#include <algorithm>
+
 namespace Tarnex::Report {
 
 namespace {
 
 using Words = std::vector<std::string_view>;
 
-const Words kTileSetWords = {Tile_TsName, Tile_TsType, Tile_TsSize, Tile_WallThickness};
-const Words kTileWords = {Attrib_ZRotate,
-                          Attrib_DeltaZ,
-                          Attrib_OffsetX,
-                          Attrib_OffsetY,
-                          Attrib_OffsetZ,
-                          Attrib_Scale,
-                          Attrib_Area,
-                          Attrib_Requires};
-const Words kPlatformWords = {Attrib_Name};
-const Words kPieceWords = {Attrib_UniqueName,
-                           Attrib_ZRotate,
-                           Attrib_OffsetX,
-                           Attrib_OffsetY,
-                           Attrib_OffsetZ,
-                           Attrib_SizeX,
-                           Attrib_SizeY,
-                           Attrib_SizeZ};
-const Words kLayoutWords = {Attrib_LayoutName,
-                            Attrib_Type,
-                            Attrib_Width,
-                            Attrib_Height,
-                            Attrib_OffsetX,
-                            Attrib_OffsetY,
-                            Attrib_OffsetZ};
-const Words kThemeWords = {Attrib_Name, Attrib_Level};
-const Words kItemWords = {
-    Attrib_Type, Attrib_Ratio, Attrib_Chance, Attrib_Min, Attrib_Max, Attrib_UniqueName};
-const Words kContentWords = {Attrib_UniqueName,
-                             Attrib_FriendlyName,
-                             Attrib_ModelFile,
-                             Attrib_Type,
-                             Attrib_Max,
-                             Attrib_Level,
-                             Attrib_Value,
-                             Attrib_ZRotate,
-                             Attrib_Weight,
-                             Attrib_SizeX,
-                             Attrib_SizeY,
-                             Attrib_SizeZ,
-                             Attrib_OffsetX,
-                             Attrib_OffsetY,
-                             Attrib_OffsetZ,
-                             Attrib_Stack};
-
-struct ElementRow {
-    Words names;
-    const Words& attributes;
-};
-
-// The attributes that the loader reads of an element; null when the element is unknown, which the
-// loader itself reports.
-const Words* AttributesOf(const ConfigRecord& record, const ConfigElement& element) {
-    static const std::vector<ElementRow> kRows = {
-        {{Tile_TileSet}, kTileSetWords},
-        {{Layout_Layout}, kLayoutWords},
-        {{Theme_Theme, Theme_CreatureTheme, Theme_TreasureTheme}, kThemeWords},
-        {{Platform_Platform}, kPlatformWords},
-        {{Theme_ThemeItem}, kItemWords},
-        {{Content_Armor,
-          Content_Clothing,
-          Content_Container,
-          Content_Creature,
-          Content_Furniture,
-          Content_Rug,
-          Content_Tapestry,
-          Content_Treasure,
-          Content_Weapon},
-         kContentWords},
-    };
-    if (element.parent != ConfigElement::kNoParent) {
-        const ConfigElement& parent = record.elements[element.parent];
-        if (Is(parent, Tile_TileSet)) {
-            return &kTileWords;
-        }
-        if (Is(parent, Platform_Platform)) {
-            return &kPieceWords;
-        }
-    }
-    for (const ElementRow& row : kRows) {
-        if (IsAnyOf(element.name, row.names)) {
-            return &row.attributes;
-        }
-    }
-    return nullptr;
-}
-
 struct KeywordRow {
+    ElementClass element;
+    std::string_view name; // of the element; empty for all of its class
     std::string_view attribute;
     Words words;
     const char* meaning;
 };
 
-void CheckKeywords(const ConfigElement& element, Findings& findings) {
+const std::vector<KeywordRow>& KeywordRows() {
     static const std::vector<KeywordRow> kRows = {
-        {Attrib_Area, {Tile_HalfSize, Tile_QuarterSize, "FullSize"}, "The tile is of full size."},
-        {Attrib_Stack, {Stack_No, Stack_Bottom, Stack_Top, Stack_Yes}, "It counts as No."},
+        {ElementClass::Tile,
+         {},
+         Attrib_Area,
+         {Tile_HalfSize, Tile_QuarterSize, "FullSize"},
+         "The tile is of full size."},
+        {ElementClass::Content,
+         {},
+         Attrib_Stack,
+         {Stack_No, Stack_Bottom, Stack_Top, Stack_Yes},
+         "It counts as No."},
+        {ElementClass::Content,
+         Content_Creature,
+         Attrib_Type,
+         {Creature_Bird,
+          Creature_Creature,
+          Creature_Daedra,
+          Creature_Fish,
+          Creature_Humanoid,
+          Creature_Undead},
+         "It is placed like any creature that is no Bird and no Fish."},
     };
-    for (const KeywordRow& row : kRows) {
-        const auto value = Attribute(element, row.attribute);
-        if (value && !IsAnyOf(*value, row.words)) {
+    return kRows;
+}
+
+void CheckKeywords(const ConfigElement& element, ElementClass elementClass, Findings& findings) {
+    for (const KeywordRow& row : KeywordRows()) {
+        const ConfigAttribute* attribute = FindAttribute(element, row.attribute);
+        const bool concerned = row.element == elementClass && attribute != nullptr &&
+                               (row.name.empty() || Is(element, row.name));
+        if (concerned && !IsAnyOf(attribute->value, row.words)) {
             findings.Add(Weight::Warning,
-                         element,
-                         std::string(row.attribute) + " has no word \"" + *value + '"',
+                         attribute->place,
+                         std::string(row.attribute) + " has no word " + InQuotes(attribute->value),
                          row.meaning,
-                         Nearest(*value, {row.words.begin(), row.words.end()}));
+                         findings.Nearest(attribute->value, {row.words.begin(), row.words.end()}));
+        }
+    }
+}
+
+// Attributes of XML itself and of schemas, which editors add.
+bool IsOfXml(const ConfigAttribute& attribute) {
+    return attribute.name.starts_with("xml:") || attribute.name.starts_with("xmlns") ||
+           attribute.name.starts_with("xsi:");
+}
+
+void CheckAttributes(const ConfigElement& element, ElementClass elementClass, Findings& findings) {
+    Words known;
+    for (const AttributeFormat& format : AttributesOf(elementClass)) {
+        known.push_back(format.name);
+    }
+    NameSet given;
+    for (const ConfigAttribute& attribute : element.attributes) {
+        if (!IsAnyOf(attribute.name, known) && !IsOfXml(attribute)) {
+            findings.Add(Weight::Warning,
+                         attribute.place,
+                         element.name + " has no attribute " + InQuotes(attribute.name),
+                         "It is ignored.",
+                         findings.Nearest(attribute.name, {known.begin(), known.end()}));
+        }
+        if (!given.insert(attribute.name).second) {
+            findings.Add(Weight::Warning,
+                         attribute.place,
+                         element.name + " has the attribute " + InQuotes(attribute.name) + " twice",
+                         "The last one counts; unique names are added to the earlier ones.");
         }
     }
 }
 
 } // namespace
 
-void CheckWords(const ConfigRecord& record, Findings& findings) {
-    for (const ConfigElement& element : record.elements) {
-        const Words* words = AttributesOf(record, element);
-        if (words == nullptr) {
-            continue;
+void CheckWords(const ConfigTree& tree, Findings& findings) {
+    for (const ConfigElement& element : tree.All()) {
+        const ElementClass elementClass = tree.ClassOf(element);
+        // The loader itself reports elements that it does not know.
+        if (elementClass != ElementClass::Unknown) {
+            CheckAttributes(element, elementClass, findings);
+            CheckKeywords(element, elementClass, findings);
         }
-        for (const auto& [name, value] : element.attributes) {
-            if (!IsAnyOf(name, *words)) {
-                findings.Add(Weight::Warning,
-                             element,
-                             element.name + " has no attribute \"" + name + '"',
-                             "It is ignored.",
-                             Nearest(name, {words->begin(), words->end()}));
-            }
-        }
-        CheckKeywords(element, findings);
     }
 }
 

@@ -6,7 +6,7 @@
 #include "apps/report/Words.h"
 
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Text.h>
 
 #include <algorithm>
 #include <array>
@@ -16,7 +16,15 @@ namespace Tarnex::Report {
 
 namespace {
 
-constexpr std::array kRules = {CheckWords, CheckTileSets, CheckLayouts, CheckThemes, CheckContent};
+constexpr std::array kRules = {CheckWords,
+                               CheckNumbers,
+                               CheckIds,
+                               CheckDuplicates,
+                               CheckTileSets,
+                               CheckPlatforms,
+                               CheckLayouts,
+                               CheckThemes,
+                               CheckContent};
 
 constexpr std::array<const char*, 3> kWeightNames = {"error", "warning", "note"};
 
@@ -24,47 +32,27 @@ const char* WeightName(Weight weight) {
     return kWeightNames.at(static_cast<std::size_t>(weight));
 }
 
-// What the loader's lines mean, by a part of their text that no other has.
+// What the loader's lines mean, by a part of their text that no other has, and the attribute that
+// they are about.
 struct LogRow {
     std::string_view part;
     Weight weight;
     const char* meaning;
+    std::string_view attribute;
 };
 
 constexpr std::array<LogRow, 7> kLogRows = {{
-    {"Unrecognized tag", Weight::Error, "The element is ignored."},
-    {"Unusual tile set size", Weight::Warning, "The size is used as it is."},
-    {"Unrecognized TileSet Type", Weight::Error, "The tile set is dropped."},
-    {"Unrecognized Layout Type", Weight::Error, "The layout is dropped."},
-    {"Layout size too large", Weight::Error, "The layout is refused."},
-    {"Too many rows/cols", Weight::Error, "The cell is dropped."},
-    {"Duplicate tile", Weight::Warning, "The later one is used, and nothing is derived from it."},
+    {"Unrecognized tag", Weight::Error, "The element is ignored.", {}},
+    {"Unusual tile set size", Weight::Warning, "The size is used as it is.", Tile_TsSize},
+    {"Unrecognized TileSet Type", Weight::Error, "The tile set is dropped.", Tile_TsType},
+    {"Unrecognized Layout Type", Weight::Error, "The layout is dropped.", Attrib_Type},
+    {"Layout size too large", Weight::Error, "The layout is refused.", {}},
+    {"Too many rows/cols", Weight::Error, "The cell is dropped.", {}},
+    {"Duplicate tile",
+     Weight::Warning,
+     "The later one is used, and nothing is derived from it.",
+     {}},
 }};
-
-std::vector<std::string> TagNames() {
-    std::vector<std::string> names;
-    for (const std::string_view name : {Tile_TileSet,
-                                        Layout_Layout,
-                                        Layout_Row,
-                                        Layout_Col,
-                                        Theme_Theme,
-                                        Theme_CreatureTheme,
-                                        Theme_TreasureTheme,
-                                        Theme_ThemeItem,
-                                        Platform_Platform,
-                                        Content_Armor,
-                                        Content_Clothing,
-                                        Content_Container,
-                                        Content_Creature,
-                                        Content_Furniture,
-                                        Content_Rug,
-                                        Content_Tapestry,
-                                        Content_Treasure,
-                                        Content_Weapon}) {
-        names.emplace_back(name);
-    }
-    return names;
-}
 
 // The word in the first pair of apostrophes.
 std::string NamedWord(const std::string& text) {
@@ -73,31 +61,43 @@ std::string NamedWord(const std::string& text) {
     return end == std::string::npos ? "" : text.substr(start + 1, end - start - 1);
 }
 
-std::string NearestInLine(const std::string& line) {
+std::string NearestInLine(const std::string& line, Findings& findings) {
     if (line.find("Unrecognized tag") != std::string::npos) {
-        return Nearest(NamedWord(line), TagNames());
+        const std::vector<std::string_view> names = ElementNames();
+        return findings.Nearest(NamedWord(line), {names.begin(), names.end()});
     }
     if (line.find(" Type '") != std::string::npos) {
-        return Nearest(NamedWord(line), {std::string(Tile_Room), std::string(Tile_Cave)});
+        return findings.Nearest(NamedWord(line), {std::string(Tile_Room), std::string(Tile_Cave)});
     }
     return {};
 }
 
-ConfigFinding FromLog(const ConfigLogLine& line) {
+// An element that is known and yet not recognised stands in the wrong place.
+const char* MeaningOf(const LogRow& row, const std::string& nearest, const std::string& line) {
+    return !nearest.empty() && EqualsNoCase(nearest, NamedWord(line))
+               ? "It is ignored: it stands outside the element that it belongs to."
+               : row.meaning;
+}
+
+void AddLogLine(const ConfigRecord& record, const ConfigLogLine& line, Findings& findings) {
     constexpr std::string_view kPrefix = "Error : ";
-    std::string text = line.text;
-    if (text.starts_with(kPrefix)) {
-        text = text.substr(kPrefix.size());
-    }
+    const std::string text =
+        line.text.starts_with(kPrefix) ? line.text.substr(kPrefix.size()) : line.text;
     const auto* const row = std::ranges::find_if(kLogRows, [&text](const LogRow& candidate) {
         return text.find(candidate.part) != std::string::npos;
     });
-    const bool known = row != kLogRows.end();
-    return {known ? row->weight : Weight::Error,
-            line.place,
-            ToUtf8(text),
-            known ? row->meaning : "Everything after this place is missing.",
-            ToUtf8(NearestInLine(text))};
+    if (row == kLogRows.end()) {
+        findings.Add(Weight::Error, line.place, text, "Everything after this place is missing.");
+        return;
+    }
+    const bool placed = line.element != ConfigElement::kNone && !row->attribute.empty();
+    const std::string nearest = NearestInLine(text, findings);
+    const char* meaning = MeaningOf(*row, nearest, text);
+    findings.Add(row->weight,
+                 placed ? PlaceOf(record.elements[line.element], row->attribute) : line.place,
+                 text,
+                 meaning,
+                 meaning == row->meaning ? nearest : "");
 }
 
 std::size_t CountOf(const ConfigCheck& check, Weight weight) {
@@ -116,13 +116,14 @@ std::string Harmless(std::string text) {
 
 ConfigCheck CheckConfig(const std::string& name, const ConfigRecord& record) {
     ConfigCheck check{name, !record.fatal, {}};
+    Findings findings(check.findings);
     for (const ConfigLogLine& line : record.errors) {
-        check.findings.push_back(FromLog(line));
+        AddLogLine(record, line, findings);
     }
     if (check.usable) {
-        Findings findings(check.findings);
+        const ConfigTree tree(record);
         for (const auto rule : kRules) {
-            rule(record, findings);
+            rule(tree, findings);
         }
     }
     std::ranges::stable_sort(check.findings, {}, [](const ConfigFinding& finding) {

@@ -16,7 +16,7 @@ enum class Weight { Error, Warning, Note };
 /// One finding. All text is UTF-8.
 struct ConfigFinding {
     Weight weight = Weight::Error;
-    ConfigPlace place; ///< behind the start tag concerned
+    ConfigPlace place; ///< of the start tag or attribute concerned
     std::string message;
     std::string meaning; ///< for generation
     std::string nearest; ///< the word that was probably meant; empty when none comes near

@@ -3,62 +3,53 @@
 #pragma once
 
 #include "apps/report/ConfigCheck.h"
+#include "apps/report/ConfigTree.h"
 
-#include <functional>
-#include <optional>
-#include <set>
-#include <string_view>
+#include <cstdint>
 
 namespace Tarnex::Report {
 
-/// Names compare as the library compares them, without regard to case.
-struct LessNoCase {
-    bool operator()(const std::string& a, const std::string& b) const;
-};
-using NameSet = std::set<std::string, LessNoCase>;
-
-/// Collects findings about elements, whose text is Windows-1252.
+/// Collects findings, whose text is Windows-1252.
 class Findings {
 public:
     explicit Findings(std::vector<ConfigFinding>& list_) : list(list_) {}
 
     void Add(Weight weight,
-             const ConfigElement& element,
+             const ConfigPlace& place,
              const std::string& message,
              std::string meaning,
              const std::string& nearest = {});
 
+    /// The one of `names` that comes nearest, blanks around the name left aside; empty when none
+    /// does. After many comparisons nothing is compared any more: a hostile document could ask for
+    /// them without end.
+    std::string Nearest(const std::string& name, const std::vector<std::string>& names);
+
 private:
     std::vector<ConfigFinding>& list;
+    std::uint64_t comparisonsLeft = 20'000'000; // of letters
 };
 
-/// The last value given to an attribute.
-std::optional<std::string> Attribute(const ConfigElement& element, std::string_view name);
-/// Likewise, empty when it is not given.
-std::string AttributeText(const ConfigElement& element, std::string_view name);
+/// A text of the document in quotes, cut where it is long.
+std::string InQuotes(const std::string& text);
+/// The name and the title of an element.
+std::string Titled(const ConfigElement& element, std::string_view titleAttribute);
 
-bool Is(const ConfigElement& element, std::string_view name);
-bool IsAnyOf(std::string_view word, const std::vector<std::string_view>& words);
+/// Whether content lies in containers; other content stands in rooms.
+bool IsCarried(const ConfigElement& content);
 
-/// The names of a list as the loader splits them.
-std::vector<std::string> ListedNames(const std::string& text);
-
-/// The one that comes nearest, blanks around the name left aside; empty when none does.
-std::string Nearest(const std::string& name, const std::vector<std::string>& names);
-
-/// The children of an element, in document order.
-std::vector<const ConfigElement*> ChildrenOf(const ConfigRecord& record, const ConfigElement& of);
-
-/// The names of all tiles that the tile sets of a type have, derived ones included.
-NameSet TileNames(const ConfigRecord& record, std::string_view type);
-
-/// Adds the tiles that a tile of that kind brings with it, itself included.
-void AddDerivedTiles(const std::string& name, NameSet& names);
-
-void CheckWords(const ConfigRecord& record, Findings& findings);
-void CheckTileSets(const ConfigRecord& record, Findings& findings);
-void CheckLayouts(const ConfigRecord& record, Findings& findings);
-void CheckThemes(const ConfigRecord& record, Findings& findings);
-void CheckContent(const ConfigRecord& record, Findings& findings);
+/// Unknown attributes and keywords.
+void CheckWords(const ConfigTree& tree, Findings& findings);
+/// What is no number, and numbers that make no sense.
+void CheckNumbers(const ConfigTree& tree, Findings& findings);
+/// Identifiers that the game does not find.
+void CheckIds(const ConfigTree& tree, Findings& findings);
+/// Things of one name, of which only the first is found by it.
+void CheckDuplicates(const ConfigTree& tree, Findings& findings);
+void CheckTileSets(const ConfigTree& tree, Findings& findings);
+void CheckPlatforms(const ConfigTree& tree, Findings& findings);
+void CheckLayouts(const ConfigTree& tree, Findings& findings);
+void CheckThemes(const ConfigTree& tree, Findings& findings);
+void CheckContent(const ConfigTree& tree, Findings& findings);
 
 } // namespace Tarnex::Report

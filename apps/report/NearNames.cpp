@@ -39,10 +39,16 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
 std::vector<std::string> NearestNames(std::string_view name,
                                       const std::vector<std::string>& names) {
     std::vector<std::pair<std::size_t, std::string>> near;
+    const std::size_t tolerance = Tolerance(name);
     for (const std::string& candidate : names) {
+        // Their lengths tell already that too many letters differ.
+        if (candidate.size() > name.size() + tolerance ||
+            name.size() > candidate.size() + tolerance) {
+            continue;
+        }
         const std::pair entry(EditDistance(name, candidate), candidate);
         const bool known = std::ranges::find(near, entry) != near.end();
-        if (entry.first <= Tolerance(name) && !known) {
+        if (entry.first <= tolerance && !known) {
             near.push_back(entry);
         }
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/report/RefMatch.h"
 
+#include "apps/report/PointTree.h"
+
 #include <algorithm>
 #include <bit>
 #include <limits>
@@ -46,16 +48,6 @@ Words WholeWords(const PluginRef& ref) {
         }
     }
     return words;
-}
-
-double SquaredDistance(const PluginRef& a, const PluginRef& b) {
-    const Di3Point& p = a.place.position;
-    const Di3Point& q = b.place.position;
-    const double dx = static_cast<double>(p.x) - static_cast<double>(q.x);
-    const double dy = static_cast<double>(p.y) - static_cast<double>(q.y);
-    const double dz = static_cast<double>(p.z) - static_cast<double>(q.z);
-    const double distance = dx * dx + dy * dy + dz * dz;
-    return distance == distance ? distance : std::numeric_limits<double>::infinity();
 }
 
 // The references of one object that have no partner yet, each by its place in its cell.
@@ -124,14 +116,20 @@ void Matcher::PairEqual(Group& group, Words (*wordsOf)(const PluginRef&)) {
 }
 
 void Matcher::PairNearest(Group& group) {
+    if (group.a.empty() || group.b.empty()) {
+        return;
+    }
+    std::vector<Di3Point> positions;
+    for (const std::size_t place : group.b) {
+        positions.push_back(b[place].place.position);
+    }
+    PointTree left(positions);
     for (const std::size_t place : group.a) {
-        const auto nearest = std::ranges::min_element(
-            group.b, {}, [&](std::size_t other) { return SquaredDistance(a[place], b[other]); });
-        if (nearest == group.b.end()) {
+        const std::size_t nearest = left.TakeNearest(a[place].place.position);
+        if (nearest == PointTree::kNone) {
             return;
         }
-        Pair(place, *nearest);
-        group.b.erase(nearest);
+        Pair(place, group.b[nearest]);
     }
 }
 

@@ -55,8 +55,10 @@ constexpr const char* kDiffExample = "Exit status: 0 the same, 1 differences, 2 
 constexpr const char* kCheckExample =
     "Exit status: 0 clean, 1 there are errors or warnings, 2 unusable.\n"
     "\n"
-    "Example:\n"
-    "  vaultry check my.xml";
+    "Examples:\n"
+    "  vaultry check my.xml\n"
+    "  vaultry check my.xml --json | jq -r '.findings[].message'\n"
+    "  vaultry check builtin:caves";
 
 std::string Joined(const std::vector<std::string>& words) {
     std::string text;

@@ -23,17 +23,17 @@ TEST_F(CheckTest, TheBuiltInCavesHaveNothingOfWeight) {
 }
 
 TEST_F(CheckTest, AFindingIsAFailureWithItsPlace) {
-    Write("my.xml", "<OstrelData>\n<Container UniqueName=\"c\"/>\n</OstrelData>\n");
+    Write("my.xml", "<OstrelData>\n<Container UniqueName=\"c\" ModelFile=\"m\"/>\n</OstrelData>\n");
     const Outcome outcome = Run({"check", "my.xml"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out,
-              "my.xml:2:28: warning: Container \"c\" has no capacity\n"
+              "my.xml:2:1: warning: Container \"c\" has no capacity\n"
               "    It takes only what weighs nothing.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
 TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
-    Write("my.xml", "<OstrelData>\n<Rug UniqName=\"r\"/>\n</OstrelData>\n");
+    Write("my.xml", "<OstrelData>\n<Rug UniqueName=\"r\" Stak=\"No\"/>\n</OstrelData>\n");
     const Outcome outcome = Run({"check", "my.xml", "--json"});
     EXPECT_EQ(outcome.status, 1);
     const auto json = nlohmann::json::parse(outcome.out);
@@ -43,8 +43,10 @@ TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
     const auto& finding = json.at("findings").at(0);
     EXPECT_EQ(finding.at("weight"), "warning");
     EXPECT_EQ(finding.at("line"), 2);
-    EXPECT_EQ(finding.at("column"), 20);
-    EXPECT_EQ(finding.at("nearest"), "UniqueName");
+    EXPECT_EQ(finding.at("message"), "Rug has no attribute \"Stak\"");
+    EXPECT_EQ(finding.at("meaning"), "It is ignored.");
+    EXPECT_EQ(finding.at("column"), 21);
+    EXPECT_EQ(finding.at("nearest"), "Stack");
 }
 
 TEST_F(CheckTest, AMissingFileIsNamed) {

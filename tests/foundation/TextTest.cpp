@@ -231,6 +231,15 @@ TEST(ParseRealTest, RoundsToTheNearestDouble) {
     EXPECT_EQ(ParseReal("1e-310"), 1e-310);
 }
 
+TEST(SplitListTest, SeparatorsInARowMakeNoEmptyNames) {
+    EXPECT_EQ(SplitList(",a;;b\n\tc,"), (std::vector<std::string_view>{"a", "b", "c"}));
+    EXPECT_TRUE(SplitList("\r\f").empty());
+}
+
+TEST(SplitListTest, ABlankBelongsToTheName) {
+    EXPECT_EQ(SplitList("a, b"), (std::vector<std::string_view>{"a", " b"}));
+}
+
 } // namespace
 
 } // namespace Tarnex::Test

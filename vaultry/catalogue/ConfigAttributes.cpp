@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/ConfigAttributes.h>
 
+#include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
 #include <vaultry/foundation/Logger.h>
@@ -18,6 +19,7 @@ template <typename T>
 struct AttribRow {
     std::string_view name;
     void (*apply)(T& object, const std::string& value);
+    ValueKind kind;
 };
 
 // The field at the end of a path of members.
@@ -109,81 +111,99 @@ void SetTileSize(TileSet& tileSet, const std::string& value) {
 
 // clang-format off
 constexpr std::array kTileSetAttribs = {
-    AttribRow<TileSet>{Tile_TsName,        SetName<TileSet>},
-    AttribRow<TileSet>{Tile_TsType,        SetTileSetType},
-    AttribRow<TileSet>{Tile_WallThickness, SetWallThickness},
-    AttribRow<TileSet>{Tile_TsSize,        SetTileSize},
+    AttribRow<TileSet>{Tile_TsName,        SetName<TileSet>, ValueKind::Text},
+    AttribRow<TileSet>{Tile_TsType,        SetTileSetType, ValueKind::Text},
+    AttribRow<TileSet>{Tile_WallThickness, SetWallThickness, ValueKind::Real},
+    AttribRow<TileSet>{Tile_TsSize,        SetTileSize, ValueKind::Whole},
 };
 
 constexpr std::array kTileAttribs = {
-    AttribRow<Tile>{Attrib_ZRotate,  SetInt<Tile, &Tile::zRotate>},
-    AttribRow<Tile>{Attrib_DeltaZ,   SetInt<Tile, &Tile::deltaZ>},
-    AttribRow<Tile>{Attrib_OffsetX,  SetReal<Tile, &Tile::offset, &Di3Point::x>},
-    AttribRow<Tile>{Attrib_OffsetY,  SetReal<Tile, &Tile::offset, &Di3Point::y>},
-    AttribRow<Tile>{Attrib_OffsetZ,  SetReal<Tile, &Tile::offset, &Di3Point::z>},
-    AttribRow<Tile>{Attrib_Scale,    SetReal<Tile, &Tile::scale>},
-    AttribRow<Tile>{Attrib_Area,     SetArea},
-    AttribRow<Tile>{Attrib_Requires, SetText<Tile, &Tile::requiredName>},
+    AttribRow<Tile>{Attrib_ZRotate,  SetInt<Tile, &Tile::zRotate>, ValueKind::Whole},
+    AttribRow<Tile>{Attrib_DeltaZ,   SetInt<Tile, &Tile::deltaZ>, ValueKind::Whole},
+    AttribRow<Tile>{Attrib_OffsetX,  SetReal<Tile, &Tile::offset, &Di3Point::x>, ValueKind::Real},
+    AttribRow<Tile>{Attrib_OffsetY,  SetReal<Tile, &Tile::offset, &Di3Point::y>, ValueKind::Real},
+    AttribRow<Tile>{Attrib_OffsetZ,  SetReal<Tile, &Tile::offset, &Di3Point::z>, ValueKind::Real},
+    AttribRow<Tile>{Attrib_Scale,    SetReal<Tile, &Tile::scale>, ValueKind::Real},
+    AttribRow<Tile>{Attrib_Area,     SetArea, ValueKind::Area},
+    AttribRow<Tile>{Attrib_Requires, SetText<Tile, &Tile::requiredName>, ValueKind::Text},
 };
 
 constexpr std::array kPlatformAttribs = {
-    AttribRow<Platform>{Attrib_Name, SetName<Platform>},
+    AttribRow<Platform>{Attrib_Name, SetName<Platform>, ValueKind::Text},
 };
 
 constexpr std::array kPlatformTileAttribs = {
-    AttribRow<PlatformTile>{Attrib_UniqueName, SetText<PlatformTile, &PlatformTile::id>},
-    AttribRow<PlatformTile>{Attrib_ZRotate,    SetInt<PlatformTile, &PlatformTile::zRotate>},
-    AttribRow<PlatformTile>{Attrib_OffsetX,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::x>},
-    AttribRow<PlatformTile>{Attrib_OffsetY,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::y>},
-    AttribRow<PlatformTile>{Attrib_OffsetZ,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::z>},
-    AttribRow<PlatformTile>{Attrib_SizeX,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::x>},
-    AttribRow<PlatformTile>{Attrib_SizeY,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::y>},
-    AttribRow<PlatformTile>{Attrib_SizeZ,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::z>},
+    AttribRow<PlatformTile>{Attrib_UniqueName, SetText<PlatformTile, &PlatformTile::id>, ValueKind::Text},
+    AttribRow<PlatformTile>{Attrib_ZRotate,    SetInt<PlatformTile, &PlatformTile::zRotate>, ValueKind::Whole},
+    AttribRow<PlatformTile>{Attrib_OffsetX,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::x>, ValueKind::Real},
+    AttribRow<PlatformTile>{Attrib_OffsetY,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::y>, ValueKind::Real},
+    AttribRow<PlatformTile>{Attrib_OffsetZ,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::z>, ValueKind::Real},
+    AttribRow<PlatformTile>{Attrib_SizeX,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::x>, ValueKind::Real},
+    AttribRow<PlatformTile>{Attrib_SizeY,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::y>, ValueKind::Real},
+    AttribRow<PlatformTile>{Attrib_SizeZ,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::z>, ValueKind::Real},
 };
 
 constexpr std::array kLayoutAttribs = {
-    AttribRow<LayoutHead>{Attrib_LayoutName, SetText<LayoutHead, &LayoutHead::name>},
-    AttribRow<LayoutHead>{Attrib_Type,       SetText<LayoutHead, &LayoutHead::type>},
-    AttribRow<LayoutHead>{Attrib_Width,      SetInt<LayoutHead, &LayoutHead::width>},
-    AttribRow<LayoutHead>{Attrib_Height,     SetInt<LayoutHead, &LayoutHead::height>},
-    AttribRow<LayoutHead>{Attrib_OffsetX,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::x>},
-    AttribRow<LayoutHead>{Attrib_OffsetY,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::y>},
-    AttribRow<LayoutHead>{Attrib_OffsetZ,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::z>},
+    AttribRow<LayoutHead>{Attrib_LayoutName, SetText<LayoutHead, &LayoutHead::name>, ValueKind::Text},
+    AttribRow<LayoutHead>{Attrib_Type,       SetText<LayoutHead, &LayoutHead::type>, ValueKind::Text},
+    AttribRow<LayoutHead>{Attrib_Width,      SetInt<LayoutHead, &LayoutHead::width>, ValueKind::Whole},
+    AttribRow<LayoutHead>{Attrib_Height,     SetInt<LayoutHead, &LayoutHead::height>, ValueKind::Whole},
+    AttribRow<LayoutHead>{Attrib_OffsetX,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::x>, ValueKind::Real},
+    AttribRow<LayoutHead>{Attrib_OffsetY,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::y>, ValueKind::Real},
+    AttribRow<LayoutHead>{Attrib_OffsetZ,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::z>, ValueKind::Real},
 };
 
 constexpr std::array kThemeAttribs = {
-    AttribRow<Theme>{Attrib_Name,  SetName<Theme>},
-    AttribRow<Theme>{Attrib_Level, SetInt<Theme, &Theme::level>},
+    AttribRow<Theme>{Attrib_Name,  SetName<Theme>, ValueKind::Text},
+    AttribRow<Theme>{Attrib_Level, SetInt<Theme, &Theme::level>, ValueKind::Whole},
 };
 
 constexpr std::array kThemeItemAttribs = {
-    AttribRow<ThemeItem>{Attrib_Type,       SetText<ThemeItem, &ThemeItem::type>},
-    AttribRow<ThemeItem>{Attrib_Ratio,      SetReal<ThemeItem, &ThemeItem::ratio>},
-    AttribRow<ThemeItem>{Attrib_Chance,     SetReal<ThemeItem, &ThemeItem::chance>},
-    AttribRow<ThemeItem>{Attrib_Min,        SetInt<ThemeItem, &ThemeItem::minimum>},
-    AttribRow<ThemeItem>{Attrib_Max,        SetInt<ThemeItem, &ThemeItem::maximum>},
-    AttribRow<ThemeItem>{Attrib_UniqueName, AddUniqueNames},
+    AttribRow<ThemeItem>{Attrib_Type,       SetText<ThemeItem, &ThemeItem::type>, ValueKind::Text},
+    AttribRow<ThemeItem>{Attrib_Ratio,      SetReal<ThemeItem, &ThemeItem::ratio>, ValueKind::Real},
+    AttribRow<ThemeItem>{Attrib_Chance,     SetReal<ThemeItem, &ThemeItem::chance>, ValueKind::Real},
+    AttribRow<ThemeItem>{Attrib_Min,        SetInt<ThemeItem, &ThemeItem::minimum>, ValueKind::Whole},
+    AttribRow<ThemeItem>{Attrib_Max,        SetInt<ThemeItem, &ThemeItem::maximum>, ValueKind::Whole},
+    AttribRow<ThemeItem>{Attrib_UniqueName, AddUniqueNames, ValueKind::List},
 };
 
 constexpr std::array kContentAttribs = {
-    AttribRow<ContentTemplate>{Attrib_UniqueName,   SetText<ContentTemplate, &ContentTemplate::uniqueName>},
-    AttribRow<ContentTemplate>{Attrib_FriendlyName, SetText<ContentTemplate, &ContentTemplate::friendlyName>},
-    AttribRow<ContentTemplate>{Attrib_ModelFile,    SetText<ContentTemplate, &ContentTemplate::modelFile>},
-    AttribRow<ContentTemplate>{Attrib_Type,         SetText<ContentTemplate, &ContentTemplate::subtype>},
-    AttribRow<ContentTemplate>{Attrib_Max,          SetInt<ContentTemplate, &ContentTemplate::maxCount>},
-    AttribRow<ContentTemplate>{Attrib_Level,        SetInt<ContentTemplate, &ContentTemplate::level>},
-    AttribRow<ContentTemplate>{Attrib_Value,        SetInt<ContentTemplate, &ContentTemplate::value>},
-    AttribRow<ContentTemplate>{Attrib_ZRotate,      SetInt<ContentTemplate, &ContentTemplate::zRotate>},
-    AttribRow<ContentTemplate>{Attrib_Weight,       SetReal<ContentTemplate, &ContentTemplate::weight>},
-    AttribRow<ContentTemplate>{Attrib_SizeX,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::x>},
-    AttribRow<ContentTemplate>{Attrib_SizeY,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::y>},
-    AttribRow<ContentTemplate>{Attrib_SizeZ,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::z>},
-    AttribRow<ContentTemplate>{Attrib_OffsetX,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::x>},
-    AttribRow<ContentTemplate>{Attrib_OffsetY,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::y>},
-    AttribRow<ContentTemplate>{Attrib_OffsetZ,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::z>},
-    AttribRow<ContentTemplate>{Attrib_Stack,        SetStacking},
+    AttribRow<ContentTemplate>{Attrib_UniqueName,   SetText<ContentTemplate, &ContentTemplate::uniqueName>, ValueKind::Text},
+    AttribRow<ContentTemplate>{Attrib_FriendlyName, SetText<ContentTemplate, &ContentTemplate::friendlyName>, ValueKind::Text},
+    AttribRow<ContentTemplate>{Attrib_ModelFile,    SetText<ContentTemplate, &ContentTemplate::modelFile>, ValueKind::Text},
+    AttribRow<ContentTemplate>{Attrib_Type,         SetText<ContentTemplate, &ContentTemplate::subtype>, ValueKind::Text},
+    AttribRow<ContentTemplate>{Attrib_Max,          SetInt<ContentTemplate, &ContentTemplate::maxCount>, ValueKind::Whole},
+    AttribRow<ContentTemplate>{Attrib_Level,        SetInt<ContentTemplate, &ContentTemplate::level>, ValueKind::Whole},
+    AttribRow<ContentTemplate>{Attrib_Value,        SetInt<ContentTemplate, &ContentTemplate::value>, ValueKind::Whole},
+    AttribRow<ContentTemplate>{Attrib_ZRotate,      SetInt<ContentTemplate, &ContentTemplate::zRotate>, ValueKind::Whole},
+    AttribRow<ContentTemplate>{Attrib_Weight,       SetReal<ContentTemplate, &ContentTemplate::weight>, ValueKind::Real},
+    AttribRow<ContentTemplate>{Attrib_SizeX,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::x>, ValueKind::Real},
+    AttribRow<ContentTemplate>{Attrib_SizeY,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::y>, ValueKind::Real},
+    AttribRow<ContentTemplate>{Attrib_SizeZ,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::z>, ValueKind::Real},
+    AttribRow<ContentTemplate>{Attrib_OffsetX,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::x>, ValueKind::Real},
+    AttribRow<ContentTemplate>{Attrib_OffsetY,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::y>, ValueKind::Real},
+    AttribRow<ContentTemplate>{Attrib_OffsetZ,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::z>, ValueKind::Real},
+    AttribRow<ContentTemplate>{Attrib_Stack,        SetStacking, ValueKind::Stacking},
 };
 // clang-format on
+
+template <typename T, std::size_t N>
+constexpr std::array<AttributeFormat, N> Formats(const std::array<AttribRow<T>, N>& rows) {
+    std::array<AttributeFormat, N> formats{};
+    for (std::size_t i = 0; i < N; ++i) {
+        formats[i] = {rows[i].name, rows[i].kind};
+    }
+    return formats;
+}
+
+constexpr auto kTileSetFormats = Formats(kTileSetAttribs);
+constexpr auto kTileFormats = Formats(kTileAttribs);
+constexpr auto kPlatformFormats = Formats(kPlatformAttribs);
+constexpr auto kPlatformTileFormats = Formats(kPlatformTileAttribs);
+constexpr auto kLayoutFormats = Formats(kLayoutAttribs);
+constexpr auto kThemeFormats = Formats(kThemeAttribs);
+constexpr auto kThemeItemFormats = Formats(kThemeItemAttribs);
+constexpr auto kContentFormats = Formats(kContentAttribs);
 
 template <typename T>
 void ApplyRows(const xercesc::Attributes& attrs, T& object, std::span<const AttribRow<T>> rows) {
@@ -235,15 +255,27 @@ void ApplyAttributes(const xercesc::Attributes& attrs, ContentTemplate& content)
     ApplyRows<ContentTemplate>(attrs, content, kContentAttribs);
 }
 
-std::vector<std::string_view> SplitList(std::string_view text) {
-    std::vector<std::string_view> names;
-    std::size_t start = text.find_first_not_of(kListSeparators);
-    while (start != std::string_view::npos) {
-        const std::size_t end = text.find_first_of(kListSeparators, start);
-        names.push_back(text.substr(start, end - start));
-        start = text.find_first_not_of(kListSeparators, end);
+std::span<const AttributeFormat> AttributesOf(ElementClass element) {
+    switch (element) {
+    case ElementClass::TileSet:
+        return kTileSetFormats;
+    case ElementClass::Tile:
+        return kTileFormats;
+    case ElementClass::Platform:
+        return kPlatformFormats;
+    case ElementClass::PlatformTile:
+        return kPlatformTileFormats;
+    case ElementClass::Layout:
+        return kLayoutFormats;
+    case ElementClass::Theme:
+        return kThemeFormats;
+    case ElementClass::ThemeItem:
+        return kThemeItemFormats;
+    case ElementClass::Content:
+        return kContentFormats;
+    default:
+        return {};
     }
-    return names;
 }
 
 } // namespace Tarnex

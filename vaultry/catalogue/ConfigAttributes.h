@@ -29,10 +29,4 @@ void ApplyAttributes(const xercesc::Attributes& attrs, Theme& theme);
 void ApplyAttributes(const xercesc::Attributes& attrs, ThemeItem& item);
 void ApplyAttributes(const xercesc::Attributes& attrs, ContentTemplate& content);
 
-/// The characters that separate names in a list. The blank is not one of them.
-inline constexpr std::string_view kListSeparators = "\t\r\f\n,;";
-
-/// The names of a list, in order; empty ones do not count.
-std::vector<std::string_view> SplitList(std::string_view text);
-
 } // namespace Tarnex

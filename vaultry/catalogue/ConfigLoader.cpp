@@ -2,6 +2,7 @@
 #include <vaultry/catalogue/ConfigLoader.h>
 
 #include <vaultry/catalogue/ConfigAttributes.h>
+#include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
 #include <vaultry/foundation/Logger.h>
@@ -20,21 +21,6 @@ constexpr const char* kLogSource = "XML Parser";
 
 // Far beyond any real configuration; it keeps a hostile one from exhausting the process.
 constexpr std::uint32_t kMaxDepth = 256;
-
-constexpr std::array kContentTags = {Content_Armor,
-                                     Content_Clothing,
-                                     Content_Container,
-                                     Content_Creature,
-                                     Content_Furniture,
-                                     Content_Rug,
-                                     Content_Tapestry,
-                                     Content_Treasure,
-                                     Content_Weapon};
-
-bool IsContentTag(const std::string& tag) {
-    return std::ranges::any_of(kContentTags,
-                               [&tag](std::string_view word) { return EqualsNoCase(tag, word); });
-}
 
 template <typename T>
 DiPtr<T> MakeFrom(const xercesc::Attributes& attrs) {
@@ -113,7 +99,7 @@ void ConfigLoader::StartTag(const std::string& tag, const Attributes& attrs) {
     if (is(Theme_ThemeItem) && OpenTheme() != nullptr) {
         return OnStartThemeItem(attrs);
     }
-    if (IsContentTag(tag)) {
+    if (ClassifyElement(tag, ElementClass::Root) == ElementClass::Content) {
         return OnStartContent(tag, attrs);
     }
     if (!is(Config_Root)) {

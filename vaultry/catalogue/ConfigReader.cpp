@@ -122,8 +122,8 @@ std::string StartXmlParser() {
     return library.Error();
 }
 
-void ReadConfigFile(const char* path, ConfigLoader& loader) {
-    Read(loader, [path] { return XmlFileSource(path); });
+void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy) {
+    Read(loader, [path, copy] { return XmlFileSource(path, copy); });
 }
 
 void ReadConfigFile(const char* path, ConfigMgr& config) {

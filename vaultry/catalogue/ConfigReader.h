@@ -24,8 +24,9 @@ void ReadConfigFile(const char* path, ConfigMgr& config);
 /// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.
 void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
 
-/// Likewise with a loader of the caller's, which hears every event of the parser.
-void ReadConfigFile(const char* path, ConfigLoader& loader);
+/// Likewise with a loader of the caller's, which hears every event of the parser. What is read of
+/// the file is appended to `copy` before the parser sees it; null copies nothing.
+void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy = nullptr);
 void ReadConfigText(std::string_view text, const char* name, ConfigLoader& loader);
 
 } // namespace Tarnex

@@ -3,11 +3,14 @@
 
 #include <vaultry/catalogue/ConfigLoader.h>
 #include <vaultry/catalogue/ConfigReader.h>
+#include <vaultry/catalogue/TagFinder.h>
 #include <vaultry/catalogue/XmlText.h>
 #include <vaultry/foundation/Logger.h>
 
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/sax2/Attributes.hpp>
+
+#include <algorithm>
 
 namespace Tarnex {
 
@@ -17,8 +20,8 @@ namespace {
 // place that the parser has reached.
 class ConfigRecorder : public ConfigLoader {
 public:
-    ConfigRecorder(ConfigMgr& config, ConfigRecord& record_)
-        : ConfigLoader(config), record(record_) {}
+    ConfigRecorder(ConfigMgr& config, ConfigRecord& record_, const std::string& bytes)
+        : ConfigLoader(config), record(record_), finder(bytes) {}
 
     void setDocumentLocator(const xercesc::Locator* const locator) override {
         here = locator;
@@ -30,24 +33,17 @@ public:
                       const XMLCh* const qname,
                       const xercesc::Attributes& attrs) override {
         ConfigLoader::startElement(uri, localname, qname, attrs);
-        ConfigElement element;
-        element.name = Narrow(qname);
-        for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
-            element.attributes.emplace_back(Narrow(attrs.getQName(i)), Narrow(attrs.getValue(i)));
-        }
-        element.parent = open.empty() ? ConfigElement::kNoParent : open.back();
-        element.place = Here();
         open.push_back(record.elements.size());
-        record.elements.push_back(std::move(element));
-        PlaceErrors(Here());
+        record.elements.push_back(Recorded(qname, attrs));
+        PlaceErrorsAtElement();
     }
 
     void endElement(const XMLCh* const uri,
                     const XMLCh* const localname,
                     const XMLCh* const qname) override {
         ConfigLoader::endElement(uri, localname, qname);
+        PlaceErrorsAtElement();
         open.pop_back();
-        PlaceErrors(Here());
     }
 
     void characters(const XMLCh* const chars, const XMLSize_t length) override {
@@ -55,7 +51,11 @@ public:
         std::string text;
         NarrowInto(text, {chars, length});
         if (!open.empty()) {
-            record.elements[open.back()].text += text;
+            ConfigElement& element = record.elements[open.back()];
+            if (element.text.empty()) {
+                element.firstText = text;
+            }
+            element.text += text;
         }
     }
 
@@ -82,21 +82,46 @@ private:
                                : ConfigPlace{here->getLineNumber(), here->getColumnNumber()};
     }
 
-    void PlaceErrors(const ConfigPlace& place) {
+    ConfigElement Recorded(const XMLCh* qname, const xercesc::Attributes& attrs) {
+        const ConfigPlace end = Here();
+        const TagPlaces tag = finder.Find(end).value_or(TagPlaces{end, {}});
+        ConfigElement element;
+        element.name = Narrow(qname);
+        element.parent = open.size() < 2 ? ConfigElement::kNone : open[open.size() - 2];
+        element.place = tag.start;
+        auto next = tag.attributes.begin();
+        for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
+            const std::string name = Narrow(attrs.getQName(i));
+            const auto found =
+                std::find_if(next, tag.attributes.end(), [&name](const auto& attribute) {
+                    return attribute.first == name;
+                });
+            const bool written = found != tag.attributes.end();
+            element.attributes.push_back(
+                {name, Narrow(attrs.getValue(i)), written ? found->second : tag.start});
+            next = written ? found + 1 : next;
+        }
+        return element;
+    }
+
+    void PlaceErrorsAtElement() { PlaceErrors(record.elements[open.back()].place, open.back()); }
+
+    void PlaceErrors(const ConfigPlace& place, std::size_t element = ConfigElement::kNone) {
         const std::vector<std::string>& errors = Logger::GetErrors();
         for (; placed < errors.size(); ++placed) {
-            record.errors.push_back({place, errors[placed]});
+            record.errors.push_back({place, errors[placed], element});
         }
     }
 
     ConfigRecord& record;
+    TagFinder finder;
     const xercesc::Locator* here = nullptr;
     std::size_t placed = Logger::GetErrors().size();
     std::vector<std::size_t> open; // the elements around the current place
 };
 
 template <typename ReadInto>
-ConfigRecord Record(ReadInto readInto) {
+ConfigRecord Record(const std::string& bytes, ReadInto readInto) {
     ConfigRecord record;
     const std::string fault = StartXmlParser();
     if (!fault.empty()) {
@@ -105,7 +130,7 @@ ConfigRecord Record(ReadInto readInto) {
         return record;
     }
     ConfigMgr config;
-    ConfigRecorder recorder(config, record);
+    ConfigRecorder recorder(config, record, bytes);
     readInto(recorder);
     recorder.Finish();
     return record;
@@ -114,11 +139,15 @@ ConfigRecord Record(ReadInto readInto) {
 } // namespace
 
 ConfigRecord RecordConfigFile(const char* path) {
-    return Record([path](ConfigLoader& loader) { ReadConfigFile(path, loader); });
+    std::string bytes;
+    return Record(bytes,
+                  [path, &bytes](ConfigLoader& loader) { ReadConfigFile(path, loader, &bytes); });
 }
 
 ConfigRecord RecordConfigText(std::string_view text, const char* name) {
-    return Record([text, name](ConfigLoader& loader) { ReadConfigText(text, name, loader); });
+    const std::string bytes(text);
+    return Record(bytes,
+                  [&bytes, name](ConfigLoader& loader) { ReadConfigText(bytes, name, loader); });
 }
 
 } // namespace Tarnex

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace Tarnex {
@@ -19,21 +18,30 @@ struct ConfigPlace {
     std::uint64_t column = 0;
 };
 
+/// One attribute. All text is Windows-1252.
+struct ConfigAttribute {
+    std::string name;
+    std::string value;
+    ConfigPlace place; ///< of its name; that of the element when it is given by the document type
+};
+
 /// One element. All text is Windows-1252.
 struct ConfigElement {
-    static constexpr std::size_t kNoParent = static_cast<std::size_t>(-1);
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
     std::string name;
-    std::vector<std::pair<std::string, std::string>> attributes; ///< in document order
-    std::string text;               ///< of the element itself, without that of its children
-    std::size_t parent = kNoParent; ///< index of the element around it
-    ConfigPlace place;              ///< behind the start tag
+    std::vector<ConfigAttribute> attributes; ///< in document order
+    std::string text;           ///< of the element itself, without that of its children
+    std::string firstText;      ///< its first run, of which the id of a tile is made
+    std::size_t parent = kNone; ///< index of the element around it
+    ConfigPlace place;          ///< of the "<" of its start tag; behind the entity that it is from
 };
 
 /// A line that loading the document logged as an error.
 struct ConfigLogLine {
     ConfigPlace place;
     std::string text;
+    std::size_t element = ConfigElement::kNone; ///< index of the one that it is about
 };
 
 /// What a document holds, in document order.

@@ -128,4 +128,12 @@ std::string_view TileKind::Name() const {
     return IsKnown() ? kKinds[Index()].name : std::string_view();
 }
 
+std::vector<std::string> TileKindNames() {
+    std::vector<std::string> names;
+    for (const KindRow& row : kKinds) {
+        names.emplace_back(row.name);
+    }
+    return names;
+}
+
 } // namespace Tarnex

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarnex {
 
@@ -70,6 +71,9 @@ private:
     std::int8_t dir = DirNone;
     std::int8_t type = TileNone;
 };
+
+/// The names of all known kinds, as the vocabulary spells them.
+VAULTRY_API std::vector<std::string> TileKindNames();
 
 /// The name of a tile as written, with the kind that it stands for. Behaves as the text.
 class VAULTRY_API TileKindName {

@@ -15,7 +15,8 @@ namespace {
 
 class FileStream : public xercesc::BinInputStream {
 public:
-    explicit FileStream(const std::filesystem::path& file) : stream(file, std::ios::binary) {}
+    FileStream(const std::filesystem::path& file, std::string* copy_)
+        : stream(file, std::ios::binary), copy(copy_) {}
 
     bool IsOpen() const { return stream.is_open(); }
 
@@ -25,6 +26,9 @@ public:
         stream.read(reinterpret_cast<char*>(toFill), static_cast<std::streamsize>(maxToRead));
         const auto count = static_cast<XMLSize_t>(stream.gcount());
         position += count;
+        if (copy != nullptr) {
+            copy->append(reinterpret_cast<const char*>(toFill), count);
+        }
         return count;
     }
 
@@ -32,19 +36,21 @@ public:
 
 private:
     std::ifstream stream;
+    std::string* copy;
     XMLFilePos position = 0;
 };
 
 } // namespace
 
-XmlFileSource::XmlFileSource(const char* path) : file(PathFromUtf8(path)) {
+XmlFileSource::XmlFileSource(const char* path, std::string* copy_)
+    : file(PathFromUtf8(path)), copy(copy_) {
     const xercesc::TranscodeFromStr name(
         reinterpret_cast<const XMLByte*>(path), std::char_traits<char>::length(path), "UTF-8");
     setSystemId(name.str());
 }
 
 xercesc::BinInputStream* XmlFileSource::makeStream() const {
-    auto stream = std::make_unique<FileStream>(file);
+    auto stream = std::make_unique<FileStream>(file, copy);
     return stream->IsOpen() ? stream.release() : nullptr;
 }
 

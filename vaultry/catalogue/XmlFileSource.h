@@ -5,6 +5,7 @@
 #include <xercesc/sax/InputSource.hpp>
 
 #include <filesystem>
+#include <string>
 
 namespace Tarnex {
 
@@ -12,14 +13,15 @@ namespace Tarnex {
 /// takes names for addresses and depends on the locale.
 class XmlFileSource : public xercesc::InputSource {
 public:
-    /// `path` is UTF-8.
-    explicit XmlFileSource(const char* path);
+    /// `path` is UTF-8. What is read is appended to `copy`, which may be null.
+    explicit XmlFileSource(const char* path, std::string* copy = nullptr);
 
     /// Null when the file cannot be opened, which the parser reports as a fatal error.
     xercesc::BinInputStream* makeStream() const override;
 
 private:
     std::filesystem::path file;
+    std::string* copy;
 };
 
 } // namespace Tarnex

@@ -88,4 +88,15 @@ double ParseReal(std::string_view text) {
     return negative ? -value : value;
 }
 
+std::vector<std::string_view> SplitList(std::string_view text) {
+    std::vector<std::string_view> names;
+    std::size_t start = text.find_first_not_of(kListSeparators);
+    while (start != std::string_view::npos) {
+        const std::size_t end = text.find_first_of(kListSeparators, start);
+        names.push_back(text.substr(start, end - start));
+        start = text.find_first_not_of(kListSeparators, end);
+    }
+    return names;
+}
+
 } // namespace Tarnex

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarnex {
 
@@ -23,5 +24,11 @@ VAULTRY_API std::int32_t ParseInt(std::string_view text);
 /// The real number at the start of `text`: white space, a sign, digits with a point, an exponent.
 /// No hexadecimal, infinity or not-a-number: these read 0, as does text that is no number.
 VAULTRY_API double ParseReal(std::string_view text);
+
+/// The characters that separate names in a list. The blank is not one of them.
+inline constexpr std::string_view kListSeparators = "\t\r\f\n,;";
+
+/// The names of a list, in order; empty ones do not count. They are parts of `text`.
+VAULTRY_API std::vector<std::string_view> SplitList(std::string_view text);
 
 } // namespace Tarnex
