@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "apps/report/LevelMap.h"
 
+#include "apps/report/MapCells.h"
 #include "apps/report/Words.h"
 
-#include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Numeric.h>
-#include <vaultry/layout/Passages.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <string_view>
+#include <unordered_map>
 
 namespace Tarnex::Report {
 
@@ -19,39 +17,13 @@ namespace {
 
 constexpr float kSameFloor = 1.0F; // how far a part may be raised or lowered [cells]
 
-constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
-    {Content_Container, RefSort::Container},
-    {Content_Creature, RefSort::Creature},
-    {Content_Furniture, RefSort::Furniture},
-    {Content_Rug, RefSort::Rug},
-    {Content_Tapestry, RefSort::Tapestry},
-}};
-
-constexpr std::array<RefSort, 6> kByWeight = {RefSort::Creature,
+constexpr std::array<RefSort, 7> kByWeight = {RefSort::Creature,
                                               RefSort::Container,
+                                              RefSort::Door,
                                               RefSort::Furniture,
                                               RefSort::Rug,
                                               RefSort::Tapestry,
                                               RefSort::Other};
-
-struct Step {
-    TileDirT side;
-    TileDirT opposite;
-    std::int32_t x;
-    std::int32_t y;
-};
-
-constexpr std::array<Step, 4> kSteps = {
-    {{DirN, DirS, 0, -1}, {DirS, DirN, 0, 1}, {DirE, DirW, 1, 0}, {DirW, DirE, -1, 0}}};
-
-RefSort SortOf(const ContentItem& item) {
-    for (const auto& [kind, sort] : kSorts) {
-        if (item.IsKind(kind)) {
-            return sort;
-        }
-    }
-    return RefSort::Other;
-}
 
 // A layout of the tree with its place on the level.
 struct Part {
@@ -78,85 +50,26 @@ std::vector<Part> PartsOf(const Layout& level) {
     return parts;
 }
 
-// A doorway in a corner has no facing of its own: the last letter of its kind is the side.
-SideBits DoorwaySide(const Tile& tile) {
-    const TileDirT facing = GetTileDir(tile);
-    if (facing <= DirW) {
-        return SideBit(facing);
-    }
-    const std::string_view name = tile.kindName.Kind().Name();
-    const std::size_t side = std::string_view("NSEW").find(name.empty() ? ' ' : name.back());
-    return side == std::string_view::npos ? SideBits{0} : SideBit(static_cast<TileDirT>(side));
-}
-
-MapTile TileOf(const GridElmt& elmt) {
-    switch (GetElmtType(elmt)) {
-    case TileHall:
-    case TileHallEnd:
-        return MapTile::Hall;
-    case TileNone:
-        return MapTile::Stairs;
-    default:
-        return MapTile::Room;
-    }
-}
-
-MapCell CellOf(const GridElmt& elmt) {
-    MapCell cell;
-    cell.tile = TileOf(elmt);
-    cell.open = WalkableSides(elmt);
-    if (const Tile* doorway = PeekTileOfType(elmt, TileDoorway)) {
-        cell.doorway = DoorwaySide(*doorway);
-    }
-    for (const DiPtr<Tile>& tile : elmt.tiles) {
-        cell.tiles.push_back(Shown(tile->kindName.Text()));
-        cell.door = cell.door || IsDoorTile(*tile);
-    }
-    cell.teleport = elmt.isTeleport;
-    if (elmt.isTeleport && elmt.teleLayout) {
-        cell.leadsTo = Shown(elmt.teleLayout->GetName());
-    }
-    cell.platform = !elmt.platforms.empty();
-    for (const DiPtr<ContentItem>& item : elmt.contents) {
-        cell.contents.push_back({SortOf(*item), Shown(item->uniqueName)});
-    }
-    return cell;
+// Contents above or below a cell that is drawn stand in that cell.
+void AddHidden(MapCell& drawn, const MapCell& hidden) {
+    drawn.contents.insert(drawn.contents.end(), hidden.contents.begin(), hidden.contents.end());
 }
 
 void Draw(LevelMap& map, const Part& part) {
     for (std::uint32_t row = 0; row < part.layout->GetHeight(); ++row) {
         for (std::uint32_t col = 0; col < part.layout->GetWidth(); ++col) {
-            const std::int32_t x = part.origin.x + static_cast<std::int32_t>(col);
-            const std::int32_t y = part.origin.y + static_cast<std::int32_t>(row);
-            if (!part.layout->HasTiles(row, col) || map.At(x, y).tile != MapTile::Empty) {
+            if (!part.layout->HasTiles(row, col)) {
                 continue;
             }
-            map.At(x, y) = CellOf(*part.layout->GetElmt(row, col));
-            // The sides that must lead somewhere, until what they lead to is known.
-            map.At(x, y).loose = OpenSides(*part.layout->GetElmt(row, col));
-            map.At(x, y).sameFloor = part.sameFloor;
-        }
-    }
-}
-
-// Keeps the openings that face no other opening.
-void FindLooseEnds(LevelMap& map) {
-    for (std::int32_t y = 0; y < map.height; ++y) {
-        for (std::int32_t x = 0; x < map.width; ++x) {
-            MapCell& cell = map.At(x, y);
-            if (!cell.sameFloor) {
-                cell.loose = 0;
+            MapCell& place = map.At(part.origin.x + static_cast<std::int32_t>(col),
+                                    part.origin.y + static_cast<std::int32_t>(row));
+            MapCell cell = DrawnCell(*part.layout->GetElmt(row, col));
+            if (place.tile != MapTile::Empty) {
+                AddHidden(place, cell);
+                continue;
             }
-            for (const Step& step : kSteps) {
-                const bool leads = map.IsInside(x + step.x, y + step.y) &&
-                                   map.At(x + step.x, y + step.y).sameFloor &&
-                                   (map.At(x + step.x, y + step.y).open & SideBit(step.opposite));
-                if ((cell.open & SideBit(step.side)) && leads) {
-                    cell.loose = static_cast<SideBits>(cell.loose & ~SideBit(step.side));
-                }
-            }
-            // Behind a teleporting door is another level.
-            cell.loose = static_cast<SideBits>(cell.loose & ~(cell.teleport ? cell.doorway : 0));
+            cell.sameFloor = part.sameFloor;
+            place = std::move(cell);
         }
     }
 }
@@ -176,7 +89,17 @@ void AddRooms(LevelMap& map, const LevelReport& report, const DiPos& origin) {
 }
 
 void Append(std::string& text, const std::string& line) {
-    text += text.empty() ? line : '\n' + line;
+    if (!line.empty()) {
+        text += text.empty() ? line : '\n' + line;
+    }
+}
+
+std::string Joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? "" : ", ") + word;
+    }
+    return text;
 }
 
 } // namespace
@@ -205,8 +128,43 @@ LevelMap MapOf(const FinishedLevel& level) {
     FindLooseEnds(map);
     if (level.report != nullptr) {
         AddRooms(map, *level.report, low);
+    } else {
+        NumberAreas(map);
     }
     return map;
+}
+
+void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod) {
+    std::unordered_map<std::string, const Container*> containers;
+    for (const DiPtr<Container>& container : mod.GetContainers()) {
+        containers.emplace(Shown(container->GetId()), container.get());
+    }
+    for (LevelMap& map : maps) {
+        for (MapCell& cell : map.cells) {
+            for (MapContent& content : cell.contents) {
+                const auto found = containers.find(content.name);
+                if (content.sort != RefSort::Container || found == containers.end()) {
+                    continue;
+                }
+                content.label = Shown(found->second->GetFriendlyName());
+                for (const auto& [item, count] : found->second->GetInventory()) {
+                    content.items.push_back({Shown(item), count});
+                }
+            }
+        }
+    }
+}
+
+std::string ItemWords(const MapItem& item) {
+    return std::to_string(item.count) + " x " + item.name;
+}
+
+std::string ContentWords(const MapContent& content) {
+    std::string text = content.label.empty() ? content.name : content.label;
+    for (const MapItem& item : content.items) {
+        text += "\n  " + ItemWords(item);
+    }
+    return text;
 }
 
 std::string CellWords(const LevelMap& map, const MapCell& cell) {
@@ -216,11 +174,7 @@ std::string CellWords(const LevelMap& map, const MapCell& cell) {
                "Room " + std::to_string(cell.room) +
                    (map.IsReachable(cell) ? "" : " (cannot be reached)"));
     }
-    std::string tiles;
-    for (const std::string& tile : cell.tiles) {
-        tiles += (tiles.empty() ? "" : ", ") + tile;
-    }
-    Append(text, tiles);
+    Append(text, Joined(cell.tiles));
     if (cell.teleport) {
         Append(text, "Leads to " + (cell.leadsTo.empty() ? "the outside" : cell.leadsTo));
     }
@@ -231,7 +185,7 @@ std::string CellWords(const LevelMap& map, const MapCell& cell) {
         Append(text, "Opens onto nothing");
     }
     for (const MapContent& content : cell.contents) {
-        Append(text, content.name);
+        Append(text, ContentWords(content));
     }
     return text;
 }

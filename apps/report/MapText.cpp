@@ -43,8 +43,9 @@ struct TextMark {
     Ink ink;
 };
 
-constexpr std::array<TextMark, 6> kMarks = {{{RefSort::Creature, "&", Ink::Creature},
+constexpr std::array<TextMark, 7> kMarks = {{{RefSort::Creature, "&", Ink::Creature},
                                              {RefSort::Container, "$", Ink::Container},
+                                             {RefSort::Door, "+", Ink::Door},
                                              {RefSort::Furniture, "f", Ink::Thing},
                                              {RefSort::Rug, "~", Ink::Thing},
                                              {RefSort::Tapestry, "t", Ink::Thing},
@@ -126,7 +127,7 @@ Pair PairOf(const LevelMap& map, const MapCell& cell) {
     Pair pair;
     switch (cell.tile) {
     case MapTile::Empty:
-        return pair;
+        break;
     case MapTile::Room:
         pair = RoomPair(cell);
         break;
@@ -199,6 +200,9 @@ void PrintRemarks(const LevelMap& map, std::ostream& out) {
             out << "! room " << std::to_string(i + 1) << " cannot be reached\n";
         }
     }
+    if (map.leftOut > 0) {
+        out << "! too far away to be drawn: " << Counted(map.leftOut, "reference") << '\n';
+    }
     if (loose > 0) {
         out << "! onto nothing: " << Counted(loose, "opening") << '\n';
     }
@@ -207,8 +211,8 @@ void PrintRemarks(const LevelMap& map, std::ostream& out) {
 } // namespace
 
 void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
-    out << map.name << " (" << map.tileSet << ", north is up, a cell is "
-        << std::to_string(map.tileSize) << " units)\n";
+    out << map.name << " (" << map.tileSet << (map.tileSet.empty() ? "" : ", ")
+        << "north is up, a cell is " << std::to_string(map.tileSize) << " units)\n";
     std::vector<Pair> pairs;
     for (const MapCell& cell : map.cells) {
         pairs.push_back(PairOf(map, cell));
@@ -216,7 +220,8 @@ void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
     PutNumbers(map, pairs);
     const auto width = static_cast<std::size_t>(map.width);
     std::size_t drawn = pairs.size();
-    while (drawn > 0 && map.cells[drawn - 1].tile == MapTile::Empty) {
+    while (drawn > 0 && map.cells[drawn - 1].tile == MapTile::Empty &&
+           map.cells[drawn - 1].contents.empty()) {
         --drawn;
     }
     for (std::size_t start = 0; start < drawn; start += width) {

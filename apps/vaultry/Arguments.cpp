@@ -7,6 +7,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <type_traits>
@@ -32,10 +33,18 @@ constexpr const char* kOverviewExample =
 constexpr const char* kGenerateExample =
     "Examples:\n"
     "  vaultry generate -o keep.esp -n \"The Old Keep\" --levels 3 --size medium --seed 7\n"
-    "  vaultry generate --fixed -c my.xml --cave-tileset Cavern --cave-template Den --platforms";
-constexpr const char* kMapExample = "Examples:\n"
-                                    "  vaultry map --seed 7 --levels 2 --size medium\n"
-                                    "  vaultry map --fixed --template \"Sunken Shrine\"";
+    "  vaultry generate --fixed -c my.xml --cave-tileset Cavern --cave-template Den --platforms\n"
+    "  vaultry generate --seed 7 --levels 2 --map keep.png --html keep.html";
+constexpr const char* kMapExample =
+    "Draws on the terminal unless --map, --html or --json is given. Of a plug-in, the "
+    "configuration\n"
+    "tells which pieces are floors, walls and doors; by default the built-in one that fits best.\n"
+    "\n"
+    "Examples:\n"
+    "  vaultry map --seed 7 --levels 2 --size medium\n"
+    "  vaultry map --fixed --template \"Sunken Shrine\" --map shrine.png --scale 2 --look dark\n"
+    "  vaultry map crypt.esp --html crypt.html\n"
+    "  vaultry map Morrowind.esm --cell \"Addamasartus\" --map cave.svg";
 constexpr const char* kListExample = "Example:\n"
                                      "  vaultry list -c my.xml --json";
 constexpr const char* kConfigExample = "Example:\n"
@@ -59,6 +68,9 @@ constexpr const char* kCheckExample =
     "  vaultry check my.xml\n"
     "  vaultry check my.xml --json | jq -r '.findings[].message'\n"
     "  vaultry check builtin:caves";
+
+// In the order of Report::MapLook.
+const std::vector<std::string> kLooks = {"Auto", "Light", "Dark"};
 
 std::string Joined(const std::vector<std::string>& words) {
     std::string text;
@@ -133,6 +145,17 @@ void AddWord(CLI::App& verb,
             },
             std::string(help) + ": " + Joined(words))
         ->type_name("WORD");
+}
+
+double ParseScale(const std::string& text) {
+    double scale = 0.0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, scale);
+    if (fault != std::errc() || stop != end ||
+        !(scale >= Report::kSmallestScale && scale <= Report::kLargestScale)) {
+        throw UsageError("--scale: \"" + text + "\" is not a number from 0.1 to 10");
+    }
+    return scale;
 }
 
 void AddConfig(CLI::App& verb, std::string& config) {
@@ -216,11 +239,41 @@ void AddRun(CLI::App& verb, GenerateOptions& options) {
               0,
               kMaxStamp,
               Into(options.stamp));
-    AddText(verb, "--map", options.map, "FILE.svg", "Draws every level (default: no map)");
-    AddText(verb, "--log", options.log, "FILE", "Writes the generator's log (default: none)");
     verb.add_flag("--strict", options.strict, "Write nothing if there was an error");
+}
+
+void AddMapFiles(CLI::App& verb, MapFileOptions& options) {
+    AddText(
+        verb, "--map", options.map, "FILE", "Draws every level, as .svg or .png (default: none)");
+    AddText(verb, "--html", options.html, "FILE", "Writes a page with maps and tables");
+    AddWord(verb, "--look", options.look, kLooks, "Colours of maps and pages");
+    verb.add_option_function<std::string>(
+            "--scale",
+            [&options](const std::string& text) { options.scale = ParseScale(text); },
+            "Pixels of a PNG per unit, 24 units to a cell (default: 1.5)")
+        ->type_name("N");
+}
+
+void AddReport(CLI::App& verb, GenerateOptions& options) {
+    AddText(verb, "--log", options.log, "FILE", "Writes the generator's log (default: none)");
     verb.add_flag("--quiet", options.quiet, "No progress and no summary");
     verb.add_flag("--json", options.json, "A report on standard output");
+}
+
+// A plug-in is drawn as it is: what shapes levels does not go with it.
+void CheckPluginOptions(const CLI::App& verb) {
+    static const std::vector<std::string> kAllowed = {
+        "plugin", "help", "config", "cell", "map", "html", "look", "scale", "log", "quiet", "json"};
+    for (const CLI::Option* option : verb.get_options()) {
+        const std::string name =
+            option->get_lnames().empty() ? option->get_name() : option->get_lnames().front();
+        const bool allowed = std::ranges::find(kAllowed, name) != kAllowed.end();
+        if (option->count() > 0 && !allowed) {
+            throw UsageError("--" + name +
+                             " shapes what is generated and does not go with a "
+                             "plug-in");
+        }
+    }
 }
 
 CLI::App& AddVerb(CLI::App& app, const char* name, const char* help, const char* example) {
@@ -250,16 +303,10 @@ struct Verbs {
         AddNames(make, generate);
         AddRandom(make, generate);
         AddRun(make, generate);
+        AddMapFiles(make, generate.maps);
+        AddReport(make, generate);
 
-        CLI::App& draw = AddVerb(app, "map", "Draws what would be generated", kMapExample);
-        AddConfig(draw, map.generate.config);
-        AddText(
-            draw, "-n,--cell", map.generate.cell, "NAME", "The cell (default: Vaultry Dungeon)");
-        draw.add_flag(
-            "--fixed", map.generate.fixed, "One cell from a layout instead of random levels");
-        AddNames(draw, map.generate);
-        AddRandom(draw, map.generate);
-        AddRepeat(draw, map.generate);
+        DeclareMap(app);
 
         CLI::App& show = AddVerb(app, "list", "Names what a configuration offers", kListExample);
         AddConfig(show, list.config);
@@ -285,6 +332,32 @@ struct Verbs {
         AddText(judge, "config", check.config, "CONFIG", "A file, builtin or builtin:NAME")
             ->required();
         judge.add_flag("--json", check.json, "As JSON");
+    }
+
+    void DeclareMap(CLI::App& app) {
+        CLI::App& verb =
+            AddVerb(app, "map", "Draws a plug-in, or what would be generated", kMapExample);
+        GenerateOptions& options = map.generate;
+        AddText(verb, "plugin", map.plugin, "PLUGIN", "A plug-in to draw (default: none)");
+        AddConfig(verb, options.config);
+        AddText(verb,
+                "-n,--cell",
+                map.onlyCell,
+                "NAME",
+                "The cell (default: Vaultry Dungeon; of a plug-in, all cells)");
+        verb.add_flag("--fixed", options.fixed, "One cell from a layout instead of random levels");
+        AddNames(verb, options);
+        AddRandom(verb, options);
+        AddRepeat(verb, options);
+        AddMapFiles(verb, options.maps);
+        AddReport(verb, options);
+        verb.final_callback([this, &verb] {
+            if (map.plugin) {
+                CheckPluginOptions(verb);
+            } else {
+                map.generate.cell = map.onlyCell.value_or(map.generate.cell);
+            }
+        });
     }
 };
 

@@ -9,47 +9,16 @@
 #include "apps/vaultry/LevelLines.h"
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
+#include "apps/vaultry/MapFiles.h"
 #include "apps/vaultry/OutputFile.h"
 #include "apps/vaultry/RunSetup.h"
-#include "apps/vaultry/UsageError.h"
 #include "apps/vaultry/WalkableSearch.h"
 
 #include <vaultry/foundation/CodePage.h>
 
-#include <optional>
-
 namespace Tarnex::Cli {
 
 namespace {
-
-// A file that is written must be no other file of the run, or one would destroy the other.
-void RequireDistinct(const std::string& written, const std::string& other) {
-    if (SameFile(written, other)) {
-        throw UsageError("\"" + written + "\" is named for two files");
-    }
-}
-
-void CheckFiles(const GenerateOptions& options, const ConfigSource& source) {
-    const std::optional<std::string> config = source.Path();
-    if (config) {
-        RequireDistinct(options.out, *config);
-    }
-    if (options.log) {
-        RequireDistinct(*options.log, options.out);
-    }
-    if (options.map) {
-        RequireDistinct(*options.map, options.out);
-        if (config) {
-            RequireDistinct(*options.map, *config);
-        }
-        if (options.log) {
-            RequireDistinct(*options.map, *options.log);
-        }
-    }
-    if (options.log && config) {
-        RequireDistinct(*options.log, *config);
-    }
-}
 
 void WarnOfNames(RunReport& report, const Console& console) {
     report.warnings = CellNameWarnings(report.options);
@@ -69,6 +38,7 @@ constexpr ExitStatus StatusOf(RunResult result) {
         return ExitStatus::Success;
     case RunResult::Canceled:
         return ExitStatus::Canceled;
+    case RunResult::Drawn:
     case RunResult::Refused:
     case RunResult::NotWritten:
     case RunResult::Strict:
@@ -96,11 +66,8 @@ void SayLevels(RunReport& report, const Console& console) {
 class Run {
 public:
     Run(RunReport& runReport, const Console& runConsole)
-        : report(runReport), console(runConsole), output(report.options.out) {
-        if (report.options.map) {
-            mapOutput.emplace(*report.options.map);
-        }
-    }
+        : report(runReport), console(runConsole), output(report.options.out),
+          mapFiles(report.options.maps) {}
 
     void Generate(GenMgr& manager, LibraryLog& log, const CancelSignals& signals) {
         log.StartTries();
@@ -126,12 +93,14 @@ private:
         const std::uint32_t levels = options.fixed ? 1 : options.random.numLevels;
         ConsoleStatus status(shown ? &console.err : nullptr, signals, levels);
         manager.SetJobStatus(&status);
-        const RunResult result = GenerateLevels(manager, report, log, maps);
+        const RunResult result =
+            GenerateLevels(manager, report, log, mapFiles.AreWanted() ? &maps : nullptr);
         manager.SetJobStatus(nullptr);
         if (result != RunResult::Written) {
             return result;
         }
-        if (mapOutput && !WriteMapFile(maps.Maps(), options, mapOutput->TemporaryPath())) {
+        AddTreasure(maps.Maps(), manager.mod);
+        if (!mapFiles.Write(maps.Maps(), CaptionOf(options))) {
             return RunResult::NotWritten;
         }
         const ModResult written = manager.WriteMod(output.TemporaryPath().c_str());
@@ -141,9 +110,7 @@ private:
     void Commit() {
         try {
             report.bytes = output.Commit();
-            if (mapOutput) {
-                mapOutput->Commit();
-            }
+            report.maps = mapFiles.Commit();
         } catch (const std::filesystem::filesystem_error& e) {
             report.result = RunResult::NotWritten;
             console.Say(e.code().message());
@@ -153,7 +120,7 @@ private:
     RunReport& report;
     const Console& console;
     OutputFile output;
-    std::optional<OutputFile> mapOutput;
+    MapFiles mapFiles;
     Report::MapCollector maps;
 };
 
@@ -167,23 +134,19 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     report.stampGiven = options.stamp.has_value();
     FixChance(report.options);
     Run run(report, console);
-    CheckFiles(options, source);
+    RequireDistinctFiles(
+        {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
     const CancelSignals signals;
     LibraryLog log(options.log);
     GenMgr manager;
-    try {
-        Configure(manager, report.options, source);
-    } catch (const UsageError&) {
-        // A name may be missing because the configuration was not read to its end.
-        console.Show(log.Errors());
-        throw;
-    }
+    ConfigureOrShow(manager, report.options, source, log, console);
     WarnOfNames(report, console);
     run.Generate(manager, log, signals);
     console.Show(report.errors);
     SayLevels(report, console);
     // A failure is said even to those who want it quiet.
     if (!options.quiet || report.result != RunResult::Written) {
+        SayWritten(report.maps, console);
         console.Say(Summary(report));
     }
     if (options.json) {

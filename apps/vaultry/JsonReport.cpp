@@ -5,6 +5,9 @@
 
 #include <vaultry/foundation/CodePage.h>
 
+#include <algorithm>
+#include <bit>
+
 namespace Tarnex::Cli {
 
 namespace {
@@ -56,12 +59,39 @@ Json CellJson(const CellReport& cell) {
     return {{"name", cell.name}, {"references", references}, {"teleports", cell.teleports}};
 }
 
+void AddFiles(Json& list, const std::vector<WrittenFile>& files) {
+    for (const WrittenFile& file : files) {
+        list.push_back({{"path", file.path}, {"bytes", file.bytes}});
+    }
+}
+
 Json FilesJson(const RunReport& report) {
     Json files = Json::array();
     if (report.result == RunResult::Written) {
         files.push_back({{"path", report.options.out}, {"bytes", report.bytes}});
     }
+    AddFiles(files, report.maps);
     return files;
+}
+
+std::size_t CountLooseEnds(const Report::LevelMap& map) {
+    std::size_t count = 0;
+    for (const Report::MapCell& cell : map.cells) {
+        count += static_cast<std::size_t>(std::popcount(cell.loose));
+    }
+    return count;
+}
+
+Json MapJson(const Report::LevelMap& map) {
+    return {{"name", map.name},
+            {"tileset", map.tileSet.empty() ? Json(nullptr) : Json(map.tileSet)},
+            {"width", map.width},
+            {"height", map.height},
+            {"cell-size", map.tileSize},
+            {"rooms", map.rooms.size()},
+            {"reachable-rooms", std::ranges::count(map.rooms, true, &Report::MapRoom::reachable)},
+            {"openings-onto-nothing", CountLooseEnds(map)},
+            {"references-left-out", map.leftOut}};
 }
 
 Json CellsJson(const RunReport& report) {
@@ -128,6 +158,18 @@ std::string ToJson(const RunReport& report) {
     json["containers"] = {{"count", report.containers}, {"entries", report.entries}};
     json["errors"] = report.errors;
     json["warnings"] = report.warnings;
+    return Report::JsonText(json);
+}
+
+std::string ToJson(const PluginMapReport& report) {
+    Json json = Report::JsonHeader();
+    json["plugin"] = report.plugin;
+    json["config"] = report.config;
+    AddFiles(json["files"] = Json::array(), report.files);
+    Json& levels = json["levels"] = Json::array();
+    for (const Report::LevelMap& map : report.maps) {
+        levels.push_back(MapJson(map));
+    }
     return Report::JsonText(json);
 }
 

@@ -2,14 +2,25 @@
 // Reports for programs: one JSON object, valid UTF-8 whatever the names hold.
 #pragma once
 
+#include "apps/report/LevelMap.h"
 #include "apps/vaultry/Offer.h"
 #include "apps/vaultry/RunReport.h"
 
 #include <string>
+#include <vector>
 
 namespace Tarnex::Cli {
 
+/// What `vaultry map` drew of a plug-in. All text is UTF-8.
+struct PluginMapReport {
+    std::string plugin; ///< as it was given
+    std::string config; ///< that told what the references are
+    std::vector<Report::LevelMap> maps;
+    std::vector<WrittenFile> files;
+};
+
 std::string ToJson(const RunReport& report);
+std::string ToJson(const PluginMapReport& report);
 std::string ToJson(const Offer& offer);
 
 } // namespace Tarnex::Cli

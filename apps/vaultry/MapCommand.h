@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The verb map, and the map that generate writes.
+// The verb map, and what generate shares with it.
 #pragma once
 
 #include "apps/report/LevelMap.h"
@@ -12,12 +12,17 @@
 
 namespace Tarnex::Cli {
 
-/// Generates without writing a plug-in and prints the map of every level.
+/// Draws a plug-in, or generates without writing one and draws that: into the files asked for, or
+/// else on the terminal.
 ExitStatus RunMap(const MapOptions& options, const Console& console);
 
-/// Writes the maps as SVG to `path` (UTF-8); false when that failed.
-bool WriteMapFile(const std::vector<Report::LevelMap>& maps,
-                  const GenerateOptions& options,
-                  const std::string& path);
+/// What the margin of a map says about a run.
+Report::MapCaption CaptionOf(const GenerateOptions& options);
+
+/// Prints every level, and what the characters mean.
+void PrintMaps(const std::vector<Report::LevelMap>& maps, const Console& console);
+
+/// Says which maps were written.
+void SayWritten(const std::vector<WrittenFile>& files, const Console& console);
 
 } // namespace Tarnex::Cli

@@ -2,6 +2,8 @@
 // What each verb was asked for. All text is UTF-8.
 #pragma once
 
+#include "apps/report/MapFile.h"
+
 #include <vaultry/gen/RandomGenInfo.h>
 
 #include <cstdint>
@@ -13,10 +15,24 @@ namespace Tarnex::Cli {
 
 inline constexpr const char* kBuiltin = "builtin";
 
+/// The maps of generate and map, besides that on the terminal.
+struct MapFileOptions {
+    std::optional<std::string> map;  ///< a path that ends in .svg or .png
+    std::optional<std::string> html; ///< a path
+    Report::MapLook look = Report::MapLook::Auto;
+    double scale = Report::MapSettings().scale; ///< see Report::MapSettings
+};
+
+/// A file that a run left behind.
+struct WrittenFile {
+    std::string path;
+    std::uint64_t bytes = 0;
+};
+
 /// vaultry generate
 struct GenerateOptions {
-    std::string config = kBuiltin; ///< a path, "builtin" or "builtin:NAME"
-    std::string out = "dungeon.esp";
+    std::string config = kBuiltin;   ///< a path, "builtin" or "builtin:NAME"
+    std::string out = "dungeon.esp"; ///< a path; empty when no plug-in is written
     std::string cell = "Vaultry Dungeon";
     bool fixed = false; ///< one cell from a layout template
     std::optional<std::string> tileSet;
@@ -34,15 +50,17 @@ struct GenerateOptions {
     std::optional<std::uint32_t> seed;
     std::optional<std::int64_t> stamp; ///< [seconds]
     std::optional<std::string> log;    ///< a path
-    std::optional<std::string> map;    ///< a path that ends in .svg
-    bool strict = false;               ///< write nothing if anything was wrong
+    MapFileOptions maps;
+    bool strict = false; ///< write nothing if anything was wrong
     bool quiet = false;
     bool json = false;
 };
 
-/// vaultry map: generates without writing a plug-in
+/// vaultry map: generates without writing a plug-in, or draws one
 struct MapOptions {
     GenerateOptions generate;
+    std::optional<std::string> plugin;   ///< a path; only config, maps, log, quiet, json go with it
+    std::optional<std::string> onlyCell; ///< the cell, or the dungeon, that is drawn of it
 };
 
 /// vaultry list

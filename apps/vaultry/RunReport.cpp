@@ -24,8 +24,8 @@ constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
                                                            "tapestry",
                                                            "other"};
 
-constexpr std::array<const char*, 6> kResultWords = {
-    "written", "refused", "not-written", "strict", "unwalkable", "cancelled"};
+constexpr std::array<const char*, 7> kResultWords = {
+    "written", "drawn", "refused", "not-written", "strict", "unwalkable", "cancelled"};
 
 std::uint64_t ReferenceCount(const RunReport& report) {
     std::uint64_t count = 0;
@@ -36,13 +36,16 @@ std::uint64_t ReferenceCount(const RunReport& report) {
 }
 
 std::string Outcome(const RunReport& report) {
-    const std::string file = '"' + report.options.out + '"';
+    const std::string& out = report.options.out;
+    const std::string file = out.empty() ? "the map" : '"' + out + '"';
     switch (report.result) {
     case RunResult::Written:
         return "wrote " + file + ": " + Counted(report.bytes, "byte") + ", " +
                Counted(report.cells.size(), "cell") + ", " +
                Counted(ReferenceCount(report), "reference") + ", " +
                Counted(report.containers, "container");
+    case RunResult::Drawn:
+        return Counted(report.maps.size(), "map") + " drawn";
     case RunResult::Refused:
         return "nothing was generated";
     case RunResult::NotWritten:
@@ -86,7 +89,8 @@ void CountContent(const Mod& mod, RunReport& report) {
 
 std::string Summary(const RunReport& report) {
     std::string line = Outcome(report) + "; seed " + std::to_string(report.options.seed.value());
-    if (report.tries > 1 && report.result == RunResult::Written) {
+    if (report.tries > 1 &&
+        (report.result == RunResult::Written || report.result == RunResult::Drawn)) {
         line += " (found in " + std::to_string(report.tries) + " tries)";
     }
     if (report.stampGiven) {

@@ -14,9 +14,10 @@
 
 namespace Tarnex::Cli {
 
-/// How a run of the verb generate ended.
+/// How a run of the verbs generate and map ended.
 enum class RunResult {
     Written,    ///< the plug-in stands at its destination
+    Drawn,      ///< generated for maps alone
     Refused,    ///< nothing was generated
     NotWritten, ///< generated, but the file could not be written
     Strict,     ///< not written because of an error, as asked
@@ -37,6 +38,7 @@ struct RunReport {
     bool stampGiven = false;
     RunResult result = RunResult::Refused;
     std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
+    std::vector<WrittenFile> maps;
     std::vector<CellReport> cells;
     GenReport levels;        ///< of random levels; without any for a fixed interior
     std::uint32_t tries = 1; ///< seeds tried

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/RunSetup.h"
 
+#include "apps/vaultry/MapFiles.h"
 #include "apps/vaultry/NameCheck.h"
 #include "apps/vaultry/UsageError.h"
 
@@ -52,9 +53,7 @@ void CheckText(const GenerateOptions& options) {
     if (options.ensureWalkable && options.fixed) {
         throw UsageError("--ensure-walkable is for random levels, not for --fixed");
     }
-    if (options.map && !options.map->ends_with(".svg")) {
-        throw UsageError("--map: \"" + *options.map + "\" does not end in .svg");
-    }
+    CheckMapOptions(options.maps);
     if (options.master && options.master->empty()) {
         throw UsageError("--master: the name of the master file is empty");
     }
@@ -78,6 +77,19 @@ void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSour
     manager.SetAddPlatforms(options.platforms);
     manager.SetRandomInfo(options.random);
     manager.SetNameSingleLevel(true);
+}
+
+void ConfigureOrShow(GenMgr& manager,
+                     const GenerateOptions& options,
+                     const ConfigSource& source,
+                     const LibraryLog& log,
+                     const Console& console) {
+    try {
+        Configure(manager, options, source);
+    } catch (const UsageError&) {
+        console.Show(log.Errors());
+        throw;
+    }
 }
 
 } // namespace Tarnex::Cli

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "apps/vaultry/ConfigSource.h"
+#include "apps/vaultry/Console.h"
+#include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/Options.h"
 
 #include <vaultry/gen/GenMgr.h>
@@ -18,5 +20,13 @@ void FixChance(GenerateOptions& options);
 
 /// Loads the configuration and hands over the options. Throws UsageError for an unknown name.
 void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSource& source);
+
+/// Likewise, and then shows what was logged: a name may be missing because the configuration was
+/// not read to its end.
+void ConfigureOrShow(GenMgr& manager,
+                     const GenerateOptions& options,
+                     const ConfigSource& source,
+                     const LibraryLog& log,
+                     const Console& console);
 
 } // namespace Tarnex::Cli

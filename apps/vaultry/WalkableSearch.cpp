@@ -48,7 +48,7 @@ constexpr RunResult ResultOf(ModResult result) {
 } // namespace
 
 RunResult
-GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log, Report::MapCollector& maps) {
+GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log, Report::MapCollector* maps) {
     GenerateOptions& options = report.options;
     const Defaults defaults(manager);
     const std::uint32_t firstSeed = options.seed.value();
@@ -57,8 +57,10 @@ GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log, Report::MapC
         const std::uint32_t seed = SeedOfTry(firstSeed, report.tries - 1);
         SeedRandom(seed);
         SetContainerStamp(options.stamp.value());
-        maps.Clear();
-        manager.SetLevelObserver(&maps);
+        if (maps != nullptr) {
+            maps->Clear();
+        }
+        manager.SetLevelObserver(maps);
         const RunResult result = ResultOf(manager.Generate(cell.c_str(), options.fixed));
         manager.SetLevelObserver(nullptr);
         report.levels = manager.report;

@@ -25,8 +25,9 @@ constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
 
 /// Generates into `manager`, with further seeds if the options ask for a walkable dungeon. Every
 /// try starts from the same state, so that the seed found, which the report's options then name,
-/// makes the same dungeon by itself. `maps` holds the levels of the last try.
+/// makes the same dungeon by itself. `maps` then holds the levels of the last try; null when they
+/// are not wanted.
 RunResult
-GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log, Report::MapCollector& maps);
+GenerateLevels(GenMgr& manager, RunReport& report, LibraryLog& log, Report::MapCollector* maps);
 
 } // namespace Tarnex::Cli

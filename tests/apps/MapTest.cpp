@@ -65,7 +65,7 @@ TEST_F(MapTest, RefusesAMapInPlaceOfThePlugIn) {
 TEST_F(MapTest, RefusesOtherKindsOfPicture) {
     const Outcome outcome = Generate({"--map", "map.gif"});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_TRUE(Contains(outcome.err, "--map: \"map.gif\" does not end in .svg"));
+    EXPECT_TRUE(Contains(outcome.err, "--map: \"map.gif\" ends neither in .svg nor in .png"));
     EXPECT_TRUE(Files().empty());
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 std::string Svg(const Report::LevelMap& map) {
     std::ostringstream out;
-    Report::WriteSvg({map}, {7, "--size \"tiny\"", "a&b.xml"}, out);
+    Report::WriteSvg({map}, {7, "--size \"tiny\"", "a&b.xml"}, Report::MapLook::Auto, out);
     return out.str();
 }
 
@@ -55,20 +55,33 @@ TEST(MapSvgTest, IsOneWellFormedDocument) {
 
 TEST(MapSvgTest, HasAMarkForEachSortOfContent) {
     const std::string svg = Svg(SampleMap());
-    const std::string cells = svg.substr(svg.find("class=\"title\""));
     for (const char* mark : {"rug", "tapestry", "furniture", "container", "creature", "other"}) {
-        EXPECT_TRUE(Contains(cells, std::string("<use href=\"#") + mark + "\"/>")) << mark;
+        EXPECT_TRUE(Contains(
+            svg, std::string("<g class=\"layer-") + mark + "\">\n<use href=\"#" + mark + "\" x="))
+            << mark;
     }
+}
+
+// The path of a class in the drawing, not in the legend.
+std::string PathOf(const std::string& svg, const std::string& type, const std::string& layer) {
+    const std::size_t start = svg.find("<g class=\"layer-" + layer + "\">");
+    const std::string opening = "<path class=\"" + type + "\" d=\"";
+    const std::size_t path = svg.find(opening, start) + opening.size();
+    return svg.substr(path, svg.find('"', path) - path);
 }
 
 TEST(MapSvgTest, DrawsWallsHallsStairsDoorsAndWarnings) {
     const std::string svg = Svg(SampleMap());
-    EXPECT_TRUE(Contains(svg, "translate(0 0)\"><use href=\"#w9\"/></g>"));
-    EXPECT_TRUE(Contains(svg, "translate(24 72)\"><use href=\"#h5\"/></g>"));
-    EXPECT_TRUE(Contains(svg, "translate(72 0)\"><use href=\"#stairsNS\"/><use href=\"#w12\"/>"));
-    EXPECT_TRUE(Contains(svg, "<path class=\"wall\" d=\"M0 24H6M18 24H24\"/><rect class=\"door\""));
-    EXPECT_TRUE(Contains(svg, "translate(48 72)\"><path class=\"warn\" d=\"M22.5 6V18\"/></g>"));
-    EXPECT_FALSE(Contains(svg, "<rect class=\"cut\" width=\"24\" height=\"24\"/></g>\n<g transf"));
+    const std::string walls = PathOf(svg, "wall", "rooms");
+    EXPECT_TRUE(walls.starts_with("M0 0h24M0 0v24M24 0h24")) << walls;
+    EXPECT_TRUE(Contains(walls, "M24 72h6m12 0h6")) << walls;
+    EXPECT_EQ(PathOf(svg, "wall", "halls"),
+              "M30 72v6m12 -6v6M42 78h6m-6 12h6M30 90h12M30 78v12"
+              "M66 78h6m-6 12h6M48 78h6m-6 12h6M54 78h12M54 90h12");
+    EXPECT_EQ(PathOf(svg, "step", "rooms"), "M75 4h18m-18 4h18m-18 4h18m-18 4h18m-18 4h18");
+    EXPECT_EQ(PathOf(svg, "door", "doors"), "M30 69.5h12v5h-12z");
+    EXPECT_EQ(PathOf(svg, "warn", "warnings"), "M72 78v12");
+    EXPECT_FALSE(Contains(svg, "<path class=\"cut\""));
 }
 
 TEST(MapSvgTest, HoverTitlesNameRoomTilesAndContents) {
@@ -82,6 +95,7 @@ TEST(MapSvgTest, EscapesNames) {
     const std::string svg = Svg(SampleMap());
     EXPECT_TRUE(Contains(svg, "Vault &lt;1&gt; &amp; more</text>"));
     EXPECT_TRUE(Contains(svg, "configuration a&amp;b.xml, seed 7</text>"));
+    EXPECT_TRUE(IsBalanced(svg));
     EXPECT_TRUE(Contains(svg, "--size &quot;tiny&quot;</text>"));
 }
 
@@ -92,9 +106,29 @@ TEST(MapSvgTest, MarksRoomsOutOfReachAndDoorsToOtherLevels) {
     map.At(1, 2).leadsTo = "Level 2";
     const std::string svg = Svg(map);
     EXPECT_TRUE(Contains(svg, "class=\"num warning\""));
-    EXPECT_TRUE(Contains(svg, "translate(24 24)\"><rect class=\"cut\""));
+    EXPECT_TRUE(Contains(PathOf(svg, "cut", "warnings"), "M25.2 25.2h21.6v21.6h-21.6z"));
     EXPECT_TRUE(Contains(svg, "→ Level 2</text>"));
     EXPECT_TRUE(Contains(svg, "<title>Room 1 (cannot be reached)"));
+}
+
+TEST(MapSvgTest, LooksAsAskedFor) {
+    const auto drawn = [](Report::MapLook look) { return Report::LevelSvg(SampleMap(), look); };
+    EXPECT_FALSE(Contains(drawn(Report::MapLook::Light), ".paper{fill:#15181c}"));
+    EXPECT_TRUE(Contains(drawn(Report::MapLook::Dark), "\n.paper{fill:#15181c}"));
+    EXPECT_TRUE(Contains(drawn(Report::MapLook::Auto), "@media screen and (prefers-color-scheme"));
+}
+
+TEST(MapSvgTest, TheLegendNamesWhatIsThereAndNothingElse) {
+    const std::string svg = Svg(SampleMap());
+    EXPECT_TRUE(Contains(svg, ">container</text>"));
+    EXPECT_FALSE(Contains(svg, ">platform</text>"));
+    EXPECT_FALSE(Contains(svg, ">door to a level</text>"));
+}
+
+TEST(MapSvgTest, TextThatIsNoUtf8IsReplaced) {
+    Report::LevelMap map = SampleMap();
+    map.name = "Caf\xE9 \x01";
+    EXPECT_TRUE(Contains(Svg(map), "Caf\xEF\xBF\xBD  </text>"));
 }
 
 TEST(MapSvgTest, ScaleIsInWorldUnits) {

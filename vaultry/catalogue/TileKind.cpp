@@ -115,12 +115,14 @@ const std::unordered_map<std::string, std::int8_t>& RowsByUpperName() {
 TileKind TileKind::Of(std::string_view name) {
     const auto& rows = RowsByUpperName();
     const auto found = rows.find(ToUpper(name));
+    return found == rows.end() ? TileKind() : At(static_cast<std::size_t>(found->second));
+}
+
+TileKind TileKind::At(std::size_t index) {
     TileKind kind;
-    if (found != rows.end()) {
-        kind.row = found->second;
-        kind.dir = static_cast<std::int8_t>(kKinds[kind.Index()].dir);
-        kind.type = static_cast<std::int8_t>(kKinds[kind.Index()].type);
-    }
+    kind.row = static_cast<std::int8_t>(index);
+    kind.dir = static_cast<std::int8_t>(kKinds[index].dir);
+    kind.type = static_cast<std::int8_t>(kKinds[index].type);
     return kind;
 }
 

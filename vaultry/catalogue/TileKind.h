@@ -51,6 +51,8 @@ public:
 
     /// The kind of that name, without regard to case; none when there is no such kind.
     static TileKind Of(std::string_view name);
+    /// The known kind at that place among all kinds, below kCount.
+    static TileKind At(std::size_t index);
 
     constexpr bool IsKnown() const { return row >= 0; }
     /// The place of a known kind among all kinds, 0 to kCount - 1.

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "apps/report/MapCells.h"
+
+#include "apps/report/Words.h"
+
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/layout/Passages.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace Tarnex::Report {
+
+namespace {
+
+constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
+    {Content_Container, RefSort::Container},
+    {Content_Creature, RefSort::Creature},
+    {Content_Furniture, RefSort::Furniture},
+    {Content_Rug, RefSort::Rug},
+    {Content_Tapestry, RefSort::Tapestry},
+}};
+
+struct Step {
+    TileDirT side;
+    TileDirT opposite;
+    std::int32_t x;
+    std::int32_t y;
+};
+
+constexpr std::array<Step, 4> kSteps = {
+    {{DirN, DirS, 0, -1}, {DirS, DirN, 0, 1}, {DirE, DirW, 1, 0}, {DirW, DirE, -1, 0}}};
+
+RefSort SortOf(const ContentItem& item) {
+    for (const auto& [kind, sort] : kSorts) {
+        if (item.IsKind(kind)) {
+            return sort;
+        }
+    }
+    return RefSort::Other;
+}
+
+// A doorway in a corner has no facing of its own: the last letter of its kind is the side.
+SideBits DoorwaySide(const Tile& tile) {
+    const TileDirT facing = GetTileDir(tile);
+    if (facing <= DirW) {
+        return SideBit(facing);
+    }
+    const std::string_view name = tile.kindName.Kind().Name();
+    const std::size_t side = std::string_view("NSEW").find(name.empty() ? ' ' : name.back());
+    return side == std::string_view::npos ? SideBits{0} : SideBit(static_cast<TileDirT>(side));
+}
+
+MapTile TileOf(const GridElmt& elmt) {
+    switch (GetElmtType(elmt)) {
+    case TileHall:
+    case TileHallEnd:
+        return MapTile::Hall;
+    case TileNone:
+        return MapTile::Stairs;
+    default:
+        return MapTile::Room;
+    }
+}
+
+// Behind a teleporting door is another level, whatever stands there on this one.
+SideBits Ways(const MapCell& cell) {
+    return static_cast<SideBits>(cell.open & ~(cell.teleport ? cell.doorway : 0));
+}
+
+bool HasSide(SideBits sides, TileDirT side) {
+    return (sides & SideBit(side)) != 0;
+}
+
+bool CanPass(const LevelMap& map, const DiPos& from, const Step& step) {
+    const DiPos to(from.x + step.x, from.y + step.y, 0);
+    return map.IsInside(to.x, to.y) && map.At(to.x, to.y).sameFloor &&
+           HasSide(Ways(map.At(from.x, from.y)), step.side) &&
+           HasSide(Ways(map.At(to.x, to.y)), step.opposite);
+}
+
+// The cells around that `enters` lets one walk to, and their neighbours, and so on.
+template <typename Enters>
+void Flood(const LevelMap& map, std::vector<DiPos> open, const Enters& enters) {
+    while (!open.empty()) {
+        const DiPos from = open.back();
+        open.pop_back();
+        for (const Step& step : kSteps) {
+            const DiPos to(from.x + step.x, from.y + step.y, 0);
+            if (CanPass(map, from, step) && enters(from, to, step)) {
+                open.push_back(to);
+            }
+        }
+    }
+}
+
+bool IsArea(const MapCell& cell) {
+    return cell.room == 0 && (cell.tile == MapTile::Room || cell.tile == MapTile::Stairs);
+}
+
+void Extend(MapRoom& room, const DiPos& cell) {
+    const DiPos end(std::max(room.origin.x + room.size.x, cell.x + 1),
+                    std::max(room.origin.y + room.size.y, cell.y + 1),
+                    0);
+    room.origin = DiPos(std::min(room.origin.x, cell.x), std::min(room.origin.y, cell.y), 0);
+    room.size = DiPos(end.x - room.origin.x, end.y - room.origin.y, 0);
+}
+
+void NumberArea(LevelMap& map, const DiPos& start) {
+    const std::size_t number = map.rooms.size() + 1;
+    map.rooms.push_back({start, DiPos(1, 1, 0), true});
+    map.At(start.x, start.y).room = number;
+    Flood(map, {start}, [&](const DiPos& from, const DiPos& to, const Step& step) {
+        const bool throughDoorway = HasSide(map.At(from.x, from.y).doorway, step.side) ||
+                                    HasSide(map.At(to.x, to.y).doorway, step.opposite);
+        if (throughDoorway || !IsArea(map.At(to.x, to.y))) {
+            return false;
+        }
+        map.At(to.x, to.y).room = number;
+        Extend(map.rooms.back(), to);
+        return true;
+    });
+}
+
+} // namespace
+
+MapCell DrawnCell(const GridElmt& elmt) {
+    MapCell cell;
+    cell.tile = TileOf(elmt);
+    cell.open = WalkableSides(elmt);
+    cell.loose = OpenSides(elmt);
+    if (const Tile* doorway = PeekTileOfType(elmt, TileDoorway)) {
+        cell.doorway = DoorwaySide(*doorway);
+    }
+    for (const DiPtr<Tile>& tile : elmt.tiles) {
+        cell.tiles.push_back(Shown(tile->kindName.Text()));
+        cell.door = cell.door || IsDoorTile(*tile);
+    }
+    cell.teleport = elmt.isTeleport;
+    if (elmt.isTeleport && elmt.teleLayout) {
+        cell.leadsTo = Shown(elmt.teleLayout->GetName());
+    }
+    cell.platform = !elmt.platforms.empty();
+    for (const DiPtr<ContentItem>& item : elmt.contents) {
+        cell.contents.push_back({SortOf(*item), Shown(item->uniqueName), "", {}});
+    }
+    return cell;
+}
+
+void FindLooseEnds(LevelMap& map) {
+    for (std::int32_t y = 0; y < map.height; ++y) {
+        for (std::int32_t x = 0; x < map.width; ++x) {
+            MapCell& cell = map.At(x, y);
+            if (!cell.sameFloor) {
+                cell.loose = 0;
+            }
+            cell.loose = static_cast<SideBits>(cell.loose & Ways(cell));
+            for (const Step& step : kSteps) {
+                if (CanPass(map, DiPos(x, y, 0), step)) {
+                    cell.loose = static_cast<SideBits>(cell.loose & ~SideBit(step.side));
+                }
+            }
+        }
+    }
+}
+
+void NumberAreas(LevelMap& map) {
+    for (std::int32_t y = 0; y < map.height; ++y) {
+        for (std::int32_t x = 0; x < map.width; ++x) {
+            const MapCell& cell = map.At(x, y);
+            if (cell.tile == MapTile::Room && IsArea(cell)) {
+                NumberArea(map, DiPos(x, y, 0));
+            }
+        }
+    }
+}
+
+void JudgeReach(LevelMap& map) {
+    const auto width = static_cast<std::size_t>(std::max(map.width, 1));
+    std::vector<bool> visited(map.cells.size());
+    const auto visit = [&](const DiPos& /*from*/, const DiPos& to, const Step& /*step*/) {
+        auto seen =
+            visited[static_cast<std::size_t>(to.y) * width + static_cast<std::size_t>(to.x)];
+        const bool isNew = !seen;
+        seen = true;
+        return isNew;
+    };
+    std::vector<DiPos> start;
+    for (std::size_t i = 0; i < map.cells.size(); ++i) {
+        if (map.cells[i].room == 1) {
+            visited[i] = true;
+            start.emplace_back(
+                static_cast<std::int32_t>(i % width), static_cast<std::int32_t>(i / width), 0);
+        }
+    }
+    Flood(map, start, visit);
+    for (MapRoom& room : map.rooms) {
+        room.reachable = false;
+    }
+    for (std::size_t i = 0; i < map.cells.size(); ++i) {
+        if (map.cells[i].room > 0 && (visited[i] || !map.cells[i].sameFloor)) {
+            map.rooms[map.cells[i].room - 1].reachable = true;
+        }
+    }
+}
+
+} // namespace Tarnex::Report

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Maps as a page.
+#pragma once
+
+#include "apps/report/LevelMap.h"
+#include "apps/report/MapStyle.h"
+
+#include <ostream>
+#include <vector>
+
+namespace Tarnex::Report {
+
+/// Writes one page of its own that loads nothing and runs no script: every level with layers to
+/// switch, what is in each room, and what is in each container. Numbers on the map lead to the
+/// tables and back.
+void WriteHtml(const std::vector<LevelMap>& maps,
+               const MapCaption& caption,
+               MapLook look,
+               std::ostream& out);
+
+} // namespace Tarnex::Report

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// How maps look: colours, marks, shapes.
+#pragma once
+
+#include <vaultry/output/Ref.h>
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace Tarnex::Report {
+
+inline constexpr std::int32_t kCell = 24; ///< edge of a cell on a picture
+
+/// The colours of a picture.
+enum class MapLook : std::uint8_t {
+    Auto,  ///< light, dark on screens that ask for it
+    Light, ///< for print
+    Dark,
+};
+
+/// The mark of one sort of content, which has a part of the cell for itself.
+struct MapMark {
+    RefSort sort;
+    std::string_view name;    ///< of its definition, and of its class
+    std::string_view drawing; ///< in a cell from (0, 0) to (kCell, kCell)
+};
+
+/// In the order in which they are drawn: rugs lie below everything else.
+extern const std::array<MapMark, 7> kMapMarks;
+
+/// The style sheet of a picture, without its element. Its rules name single classes: the marks are
+/// styled where they are used, outside of what they are defined in.
+std::string MapStyle(MapLook look);
+
+/// The definitions of the marks and steps.
+std::string MapDefinitions();
+
+} // namespace Tarnex::Report

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// The files that maps are written to.
+#pragma once
+
+#include "apps/report/LevelMap.h"
+#include "apps/report/MapFile.h"
+#include "apps/vaultry/Options.h"
+#include "apps/vaultry/OutputFile.h"
+
+#include <list>
+#include <string>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+/// Throws UsageError when a map is asked for in a format that is not there, or when one file would
+/// destroy another: no two of `files` may be the same.
+void CheckMapOptions(const MapFileOptions& options);
+void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files);
+
+/// The maps that were asked for, each replaced whole or not at all.
+class MapFiles {
+public:
+    /// Nothing is created yet. Throws UsageError when a file cannot be written to.
+    explicit MapFiles(const MapFileOptions& options);
+
+    bool AreWanted() const { return !files.empty(); }
+
+    /// Draws into the temporary files; false when one could not be written. Throws
+    /// Report::MapError.
+    bool Write(const std::vector<Report::LevelMap>& maps, const Report::MapCaption& caption);
+
+    /// Gives the files their names and returns what was written. Throws
+    /// std::filesystem::filesystem_error.
+    std::vector<WrittenFile> Commit();
+
+private:
+    struct File {
+        File(const std::string& filePath, Report::MapFormat fileFormat)
+            : path(filePath), format(fileFormat), output(filePath) {}
+
+        std::string path;
+        Report::MapFormat format;
+        OutputFile output;
+    };
+
+    Report::MapSettings settings;
+    std::list<File> files; // an output stays where it was made
+};
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/PluginMapCommand.h"
+
+#include "apps/report/PluginLoad.h"
+#include "apps/report/PluginMap.h"
+#include "apps/report/Words.h"
+#include "apps/vaultry/ConfigSource.h"
+#include "apps/vaultry/JsonReport.h"
+#include "apps/vaultry/LibraryLog.h"
+#include "apps/vaultry/MapCommand.h"
+#include "apps/vaultry/MapFiles.h"
+#include "apps/vaultry/UsageError.h"
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Text.h>
+
+#include <algorithm>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+constexpr std::size_t kMostCells = 100; // in one drawing
+
+// A dungeon's levels are found by the name of the whole dungeon too.
+bool IsNamed(const PluginCell& cell, const std::string& name) {
+    const std::string levels = name + ", ";
+    return EqualsNoCase(cell.name, name) ||
+           EqualsNoCase(std::string_view(cell.name).substr(0, levels.size()), levels);
+}
+
+std::vector<const PluginCell*> ChooseCells(const MapOptions& options, const PluginFile& file) {
+    std::vector<const PluginCell*> cells;
+    for (const PluginCell& cell : file.cells) {
+        if (!cell.deleted && (!options.onlyCell || IsNamed(cell, FromUtf8(*options.onlyCell)))) {
+            cells.push_back(&cell);
+        }
+    }
+    const std::string where = '"' + options.plugin.value() + '"';
+    if (cells.empty()) {
+        throw UsageError(where + (options.onlyCell
+                                      ? " has no interior cell \"" + *options.onlyCell + '"'
+                                      : std::string(" has no interior cells")));
+    }
+    if (cells.size() > kMostCells) {
+        throw UsageError(where + " has " + std::to_string(cells.size()) +
+                         " interior cells, too many for one drawing; choose with --cell NAME");
+    }
+    return cells;
+}
+
+Report::PieceIndex ReadPieces(const std::string& config) {
+    const ConfigSource source(config);
+    GenMgr manager;
+    source.Load(manager);
+    return Report::PieceIndex(manager.config);
+}
+
+// The configurations that may have been used.
+std::vector<std::string> Candidates(const std::string& config) {
+    if (config != kBuiltin) {
+        return {config};
+    }
+    std::vector<std::string> names;
+    for (const BuiltinConfig& builtin : BuiltinConfigs()) {
+        names.push_back(std::string(kBuiltin) + ':' + std::string(builtin.name));
+    }
+    return names;
+}
+
+struct ChosenPieces {
+    std::string config;
+    Report::PieceIndex pieces;
+    std::size_t known = 0;
+};
+
+// The one that knows the most of what is placed.
+ChosenPieces ChoosePieces(const std::string& config, const std::vector<const PluginCell*>& cells) {
+    std::optional<ChosenPieces> best;
+    for (const std::string& name : Candidates(config)) {
+        Report::PieceIndex pieces = ReadPieces(name);
+        const std::size_t known = Report::CountKnownTiles(cells, pieces);
+        if (!best || known > best->known) {
+            best = {name, std::move(pieces), known};
+        }
+    }
+    return *std::move(best);
+}
+
+} // namespace
+
+ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
+    const GenerateOptions& shared = options.generate;
+    const std::string& path = options.plugin.value();
+    CheckMapOptions(shared.maps);
+    const ConfigSource source(shared.config);
+    MapFiles files(shared.maps);
+    RequireDistinctFiles({path, source.Path(), shared.log, shared.maps.map, shared.maps.html});
+    const Report::LoadedPlugin plugin = Report::LoadPlugin(path);
+    const std::vector<const PluginCell*> cells = ChooseCells(options, plugin.file);
+    const LibraryLog log(shared.log);
+    const ChosenPieces chosen = ChoosePieces(shared.config, cells);
+    console.Show(log.Errors());
+    if (chosen.known == 0) {
+        console.Warn("the configuration \"" + shared.config +
+                     "\" knows no tile of the plug-in; everything is drawn as marks");
+    }
+    PluginMapReport report{path, chosen.config, {}, {}};
+    for (const PluginCell* cell : cells) {
+        report.maps.push_back(Report::MapOf(*cell, plugin.file, chosen.pieces));
+    }
+    if (!files.Write(report.maps, {0, "", chosen.config, path})) {
+        console.Say("the map could not be written (full disk or protected folder?)");
+        return ExitStatus::Failure;
+    }
+    report.files = files.Commit();
+    if (shared.json) {
+        console.out << ToJson(report);
+    } else if (!files.AreWanted()) {
+        PrintMaps(report.maps, console);
+    }
+    if (!shared.quiet) {
+        SayWritten(report.files, console);
+    }
+    return ExitStatus::Success;
+}
+
+} // namespace Tarnex::Cli
