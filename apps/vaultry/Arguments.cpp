@@ -235,7 +235,7 @@ void AddRun(CLI::App& verb, GenerateOptions& options) {
               Into(options.masterSize));
     AddNumber(verb,
               "--stamp",
-              "The number in container identifiers (default: the time)",
+              "The number in container identifiers (default: by chance)",
               0,
               kMaxStamp,
               Into(options.stamp));

@@ -1,12 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/CancelSignals.h"
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 
 namespace Tarnex::Cli {
 
 namespace {
+
+#ifdef SIGHUP
+constexpr int kHangUp = SIGHUP;
+#else
+constexpr int kHangUp = SIGBREAK;
+#endif
+
+constexpr std::array kWatched = {SIGINT, SIGTERM, kHangUp};
 
 std::atomic<bool> requested = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler sets it");
@@ -28,13 +37,13 @@ auto Watch(int number) {
 
 CancelSignals::CancelSignals() {
     requested.store(false);
-    oldInterrupt = Watch(SIGINT);
-    oldTerminate = Watch(SIGTERM);
+    std::ranges::transform(kWatched, old.begin(), Watch);
 }
 
 CancelSignals::~CancelSignals() {
-    std::signal(SIGINT, oldInterrupt);
-    std::signal(SIGTERM, oldTerminate);
+    for (std::size_t i = 0; i < kWatched.size(); ++i) {
+        std::signal(kWatched[i], old[i]);
+    }
 }
 
 bool CancelSignals::Requested() const {

@@ -2,11 +2,14 @@
 // Ctrl-C as a request instead of an end.
 #pragma once
 
+#include <array>
+#include <cstddef>
+
 namespace Tarnex::Cli {
 
-/// While one lives, SIGINT and SIGTERM are noted instead of ending the process; a second one of a
-/// kind ends it after all. A signal that the process was started to ignore stays ignored. Only one
-/// may live at a time.
+/// While one lives, SIGINT, SIGTERM and a closed terminal's SIGHUP are noted instead of ending the
+/// process; a second one of a kind ends it after all. A signal that the process was started to
+/// ignore stays ignored. Only one may live at a time.
 class CancelSignals {
 public:
     CancelSignals();
@@ -20,8 +23,9 @@ public:
 private:
     using Handler = void (*)(int);
 
-    Handler oldInterrupt;
-    Handler oldTerminate;
+    static constexpr std::size_t kSignals = 3;
+
+    std::array<Handler, kSignals> old{};
 };
 
 } // namespace Tarnex::Cli

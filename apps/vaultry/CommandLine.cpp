@@ -14,6 +14,7 @@
 #include "apps/vaultry/UsageError.h"
 
 #include <exception>
+#include <new>
 
 namespace Tarnex::Cli {
 
@@ -65,6 +66,8 @@ ExitStatus Run(const std::vector<std::string>& arguments, const Console& console
     } catch (const Report::LoadError& e) {
         console.Say(e.what());
         return ExitStatus::Usage;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& e) {
         console.Say(e.what());
         return ExitStatus::Failure;

@@ -10,7 +10,7 @@
 namespace Tarnex::Cli {
 
 /// Does what the arguments (UTF-8, without the program's name) ask for and returns the exit status.
-/// Nothing throws.
+/// Throws nothing but std::bad_alloc.
 int RunCommandLine(const std::vector<std::string>& arguments, const Console& console);
 
 } // namespace Tarnex::Cli

@@ -133,10 +133,11 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     report.options = options;
     report.stampGiven = options.stamp.has_value();
     FixChance(report.options);
+    // Watched until the temporary files are gone.
+    const CancelSignals signals;
     Run run(report, console);
     RequireDistinctFiles(
         {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
-    const CancelSignals signals;
     LibraryLog log(options.log);
     GenMgr manager;
     ConfigureOrShow(manager, report.options, source, log, console);

@@ -48,7 +48,7 @@ struct GenerateOptions {
     std::optional<std::string> master;
     std::optional<std::uint32_t> masterSize; ///< [bytes]
     std::optional<std::uint32_t> seed;
-    std::optional<std::int64_t> stamp; ///< [seconds]
+    std::optional<std::int64_t> stamp; ///< the number in container identifiers
     std::optional<std::string> log;    ///< a path
     MapFileOptions maps;
     bool strict = false; ///< write nothing if anything was wrong

@@ -17,12 +17,14 @@ fs::path FolderOf(const fs::path& file) {
     return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
-// The name does not grow with the destination's, which may be as long as the system allows.
+// Two runs at once are kept apart by 64 bits of chance. The name does not grow with the
+// destination's, which may be as long as the system allows.
 fs::path UnusedName(const fs::path& folder) {
     std::random_device chance;
     fs::path name;
     do {
-        name = folder / (".vaultry-" + std::to_string(chance()) + ".tmp");
+        name = folder /
+               (".vaultry-" + std::to_string(chance()) + '-' + std::to_string(chance()) + ".tmp");
     } while (fs::exists(fs::symlink_status(name)));
     return name;
 }

@@ -7,12 +7,15 @@
 
 #include <vaultry/foundation/CodePage.h>
 
-#include <ctime>
+#include <cstdint>
 #include <random>
 
 namespace Tarnex::Cli {
 
 namespace {
+
+// As many as a program that reads numbers as floating-point ones keeps apart.
+constexpr unsigned kStampBits = 53;
 
 // Each name is looked for before it is set, since the library ignores some unknown names.
 void ChooseNames(GenMgr& manager, const GenerateOptions& options) {
@@ -60,11 +63,13 @@ void CheckText(const GenerateOptions& options) {
 }
 
 void FixChance(GenerateOptions& options) {
+    std::random_device chance;
     if (!options.seed) {
-        options.seed = std::random_device()();
+        options.seed = chance();
     }
     if (!options.stamp) {
-        options.stamp = std::time(nullptr);
+        const std::uint64_t number = std::uint64_t{chance()} << 32U | chance();
+        options.stamp = static_cast<std::int64_t>(number >> (64U - kStampBits));
     }
 }
 

@@ -125,6 +125,24 @@ TEST_F(GenMgrTest, MissingFileLeavesNoDefaultsAndTheFinishingLine) {
     EXPECT_EQ(LogLines().back(), "Info : GenMgr : Finished parsing XML config file.");
 }
 
+TEST_F(GenMgrTest, NullCountsAsAnEmptyText) {
+    Load(kFull);
+    mgr.Init(nullptr);
+    EXPECT_EQ(Defaults(), (Lines{"(none)", "(none)", "(none)", "(none)", "(none)"}));
+    EXPECT_EQ(ErrorLines().size(), 1U);
+    mgr.InitFromMemory(kFull, nullptr);
+    EXPECT_EQ(Defaults(), (Lines{"Stone", "Hut", "Poor", "(none)", "Coins"}));
+    mgr.SetDefaultTileSet(nullptr, false);
+    mgr.SetDefaultTemplate(nullptr, true);
+    mgr.SetDefaultTheme(nullptr);
+    mgr.SetDefaultCreatureTheme(nullptr);
+    mgr.SetDefaultTreasureTheme(nullptr);
+    EXPECT_EQ(Defaults(), (Lines{"Stone", "Hut", "(none)", "(none)", "(none)"}));
+    EXPECT_EQ(mgr.CreateMod(nullptr, nullptr, true), ModResult::NotWritten);
+    ASSERT_EQ(mgr.mod.GetCells().size(), 1U);
+    EXPECT_EQ(mgr.mod.GetCells()[0]->GetName(), "");
+}
+
 TEST_F(GenMgrTest, ListsAreThoseOfTheConfiguration) {
     Load(kFull);
     EXPECT_EQ(mgr.GetCaveTileSets().size(), 1U);

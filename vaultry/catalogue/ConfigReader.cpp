@@ -8,8 +8,10 @@
 #include <vaultry/catalogue/XmlText.h>
 
 #include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/framework/MemoryManager.hpp>
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
+#include <xercesc/util/PanicHandler.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/TransService.hpp>
@@ -17,6 +19,8 @@
 
 #include <array>
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 namespace Tarnex {
@@ -24,6 +28,8 @@ namespace Tarnex {
 namespace {
 
 using xercesc::XMLUni;
+
+constexpr const char* kOutOfMemory = "out of memory";
 
 constexpr XMLSize_t kMaxEntityExpansions = 1000;
 
@@ -34,16 +40,48 @@ constexpr std::size_t kMaxParserMemory = std::size_t{384} << 20;
 // of this length is refused anyway.
 constexpr XMLSize_t kLongestRun = ConfigLoader::kMaxText + 1;
 
+// The parser's own manager throws what is no std::exception.
+class GlobalMemory : public xercesc::MemoryManager {
+public:
+    xercesc::MemoryManager* getExceptionMemoryManager() override { return this; }
+    void* allocate(XMLSize_t size) override {
+        void* memory = ::operator new(size, std::nothrow);
+        if (memory == nullptr) {
+            hasLacked = true;
+            throw std::bad_alloc();
+        }
+        return memory;
+    }
+    void deallocate(void* block) override { ::operator delete(block); }
+
+    // The parser may answer a lack of memory with a panic "for unknown reason".
+    bool HasLacked() const { return hasLacked; }
+
+private:
+    bool hasLacked = false;
+};
+
+// The parser's own handler ends the process.
+class Panic : public xercesc::PanicHandler {
+public:
+    void panic(const PanicReasons reason) override {
+        throw std::runtime_error(getPanicReasonString(reason));
+    }
+};
+
 // Starting the library costs more than parsing most files, so it is started at most once and ended
 // when the process ends.
 class ParserLibrary {
 public:
     ParserLibrary() {
         try {
-            xercesc::XMLPlatformUtils::Initialize();
+            xercesc::XMLPlatformUtils::Initialize(
+                xercesc::XMLUni::fgXercescDefaultLocale, nullptr, &panic, &memory);
             started = true;
         } catch (const xercesc::XMLException& e) {
             error = Narrow(e.getMessage());
+        } catch (const std::exception& e) {
+            error = memory.HasLacked() ? kOutOfMemory : e.what();
         }
     }
 
@@ -59,6 +97,8 @@ public:
     const std::string& Error() const { return error; }
 
 private:
+    GlobalMemory memory;
+    Panic panic;
     bool started = false;
     std::string error;
 };
@@ -90,8 +130,8 @@ void Parse(xercesc::SAX2XMLReader& reader, ConfigLoader& loader, MakeSource make
         loader.FatalError(Narrow(e.getMessage()));
     } catch (const xercesc::XMLException& e) {
         loader.FatalError(Narrow(e.getMessage()));
-    } catch (const xercesc::OutOfMemoryException&) {
-        loader.FatalError("out of memory");
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& e) {
         loader.FatalError(e.what());
     }
@@ -101,12 +141,18 @@ template <typename MakeSource>
 void Read(ConfigLoader& loader, MakeSource makeSource) {
     xercesc::SecurityManager limits;
     MemoryBudget memory(kMaxParserMemory);
-    const auto reader = std::make_unique<xercesc::SAX2XMLReaderImpl>(&memory);
-    MakeSafe(*reader, limits);
-    reader->setInputBufferSize(kLongestRun);
-    reader->setContentHandler(&loader);
-    reader->setErrorHandler(&loader);
-    Parse(*reader, loader, makeSource);
+    std::unique_ptr<xercesc::SAX2XMLReaderImpl> reader;
+    try {
+        reader = std::make_unique<xercesc::SAX2XMLReaderImpl>(&memory);
+        MakeSafe(*reader, limits);
+        reader->setInputBufferSize(kLongestRun);
+        reader->setContentHandler(&loader);
+        reader->setErrorHandler(&loader);
+        Parse(*reader, loader, makeSource);
+    } catch (const xercesc::OutOfMemoryException&) {
+        // The budget is spent: the document asks for too much.
+        loader.FatalError(kOutOfMemory);
+    }
 }
 
 xercesc::MemBufInputSource MemorySource(std::string_view text, const char* name) {

@@ -18,7 +18,8 @@ std::string StartXmlParser();
 /// Reads the configuration file at `path` (UTF-8) into `config`. The parser must have been started.
 /// Every problem is logged under "XML Parser"; what was filed before a fatal one stays. No external
 /// entity, DTD or schema is opened; nesting, entity expansion, text and memory are limited. No
-/// exception of the parser leaves the function.
+/// exception of the parser leaves the function; std::bad_alloc does when the machine's memory runs
+/// out.
 void ReadConfigFile(const char* path, ConfigMgr& config);
 
 /// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.

@@ -27,10 +27,7 @@ void* MemoryBudget::allocate(XMLSize_t size) {
         throw xercesc::OutOfMemoryException();
     }
     const std::size_t whole = size + sizeof(BlockHead);
-    void* memory = ::operator new(whole, std::nothrow);
-    if (memory == nullptr) {
-        throw xercesc::OutOfMemoryException();
-    }
+    void* memory = ::operator new(whole);
     left -= whole;
     return ::new (memory) BlockHead{whole} + 1;
 }

@@ -8,9 +8,10 @@
 
 namespace Tarnex {
 
-/// Hands out memory until the budget is spent, then throws xercesc::OutOfMemoryException. The
-/// number of entities is limited, but not their length: a short document can blow a value up to
-/// more than the machine has before anything of it is delivered.
+/// Hands out memory until the budget is spent, then throws xercesc::OutOfMemoryException; when
+/// the machine has no more, std::bad_alloc. The number of entities is limited, but not their
+/// length: a short document can blow a value up to more than the machine has before anything of it
+/// is delivered.
 class MemoryBudget : public xercesc::MemoryManager {
 public:
     /// The most that may be held at one time. [bytes]

@@ -11,7 +11,8 @@ namespace Tarnex {
 
 /// Fixes the number that container identifiers carry, which is otherwise the current time in whole
 /// seconds, and restarts their counter at 1: with the same seed and stamp a run repeats itself to
-/// the byte.
+/// the byte. Plug-ins that two processes make in the same second have the same identifiers unless
+/// each sets a stamp of its own, drawn by chance for instance.
 VAULTRY_API void SetContainerStamp(std::int64_t seconds);
 
 /// The next identifier: "Ctr", the stamp, "_", a counter that grows with every container of the

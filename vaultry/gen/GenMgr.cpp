@@ -13,6 +13,7 @@
 #include <exception>
 #include <fstream>
 #include <memory>
+#include <new>
 #include <string_view>
 
 namespace Tarnex {
@@ -20,6 +21,10 @@ namespace Tarnex {
 namespace {
 
 constexpr const char* kLogSource = "GenMgr";
+
+constexpr const char* OrEmpty(const char* text) {
+    return text == nullptr ? "" : text;
+}
 
 template <typename T>
 DiPtr<T> FirstOf(const std::vector<DiPtr<T>>& list) {
@@ -42,11 +47,14 @@ void ReplaceByName(DiPtr<T>& current, const std::vector<DiPtr<T>>& list, std::st
     }
 }
 
-bool WriteFile(Mod& mod, const char* path) {
+bool WriteFile(Mod& mod, const char* path) try {
     std::ofstream stream(PathFromUtf8(path), std::ios::out | std::ios::binary | std::ios::trunc);
     mod.Write(stream);
     stream.close();
     return stream.good();
+} catch (const std::bad_alloc&) {
+    Logger::WriteError(kLogSource, "Unable to write the plug-in:  Out of memory.");
+    return false;
 }
 
 } // namespace
@@ -58,31 +66,35 @@ GenMgr::GenMgr() {
 GenMgr::~GenMgr() = default;
 
 void GenMgr::Init(const char* configPath) {
-    if (StartReading()) {
-        ReadConfigFile(configPath, config);
-    }
-    FinishReading();
+    Read([this, configPath] { ReadConfigFile(OrEmpty(configPath), config); });
 }
 
 void GenMgr::InitFromMemory(std::string_view text, const char* name) {
-    if (StartReading()) {
-        ReadConfigText(text, name, config);
+    Read([this, text, name] { ReadConfigText(text, OrEmpty(name), config); });
+}
+
+// What was read until memory ran out would pass for a whole configuration.
+template <typename ReadConfig>
+void GenMgr::Read(ReadConfig readConfig) {
+    config.Reset();
+    try {
+        if (StartReading()) {
+            readConfig();
+        }
+    } catch (const std::bad_alloc&) {
+        config.Reset();
+        Logger::WriteError(kLogSource, "Unable to read the configuration:  Out of memory.");
     }
-    FinishReading();
+    ChooseDefaults();
+    Logger::WriteInfo(kLogSource, "Finished parsing XML config file.");
 }
 
 bool GenMgr::StartReading() {
-    config.Reset();
     const std::string fault = StartXmlParser();
     if (!fault.empty()) {
         Logger::WriteError(kLogSource, "Error during XML parser initialization: %s", fault.c_str());
     }
     return fault.empty();
-}
-
-void GenMgr::FinishReading() {
-    ChooseDefaults();
-    Logger::WriteInfo(kLogSource, "Finished parsing XML config file.");
 }
 
 void GenMgr::ChooseDefaults() {
@@ -98,7 +110,7 @@ ModResult GenMgr::CreateMod(const char* outPath, const char* name, bool fixedLay
 }
 
 ModResult GenMgr::WriteMod(const char* outPath) {
-    return WriteFile(mod, outPath) ? ModResult::Written : ModResult::NotWritten;
+    return WriteFile(mod, OrEmpty(outPath)) ? ModResult::Written : ModResult::NotWritten;
 }
 
 ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
@@ -107,8 +119,7 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
     }
     mod.ResetContent();
     report.levels.clear();
-    cellName = name;
-    if (!RunGenerator(fixedLayout)) {
+    if (!RunGenerator(OrEmpty(name), fixedLayout)) {
         return ModResult::Refused;
     }
     const bool canceled = jobStatus != nullptr && jobStatus->HasBeenCanceled();
@@ -128,14 +139,20 @@ bool GenMgr::CheckDefaults() const {
 }
 
 // Whatever a generator throws ends here: no exception crosses the library's border.
-bool GenMgr::RunGenerator(bool fixedLayout) {
+bool GenMgr::RunGenerator(const char* name, bool fixedLayout) {
     try {
+        cellName = name;
         if (fixedLayout) {
             GenIntFixed(*this).Gen();
         } else {
             GenIntRandom(*this).Gen();
         }
         return true;
+    } catch (const std::bad_alloc&) {
+        // What was made until then goes first: the line needs memory too.
+        mod.ResetContent();
+        Logger::WriteError(kLogSource, "Generation failed:  Out of memory.");
+        return false;
     } catch (const std::exception& e) {
         Logger::WriteError(kLogSource, "Internal:  Generation failed: %s", e.what());
         return false;
@@ -143,23 +160,23 @@ bool GenMgr::RunGenerator(bool fixedLayout) {
 }
 
 void GenMgr::SetDefaultTileSet(const char* name, bool cave) {
-    ReplaceByName(defTileSet, cave ? config.caveTileSets : config.roomTileSets, name);
+    ReplaceByName(defTileSet, cave ? config.caveTileSets : config.roomTileSets, OrEmpty(name));
 }
 
 void GenMgr::SetDefaultTemplate(const char* name, bool cave) {
-    ReplaceByName(defTemplate, cave ? config.caveLayouts : config.roomLayouts, name);
+    ReplaceByName(defTemplate, cave ? config.caveLayouts : config.roomLayouts, OrEmpty(name));
 }
 
 void GenMgr::SetDefaultTheme(const char* name) {
-    defTheme = FindByName(config.themes, name);
+    defTheme = FindByName(config.themes, OrEmpty(name));
 }
 
 void GenMgr::SetDefaultCreatureTheme(const char* name) {
-    defCreatureTheme = FindByName(config.creatureThemes, name);
+    defCreatureTheme = FindByName(config.creatureThemes, OrEmpty(name));
 }
 
 void GenMgr::SetDefaultTreasureTheme(const char* name) {
-    defTreasureTheme = FindByName(config.treasureThemes, name);
+    defTreasureTheme = FindByName(config.treasureThemes, OrEmpty(name));
 }
 
 } // namespace Tarnex

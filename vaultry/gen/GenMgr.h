@@ -13,7 +13,7 @@ namespace Tarnex {
 /// How a CreateMod ended.
 enum class ModResult {
     Written,    ///< the plug-in stands at its path, complete
-    Refused,    ///< no default tile set or template, or an internal fault; nothing was written
+    Refused,    ///< no default tile set or template, no memory, an internal fault; nothing written
     Canceled,   ///< the job status asked to stop; nothing was written
     NotWritten, ///< generated, but the file could not be opened or written whole
 };
@@ -23,7 +23,9 @@ enum class ModResult {
 /// Expected order: construct, Init, any setters, CreateMod as often as wanted. The library is
 /// single-threaded: a GenMgr is used from one thread, and all of them share one random generator
 /// and one log. Names, cell names and log lines are Windows-1252; file paths are UTF-8. Problems
-/// are logged (see Logger), mostly under "GenMgr", "Generator" and "XML Parser"; nothing throws.
+/// are logged (see Logger), mostly under "GenMgr", "Generator" and "XML Parser". A null text counts
+/// as an empty one. Nothing throws, but std::bad_alloc when memory does not even suffice for the
+/// line that tells of its lack.
 class VAULTRY_API GenMgr : public GenInfo {
 public:
     /// Seeds the random generator with the current time; see SeedRandom for a seed of one's own.
@@ -32,7 +34,8 @@ public:
 
     /// Drops any earlier configuration, reads the file at `configPath` and takes the first room
     /// layout, theme, room tile set and treasure theme as defaults, null where there is none. The
-    /// default creature theme stays as it was: null until it is set.
+    /// default creature theme stays as it was: null until it is set. When memory runs out the
+    /// configuration is empty.
     void Init(const char* configPath);
 
     /// Like Init, but from a document held in memory, which is needed during the call only. `name`
@@ -88,11 +91,12 @@ public:
     void SetNameSingleLevel(bool named) { nameSingleLevel = named; }
 
 private:
+    template <typename ReadConfig>
+    void Read(ReadConfig readConfig);
     bool StartReading();
-    void FinishReading();
     void ChooseDefaults();
     bool CheckDefaults() const;
-    bool RunGenerator(bool fixedLayout);
+    bool RunGenerator(const char* name, bool fixedLayout);
 };
 
 } // namespace Tarnex

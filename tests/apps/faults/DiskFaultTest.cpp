@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// Disks that fill up and places that cannot be written to.
+#include <cstdlib>
+#include <filesystem>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <tests/apps/faults/FaultTest.h>
+
+namespace Tarnex::Test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const Lines kRun = {"generate", "--seed", "3", "--stamp", "1", "--map", "map.svg"};
+
+class DiskFaultTest : public FaultTest {};
+
+// The limit on the size of files stands for a full disk; it works without any rights.
+TEST_F(DiskFaultTest, DiskThatFillsAtAnyPointKeepsTheOldFile) {
+    const int blocks = 40; // of 512 bytes; plug-in and map are larger
+    for (int limit = 1; limit <= blocks; ++limit) {
+        SCOPED_TRACE(limit);
+        const Outcome outcome = RunAfter("ulimit -f " + std::to_string(limit), kRun);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(Contains(outcome.err, "\"dungeon.esp\" could not be written (full disk"))
+            << outcome.err;
+        ExpectOldFileAlone();
+    }
+    EXPECT_EQ(RunAfter("ulimit -f 10000", kRun).status, 0);
+    EXPECT_EQ(Files(), (Lines{"dungeon.esp", "map.svg"}));
+}
+
+// A small disk of its own, where the test may mount one.
+class SmallDiskTest : public FaultTest {
+protected:
+    SmallDiskTest() {
+        fs::create_directory(File("disk"));
+        mounted = mount("tmpfs", File("disk").c_str(), "tmpfs", 0, "size=64k") == 0;
+    }
+    ~SmallDiskTest() override {
+        if (mounted) {
+            umount2(File("disk").c_str(), MNT_DETACH);
+        }
+    }
+
+    bool mounted = false;
+};
+
+TEST_F(SmallDiskTest, FullDiskKeepsTheOldFileAndSaysSo) {
+    if (!mounted) {
+        GTEST_SKIP() << "this container may not mount a disk; "
+                        "DiskFaultTest.DiskThatFillsAtAnyPointKeepsTheOldFile shows the same";
+    }
+    Write("disk/dungeon.esp", kOld);
+    Write("disk/filler", std::string(40000, 'x'));
+    Lines run = kRun;
+    run.insert(run.end(), {"--size", "large", "-o", "disk/dungeon.esp", "--log", "disk/run.log"});
+    const Outcome outcome = Run(run);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Contains(outcome.err, "\"disk/dungeon.esp\" could not be written (full disk"));
+    EXPECT_EQ(Read("disk/dungeon.esp"), kOld);
+    EXPECT_FALSE(fs::exists(File("map.svg")));
+    fs::remove(File("disk/filler"));
+    fs::remove(File("disk/run.log"));
+    fs::remove(File("disk/dungeon.esp"));
+    EXPECT_TRUE(fs::is_empty(File("disk")));
+}
+
+TEST_F(DiskFaultTest, ReadOnlyFolderKeepsTheOldFileAndSaysSo) {
+    fs::permissions(File(""), fs::perms(0555));
+    const Outcome outcome = RunAsNobody({"generate", "--seed", "3"});
+    fs::permissions(File(""), fs::perms(0755));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Contains(outcome.err, "could not be written (full disk or protected folder?)"))
+        << outcome.err;
+    ExpectOldFileAlone();
+}
+
+TEST_F(DiskFaultTest, LogThatCannotBeWrittenIsRefusedBeforeAnythingIsDone) {
+    fs::permissions(File(""), fs::perms(0555));
+    const Outcome outcome = RunAsNobody({"generate", "--log", "run.log"});
+    fs::permissions(File(""), fs::perms(0755));
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "vaultry: the log \"run.log\" cannot be written\n");
+    ExpectOldFileAlone();
+}
+
+TEST_F(DiskFaultTest, PipeIsRefusedAsOutputAndAsMapWithoutWaitingForAReader) {
+    ASSERT_EQ(mkfifo(File("pipe.svg").c_str(), 0600), 0);
+    const Outcome plugin = Run({"generate", "-o", "pipe.svg"});
+    EXPECT_EQ(plugin.status, 2);
+    EXPECT_EQ(plugin.err, "vaultry: the output file \"pipe.svg\" is no ordinary file\n");
+    EXPECT_EQ(Run({"generate", "--map", "pipe.svg"}).status, 2);
+    EXPECT_TRUE(fs::is_fifo(File("pipe.svg")));
+    ExpectOldFileAlone({"pipe.svg"});
+}
+
+TEST_F(DiskFaultTest, FolderIsRefusedAsOutput) {
+    fs::create_directory(File("sub"));
+    const Outcome outcome = Run({"generate", "-o", "sub"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "vaultry: the output file \"sub\" is a folder\n");
+    EXPECT_TRUE(fs::is_empty(File("sub")));
+}
+
+TEST_F(DiskFaultTest, ReportThatCannotBeWrittenIsAFailure) {
+    const std::string command =
+        "cd '" + File("") + "' && '" VAULTRY_PROGRAM "' list --json >/dev/full 2>err.txt";
+    const int status = std::system(command.c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(Read("err.txt"), "vaultry: standard output could not be written\n");
+}
+
+} // namespace
+
+} // namespace Tarnex::Test
