@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Disks that fill up and places that cannot be written to.
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <sys/mount.h>
@@ -19,8 +20,13 @@ class DiskFaultTest : public FaultTest {};
 
 // The limit on the size of files stands for a full disk; it works without any rights.
 TEST_F(DiskFaultTest, DiskThatFillsAtAnyPointKeepsTheOldFile) {
-    const int blocks = 40; // of 512 bytes; plug-in and map are larger
-    for (int limit = 1; limit <= blocks; ++limit) {
+    EXPECT_EQ(Run(kRun).status, 0);
+    const std::size_t largest = std::max(Read("dungeon.esp").size(), Read("map.svg").size());
+    fs::remove(File("map.svg"));
+    Write("dungeon.esp", kOld);
+    constexpr std::size_t kBlock = 512; // the shell's unit
+    ASSERT_GT(largest, 10 * kBlock);
+    for (std::size_t limit = 1; limit * kBlock < largest; ++limit) {
         SCOPED_TRACE(limit);
         const Outcome outcome = RunAfter("ulimit -f " + std::to_string(limit), kRun);
         EXPECT_EQ(outcome.status, 1);
