@@ -11,6 +11,8 @@
 #include <cmath>
 #include <limits>
 #include <map>
+#include <set>
+#include <tuple>
 
 namespace Tarnex::Report {
 
@@ -108,17 +110,66 @@ struct PlacedTile {
     double height; ///< of its layout [cells]
 };
 
+// The references by identifier and place, to find the companion of a tile.
+class RefPlaces {
+public:
+    explicit RefPlaces(const PluginCell& cell) {
+        for (const PluginRef& ref : cell.refs) {
+            places.insert(Key(ref.id, ref.place.position.x, ref.place.position.y));
+        }
+    }
+
+    bool Holds(const std::string& id, double x, double y) const {
+        return places.contains(Key(id, x, y));
+    }
+
+private:
+    using Place = std::tuple<std::string, std::int32_t, std::int32_t>;
+
+    static Place Key(const std::string& id, double x, double y) {
+        return {ToUpper(id), Nearest(x), Nearest(y)};
+    }
+
+    std::set<Place> places;
+};
+
+// One piece may be the wall of one cell or the end of a hall in the next. It is the wall if what
+// comes with the wall is there: 0 it is, 1 nothing comes with the tile, 2 it is not.
+int CompanionRank(const PluginRef& ref,
+                  const Tile& tile,
+                  const TileSet& set,
+                  const RefPlaces& places) {
+    if (tile.requiredName.empty()) {
+        return 1;
+    }
+    const DiPtr<Tile>& companion = set.Get(tile.requiredName);
+    const bool there =
+        companion &&
+        places.Holds(companion->id,
+                     double{ref.place.position.x} - tile.offset.x + companion->offset.x,
+                     double{ref.place.position.y} - tile.offset.y + companion->offset.y);
+    return there ? 0 : 2;
+}
+
 // Of the tiles that a reference may be the one that stands best on the grid, or nothing.
-std::optional<PlacedTile>
-FitTile(const PluginRef& ref, const TilePieces& set, const GridFrame& frame) {
+std::optional<PlacedTile> FitTile(const PluginRef& ref,
+                                  const TilePieces& set,
+                                  const GridFrame& frame,
+                                  const RefPlaces& places) {
     constexpr double kMostMisfit = 0.2;
+    constexpr double kSameMisfit = 0.01;
     std::optional<PlacedTile> best;
     double smallest = kMostMisfit;
+    int lowest = 0;
     for (const DiPtr<Tile>& tile : set.Find(ref)) {
         const Spot spot = frame.Of(ref.place.position, tile->offset);
         const double misfit = Misfit(spot);
-        if (misfit < smallest) {
+        const int rank = CompanionRank(ref, *tile, set.Set(), places);
+        const bool better = misfit < smallest - kSameMisfit ||
+                            (best && misfit < smallest + kSameMisfit && rank < lowest);
+        if (better) {
             smallest = misfit;
+            lowest = rank;
             const double height = (double{ref.place.position.z} - tile->offset.z) / frame.size;
             best = {&ref, tile, CellOf(spot), height};
         }
@@ -137,7 +188,7 @@ Value Median(std::vector<Value> values) {
     if (values.empty()) {
         return {};
     }
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>((values.size() - 1) / 2);
     std::nth_element(values.begin(), middle, values.end());
     return *middle;
 }
@@ -174,6 +225,7 @@ public:
 
 private:
     void Sort() {
+        const RefPlaces places(cell);
         for (const PluginRef& ref : cell.refs) {
             if (!IsDrawn(ref)) {
                 continue;
@@ -184,7 +236,7 @@ private:
             }
             std::optional<PlacedTile> tile;
             if (set != nullptr) {
-                tile = FitTile(ref, *set, frame);
+                tile = FitTile(ref, *set, frame, places);
             }
             if (tile) {
                 tiles.push_back(*std::move(tile));
