@@ -34,14 +34,16 @@ const char* Draw(RsvgHandle& handle, double scale, Sink sink) {
     if (!rsvg_handle_get_intrinsic_size_in_pixels(&handle, &width, &height)) {
         return "the picture has no size";
     }
-    const RsvgRectangle area{0.0, 0.0, std::round(width * scale), std::round(height * scale)};
-    if (!(area.width >= 1.0 && area.height >= 1.0 && area.width <= Tarnex::Png::kLongestEdge &&
-          area.height <= Tarnex::Png::kLongestEdge &&
-          area.width * area.height <= Tarnex::Png::kMostPixels)) {
+    // Whole pixels only: a part of one at the edge would be mixed with black.
+    const RsvgRectangle area{0.0, 0.0, width * scale, height * scale};
+    const double columns = std::floor(area.width);
+    const double rows = std::floor(area.height);
+    if (!(columns >= 1.0 && rows >= 1.0 && columns <= Tarnex::Png::kLongestEdge &&
+          rows <= Tarnex::Png::kLongestEdge && columns * rows <= Tarnex::Png::kMostPixels)) {
         return "the picture is too small or too large";
     }
     const Owned<cairo_surface_t> surface(cairo_image_surface_create(
-        CAIRO_FORMAT_RGB24, static_cast<int>(area.width), static_cast<int>(area.height)));
+        CAIRO_FORMAT_RGB24, static_cast<int>(columns), static_cast<int>(rows)));
     const Owned<cairo_t> context(cairo_create(surface.get()));
     if (!rsvg_handle_render_document(&handle, context.get(), &area, nullptr)) {
         return "the picture could not be drawn";
