@@ -16,6 +16,9 @@ namespace {
 
 constexpr std::array<const char*, 5> kSizes = {"random", "tiny", "small", "medium", "large"};
 
+// What is made larger by a factor.
+constexpr Scenario kScaled = {"vaultry.xml", nullptr, false, RandomGenInfo::Medium};
+
 // Arguments: 0 rooms or 1 caves, then the level size.
 Scenario ScenarioOf(const benchmark::State& state) {
     const auto size = static_cast<RandomGenInfo::LevelSizeT>(state.range(1));
@@ -142,21 +145,43 @@ void CreateModToFile(benchmark::State& state) {
     Label(state);
 }
 
-// Room grids 1 to 8 times as wide and high: the time must grow as the area does.
-void LayoutByArea(benchmark::State& state) {
+// Rooms alone, on room grids 1 to 8 times as wide and high: the time must grow as the area does.
+void PlaceByArea(benchmark::State& state) {
     GenMgr mgr;
-    Prepare(mgr, {"vaultry.xml", nullptr, false, RandomGenInfo::Medium});
+    Prepare(mgr, kScaled);
     Stages stages(mgr);
     Seeds seeds;
     const auto factor = static_cast<std::int32_t>(state.range(0));
     for (auto _ : state) {
         seeds.Next();
-        const DiPtr<Layout> level = stages.LayOutScaled(factor);
-        if (level) {
-            level->Dissolve();
-        }
+        stages.PlaceScaled(factor)->Dissolve();
     }
     state.SetComplexityN(state.range(0) * state.range(0));
+}
+
+// Halls alone. In order, they are as long as a room and, once per row, as the level is wide, and
+// the time must grow as the area does; shuffled, all of them grow with the width of the level.
+void JoinByArea(benchmark::State& state, Ring ring) {
+    GenMgr mgr;
+    Prepare(mgr, kScaled);
+    Stages stages(mgr);
+    Seeds seeds;
+    const auto factor = static_cast<std::int32_t>(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        seeds.Next();
+        const DiPtr<Layout> level = stages.PlaceScaled(factor);
+        state.ResumeTiming();
+        stages.JoinScaled(*level, ring);
+        state.PauseTiming();
+        level->Dissolve();
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0) * state.range(0));
+}
+
+void Scales(benchmark::internal::Benchmark* b) {
+    b->RangeMultiplier(2)->Range(1, 8)->Unit(benchmark::kMicrosecond);
 }
 
 void KindsAndSizes(benchmark::internal::Benchmark* b) {
@@ -173,11 +198,9 @@ BENCHMARK(Conversion)->Apply(KindsAndSizes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(WriteToMemory)->Apply(KindsAndSizes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(WholeLevel)->Apply(KindsAndSizes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(CreateModToFile)->Apply(KindsAndSizes)->Unit(benchmark::kMicrosecond);
-BENCHMARK(LayoutByArea)
-    ->RangeMultiplier(2)
-    ->Range(1, 8)
-    ->Unit(benchmark::kMicrosecond)
-    ->Complexity(benchmark::oN);
+BENCHMARK(PlaceByArea)->Apply(Scales)->Complexity(benchmark::oN);
+BENCHMARK_CAPTURE(JoinByArea, in order, Ring::InOrder)->Apply(Scales)->Complexity(benchmark::oN);
+BENCHMARK_CAPTURE(JoinByArea, shuffled, Ring::Shuffled)->Apply(Scales)->Complexity();
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #include "StageTimer.h"
 
 #include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Random.h>
 
 namespace Tarnex::Bench {
 
@@ -24,19 +25,9 @@ void Prepare(GenMgr& mgr, const Scenario& scenario) {
 Stages::Stages(GenInfo& info_) : GenIntRandom(info_) {}
 
 DiPtr<Layout> Stages::LayOut() {
-    DiPos grid;
-    InitRoomGridSize(grid);
-    return LayOut(grid);
-}
-
-DiPtr<Layout> Stages::LayOutScaled(std::int32_t factor) {
-    DiPos grid;
-    InitRoomGridSize(grid);
-    return LayOut(DiPos(grid.x * factor, grid.y * factor, 0));
-}
-
-DiPtr<Layout> Stages::LayOut(const DiPos& grid) {
     constexpr int kTries = 3;
+    DiPos grid;
+    InitRoomGridSize(grid);
     DiPtr<Layout> level;
     for (int i = 0; i < kTries && !level; ++i) {
         LevelReport report;
@@ -46,6 +37,33 @@ DiPtr<Layout> Stages::LayOut(const DiPos& grid) {
         level->SetTileSet(tileSet);
     }
     return level;
+}
+
+DiPtr<Layout> Stages::PlaceScaled(std::int32_t factor) {
+    constexpr std::int32_t kSpareCells = 3;
+    DiPos grid;
+    InitRoomGridSize(grid);
+    RoomInfo& rooms = placed.emplace(DiPos(grid.x * factor, grid.y * factor, 0));
+    CreateRooms(rooms);
+    SpaceRooms(rooms);
+    DiPtr<Layout> level =
+        Layout::Create(DiPos(static_cast<std::int32_t>(rooms.GetTotalWidth()) + kSpareCells,
+                             static_cast<std::int32_t>(rooms.GetTotalHeight()) + kSpareCells,
+                             0));
+    PlaceRooms(*level, rooms);
+    return level;
+}
+
+void Stages::JoinScaled(Layout& level, Ring ring) {
+    constexpr float kShuffledAbove = 0.5F; // by the first draw of the joining
+    float draw = 0.0F;
+    do {
+        SeedRandom(++nextSeed);
+        draw = RandomUnit();
+    } while ((draw > kShuffledAbove) != (ring == Ring::Shuffled));
+    SeedRandom(nextSeed);
+    LevelReport report;
+    ConnectRooms(level, *placed, report);
 }
 
 void Stages::Furnish(Layout& level) {

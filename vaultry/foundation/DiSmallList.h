@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -19,9 +21,9 @@ public:
     std::size_t size() const { return count; }
     bool empty() const { return count == 0; }
 
-    DiPtr<T>* begin() { return count <= N ? inPlace.data() : many.data(); }
+    DiPtr<T>* begin() { return count <= N ? inPlace.data() : many->data(); }
     DiPtr<T>* end() { return begin() + count; }
-    const DiPtr<T>* begin() const { return count <= N ? inPlace.data() : many.data(); }
+    const DiPtr<T>* begin() const { return count <= N ? inPlace.data() : many->data(); }
     const DiPtr<T>* end() const { return begin() + count; }
 
     DiPtr<T>& operator[](std::size_t i) { return begin()[i]; }
@@ -37,10 +39,10 @@ public:
             inPlace[count] = std::move(handle);
         } else {
             if (count == N) {
-                many.assign(inPlace.begin(), inPlace.end());
+                many = std::make_unique<Many>(inPlace.begin(), inPlace.end());
                 inPlace = {};
             }
-            many.push_back(std::move(handle));
+            many->push_back(std::move(handle));
         }
         ++count;
     }
@@ -49,28 +51,44 @@ public:
         for (std::size_t i = 0; i < N && i < count; ++i) {
             inPlace[i] = nullptr;
         }
-        many.clear();
+        many.reset();
         count = 0;
     }
 
     DiSmallList() = default;
-    DiSmallList(const DiSmallList&) = default;
-    DiSmallList& operator=(const DiSmallList&) = default;
     ~DiSmallList() = default;
 
+    DiSmallList(const DiSmallList& other)
+        : count(other.count), inPlace(other.inPlace), many(CopyOf(other.many)) {}
+
+    DiSmallList& operator=(const DiSmallList& other) {
+        if (this != &other) {
+            many = CopyOf(other.many);
+            inPlace = other.inPlace;
+            count = other.count;
+        }
+        return *this;
+    }
+
     DiSmallList(DiSmallList&& other) noexcept
-        : count(std::exchange(other.count, 0)), inPlace(std::move(other.inPlace)),
+        : count(std::exchange(other.count, 0U)), inPlace(std::move(other.inPlace)),
           many(std::move(other.many)) {}
 
     DiSmallList& operator=(DiSmallList&& other) noexcept {
-        count = std::exchange(other.count, 0);
+        count = std::exchange(other.count, 0U);
         inPlace = std::move(other.inPlace);
         many = std::move(other.many);
         return *this;
     }
 
 private:
-    std::size_t count = 0;
+    using Many = std::vector<DiPtr<T>>;
+
+    static std::unique_ptr<Many> CopyOf(const std::unique_ptr<Many>& list) {
+        return list ? std::make_unique<Many>(*list) : nullptr;
+    }
+
+    std::uint32_t count = 0;
     std::array<DiPtr<T>, N> inPlace;
-    std::vector<DiPtr<T>> many; // all of them, once they are more than N
+    std::unique_ptr<Many> many; // all of them, once they are more than N
 };

@@ -3,7 +3,6 @@
 
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Random.h>
-#include <vaultry/layout/ElmtKind.h>
 
 #include <algorithm>
 #include <array>
@@ -36,6 +35,21 @@ CellRange CoveredCells(const Layout& room) {
     const Di3Point& at = room.GetOffset();
     const DiPos& size = room.GetSize();
     return {DiPos(first(at.x), first(at.y), 0), DiPos(last(at.x, size.x), last(at.y, size.y), 0)};
+}
+
+// The first wall or, when there is none, the first doorway.
+const Tile* PeekWallOrDoorway(const GridElmt& elmt) {
+    const Tile* doorway = nullptr;
+    for (const DiPtr<Tile>& tile : elmt.tiles) {
+        const TileType type = GetTileType(*tile);
+        if (type == TileWall) {
+            return tile.get();
+        }
+        if (type == TileDoorway && doorway == nullptr) {
+            doorway = tile.get();
+        }
+    }
+    return doorway;
 }
 
 std::size_t CellIndex(const Layout& main, const DiPos& pos) {
@@ -149,14 +163,15 @@ DiPos GenHallBase::SearchDoorway(const Layout& room,
                                  const DiDirection& way,
                                  const SearchRow& search) const {
     const std::int32_t aside = search.byRows ? way.distX : way.distY;
-    std::vector<TileDirT> facings = {search.facing};
+    SideBits facings = SideBit(search.facing);
     if (aside != 0) {
-        facings.push_back(aside < 0 ? search.ifNegative : search.ifPositive);
+        facings |= SideBit(aside < 0 ? search.ifNegative : search.ifPositive);
     }
     const DiPos& size = room.GetSize();
     const std::int32_t lines = search.byRows ? size.y : size.x;
     const std::int32_t length = search.byRows ? size.x : size.y;
     std::vector<DiPos> candidates;
+    candidates.reserve(static_cast<std::size_t>(lines + length));
     for (std::int32_t i = 0; i < lines; ++i) {
         const std::int32_t line = search.fromFar ? lines - 1 - i : i;
         for (std::int32_t along = 0; along < length; ++along) {
@@ -174,17 +189,14 @@ DiPos GenHallBase::SearchDoorway(const Layout& room,
 void GenHallBase::AddIfSafe(std::vector<DiPos>& candidates,
                             const Layout& room,
                             const DiPos& cell,
-                            const std::vector<TileDirT>& facings) const {
-    const DiPtr<GridElmt>& elmt =
-        room.GetElmt(static_cast<std::uint32_t>(cell.y), static_cast<std::uint32_t>(cell.x));
+                            SideBits facings) const {
+    const Layout::Row& row = room.GetRow(static_cast<std::uint32_t>(cell.y));
+    const DiPtr<GridElmt>& elmt = row[static_cast<std::size_t>(cell.x)];
     if (!elmt || elmt->isShadow) {
         return;
     }
-    const Tile* tile = PeekTileOfType(*elmt, TileWall);
-    if (tile == nullptr) {
-        tile = PeekTileOfType(*elmt, TileDoorway);
-    }
-    if (tile == nullptr || std::ranges::find(facings, GetTileDir(*tile)) == facings.end()) {
+    const Tile* tile = PeekWallOrDoorway(*elmt);
+    if (tile == nullptr || (facings & SideBit(GetTileDir(*tile))) == 0) {
         return;
     }
     const DiPos pos = RoomOrigin(room) + cell;

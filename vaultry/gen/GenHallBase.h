@@ -5,6 +5,7 @@
 #include <vaultry/gen/GenInfo.h>
 #include <vaultry/gen/HallStep.h>
 #include <vaultry/gen/Sides.h>
+#include <vaultry/layout/ElmtKind.h>
 #include <vaultry/layout/RoomInfo.h>
 
 namespace Tarnex {
@@ -67,7 +68,7 @@ private:
     void AddIfSafe(std::vector<DiPos>& candidates,
                    const Layout& room,
                    const DiPos& cell,
-                   const std::vector<TileDirT>& facings) const;
+                   SideBits facings) const;
     bool IsThroughHall(const DiPos& pos, const Side& side) const;
 
     // For each cell of the level the first room that covers it, made when first asked for: a hall

@@ -6,8 +6,10 @@
 #include <vaultry/layout/ElmtKind.h>
 #include <vaultry/layout/Passages.h>
 
-#include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 namespace Tarnex {
@@ -16,41 +18,36 @@ namespace {
 
 constexpr float kSameFloor = 1.0F; // how far a part may be raised or lowered [cells]
 
-bool HasSide(SideBits sides, TileDirT side) {
-    return (sides >> static_cast<unsigned>(side) & 1U) != 0;
-}
-
 DiPos OriginOf(const Layout& layout) {
     return {TruncToInt(layout.GetOffset().x), TruncToInt(layout.GetOffset().y), 0};
 }
 
 // The level as one walks it: for each cell the sides across which one can leave it, and those of
-// halls and doorways that must lead somewhere.
+// halls and doorways that must lead somewhere. Closed cells all around the level spare a look at
+// the border.
 class WalkMap {
 public:
     explicit WalkMap(const Layout& main)
-        : width(main.GetSize().x), height(main.GetSize().y),
-          cells(main.GetWidth() * std::size_t{main.GetHeight()}) {
+        : size(main.GetSize()), stride(main.GetWidth() + 2),
+          cells(stride * (std::size_t{main.GetHeight()} + 2)) {
+        for (const Side& side : Sides()) {
+            distances[static_cast<std::size_t>(side.dir)] =
+                side.step.y * static_cast<std::ptrdiff_t>(stride) + side.step.x;
+        }
         AddGrid(main, DiPos());
         for (const DiPtr<Layout>& part : main.GetChildren()) {
             if (std::abs(part->GetOffset().z) <= kSameFloor) {
                 AddGrid(*part, OriginOf(*part));
             }
         }
+        JoinNeighbours();
     }
 
     std::uint32_t CountOpenEnds() const {
         std::uint32_t count = 0;
-        for (std::int32_t y = 0; y < height; ++y) {
-            for (std::int32_t x = 0; x < width; ++x) {
-                const DiPos pos(x, y, 0);
-                if (At(pos).openings == 0) {
-                    continue;
-                }
-                for (const Side& side : Sides()) {
-                    const bool leads = HasSide(At(pos).openings, side.dir);
-                    count += leads && !CanPass(pos, side) ? 1U : 0U;
-                }
+        for (const Cell& cell : cells) {
+            if (const auto blind = static_cast<SideBits>(cell.openings & ~cell.passable)) {
+                count += static_cast<std::uint32_t>(std::popcount(blind));
             }
         }
         return count;
@@ -58,23 +55,28 @@ public:
 
     // Walks from every cell of the room.
     void WalkFrom(const Layout& room) {
-        ForEachCell(room, [this](const DiPos& pos) { Visit(pos); });
+        std::vector<Cell*> open;
+        const auto visit = [&open](Cell& cell) {
+            if (!cell.visited) {
+                cell.visited = true;
+                open.push_back(&cell);
+            }
+        };
+        ForEachCell(room, visit);
         while (!open.empty()) {
-            const DiPos pos = open.back();
+            Cell& cell = *open.back();
             open.pop_back();
-            for (const Side& side : Sides()) {
-                if (CanPass(pos, side)) {
-                    Visit(pos + side.step);
+            for (std::size_t side = 0; side < distances.size(); ++side) {
+                if ((cell.passable >> side & 1U) != 0) {
+                    visit(*(&cell + distances[side]));
                 }
             }
         }
     }
 
-    bool IsReached(const Layout& room) const {
+    bool IsReached(const Layout& room) {
         bool reached = false;
-        ForEachCell(room, [this, &reached](const DiPos& pos) {
-            reached = reached || (IsInside(pos) && At(pos).visited);
-        });
+        ForEachCell(room, [&reached](const Cell& cell) { reached = reached || cell.visited; });
         return reached;
     }
 
@@ -82,71 +84,65 @@ private:
     struct Cell {
         bool filled = false;
         bool visited = false;
-        SideBits walkable = 0;
+        SideBits walkable = 0; // sides that do not keep one from leaving
+        SideBits passable = 0; // those of them where the neighbour lets one in
         SideBits openings = 0;
     };
 
-    bool IsInside(const DiPos& pos) const {
-        return pos.x >= 0 && pos.y >= 0 && pos.x < width && pos.y < height;
-    }
-
-    std::size_t Index(const DiPos& pos) const {
-        return static_cast<std::size_t>(pos.y) * static_cast<std::size_t>(width) +
-               static_cast<std::size_t>(pos.x);
-    }
-
-    const Cell& At(const DiPos& pos) const { return cells[Index(pos)]; }
-    Cell& At(const DiPos& pos) { return cells[Index(pos)]; }
-
-    bool CanPass(const DiPos& pos, const Side& side) const {
-        const DiPos next = pos + side.step;
-        return IsInside(next) && HasSide(At(pos).walkable, side.dir) &&
-               HasSide(At(next).walkable, side.opposite);
-    }
-
-    void Visit(const DiPos& pos) {
-        if (IsInside(pos) && At(pos).filled && !At(pos).visited) {
-            At(pos).visited = true;
-            open.push_back(pos);
+    void JoinNeighbours() {
+        for (std::size_t i = stride; i + stride < cells.size(); ++i) {
+            Cell& cell = cells[i];
+            unsigned entered = 0;
+            for (const Side& side : Sides()) {
+                const auto to = static_cast<std::size_t>(side.dir);
+                const Cell& next = *(&cell + distances[to]);
+                entered |= (next.walkable >> static_cast<unsigned>(side.opposite) & 1U) << to;
+            }
+            cell.passable = static_cast<SideBits>(cell.walkable & entered);
         }
     }
 
+    bool IsInside(const DiPos& pos) const {
+        return pos.x >= 0 && pos.y >= 0 && pos.x < size.x && pos.y < size.y;
+    }
+
+    Cell& At(const DiPos& pos) {
+        return cells[(static_cast<std::size_t>(pos.y) + 1) * stride +
+                     static_cast<std::size_t>(pos.x) + 1];
+    }
+
+    // Visits the cells of the level that a room has tiles in.
     template <typename Visitor>
-    static void ForEachCell(const Layout& room, const Visitor& visit) {
-        const DiPos origin = OriginOf(room);
-        for (std::uint32_t row = 0; row < room.GetHeight(); ++row) {
-            for (std::uint32_t col = 0; col < room.GetWidth(); ++col) {
-                if (room.HasTiles(row, col)) {
-                    visit(origin +
-                          DiPos(static_cast<std::int32_t>(col), static_cast<std::int32_t>(row), 0));
+    void ForEachCell(const Layout& room, const Visitor& visit) {
+        ForEachElmt(room, OriginOf(room), [&visit](Cell& cell, const GridElmt&) { visit(cell); });
+    }
+
+    template <typename Visitor>
+    void ForEachElmt(const Layout& layout, const DiPos& origin, const Visitor& visit) {
+        DiPos pos = origin;
+        for (std::uint32_t row = 0; row < layout.GetHeight(); ++row, ++pos.y) {
+            pos.x = origin.x;
+            for (const DiPtr<GridElmt>& elmt : layout.GetRow(row)) {
+                if (elmt && !elmt->tiles.empty() && IsInside(pos)) {
+                    visit(At(pos), *elmt);
                 }
+                ++pos.x;
             }
         }
     }
 
     void AddGrid(const Layout& layout, const DiPos& origin) {
-        for (std::uint32_t row = 0; row < layout.GetHeight(); ++row) {
-            for (std::uint32_t col = 0; col < layout.GetWidth(); ++col) {
-                const DiPos pos =
-                    origin +
-                    DiPos(static_cast<std::int32_t>(col), static_cast<std::int32_t>(row), 0);
-                if (layout.HasTiles(row, col) && IsInside(pos) && !At(pos).filled) {
-                    Fill(At(pos), *layout.GetElmt(row, col));
-                }
+        ForEachElmt(layout, origin, [](Cell& cell, const GridElmt& elmt) {
+            if (!cell.filled) {
+                cell = {true, false, WalkableSides(elmt), 0, OpenSides(elmt)};
             }
-        }
+        });
     }
 
-    static void Fill(Cell& cell, const GridElmt& elmt) {
-        cell.filled = true;
-        cell.walkable = WalkableSides(elmt);
-        cell.openings = OpenSides(elmt);
-    }
-
-    std::int32_t width;
-    std::int32_t height;
+    DiPos size;
+    std::size_t stride;
     std::vector<Cell> cells;
-    std::vector<DiPos> open;
+    std::array<std::ptrdiff_t, 4> distances{}; // from a cell to the next on each side
 };
 
 } // namespace

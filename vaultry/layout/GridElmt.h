@@ -24,15 +24,17 @@ public:
     /// A doorway with its jamb and door fits in place.
     using Tiles = DiSmallList<Tile, 3>;
 
+    // What carving and the judging of a level ask of every cell comes first: the cells of a level
+    // do not fit into the processor's nearest cache, and most have to be looked at for this alone.
+    bool isTeleport = false;  ///< the cell's door is a teleporting door
+    bool isFull = false;      ///< no further content may be placed here
+    bool isShadow = false;    ///< made by Layout::AddShadows
+    Tiles tiles;              ///< in placement order; the first decides kind and facing
+    DiPtr<Layout> teleLayout; ///< the level that a teleporting door leads to, or null
     std::vector<DiPtr<ContentItem>> contents;
     std::vector<DiPtr<PlatformTile>> platforms;
-    Tiles tiles;                     ///< in placement order; the first decides kind and facing
-    std::int32_t platformHeight = 0; ///< of the platform in the cell [world units]
     DiPos teleDest;                  ///< where in teleLayout a teleporting door leads [cells]
-    DiPtr<Layout> teleLayout;        ///< the level that a teleporting door leads to, or null
-    bool isTeleport = false;         ///< the cell's door is a teleporting door
-    bool isFull = false;             ///< no further content may be placed here
-    bool isShadow = false;           ///< made by Layout::AddShadows
+    std::int32_t platformHeight = 0; ///< of the platform in the cell [world units]
 
     /// Elements come from memory of their own kind; none derives from this class.
     static void* operator new(std::size_t size);
