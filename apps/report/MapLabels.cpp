@@ -14,7 +14,7 @@ namespace {
 constexpr double kLetter = 7.0; // mean width of a letter
 constexpr double kLine = 13.0;  // height of a line
 constexpr double kReach = 96.0; // how far from its door a label may stand
-constexpr double kStepX = 12.0;
+constexpr double kStepX = 6.0;
 constexpr double kStepY = 6.0;
 constexpr double kNear = 14.0; // from the door's middle; further away a line is needed
 constexpr std::size_t kMostLetters = 30;
@@ -23,7 +23,7 @@ constexpr double kAround = 30.0; // of the margin around the grid
 // What is worse outweighs any number of what is less bad.
 constexpr double kOverLabel = 100000.0;
 constexpr double kOverMark = 1000.0;
-constexpr double kOverFloor = 30.0;
+constexpr double kOverFloor = 60.0;
 constexpr double kWithLine = 25.0;
 
 bool IsDrawn(const MapCell& cell) {
@@ -98,7 +98,7 @@ public:
             }
         }
         placed.push_back(best);
-        return {text, best, cell, Distance(best, door) > kNear};
+        return {text, best, door.x, door.y, Distance(best, door) > kNear};
     }
 
 private:

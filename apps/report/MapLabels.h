@@ -26,7 +26,8 @@ struct MapBox {
 struct MapLabel {
     std::string text;
     MapBox box;   ///< of the text
-    DiPos cell;   ///< of the door
+    double doorX; ///< middle of the door
+    double doorY;
     bool distant; ///< too far from the door to be understood without a line
 };
 

@@ -33,7 +33,9 @@ constexpr BySide kHallFloors = {
 constexpr BySide kHallOpen = {
     {{6, 0, "v6m12 -6v6"}, {6, 18, "v6m12 -6v6"}, {18, 6, "h6m-6 12h6"}, {0, 6, "h6m-6 12h6"}}};
 constexpr BySide kHallClosed = {{{6, 6, "h12"}, {6, 18, "h12"}, {18, 6, "v12"}, {6, 6, "v12"}}};
-constexpr BySide kWarnings = {{{6, 0, "h12"}, {6, 24, "h12"}, {24, 6, "v12"}, {0, 6, "v12"}}};
+// Outside, where no door covers them.
+constexpr BySide kWarnings = {
+    {{6, -4.2, "h12"}, {6, 28.2, "h12"}, {28.2, 6, "v12"}, {-4.2, 6, "v12"}}};
 constexpr BySide kDoors = {{{6, -2.5, "h12v5h-12z"},
                             {6, 21.5, "h12v5h-12z"},
                             {21.5, 6, "h5v12h-5z"},
@@ -162,12 +164,11 @@ std::string Labels(const LevelMap& map) {
     for (const MapLabel& label : PlaceLabels(map)) {
         const MapBox& box = label.box;
         if (label.distant) {
-            const double x = label.cell.x * kCell + kCell / 2.0;
-            const double y = label.cell.y * kCell + kCell / 2.0;
-            text += SvgPath("leader",
-                            'M' + Coordinate(x) + ' ' + Coordinate(y) + 'L' +
-                                Coordinate(std::clamp(x, box.x, box.x + box.width)) + ' ' +
-                                Coordinate(std::clamp(y, box.y, box.y + box.height)));
+            text +=
+                SvgPath("leader",
+                        'M' + Coordinate(label.doorX) + ' ' + Coordinate(label.doorY) + 'L' +
+                            Coordinate(std::clamp(label.doorX, box.x, box.x + box.width)) + ' ' +
+                            Coordinate(std::clamp(label.doorY, box.y, box.y + box.height)));
         }
         text += R"(<rect class="label")" + Attribute("x", Coordinate(box.x)) +
                 Attribute("y", Coordinate(box.y)) + Attribute("width", Coordinate(box.width)) +
@@ -202,11 +203,21 @@ std::string Numbers(const LevelMap& map) {
     return text;
 }
 
+// Halls are narrower than rooms: what stands alone in one stands in its middle.
+std::string MarkAt(const DiPos& at, const MapCell& cell, const MapMark& mark) {
+    const bool alone = std::ranges::all_of(
+        cell.contents, [&mark](const MapContent& content) { return content.sort == mark.sort; });
+    const bool centred = cell.tile == MapTile::Hall && alone;
+    return SvgUse(mark.name,
+                  at.x * kCell + (centred ? kCell / 2.0 - mark.middleX : 0.0),
+                  at.y * kCell + (centred ? kCell / 2.0 - mark.middleY : 0.0));
+}
+
 std::string Marks(const LevelMap& map, const MapMark& mark) {
     std::string text;
     ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
         if (std::ranges::find(cell.contents, mark.sort, &MapContent::sort) != cell.contents.end()) {
-            text += SvgUse(mark.name, at.x * kCell, at.y * kCell);
+            text += MarkAt(at, cell, mark);
         }
     });
     return text;

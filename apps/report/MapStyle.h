@@ -25,6 +25,8 @@ struct MapMark {
     RefSort sort;
     std::string_view name;    ///< of its definition, and of its class
     std::string_view drawing; ///< in a cell from (0, 0) to (kCell, kCell)
+    double middleX;           ///< of the mark in the cell
+    double middleY;
 };
 
 /// In the order in which they are drawn: rugs lie below everything else.

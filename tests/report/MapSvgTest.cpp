@@ -80,7 +80,7 @@ TEST(MapSvgTest, DrawsWallsHallsStairsDoorsAndWarnings) {
               "M66 78h6m-6 12h6M48 78h6m-6 12h6M54 78h12M54 90h12");
     EXPECT_EQ(PathOf(svg, "step", "rooms"), "M75 4h18m-18 4h18m-18 4h18m-18 4h18m-18 4h18");
     EXPECT_EQ(PathOf(svg, "door", "doors"), "M30 69.5h12v5h-12z");
-    EXPECT_EQ(PathOf(svg, "warn", "warnings"), "M72 78v12");
+    EXPECT_EQ(PathOf(svg, "warn", "warnings"), "M76.2 78v12");
     EXPECT_FALSE(Contains(svg, "<path class=\"cut\""));
 }
 
