@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace Tarnex::Report {
 
@@ -104,7 +105,9 @@ void PointTree::SearchHalves(const Node& node, const Coordinates& place, Best& b
         double distance;
         std::size_t first;
         std::size_t index;
-        auto operator<=>(const Half&) const = default;
+        bool operator<(const Half& other) const {
+            return std::tie(distance, first) < std::tie(other.distance, other.first);
+        }
     };
     std::array<Half, 2> halves = {{
         {BoxDistance(nodes[node.left], place), nodes[node.left].first, node.left},

@@ -4,6 +4,7 @@
 #include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
+#include <vaultry/gen/Limits.h>
 
 #include <CLI/CLI.hpp>
 
@@ -187,8 +188,12 @@ void AddNames(CLI::App& verb, GenerateOptions& options) {
 
 void AddRandom(CLI::App& verb, GenerateOptions& options) {
     RandomGenInfo& random = options.random;
-    AddNumber(
-        verb, "--levels", "Levels, each a cell (default: 1)", 1, kMaxWord, Into(random.numLevels));
+    AddNumber(verb,
+              "--levels",
+              "Levels, each a cell (default: 1)",
+              1,
+              kMaxLevels,
+              Into(random.numLevels));
     AddNumber(verb,
               "--min-level",
               "Lowest level of a random creature theme (default: 1)",

@@ -28,8 +28,8 @@ TEST_F(LimitsTest, AThemeItemTriesAtMostAHundredThousandPlacements) {
     item.maximum = 2'000'000'000;
     gen.PlaceFurniture(sorted, item);
     EXPECT_EQ(ErrorLines(),
-              Lines{"Error : Generator : ThemeItem Type='Furniture' asks for 2000000000 "
-                    "placements; 100000 were tried."});
+              Lines{"Error : Generator : Theme '' asks for 2000000000 placements of "
+                    "'Furniture'; 100000 were tried."});
 }
 
 TEST_F(LimitsTest, AHundredThousandPlacementsAreNothingToSpeakOf) {
@@ -56,7 +56,7 @@ TEST_F(LimitsTest, TreasureIsTriedAtMostAHundredThousandTimesPerItem) {
     item.minimum = 2'147'483'647;
     gen.PlaceCtrTreasure(chests, item);
     EXPECT_EQ(ErrorLines(),
-              Lines{"Error : Generator : ThemeItem Type='Gold' asks for 2147483647 placements; "
+              Lines{"Error : Generator : Theme '' asks for 2147483647 placements of 'Gold'; "
                     "100000 were tried."});
     EXPECT_EQ(chests[0]->GetInventory().size(), 100'000U);
 }

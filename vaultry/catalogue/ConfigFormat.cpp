@@ -59,6 +59,7 @@ ElementClass ClassifyElement(std::string_view name, ElementClass parent) {
 
 std::vector<std::string_view> ElementNames() {
     std::vector<std::string_view> names;
+    names.reserve(kNames.size());
     for (const NameRow& row : kNames) {
         names.push_back(row.name);
     }

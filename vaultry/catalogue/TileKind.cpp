@@ -132,6 +132,7 @@ std::string_view TileKind::Name() const {
 
 std::vector<std::string> TileKindNames() {
     std::vector<std::string> names;
+    names.reserve(kKinds.size());
     for (const KindRow& row : kKinds) {
         names.emplace_back(row.name);
     }

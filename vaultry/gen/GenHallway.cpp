@@ -15,6 +15,7 @@ namespace Tarnex {
 namespace {
 
 constexpr std::uint32_t kMaxSteps = 300;      // of one run
+constexpr std::int64_t kLooksPerMove = 16;    // at a place of the level and of each part
 constexpr std::uint32_t kMaxReversals = 4;    // runs after the first
 constexpr std::uint32_t kGivesUpBlocked = 10; // failures in a row until another destination
 constexpr std::uint32_t kMaxDetours = 3;      // the third is no longer made
@@ -141,7 +142,10 @@ bool GenHallway::ConnectRooms(const DiPtr<Layout>& from, const DiPtr<Layout>& to
     destRoom = to;
     finished = false;
     Prep();
+    const auto parts = static_cast<std::int64_t>(main.GetChildren().size());
+    const std::int64_t stepsPerMove = kLooksPerMove * (1 + parts);
     while (!finished) {
+        info.meter.Step(stepsPerMove);
         if (blocked >= kGivesUpBlocked) {
             SeekDetour(walk);
         }

@@ -6,6 +6,7 @@
 #include <vaultry/foundation/JobStatus.h>
 #include <vaultry/gen/GenReport.h>
 #include <vaultry/gen/RandomGenInfo.h>
+#include <vaultry/gen/RunMeter.h>
 #include <vaultry/output/Mod.h>
 
 #include <string>
@@ -32,7 +33,8 @@ struct VAULTRY_API GenInfo {
     /// empty name.
     bool nameSingleLevel = false;
     LevelObserver* levelObserver = nullptr; ///< the caller's, not owned; may be null
-    GenReport report; ///< what the last run came to; written by the generators
+    GenReport report;       ///< what the last run came to; written by the generators
+    mutable RunMeter meter; ///< of the run now under way
 
     GenInfo() = default;
     GenInfo(const GenInfo&) = delete;

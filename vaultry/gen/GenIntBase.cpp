@@ -8,11 +8,15 @@
 #include <vaultry/gen/WorldPlace.h>
 #include <vaultry/layout/ElmtKind.h>
 
+#include <algorithm>
 #include <array>
 
 namespace Tarnex {
 
 namespace {
+
+// A look-up by name or a reference made costs as much as looking at so many things.
+constexpr std::int64_t kStepsPerPiece = 32;
 
 constexpr const char* kNorthMarker = "NorthMarker";
 constexpr float kNorthMarkerY = -150.0F;
@@ -25,20 +29,38 @@ std::int32_t ArrivalAngle(TileDirT facing) {
     return index < kArrivals.size() ? kArrivals[index] : 0;
 }
 
-// The references that a layout and its children need, companions of tiles apart.
-std::size_t CountPieces(const Layout& layout) {
+// References and the memory that they take. [bytes]
+struct Pieces {
     std::size_t count = 0;
+    std::uint64_t memory = 0;
+
+    void Add(const std::string& id) {
+        ++count;
+        memory += sizeof(Ref) + id.size();
+    }
+};
+
+// Those that a layout and its children need, companions of tiles apart.
+void CountPieces(const Layout& layout, Pieces& pieces) {
     for (std::uint32_t row = 0; row < layout.GetHeight(); ++row) {
         for (const DiPtr<GridElmt>& elmt : layout.GetRow(row)) {
-            if (elmt) {
-                count += elmt->tiles.size() + elmt->platforms.size() + elmt->contents.size();
+            if (!elmt) {
+                continue;
+            }
+            for (const DiPtr<Tile>& tile : elmt->tiles) {
+                pieces.Add(tile->id);
+            }
+            for (const DiPtr<PlatformTile>& platform : elmt->platforms) {
+                pieces.Add(platform->id);
+            }
+            for (const DiPtr<ContentItem>& item : elmt->contents) {
+                pieces.Add(item->uniqueName);
             }
         }
     }
     for (const DiPtr<Layout>& child : layout.GetChildren()) {
-        count += CountPieces(*child);
+        CountPieces(*child, pieces);
     }
-    return count;
 }
 
 } // namespace
@@ -53,10 +75,14 @@ void GenIntBase::Gen() {}
 void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
     for (std::uint32_t row = 0; row < from.GetHeight(); ++row) {
         for (std::uint32_t col = 0; col < from.GetWidth(); ++col) {
+            info.meter.Step();
             const DiPtr<TemplateElmt> plan = from.GetElmt(row, col);
             if (!plan) {
                 continue;
             }
+            const std::size_t pieces = plan->tileNames.size();
+            info.meter.Step(static_cast<std::int64_t>(pieces) * kStepsPerPiece);
+            info.meter.TakeMemory(sizeof(GridElmt) + pieces * sizeof(DiPtr<Tile>));
             const auto elmt = MakeDi<GridElmt>();
             for (const TileKindName& name : plan->tileNames) {
                 const DiPtr<Tile>& tile = tileSet->Get(name);
@@ -74,16 +100,26 @@ void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
         }
     }
     for (const DiPtr<LayoutTemplate>& childPlan : from.GetChildren()) {
-        const DiPtr<Layout> child = Layout::Create(childPlan->GetSize());
+        const DiPtr<Layout> child = MakeLayout(childPlan->GetSize());
         child->SetOffset(childPlan->GetOffset());
         layout.AddChild(child);
         TemplateToLayout(*child, *childPlan);
     }
 }
 
+DiPtr<Layout> GenIntBase::MakeLayout(const DiPos& size) const {
+    const auto extent = [](std::int32_t cells) {
+        return static_cast<std::uint64_t>(std::max(cells, 0));
+    };
+    info.meter.TakeMemory(sizeof(Layout) +
+                          extent(size.x) * extent(size.y) * sizeof(DiPtr<GridElmt>));
+    return Layout::Create(size);
+}
+
 void GenIntBase::SortLayout(SortedElmts& sorted, const Layout& layout) const {
     for (std::uint32_t row = 0; row < layout.GetHeight(); ++row) {
         for (const DiPtr<GridElmt>& elmt : layout.GetRow(row)) {
+            info.meter.Step();
             if (!elmt) {
                 continue;
             }
@@ -123,13 +159,17 @@ void GenIntBase::InitCell() {
 }
 
 void GenIntBase::FillCell(const Layout& layout) {
-    cell->Reserve(CountPieces(layout));
+    Pieces pieces;
+    CountPieces(layout, pieces);
+    info.meter.TakeMemory(pieces.memory);
+    cell->Reserve(pieces.count);
     LayoutToCell(*cell, layout, Di3Point());
 }
 
 void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point& offset) {
     for (std::uint32_t row = 0; row < layout.GetHeight(); ++row) {
         for (std::uint32_t col = 0; col < layout.GetWidth(); ++col) {
+            info.meter.Step();
             const DiPtr<GridElmt>& elmt = layout.GetElmt(row, col);
             if (!elmt) {
                 continue;
@@ -162,6 +202,7 @@ void GenIntBase::CvtTiles(Cell& target,
         }
         const DiPtr<Tile>& companion = tileSet->Get(tile->requiredName);
         if (companion) {
+            info.meter.TakeMemory(sizeof(Ref) + companion->id.size());
             DoCvtTile(target, elmt, *companion, pos, offset);
         }
     }
@@ -221,6 +262,7 @@ Ref GenIntBase::MakeRef(const std::string& id,
                         std::int32_t zRotate,
                         const DiPos& pos,
                         const Di3Point& offset) const {
+    info.meter.Step(kStepsPerPiece);
     Ref ref(id.c_str());
     ref.position = WorldPosition(pos, offset, local, tileSet->GetTileSize());
     ref.rotation.z = Radians(zRotate);

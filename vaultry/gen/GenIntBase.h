@@ -48,6 +48,8 @@ protected:
     /// Fills `layout` from the template and its child templates. A tile that the tile set lacks is
     /// logged and skipped.
     void TemplateToLayout(Layout& layout, const LayoutTemplate& from);
+    /// An empty layout, counted in the run's memory.
+    DiPtr<Layout> MakeLayout(const DiPos& size) const;
     void SortLayout(SortedElmts& sorted, const Layout& layout) const;
     /// Makes the cell named in the run's context, beginning with its north marker.
     void InitCell();
@@ -118,6 +120,7 @@ protected:
     DiPtr<TileSet> tileSet;                   ///< in use; a random generator may replace it
     DiPtr<Cell> cell;                         ///< being filled; null until InitCell
     std::vector<DiPtr<Container>> containers; ///< made for the cell's contents
+    const Theme* placed = nullptr;            ///< whose items are being placed; null: none's
 
 private:
     Ref MakeRef(const std::string& id,

@@ -83,6 +83,25 @@ RefSort SortOf(const ContentItem& item) {
     return RefSort::Other;
 }
 
+// What a turn costs beside its searches, in looks at one thing.
+constexpr std::int64_t kStepsPerTurn = 64;
+// Moving a pointer costs less than looking at a thing.
+constexpr std::size_t kMovesPerStep = 8;
+
+std::int64_t StepsOf(std::size_t count) {
+    return static_cast<std::int64_t>(count);
+}
+
+// A name is looked for among all candidates.
+std::int64_t StepsToSelect(const ThemeItem& item, const ContentList& candidates) {
+    return item.uniqueNames.empty() ? 0 : StepsOf(candidates.size());
+}
+
+std::uint64_t MemoryOf(const ContentBase& content) {
+    return sizeof(ContentItem) + content.uniqueName.size() + content.friendlyName.size() +
+           content.modelFile.size() + content.contentKind.size() + content.subtype.size();
+}
+
 void Append(std::vector<GridElmt*>& list, const std::vector<GridElmt*>& more) {
     list.insert(list.end(), more.begin(), more.end());
 }
@@ -105,17 +124,21 @@ bool SkipsTurn(std::int64_t turn, const PlacementCounts& counts, const ThemeItem
     return draw > item.chance;
 }
 
-// True when there is a further turn. An item that still wants one after as many as a cell can take
-// in reasonable time is logged.
-bool HasTurn(std::int64_t turn, const PlacementCounts& counts, const ThemeItem& item) {
+// True when there is a further turn. That an item still wants one after as many as a cell can take
+// in reasonable time is logged with its theme.
+bool HasTurn(std::int64_t turn,
+             const PlacementCounts& counts,
+             const ThemeItem& item,
+             const Theme* theme) {
     if (turn < std::min(counts.maximum, kMaxTurns)) {
         return true;
     }
     if (turn < counts.maximum) {
         Logger::WriteError("Generator",
-                           "ThemeItem Type='%s' asks for %d placements; %d were tried.",
-                           item.type.c_str(),
+                           "Theme '%s' asks for %d placements of '%s'; %d were tried.",
+                           theme == nullptr ? "" : theme->GetName().c_str(),
                            static_cast<int>(counts.maximum),
+                           item.type.c_str(),
                            static_cast<int>(kMaxTurns));
     }
     return false;
@@ -173,7 +196,9 @@ void GenIntBase::AddContents(Layout& layout) {
     SortLayout(sorted, layout);
     // Both messages name the furniture theme on purpose.
     const auto furnish = [&](const Theme& theme, const auto& rows, const char* kindOfTheme) {
+        placed = &theme;
         for (const DiPtr<ThemeItem>& item : theme.items) {
+            info.meter.Step(kStepsPerTurn);
             const auto row = std::ranges::find_if(
                 rows, [&item](const PlaceRow& r) { return EqualsNoCase(item->type, r.type); });
             if (row != rows.end()) {
@@ -191,6 +216,7 @@ void GenIntBase::AddContents(Layout& layout) {
     if (info.defCreatureTheme) {
         furnish(*info.defCreatureTheme, kPopulation, "CreatureTheme");
     }
+    placed = nullptr;
 }
 
 void GenIntBase::PlaceContainers(SortedElmts& sorted, const ThemeItem& item) {
@@ -242,11 +268,16 @@ void GenIntBase::PlaceItems(ElmtList& elements,
                             const ThemeItem& item,
                             const ContentList& candidates,
                             std::uint32_t count) {
-    if (elements.empty()) {
+    const std::int64_t toCopy = StepsOf(elements.size()) + StepsOf(candidates.size());
+    if (elements.empty() || !info.meter.StepPlacing(toCopy)) {
         return;
     }
     const PlacementCounts counts = CountPlacements(item, count);
-    for (std::int64_t turn = 0; HasTurn(turn, counts, item); ++turn) {
+    const std::int64_t toSelect = kStepsPerTurn + StepsToSelect(item, candidates);
+    for (std::int64_t turn = 0; HasTurn(turn, counts, item, placed); ++turn) {
+        if (!info.meter.StepPlacing(toSelect + StepsOf(elements.size() / kMovesPerStep))) {
+            return;
+        }
         if (SkipsTurn(turn, counts, item)) {
             continue;
         }
@@ -266,6 +297,7 @@ void GenIntBase::PlaceItem(const ContentTemplate& content, GridElmt& elmt) const
     if (elmt.tiles.empty()) {
         return;
     }
+    info.meter.TakeMemory(MemoryOf(content));
     const DiPtr<ContentItem> item = ContentMgr::CvtToItem(content);
     FitIntoElement(*item, elmt, *tileSet);
     elmt.AddContent(item);
@@ -296,7 +328,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectItem(const ContentList& candidates) con
     if (candidates.empty()) {
         return nullptr;
     }
-    for (;;) {
+    while (info.meter.StepPlacing(1)) {
         const auto size = static_cast<std::int32_t>(candidates.size());
         const auto pick = static_cast<std::size_t>(RandomInt(size));
         const DiPtr<ContentTemplate>& content = candidates[pick];
@@ -308,6 +340,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectItem(const ContentList& candidates) con
             return content;
         }
     }
+    return nullptr;
 }
 
 DiPtr<ContentTemplate> GenIntBase::ThemeItemToContent(const ThemeItem& item) const {
@@ -363,9 +396,11 @@ void GenIntBase::AddCtrTreasure(std::vector<DiPtr<Container>>& filled) {
     if (!info.defTreasureTheme) {
         return;
     }
+    placed = info.defTreasureTheme.get();
     for (const DiPtr<ThemeItem>& item : info.defTreasureTheme->items) {
         PlaceCtrTreasure(filled, *item);
     }
+    placed = nullptr;
 }
 
 void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const ThemeItem& item) {
@@ -374,7 +409,13 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
     }
     const ContentList& candidates = config->contentMgr->GetList(item.type.c_str());
     const PlacementCounts counts = CountTreasure(item, static_cast<std::uint32_t>(filled.size()));
-    for (std::int64_t turn = 0; HasTurn(turn, counts, item); ++turn) {
+    // The searches: for the content, and for a container with room.
+    const std::int64_t toSearch =
+        kStepsPerTurn + StepsToSelect(item, candidates) + StepsOf(filled.size());
+    for (std::int64_t turn = 0; HasTurn(turn, counts, item, placed); ++turn) {
+        if (!info.meter.StepPlacing(toSearch)) {
+            return;
+        }
         if (SkipsTurn(turn, counts, item)) {
             continue;
         }
@@ -385,12 +426,14 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
         const auto pick = RandomInt(static_cast<std::int32_t>(filled.size()));
         Container* container = filled[static_cast<std::size_t>(pick)].get();
         const std::uint32_t quantity = DetermineQty(*content);
+        info.meter.Step(quantity);
         Stack stack{quantity, static_cast<float>(quantity * double{content->weight})};
         Lighten(stack, content->weight, *container);
         if (Overloads(*container, stack)) {
             container = FindCtrWithRoom(filled, stack.weight);
         }
         if (container != nullptr) {
+            info.meter.TakeMemory(sizeof(ContentItem) + content->uniqueName.size());
             container->Add(content->uniqueName.c_str(), stack.count);
             const double load = double{container->GetEncumbrance()} + stack.weight;
             container->SetEncumbrance(static_cast<float>(load));

@@ -2,6 +2,7 @@
 // The doors of random levels: those that would open onto nothing and those between levels.
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntRandom.h>
+#include <vaultry/gen/Limits.h>
 #include <vaultry/gen/Sides.h>
 #include <vaultry/layout/ElmtKind.h>
 
@@ -57,6 +58,7 @@ void GenIntRandom::RemoveExteriorDoors(Layout& layout) const {
             if (!doorway) {
                 continue;
             }
+            info.meter.Step(kMaxRoomParts);
             const TileDirT facing = GetTileDir(*doorway);
             if (IsExterior(layout, DiPos(col, row, 0), facing)) {
                 CloseDoorway(*elmt, facing);
@@ -81,6 +83,7 @@ DiPos GenIntRandom::FindElmt(const Layout& layout, TileType type) const {
     const DiPos& size = layout.GetSize();
     for (std::int32_t row = 0; row < size.y; ++row) {
         for (std::int32_t col = 0; col < size.x; ++col) {
+            info.meter.Step();
             const DiPtr<GridElmt>& elmt =
                 layout.GetElmt(static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(col));
             if (elmt && HasTileOfType(*elmt, type)) {

@@ -8,10 +8,20 @@ namespace Tarnex {
 GenIntFixed::GenIntFixed(GenInfo& info_) : GenIntBase(info_), plan(info_.defTemplate) {}
 
 void GenIntFixed::Gen() {
+    info.meter.Start(info.jobStatus);
+    info.report.canceled = false;
+    try {
+        MakeCell();
+    } catch (const RunCanceled&) {
+        info.report.canceled = true;
+    }
+}
+
+void GenIntFixed::MakeCell() {
     containers.clear();
     InitCell();
     LayoutOwner owner;
-    Layout& layout = owner.Own(Layout::Create(plan->GetSize()));
+    Layout& layout = owner.Own(MakeLayout(plan->GetSize()));
     TemplateToLayout(layout, *plan);
     if (info.addPlatforms && tileSet->IsCave()) {
         AddPlatforms(layout);

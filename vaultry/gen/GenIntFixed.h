@@ -15,6 +15,8 @@ public:
     void Gen() override;
 
 private:
+    void MakeCell();
+
     DiPtr<LayoutTemplate> plan;
 };
 

@@ -7,6 +7,7 @@
 #include <vaultry/gen/Limits.h>
 #include <vaultry/gen/PlatformPlan.h>
 
+#include <algorithm>
 #include <array>
 
 namespace Tarnex {
@@ -110,8 +111,18 @@ void GenIntBase::AddPlatforms(Layout& layout) {
     const Platform& platform = *platforms[static_cast<std::size_t>(pick)];
     SortedElmts sorted;
     SortLayout(sorted, layout);
+    std::int64_t pieces = 0;
     for (GridElmt* wall : sorted.walls) {
+        if (pieces > kMaxPlatformPieces) {
+            Logger::WriteError(S_LogSrc,
+                               "Platform '%s' asks for more than %d pieces in all; the rest of the "
+                               "walls stay without.",
+                               platform.GetName().c_str(),
+                               static_cast<int>(kMaxPlatformPieces));
+            return;
+        }
         AddPlatform(*wall, platform);
+        pieces += static_cast<std::int64_t>(wall->platforms.size());
     }
 }
 
@@ -139,6 +150,10 @@ void GenIntBase::AddPlatform(GridElmt& elmt, const Platform& platform) const {
                            static_cast<int>(kMaxFloorPieces));
         return;
     }
+    const std::int64_t pieces = std::int64_t{plan->columns} * plan->rows;
+    info.meter.Step(pieces);
+    info.meter.TakeMemory(static_cast<std::uint64_t>(std::max<std::int64_t>(pieces, 0)) *
+                          (sizeof(PlatformTile) + floor->id.size()));
     if (plan->stairs) {
         PlaceStairs(elmt, platform, *plan->stairs, tileSize);
     }

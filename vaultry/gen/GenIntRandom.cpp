@@ -120,6 +120,14 @@ private:
     bool placed = false;
 };
 
+std::int64_t CountParts(const LayoutTemplate& plan) {
+    std::int64_t count = 0;
+    for (const DiPtr<LayoutTemplate>& child : plan.GetChildren()) {
+        count += 1 + CountParts(*child);
+    }
+    return count;
+}
+
 // A room's shift inside its slot on one axis; drawn only when there is play.
 std::int32_t DrawShift(std::uint32_t slot, std::int32_t room) {
     const auto extent = static_cast<std::int32_t>(slot);
@@ -138,6 +146,16 @@ std::int32_t MakeRoomForParts(std::int32_t shift, float leastPartOffset) {
 GenIntRandom::GenIntRandom(GenInfo& info_) : GenIntBase(info_) {}
 
 void GenIntRandom::Gen() {
+    info.meter.Start(info.jobStatus);
+    info.report.canceled = false;
+    try {
+        MakeLevels();
+    } catch (const RunCanceled&) {
+        info.report.canceled = true;
+    }
+}
+
+void GenIntRandom::MakeLevels() {
     LayoutOwner levels;
     Report("Generating Layouts");
     if (!MakeLayouts(levels)) {
@@ -158,7 +176,14 @@ void GenIntRandom::Gen() {
 bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
     info.report.levels.clear();
     const std::string baseName = info.cellName;
-    for (std::uint32_t i = 0; i < info.randomInfo.numLevels; ++i) {
+    const std::uint32_t count = std::min(info.randomInfo.numLevels, kMaxLevels);
+    if (count < info.randomInfo.numLevels) {
+        Logger::WriteError(S_LogSrc,
+                           "The run asks for %lld levels; %d are made.",
+                           static_cast<long long>(info.randomInfo.numLevels),
+                           static_cast<int>(count));
+    }
+    for (std::uint32_t i = 0; i < count; ++i) {
         if (IsCanceled()) {
             return false;
         }
@@ -189,7 +214,11 @@ DiPtr<Layout> GenIntRandom::TryMainLayout(const DiPos& size, LevelReport& report
     report.roomGrid = size;
     while (report.attempts < kLayoutTries && !level) {
         ++report.attempts;
+        const std::uint64_t memory = info.meter.GetMemory();
         level = InitMainLayout(size, report);
+        if (!level) {
+            info.meter.ReturnTo(memory);
+        }
     }
     return level;
 }
@@ -228,8 +257,8 @@ void GenIntRandom::InitRoomGridSize(DiPos& size) const {
     size.y = grid.rows;
 }
 
-DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& report) {
-    RoomInfo rooms(size);
+DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& report) {
+    RoomInfo rooms(grid);
     UnplacedRooms unplaced(rooms);
     CreateRooms(rooms);
     SpaceRooms(rooms);
@@ -243,17 +272,17 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& size, LevelReport& repor
                            static_cast<int>(kMaxLevelCells));
         return nullptr;
     }
-    DiPtr<Layout> main = Layout::Create(
-        DiPos(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 0));
+    const DiPos size(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 0);
+    const DiPtr<Layout> main = MakeLayout(size);
+    LayoutGuard guard(main);
     PlaceRooms(*main, rooms);
     unplaced.SetPlaced();
     const bool joined = ConnectRooms(*main, rooms, report);
     report.size = main->GetSize();
     if (joined) {
         JudgeWalkability(report, *main, rooms);
-        return main;
+        return guard.Release();
     }
-    main->Dissolve();
     return nullptr;
 }
 
@@ -290,10 +319,20 @@ DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
     }
     const auto pick = RandomInt(static_cast<std::int32_t>(templates.size()));
     const LayoutTemplate& plan = *templates[static_cast<std::size_t>(pick)];
-    DiPtr<Layout> room = Layout::Create(plan.GetSize());
+    const std::int64_t parts = CountParts(plan);
+    if (parts > kMaxRoomParts) {
+        Logger::WriteError(S_LogSrc,
+                           "Layout '%s' has %lld layouts inside; it makes no room.  Max = %d.",
+                           plan.GetName().c_str(),
+                           static_cast<long long>(parts),
+                           static_cast<int>(kMaxRoomParts));
+        return nullptr;
+    }
+    const DiPtr<Layout> room = MakeLayout(plan.GetSize());
+    LayoutGuard guard(room);
     TemplateToLayout(*room, plan);
     RemoveExteriorDoors(*room);
-    return room;
+    return guard.Release();
 }
 
 void GenIntRandom::LayoutRoom(Layout& room) const {

@@ -29,7 +29,7 @@ protected:
     /// Chooses the columns (x) and rows (y) of the room grid.
     void InitRoomGridSize(DiPos& size) const;
     /// One complete level for a room grid of that size; null when its rooms could not be joined.
-    DiPtr<Layout> InitMainLayout(const DiPos& size, LevelReport& report);
+    DiPtr<Layout> InitMainLayout(const DiPos& grid, LevelReport& report);
     void CreateRooms(RoomInfo& rooms);
     DiPtr<Layout> CreateRoom();
     /// A room from a layout template of the tile set's type; null when there is none.
@@ -64,6 +64,7 @@ private:
     bool IsCanceled() const;
     void Report(const char* text) const;
     void StepProgress() const;
+    void MakeLevels();
     bool MakeLayouts(LayoutOwner& levels);
     DiPtr<Layout> TryMainLayout(const DiPos& size, LevelReport& report);
     void NameLevel(Layout& level, const std::string& baseName, std::uint32_t number) const;

@@ -122,7 +122,7 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
     if (!RunGenerator(OrEmpty(name), fixedLayout)) {
         return ModResult::Refused;
     }
-    const bool canceled = jobStatus != nullptr && jobStatus->HasBeenCanceled();
+    const bool canceled = report.canceled || (jobStatus != nullptr && jobStatus->HasBeenCanceled());
     return canceled ? ModResult::Canceled : ModResult::Written;
 }
 
@@ -152,6 +152,9 @@ bool GenMgr::RunGenerator(const char* name, bool fixedLayout) {
         // What was made until then goes first: the line needs memory too.
         mod.ResetContent();
         Logger::WriteError(kLogSource, "Generation failed:  Out of memory.");
+        return false;
+    } catch (const LimitReached& e) {
+        Logger::WriteError(kLogSource, "%s", e.what());
         return false;
     } catch (const std::exception& e) {
         Logger::WriteError(kLogSource, "Internal:  Generation failed: %s", e.what());

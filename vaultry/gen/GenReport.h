@@ -49,6 +49,7 @@ struct VAULTRY_API LevelReport {
 /// All levels of a random run, in order; empty for a fixed interior.
 struct VAULTRY_API GenReport {
     std::vector<LevelReport> levels;
+    bool canceled = false; ///< the run ended early; what was made is not whole
 
     /// True when the levels that were made hang together by their doors.
     bool AreLevelsLinked() const;

@@ -4,6 +4,7 @@
 
 #include <vaultry/layout/Layout.h>
 
+#include <utility>
 #include <vector>
 
 namespace Tarnex {
@@ -28,6 +29,26 @@ public:
 
 private:
     std::vector<DiPtr<Layout>> layouts;
+};
+
+/// Takes a layout apart unless it is released: for one under construction, whatever ends that.
+class LayoutGuard {
+public:
+    explicit LayoutGuard(const DiPtr<Layout>& layout_) : layout(layout_) {}
+    LayoutGuard(const LayoutGuard&) = delete;
+    LayoutGuard& operator=(const LayoutGuard&) = delete;
+
+    ~LayoutGuard() {
+        if (layout) {
+            layout->Dissolve();
+        }
+    }
+
+    /// The layout, which is whole now.
+    DiPtr<Layout> Release() { return std::exchange(layout, nullptr); }
+
+private:
+    DiPtr<Layout> layout;
 };
 
 } // namespace Tarnex

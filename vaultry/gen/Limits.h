@@ -15,7 +15,23 @@ inline constexpr std::int64_t kMaxTurns = 100'000;
 /// Floor pieces of the platform in one element.
 inline constexpr std::int64_t kMaxFloorPieces = 10'000;
 
+/// Floor pieces of all platforms in one cell.
+inline constexpr std::int64_t kMaxPlatformPieces = 1'000'000;
+
 /// Cells of one random level.
 inline constexpr std::int64_t kMaxLevelCells = 16'000'000;
+
+/// Levels of one run.
+inline constexpr std::uint32_t kMaxLevels = 1000;
+
+/// Layouts nested in one that becomes a room of a random level.
+inline constexpr std::int64_t kMaxRoomParts = 64;
+
+/// Steps of placing contents and treasure in one run: a look at a piece of content or at a place
+/// is one.
+inline constexpr std::int64_t kMaxPlacingSteps = 10'000'000'000;
+
+/// What layouts, contents and references of one run take together. [bytes]
+inline constexpr std::uint64_t kMaxRunMemory = std::uint64_t{2} << 30U;
 
 } // namespace Tarnex

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/gen/RunMeter.h>
+
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/gen/Limits.h>
+
+namespace Tarnex {
+
+void RunMeter::Start(const JobStatus* status_) {
+    *this = RunMeter();
+    status = status_;
+}
+
+void RunMeter::Ask() {
+    sinceQuestion = 0;
+    if (status != nullptr && status->HasBeenCanceled()) {
+        throw RunCanceled();
+    }
+}
+
+bool RunMeter::StepPlacing(std::int64_t steps) {
+    Step(steps);
+    placing += steps;
+    if (placing <= kMaxPlacingSteps) {
+        return true;
+    }
+    if (!loggedPlacing) {
+        loggedPlacing = true;
+        Logger::WriteError("Generator",
+                           "The themes ask for more than %lld steps of placing; nothing more is "
+                           "placed.",
+                           static_cast<long long>(kMaxPlacingSteps));
+    }
+    return false;
+}
+
+void RunMeter::TakeMemory(std::uint64_t bytes) {
+    memory += bytes;
+    if (memory > kMaxRunMemory) {
+        throw LimitReached("The run asks for more than " + std::to_string(kMaxRunMemory >> 20U) +
+                           " MiB of memory; it is given up.");
+    }
+}
+
+} // namespace Tarnex

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// What a run has used up of what it may, and whether it is still wanted.
+#pragma once
+
+#include <vaultry/foundation/JobStatus.h>
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace Tarnex {
+
+/// Ends a run out of the middle of a generator when it was cancelled. Never leaves Gen.
+struct RunCanceled {};
+
+/// Ends a run that needs more than a run may; says which limit and its value.
+class VAULTRY_API LimitReached : public std::runtime_error {
+public:
+    explicit LimitReached(const std::string& message) : std::runtime_error(message) {}
+};
+
+/// Counts work and memory. Whatever a generator repeats for each cell, piece or turn takes a step
+/// for each, so that a cancelled run ends within a moment and none grows without bound. Draws no
+/// random numbers and changes no result.
+class VAULTRY_API RunMeter {
+public:
+    /// The most steps between two questions whether the run was cancelled. A step looks at one
+    /// thing; together they take about a hundredth of a second.
+    static constexpr std::int64_t kStepsPerQuestion = 1'000'000;
+
+    /// Begins a run. `status` may be null and must outlive it.
+    void Start(const JobStatus* status);
+
+    /// Counts steps before they are made. Throws RunCanceled when the run was cancelled.
+    void Step(std::int64_t steps = 1) {
+        sinceQuestion += steps;
+        if (sinceQuestion >= kStepsPerQuestion) {
+            Ask();
+        }
+    }
+
+    /// Likewise for steps of placing contents. False when the run has made as many as it may; the
+    /// first time that is logged.
+    bool StepPlacing(std::int64_t steps);
+
+    /// Counts memory before it is taken. [bytes] Throws LimitReached when that is more than a run
+    /// may take.
+    void TakeMemory(std::uint64_t bytes);
+
+    /// The memory counted so far, and going back to it when what was taken since is given back.
+    /// [bytes]
+    std::uint64_t GetMemory() const { return memory; }
+    void ReturnTo(std::uint64_t earlier) { memory = earlier; }
+
+private:
+    void Ask();
+
+    const JobStatus* status = nullptr;
+    std::int64_t sinceQuestion = 0;
+    std::int64_t placing = 0;
+    std::uint64_t memory = 0;
+    bool loggedPlacing = false;
+};
+
+} // namespace Tarnex
