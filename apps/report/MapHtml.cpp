@@ -74,8 +74,11 @@ std::string PageStyle(MapLook look) {
     }
     style += kPage;
     for (const MapLayer& layer : kMapLayers) {
-        const std::string name(layer.name);
-        style += "body:has(#show-" + name + ":not(:checked)) .layer-" + name + "{display:none}\n";
+        style.append("body:has(#show-")
+            .append(layer.name)
+            .append(":not(:checked)) .layer-")
+            .append(layer.name)
+            .append("{display:none}\n");
     }
     return style + MapStyle(look);
 }

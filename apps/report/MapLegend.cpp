@@ -102,8 +102,9 @@ std::string MapLegend(const std::vector<LevelMap>& maps, std::int32_t width, std
     std::string text;
     std::int32_t number = 0;
     for (const LegendItem& item : LegendItems(maps)) {
+        const std::int32_t row = number / columns;
         text += SvgMoved(number % columns * kColumn,
-                         number / columns * kRow,
+                         row * kRow,
                          std::string(item.drawing) + '\n' + SvgTextAt("", 31, 16, item.words));
         ++number;
     }

@@ -177,7 +177,8 @@ std::string ContainerTable(const LevelMap& map, std::size_t level) {
             }
         }
     }
-    std::ranges::rotate(byRoom, byRoom.begin() + 1); // the halls come last
+    // The halls come last. The form over ranges does not compile with clang 14.
+    std::rotate(byRoom.begin(), byRoom.begin() + 1, byRoom.end());
     std::string rows;
     for (const std::string& room : byRoom) {
         rows += room;
