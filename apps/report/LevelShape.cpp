@@ -173,15 +173,11 @@ std::uint32_t CountLoops(const Places& places, Groups& chambers) {
     return static_cast<std::uint32_t>(edges + parts - nodes - squares);
 }
 
-// The places of each room; of each chamber where the rooms are not known.
-std::vector<std::vector<std::size_t>>
-RoomsOf(const LevelMap& map, const Places& places, Groups& chambers) {
-    std::vector<std::vector<std::size_t>> rooms(map.rooms.empty() ? places.size()
-                                                                  : map.rooms.size());
+// The places of each room that has any.
+std::vector<std::vector<std::size_t>> RoomsOf(const LevelMap& map, const Places& places) {
+    std::vector<std::vector<std::size_t>> rooms(map.rooms.size());
     for (std::size_t i = 0; i < places.size(); ++i) {
-        if (map.rooms.empty() && !places[i].IsHall()) {
-            rooms[chambers.Of(i)].push_back(i);
-        } else if (!map.rooms.empty() && places[i].cell->room > 0) {
+        if (places[i].cell->room > 0) {
             rooms[places[i].cell->room - 1].push_back(i);
         }
     }
@@ -210,8 +206,8 @@ void Walk(const Places& places,
     }
 }
 
-void MeasureWays(const LevelMap& map, const Places& places, Groups& chambers, LevelShape& shape) {
-    const auto rooms = RoomsOf(map, places, chambers);
+void MeasureWays(const LevelMap& map, const Places& places, LevelShape& shape) {
+    const auto rooms = RoomsOf(map, places);
     std::vector<std::size_t> steps;
     std::vector<std::size_t> queue;
     for (std::size_t from = 0; from < rooms.size(); ++from) {
@@ -228,7 +224,6 @@ void MeasureWays(const LevelMap& map, const Places& places, Groups& chambers, Le
             }
         }
     }
-    shape.rooms = static_cast<std::uint32_t>(map.rooms.empty() ? rooms.size() : map.rooms.size());
 }
 
 void CountCells(const LevelMap& map, LevelShape& shape) {
@@ -244,6 +239,7 @@ void CountCells(const LevelMap& map, LevelShape& shape) {
 
 LevelShape ShapeOf(const LevelMap& map) {
     LevelShape shape;
+    shape.rooms = static_cast<std::uint32_t>(map.rooms.size());
     CountCells(map, shape);
     const Places places = PlacesOf(map);
     for (const Place& place : places) {
@@ -253,7 +249,7 @@ LevelShape ShapeOf(const LevelMap& map) {
     Groups chambers = Chambers(places);
     shape.halls = CountHalls(places);
     shape.loops = CountLoops(places, chambers);
-    MeasureWays(map, places, chambers, shape);
+    MeasureWays(map, places, shape);
     return shape;
 }
 

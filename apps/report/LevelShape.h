@@ -11,7 +11,7 @@ namespace Tarnex::Report {
 /// What can be counted on the map of a level. What stands more than one cell above or below the
 /// level's floor is left out, but for the area.
 struct LevelShape {
-    std::uint32_t rooms = 0;      ///< as the level was planned; of a fixed interior its chambers
+    std::uint32_t rooms = 0;      ///< those that the map numbers
     std::uint32_t halls = 0;      ///< stretches of hall between rooms, junctions and ends
     std::uint32_t junctions = 0;  ///< pieces of hall that lead on to three sides or four
     std::uint32_t loops = 0;      ///< ways round that are independent of each other

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/Arguments.h"
 
+#include "apps/report/DungeonFacts.h"
 #include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
@@ -19,13 +20,15 @@ namespace {
 
 constexpr std::uint64_t kMaxWord = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint64_t kMaxStamp = std::numeric_limits<std::int64_t>::max();
+constexpr std::uint64_t kMostJobs = 1024;
 constexpr std::size_t kHelpColumn = 34;
+constexpr std::size_t kFactColumn = 19;
 
 constexpr const char* kOverview =
     "Generates dungeon interiors as plug-ins for the game.\n"
     "\n"
-    "Exit status: 0 done, 1 nothing generated or written (inspect, diff, check: something found),\n"
-    "2 wrong arguments, 130 cancelled.";
+    "Exit status: 0 done, 1 nothing generated or written (inspect, diff, check: something found;\n"
+    "search: a seed could not be judged), 2 wrong arguments, 130 cancelled.";
 constexpr const char* kOverviewExample =
     "Example:\n"
     "  vaultry generate --levels 3 --creature-theme Undead -o crypt.esp\n"
@@ -46,6 +49,22 @@ constexpr const char* kMapExample =
     "  vaultry map --fixed --template \"Sunken Shrine\" --map shrine.png --scale 2 --look dark\n"
     "  vaultry map crypt.esp --html crypt.html\n"
     "  vaultry map Morrowind.esm --cell \"Addamasartus\" --map cave.svg";
+constexpr const char* kSearchConditions =
+    "A condition compares facts and whole numbers by < <= > >= = != and joins comparisons by and,\n"
+    "or, not and parentheses; a fact by itself holds when it is not 0. A key is a fact: the "
+    "greatest\n"
+    "comes first, or with :asc the least. The facts:\n";
+constexpr const char* kSearchExample =
+    "Exit status: 0 done, 1 a seed could not be judged or a file not be written, 2 wrong "
+    "arguments,\n"
+    "130 cancelled; what was found until then is listed and written.\n"
+    "\n"
+    "Examples:\n"
+    "  vaultry search --seeds 1..10000 --levels 2 --size large \\\n"
+    "      --where 'rooms>=12 and walkable and loops>=2' --sort loops,treasure --top 10\n"
+    "  vaultry search --seeds 1..500 --creature-theme Undead --where 'creatures-from-15 > 3' \\\n"
+    "      --csv found.csv --thumbnails maps\n"
+    "  vaultry search --merge found-*.csv --sort loops --top 10 --csv best.csv";
 constexpr const char* kListExample = "Example:\n"
                                      "  vaultry list -c my.xml --json";
 constexpr const char* kConfigExample = "Example:\n"
@@ -218,19 +237,22 @@ void AddRandom(CLI::App& verb, GenerateOptions& options) {
         "--random-creature-theme", random.randomCreatureTheme, "Choose the creatures by chance");
     verb.add_flag(
         "--random-treasure-theme", random.randomTreasureTheme, "Choose the treasure by chance");
-    verb.add_flag("--ensure-walkable",
-                  options.ensureWalkable,
-                  "Try further seeds until every room can be reached");
+}
+
+void AddPlatforms(CLI::App& verb, GenerateOptions& options) {
+    verb.add_flag("--platforms", options.platforms, "Raise platforms in fixed cave interiors");
 }
 
 void AddRepeat(CLI::App& verb, GenerateOptions& options) {
-    verb.add_flag("--platforms", options.platforms, "Raise platforms in fixed cave interiors");
+    verb.add_flag("--ensure-walkable",
+                  options.ensureWalkable,
+                  "Try further seeds until every room can be reached");
+    AddPlatforms(verb, options);
     AddNumber(
         verb, "--seed", "Repeats a run (default: by chance)", 0, kMaxWord, Into(options.seed));
 }
 
-void AddRun(CLI::App& verb, GenerateOptions& options) {
-    AddRepeat(verb, options);
+void AddHeader(CLI::App& verb, GenerateOptions& options) {
     AddText(verb, "--master", options.master, "NAME", "The master file (default: the game's)");
     AddNumber(verb,
               "--master-size",
@@ -244,6 +266,11 @@ void AddRun(CLI::App& verb, GenerateOptions& options) {
               0,
               kMaxStamp,
               Into(options.stamp));
+}
+
+void AddRun(CLI::App& verb, GenerateOptions& options) {
+    AddRepeat(verb, options);
+    AddHeader(verb, options);
     verb.add_flag("--strict", options.strict, "Write nothing if there was an error");
 }
 
@@ -281,7 +308,53 @@ void CheckPluginOptions(const CLI::App& verb) {
     }
 }
 
-CLI::App& AddVerb(CLI::App& app, const char* name, const char* help, const char* example) {
+// The facts as a list, a line each.
+std::string SearchFooter() {
+    std::string text = kSearchConditions;
+    for (const Report::Fact& fact : Report::Facts()) {
+        text += "  " + std::string(fact.name);
+        text.append(std::max(kFactColumn, fact.name.size() + 1) - fact.name.size(), ' ');
+        text += std::string(fact.help) + '\n';
+    }
+    return text + '\n' + kSearchExample;
+}
+
+void AddSearch(CLI::App& verb, SearchOptions& options) {
+    CLI::Option* seeds =
+        AddText(verb, "--seeds", options.seeds, "A..B", "The seeds to try, A and B included");
+    verb.add_option("--merge", options.merge, "Tables of --csv to merge, instead of seeds to try")
+        ->type_name("FILE...")
+        ->excludes(seeds);
+    AddText(
+        verb, "--where", options.where, "CONDITION", "What a dungeon must be like (default: any)");
+    AddText(verb, "--sort", options.sort, "KEY,...", "Which are the best (default: by seed)");
+    AddNumber(verb, "--top", "Keeps the best only (default: all)", 1, kMaxWord, Into(options.top));
+    AddText(verb, "--csv", options.csv, "FILE", "Writes a table of all facts (default: none)");
+    AddText(verb,
+            "--thumbnails",
+            options.thumbnails,
+            "FOLDER",
+            "Draws each dungeon listed (default: no maps)");
+    AddNumber(verb,
+              "--jobs",
+              "Dungeons made at once (default: one per processor)",
+              1,
+              kMostJobs,
+              Into(options.jobs));
+    verb.add_flag("--quiet", options.quiet, "No progress and no summary");
+    verb.add_flag("--json", options.json, "A report on standard output");
+    AddConfig(verb, options.generate.config);
+    AddText(
+        verb, "-n,--cell", options.generate.cell, "NAME", "The cell (default: Vaultry Dungeon)");
+    verb.add_flag(
+        "--fixed", options.generate.fixed, "One cell from a layout instead of random levels");
+    AddNames(verb, options.generate);
+    AddRandom(verb, options.generate);
+    AddPlatforms(verb, options.generate);
+    AddHeader(verb, options.generate);
+}
+
+CLI::App& AddVerb(CLI::App& app, const char* name, const char* help, const std::string& example) {
     CLI::App& verb = *app.add_subcommand(name, help);
     verb.footer(example);
     verb.allow_windows_style_options(false);
@@ -292,6 +365,7 @@ CLI::App& AddVerb(CLI::App& app, const char* name, const char* help, const char*
 struct Verbs {
     GenerateOptions generate;
     MapOptions map;
+    SearchOptions search;
     ListOptions list;
     ConfigOptions config;
     InspectOptions inspect;
@@ -312,6 +386,8 @@ struct Verbs {
         AddReport(make, generate);
 
         DeclareMap(app);
+        AddSearch(AddVerb(app, "search", "Finds the best among many seeds", SearchFooter()),
+                  search);
 
         CLI::App& show = AddVerb(app, "list", "Names what a configuration offers", kListExample);
         AddConfig(show, list.config);
@@ -383,6 +459,9 @@ Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
     }
     if (app.got_subcommand("map")) {
         return std::move(verbs.map);
+    }
+    if (app.got_subcommand("search")) {
+        return std::move(verbs.search);
     }
     if (app.got_subcommand("list")) {
         return std::move(verbs.list);

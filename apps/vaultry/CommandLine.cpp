@@ -2,6 +2,7 @@
 #include "apps/vaultry/CommandLine.h"
 
 #include "apps/report/PluginLoad.h"
+#include "apps/search/SearchError.h"
 #include "apps/vaultry/Arguments.h"
 #include "apps/vaultry/CheckCommand.h"
 #include "apps/vaultry/ConfigCommand.h"
@@ -11,6 +12,7 @@
 #include "apps/vaultry/InspectCommand.h"
 #include "apps/vaultry/ListCommand.h"
 #include "apps/vaultry/MapCommand.h"
+#include "apps/vaultry/SearchCommand.h"
 #include "apps/vaultry/UsageError.h"
 
 #include <exception>
@@ -27,6 +29,9 @@ struct Dispatch {
         return RunGenerate(options, console);
     }
     ExitStatus operator()(const MapOptions& options) const { return RunMap(options, console); }
+    ExitStatus operator()(const SearchOptions& options) const {
+        return RunSearch(options, console);
+    }
     ExitStatus operator()(const ListOptions& options) const { return RunList(options, console); }
     ExitStatus operator()(const ConfigOptions& options) const {
         return RunConfig(options, console);
@@ -64,6 +69,9 @@ ExitStatus Run(const std::vector<std::string>& arguments, const Console& console
         console.Say(e.what());
         return ExitStatus::Usage;
     } catch (const Report::LoadError& e) {
+        console.Say(e.what());
+        return ExitStatus::Usage;
+    } catch (const Search::SearchError& e) {
         console.Say(e.what());
         return ExitStatus::Usage;
     } catch (const std::bad_alloc&) {

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace Tarnex::Cli {
 
@@ -63,6 +64,21 @@ struct MapOptions {
     std::optional<std::string> onlyCell; ///< the cell, or the dungeon, that is drawn of it
 };
 
+/// vaultry search
+struct SearchOptions {
+    GenerateOptions generate;              ///< what is generated from each seed
+    std::optional<std::string> seeds;      ///< "A..B"
+    std::vector<std::string> merge;        ///< paths of tables to merge instead
+    std::string where;                     ///< a condition; empty: none
+    std::string sort;                      ///< keys; empty: by seed
+    std::uint64_t top = 0;                 ///< the most hits that are kept; 0: all
+    std::optional<std::string> csv;        ///< a path
+    std::optional<std::string> thumbnails; ///< a folder
+    std::uint32_t jobs = 0;                ///< worker processes; 0: one per processor
+    bool quiet = false;
+    bool json = false;
+};
+
 /// vaultry list
 struct ListOptions {
     std::string config = kBuiltin;
@@ -106,6 +122,7 @@ struct NoVerb {
 
 using Request = std::variant<GenerateOptions,
                              MapOptions,
+                             SearchOptions,
                              ListOptions,
                              ConfigOptions,
                              InspectOptions,

@@ -29,7 +29,7 @@ char Lower(char c) {
 
 // One character for a cell: letters are rooms, a capital is a cell with a doorway, open all around
 // as all cells of rooms here; "-", "|", "+" are halls, "=" stairs to east and west, "." nothing.
-LevelMap Drawn(const Rows& rows, bool numbered = true) {
+LevelMap Drawn(const Rows& rows) {
     LevelMap map;
     map.width = static_cast<std::int32_t>(rows.front().size());
     map.height = static_cast<std::int32_t>(rows.size());
@@ -43,8 +43,7 @@ LevelMap Drawn(const Rows& rows, bool numbered = true) {
                 cell = Cell(MapTile::Stairs, "EW");
             } else if (IsRoom(c)) {
                 cell = Cell(MapTile::Room, "NSEW");
-                const auto number = static_cast<std::size_t>(Lower(c) - 'a' + 1);
-                cell.room = numbered ? number : 0;
+                cell.room = static_cast<std::size_t>(Lower(c) - 'a' + 1);
                 map.rooms.resize(std::max(map.rooms.size(), cell.room));
             }
         }
@@ -139,14 +138,6 @@ TEST(LevelShapeTest, ARoomOfTwoChambersIsNoLoop) {
     EXPECT_EQ(shape.rooms, 1U);
     EXPECT_EQ(shape.halls, 1U);
     EXPECT_EQ(shape.loops, 0U);
-}
-
-TEST(LevelShapeTest, WithoutAPlanChambersAreTheRooms) {
-    const LevelShape shape =
-        Report::ShapeOf(Drawn({"aA--Bb", "aa..bb", "......", "cc...."}, false));
-    EXPECT_EQ(shape.rooms, 3U);
-    EXPECT_EQ(shape.longestWay, 3U);
-    EXPECT_FALSE(shape.connected);
 }
 
 TEST(LevelShapeTest, StairsAreWaysButNoDeadEnds) {

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Ranges of seeds.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace Tarnex::Search {
+
+/// The seeds from first to last, both included; first is not after last.
+struct SeedRange {
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
+
+    std::uint64_t Count() const { return std::uint64_t{last} - first + 1; }
+    bool operator==(const SeedRange&) const = default;
+};
+
+/// Reads "A..B", or "A" for a single seed. Throws SearchError.
+SeedRange ParseSeedRange(std::string_view text);
+
+} // namespace Tarnex::Search

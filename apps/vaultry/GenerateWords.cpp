@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/GenerateWords.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+bool IsPlain(char c) {
+    constexpr std::string_view kSigns = "_-./:,+@%=";
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           kSigns.find(c) != std::string_view::npos;
+}
+
+std::string ShellWord(const std::string& text) {
+    if (!text.empty() && std::ranges::all_of(text, IsPlain)) {
+        return text;
+    }
+    std::string quoted = "'";
+    for (const char c : text) {
+        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    }
+    return quoted + '\'';
+}
+
+// Appends what differs from the default.
+class Words {
+public:
+    explicit Words(std::string start) : text(std::move(start)) {}
+
+    const std::string& Text() const { return text; }
+
+    void Flag(const char* option, bool given) {
+        if (given) {
+            text += ' ' + std::string(option);
+        }
+    }
+
+    void Name(const char* option, const std::optional<std::string>& name) {
+        if (name) {
+            text += ' ' + std::string(option) + ' ' + ShellWord(*name);
+        }
+    }
+
+    void Name(const char* option, const std::string& name, const std::string& byDefault) {
+        if (name != byDefault) {
+            Name(option, name);
+        }
+    }
+
+    template <typename Number>
+    void Count(const char* option, const std::optional<Number>& number) {
+        if (number) {
+            text += ' ' + std::string(option) + ' ' + std::to_string(*number);
+        }
+    }
+
+    template <typename Number>
+    void Count(const char* option, Number number, Number byDefault) {
+        if (number != byDefault) {
+            Count(option, std::optional(number));
+        }
+    }
+
+private:
+    std::string text;
+};
+
+void AddRandom(Words& words, const RandomGenInfo& random) {
+    const RandomGenInfo usual;
+    const auto size = static_cast<std::size_t>(random.levelSize);
+    const auto spacing = static_cast<std::size_t>(random.roomSpacing);
+    words.Count("--levels", random.numLevels, usual.numLevels);
+    words.Count("--min-level", random.minLevel, usual.minLevel);
+    words.Count("--max-level", random.maxLevel, usual.maxLevel);
+    if (random.levelSize != usual.levelSize) {
+        words.Name("--size", RandomGenInfo::GetLevelSizeStrings().at(size));
+    }
+    if (random.roomSpacing != usual.roomSpacing) {
+        words.Name("--spacing", RandomGenInfo::GetRoomSpacingStrings().at(spacing));
+    }
+    words.Flag("--random-tileset", random.randomTileSet);
+    words.Flag("--random-theme", random.randomTheme);
+    words.Flag("--random-creature-theme", random.randomCreatureTheme);
+    words.Flag("--random-treasure-theme", random.randomTreasureTheme);
+}
+
+} // namespace
+
+std::string GenerateCommandLine(const GenerateOptions& options, std::uint32_t seed) {
+    const GenerateOptions usual;
+    Words words("vaultry generate --seed " + std::to_string(seed));
+    words.Name("--config", options.config, usual.config);
+    words.Name("--cell", options.cell, usual.cell);
+    words.Flag("--fixed", options.fixed);
+    words.Name("--tileset", options.tileSet);
+    words.Name("--cave-tileset", options.caveTileSet);
+    words.Name("--template", options.layout);
+    words.Name("--cave-template", options.caveLayout);
+    words.Name("--theme", options.theme);
+    words.Name("--creature-theme", options.creatureTheme);
+    words.Name("--treasure-theme", options.treasureTheme);
+    AddRandom(words, options.random);
+    words.Flag("--platforms", options.platforms);
+    words.Name("--master", options.master);
+    words.Count("--master-size", options.masterSize);
+    words.Count("--stamp", options.stamp);
+    return words.Text();
+}
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "apps/vaultry/SeedRun.h"
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/gen/ContainerIds.h>
+
+namespace Tarnex::Cli {
+
+SeedRun::SeedRun(GenMgr& configured, const GenerateOptions& options)
+    : manager(configured), cell(FromUtf8(options.cell)), fixed(options.fixed),
+      stamp(options.stamp.value()), tileSet(manager.GetDefaultTileSet()),
+      theme(manager.GetDefaultTheme()), creatureTheme(manager.GetDefaultCreatureTheme()),
+      treasureTheme(manager.GetDefaultTreasureTheme()) {}
+
+ModResult SeedRun::Generate(std::uint32_t seed) {
+    manager.defTileSet = tileSet;
+    manager.defTheme = theme;
+    manager.defCreatureTheme = creatureTheme;
+    manager.defTreasureTheme = treasureTheme;
+    SeedRandom(seed);
+    SetContainerStamp(stamp);
+    return manager.Generate(cell.c_str(), fixed);
+}
+
+} // namespace Tarnex::Cli
