@@ -43,13 +43,11 @@ public:
                 ++place;
             } else if (c == '"') {
                 quoted = !quoted;
-            } else if (quoted) {
-                fields.back() += c;
-            } else if (c == '\n') {
+            } else if (!quoted && c == '\n') {
                 return fields;
-            } else if (c == ',') {
+            } else if (!quoted && c == ',') {
                 fields.emplace_back();
-            } else if (c != '\r') {
+            } else if (quoted || c != '\r') {
                 fields.back() += c;
             }
         }

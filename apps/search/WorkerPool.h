@@ -15,7 +15,7 @@ namespace Tarnex::Search {
 
 /// Processes of their own, each with a copy of everything that this one has made so far, that
 /// answer requests one after another. They end when their pool ends or this process does, however
-/// it ends; Ctrl-C is left to this process.
+/// it ends; Ctrl-C and the like are left to this process.
 class WorkerPool {
 public:
     /// Sends one line, which must hold no line feed.

@@ -69,8 +69,9 @@ bool Receive(int socket, std::string& text, int flags) {
 // The life of a worker. It leaves without cleaning up: everything it has belongs to the process
 // that it was copied from.
 [[noreturn]] void Work(int socket, const WorkerPool::Serve& serve) {
-    std::signal(SIGINT, SIG_IGN);
-    std::signal(SIGTERM, SIG_IGN);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        std::signal(number, SIG_IGN);
+    }
     const WorkerPool::Reply reply = [socket](std::string_view line) {
         if (!SendAll(socket, std::string(line) + '\n')) {
             _exit(EXIT_FAILURE);

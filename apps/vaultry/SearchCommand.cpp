@@ -40,6 +40,9 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
+// As long as most stamps that are drawn, since the size of a plug-in depends on that.
+constexpr std::int64_t kUsualStamp = 9'007'199'254'740'991;
+
 // What was asked for, understood.
 struct Query {
     explicit Query(const SearchOptions& options)
@@ -113,8 +116,8 @@ ExitStatus Merge(const SearchOptions& options, const Query& query, const Console
     std::ranges::sort(all, [](const Search::Hit& a, const Search::Hit& b) {
         return std::tie(a.values, a.command) < std::tie(b.values, b.command);
     });
-    const auto doubled = std::ranges::unique(all);
-    all.erase(doubled.begin(), doubled.end());
+    // The form over ranges does not compile with clang 14.
+    all.erase(std::unique(all.begin(), all.end()), all.end());
     Search::Ranking ranking(query.order, options.top);
     for (Search::Hit& hit : all) {
         if (query.where.Holds(hit.values)) {
@@ -349,6 +352,7 @@ ExitStatus SearchRange(const SearchOptions& options, const Query& query, const C
     const LibraryLog log(std::nullopt);
     GenMgr manager;
     GenerateOptions fixedChance = options.generate;
+    fixedChance.stamp = fixedChance.stamp.value_or(kUsualStamp);
     FixChance(fixedChance);
     try {
         Configure(manager, fixedChance, source);
