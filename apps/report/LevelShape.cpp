@@ -143,7 +143,7 @@ std::uint32_t CountHalls(const Places& places) {
 }
 
 // Whether the place is the north-western one of four pieces of hall that are open to each other.
-bool BeginsWidePlace(const Places& places, std::size_t place) {
+bool BeginsSquare(const Places& places, std::size_t place) {
     const std::size_t south = places[place].next[South];
     const std::size_t east = places[place].next[East];
     if (south == kNowhere || east == kNowhere) {
@@ -168,7 +168,7 @@ std::uint32_t CountLoops(const Places& places, Groups& chambers) {
     for (std::size_t i = 0; i < places.size(); ++i) {
         parts += joined.IsFirst(i) ? 1U : 0U;
         nodes += chambers.IsFirst(i) ? 1U : 0U;
-        squares += BeginsWidePlace(places, i) ? 1U : 0U;
+        squares += BeginsSquare(places, i) ? 1U : 0U;
     }
     return static_cast<std::uint32_t>(edges + parts - nodes - squares);
 }

@@ -25,7 +25,7 @@ struct LevelShape {
 /// Judges a map by its openings: one can step from a cell to its neighbour where both are open to
 /// each other. A chamber is a group of room cells that hang together without a doorway between;
 /// loops are those of the graph of chambers and pieces of hall. Four pieces of hall in a square
-/// that are all open to each other are a wide place and no loop.
+/// that are all open to each other go around a pillar at most and are no loop.
 LevelShape ShapeOf(const LevelMap& map);
 
 } // namespace Tarnex::Report

@@ -113,7 +113,7 @@ TEST(LevelShapeTest, AHallThatEndsIsADeadEnd) {
     EXPECT_EQ(Shape({"A-", ".."}).deadEnds, 1U);
 }
 
-TEST(LevelShapeTest, ASquareOfHallsIsAWidePlaceAndNoLoop) {
+TEST(LevelShapeTest, ASquareOfHallsIsNoLoopButAWiderRingIs) {
     EXPECT_EQ(Shape({"A++B", ".++."}).loops, 0U);
     EXPECT_EQ(Shape({"A+++B", ".+.+.", ".+++."}).loops, 1U);
 }
