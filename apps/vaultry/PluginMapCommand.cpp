@@ -97,6 +97,9 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     MapFiles files(shared.maps);
     RequireDistinctFiles({path, source.Path(), shared.log, shared.maps.map, shared.maps.html});
     const Report::LoadedPlugin plugin = Report::LoadPlugin(path);
+    if (!plugin.file.complete) {
+        console.Warn('"' + path + "\" cannot be read to its end; \"vaultry inspect\" tells why");
+    }
     const std::vector<const PluginCell*> cells = ChooseCells(options, plugin.file);
     const LibraryLog log(shared.log);
     const ChosenPieces chosen = ChoosePieces(shared.config, cells);

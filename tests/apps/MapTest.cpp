@@ -163,6 +163,14 @@ TEST_F(MapTest, RefusesToDrawWhatIsNotThere) {
     EXPECT_TRUE(Contains(same.err, "\"dungeon.esp\" is named for two files"));
 }
 
+TEST_F(MapTest, SaysThatAPlugInEndsTooEarly) {
+    EXPECT_EQ(Generate({}).status, 0);
+    const std::string whole = Read("dungeon.esp");
+    Write("cut.esp", whole.substr(0, whole.size() - 10));
+    EXPECT_TRUE(
+        Contains(Run({"map", "cut.esp"}).err, "warning: \"cut.esp\" cannot be read to its end"));
+}
+
 TEST_F(MapTest, RefusesScalesAndLooksThatThereAreNot) {
     for (const char* scale : {"0", "0.09", "11", "nan", "2x", "-1", ""}) {
         const Outcome outcome = Run({"map", "--scale", scale});
