@@ -3,7 +3,7 @@
 
 #include "apps/report/Json.h"
 
-#include <vaultry/foundation/CodePage.h>
+#include <vaultry/gen/ReportJson.h>
 
 #include <algorithm>
 #include <bit>
@@ -102,31 +102,6 @@ Json CellsJson(const RunReport& report) {
     return cells;
 }
 
-Json LevelJson(const LevelReport& level) {
-    Json json = {{"level", level.number},
-                 {"name", ToUtf8(level.name)},
-                 {"made", level.made},
-                 {"floor-plans", level.attempts},
-                 {"rooms", level.rooms.size()},
-                 {"reachable-rooms", level.ReachableRooms()},
-                 {"openings-onto-nothing", level.openEnds},
-                 {"linked-to-level-before", level.linked},
-                 {"walkable", level.IsWalkable()}};
-    Json& halls = json["failed-halls"] = Json::array();
-    for (const FailedHall& hall : level.failedHalls) {
-        halls.push_back({{"from", {hall.from.x, hall.from.y}}, {"to", {hall.to.x, hall.to.y}}});
-    }
-    return json;
-}
-
-Json LevelsJson(const GenReport& report) {
-    Json levels = Json::array();
-    for (const LevelReport& level : report.levels) {
-        levels.push_back(LevelJson(level));
-    }
-    return levels;
-}
-
 Json NamesJson(const OfferedList& list) {
     Json names = Json::array();
     for (const OfferedName& offered : list.names) {
@@ -150,7 +125,7 @@ std::string ToJson(const RunReport& report) {
     json["options"] = OptionsJson(report.options);
     json["files"] = FilesJson(report);
     json["cells"] = CellsJson(report);
-    json["levels"] = LevelsJson(report.levels);
+    json["levels"] = Json::parse(LevelsToJson(report.levels));
     if (!report.options.fixed) {
         json["walkable"] = report.levels.IsWalkable();
         json["tries"] = report.tries;

@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/TempDir.h"
+
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/gen/ContainerIds.h>
+#include <vaultry/gen/GenMgr.h>
+#include <vaultry/vaultry.h>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace Tarnex::Test {
+
+namespace {
+
+constexpr const char* kConfig = VAULTRY_SOURCE_DIR "/data/vaultry.xml";
+constexpr const char* kCaves = VAULTRY_SOURCE_DIR "/data/caves.xml";
+
+class CInterfaceTest : public ::testing::Test {
+protected:
+    ~CInterfaceTest() override {
+        vaultry_destroy(generator);
+        Logger::Close();
+        Logger::ResetErrors();
+    }
+
+    void Set(const char* option, const char* value) {
+        ASSERT_EQ(vaultry_set(generator, option, value), VAULTRY_OK) << vaultry_error(generator, 0);
+    }
+
+    // What is said of a wrong value.
+    std::string FaultOf(const char* option, const char* value) {
+        EXPECT_EQ(vaultry_set(generator, option, value), VAULTRY_BAD_ARGUMENT);
+        EXPECT_EQ(vaultry_error_count(generator), 1U);
+        const char* fault = vaultry_error(generator, 0);
+        return fault == nullptr ? "" : fault;
+    }
+
+    std::string Generate() {
+        const std::string file = dir.File("made.esp");
+        EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_OK);
+        return ReadFile(file);
+    }
+
+    TempDir dir;
+    vaultry_generator* generator = vaultry_create();
+};
+
+TEST_F(CInterfaceTest, WritesWhatTheLibraryWrites) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("seed", "7");
+    Set("stamp", "1000");
+    Set("levels", "2");
+    Set("size", "Medium");
+    Set("spacing", "tight");
+    Set("random-tileset", "true");
+    Set("cell", "Keep");
+    const std::string made = Generate();
+
+    GenMgr manager;
+    manager.Init(kConfig);
+    RandomGenInfo random;
+    random.numLevels = 2;
+    random.levelSize = RandomGenInfo::Medium;
+    random.roomSpacing = RandomGenInfo::Tight;
+    random.randomTileSet = true;
+    manager.SetRandomInfo(random);
+    manager.SetNameSingleLevel(true);
+    SetContainerStamp(1000);
+    SeedRandom(7);
+    const std::string file = dir.File("expected.esp");
+    ASSERT_EQ(manager.CreateMod(file.c_str(), "Keep", false), ModResult::Written);
+    EXPECT_EQ(made, ReadFile(file));
+}
+
+TEST_F(CInterfaceTest, SeedAndStampOfARunRepeatIt) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    const std::string first = Generate();
+    Set("seed", std::to_string(vaultry_last_seed(generator)).c_str());
+    Set("stamp", std::to_string(vaultry_last_stamp(generator)).c_str());
+    EXPECT_EQ(Generate(), first);
+}
+
+TEST_F(CInterfaceTest, RunsWithoutASeedDiffer) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    std::set<std::uint32_t> seeds;
+    for (int i = 0; i < 4; ++i) {
+        Generate();
+        seeds.insert(vaultry_last_seed(generator));
+    }
+    EXPECT_GT(seeds.size(), 1U);
+}
+
+TEST_F(CInterfaceTest, ReadsAConfigurationHeldInMemory) {
+    const std::string text = ReadFile(kConfig);
+    ASSERT_EQ(vaultry_init_from_memory(generator, text.data(), text.size(), "memory"), VAULTRY_OK);
+    Set("seed", "7");
+    Set("stamp", "1000");
+    const std::string made = Generate();
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    EXPECT_EQ(Generate(), made);
+}
+
+TEST_F(CInterfaceTest, AnotherConfigurationForgetsTheNames) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("seed", "7");
+    Set("stamp", "1000");
+    const std::string without = Generate();
+    Set("creature-theme", "Undead");
+    EXPECT_NE(Generate(), without);
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    EXPECT_EQ(Generate(), without);
+}
+
+TEST_F(CInterfaceTest, AFileThatIsNotThereIsRefused) {
+    const std::string file = dir.File("none.xml");
+    EXPECT_EQ(vaultry_init(generator, file.c_str()), VAULTRY_REFUSED);
+    ASSERT_EQ(vaultry_error_count(generator), 1U);
+    EXPECT_NE(std::string(vaultry_error(generator, 0)).find("none.xml"), std::string::npos);
+    EXPECT_EQ(vaultry_error(generator, 1), nullptr);
+}
+
+TEST_F(CInterfaceTest, AGeneratorWithoutAConfigurationWritesNothing) {
+    const std::string file = dir.File("made.esp");
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_REFUSED);
+    EXPECT_GT(vaultry_error_count(generator), 0U);
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST_F(CInterfaceTest, AFolderThatIsNotThereIsNotWrittenTo) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    const std::string file = dir.File("none/made.esp");
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_NOT_WRITTEN);
+    ASSERT_EQ(vaultry_error_count(generator), 1U);
+    EXPECT_EQ(vaultry_error(generator, 0), '"' + file + "\" cannot be written");
+}
+
+TEST_F(CInterfaceTest, WrongValuesAreExplained) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    EXPECT_EQ(FaultOf("depth", "1"), "there is no option \"depth\"");
+    EXPECT_EQ(FaultOf("levels", "0"), "levels: \"0\" is not a whole number from 1 to 4294967295");
+    EXPECT_EQ(FaultOf("seed", "-1"), "seed: \"-1\" is not a whole number from 0 to 4294967295");
+    EXPECT_EQ(FaultOf("seed", "7 "), "seed: \"7 \" is not a whole number from 0 to 4294967295");
+    EXPECT_EQ(FaultOf("stamp", "x"),
+              "stamp: \"x\" is not a whole number from 0 to 9007199254740991");
+    EXPECT_EQ(FaultOf("fixed", "yes"), "fixed: \"yes\" is not \"true\" or \"false\"");
+    EXPECT_EQ(FaultOf("size", "Huge"),
+              "size: \"Huge\" is not one of Random, Tiny, Small, Medium, Large");
+    EXPECT_EQ(FaultOf("theme", "Nobody's"),
+              "theme: \"Nobody's\" is not a name of the configuration");
+    EXPECT_EQ(FaultOf("cell", ""), "cell: \"\" is not a text");
+}
+
+TEST_F(CInterfaceTest, NullTextsCountAsEmpty) {
+    EXPECT_EQ(vaultry_init(generator, nullptr), VAULTRY_REFUSED);
+    EXPECT_EQ(vaultry_init_from_memory(generator, nullptr, 9, nullptr), VAULTRY_REFUSED);
+    EXPECT_EQ(FaultOf(nullptr, nullptr), "there is no option \"\"");
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    EXPECT_EQ(vaultry_generate(generator, nullptr), VAULTRY_NOT_WRITTEN);
+    vaultry_destroy(nullptr);
+}
+
+// Every option, with a value that it takes; a name belongs to the configuration read last.
+TEST_F(CInterfaceTest, TakesEveryOptionThatItLists) {
+    const std::map<std::string, std::vector<const char*>> values = {
+        {"cell", {"The Old Keep"}},
+        {"fixed", {"true", "false"}},
+        {"platforms", {"true", "false"}},
+        {"levels", {"1", "3"}},
+        {"min-level", {"0", "2"}},
+        {"max-level", {"0", "9"}},
+        {"size", {"Random", "tiny", "SMALL", "Medium", "Large"}},
+        {"spacing", {"Random", "Tight", "Semi-tight", "Semi-loose", "Loose"}},
+        {"random-tileset", {"true", "false"}},
+        {"random-theme", {"true", "false"}},
+        {"random-creature-theme", {"true", "false"}},
+        {"random-treasure-theme", {"true", "false"}},
+        {"master", {"Other.esm"}},
+        {"master-size", {"0", "4294967295"}},
+        {"seed", {"0", "4294967295"}},
+        {"stamp", {"0", "9007199254740991"}},
+    };
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    for (std::size_t i = 0; vaultry_option(i) != nullptr; ++i) {
+        const auto row = values.find(vaultry_option(i));
+        if (row == values.end()) {
+            FaultOf(vaultry_option(i), "Nobody's");
+            continue;
+        }
+        for (const char* value : row->second) {
+            Set(vaultry_option(i), value);
+        }
+    }
+}
+
+TEST_F(CInterfaceTest, NamesChooseWhatTheyName) {
+    ASSERT_EQ(vaultry_init(generator, kCaves), VAULTRY_OK);
+    Set("cave-tileset", "Mold cave tunnels");
+    Set("seed", "7");
+    Generate();
+    GenMgr manager;
+    manager.Init(kConfig);
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("tileset", manager.GetRoomTileSets().back()->GetName().c_str());
+    Set("template", manager.GetRoomLayouts().back()->GetName().c_str());
+    Set("theme", manager.GetThemes().back()->GetName().c_str());
+    Set("treasure-theme", manager.GetTreasureThemes().back()->GetName().c_str());
+    Set("fixed", "true");
+    Generate();
+    EXPECT_STREQ(vaultry_walkability_json(generator), R"({"walkable":null,"levels":[]})");
+}
+
+TEST_F(CInterfaceTest, TellsHowFarOneCanWalk) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("levels", "2");
+    Set("seed", "7");
+    Generate();
+    const auto json = nlohmann::json::parse(vaultry_walkability_json(generator));
+    EXPECT_TRUE(json.at("walkable").is_boolean());
+    ASSERT_EQ(json.at("levels").size(), 2U);
+    EXPECT_GT(json["levels"][0].at("rooms"), 0);
+    EXPECT_EQ(json["levels"][1].at("level"), 2);
+}
+
+struct Heard {
+    std::set<std::string> texts;
+    std::int32_t last = 0;
+    std::int32_t steps = 0;
+    int answers = 0;
+    int stopAfter = -1;
+};
+
+int Hear(void* context, const char* text, std::int32_t position, std::int32_t steps) {
+    auto& heard = *static_cast<Heard*>(context);
+    heard.texts.insert(text);
+    heard.last = position;
+    heard.steps = steps;
+    return ++heard.answers == heard.stopAfter ? 1 : 0;
+}
+
+TEST_F(CInterfaceTest, ShowsItsProgress) {
+    Heard heard;
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    vaultry_set_progress(generator, Hear, &heard);
+    Set("levels", "3");
+    Generate();
+    EXPECT_TRUE(heard.texts.count("Generating Layouts"));
+    EXPECT_TRUE(heard.texts.count("Adding Content"));
+    EXPECT_EQ(heard.last, 3);
+    EXPECT_EQ(heard.steps, 3);
+    const int answers = heard.answers;
+    vaultry_set_progress(generator, nullptr, nullptr);
+    Generate();
+    EXPECT_EQ(heard.answers, answers);
+}
+
+TEST_F(CInterfaceTest, StopsWhenAskedAndGoesOnTheNextTime) {
+    Heard heard;
+    heard.stopAfter = 2;
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    vaultry_set_progress(generator, Hear, &heard);
+    const std::string file = dir.File("made.esp");
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_CANCELED);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_OK);
+}
+
+TEST_F(CInterfaceTest, TextsAreUtf8) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("cell",
+        "Gr\xC3\xBC"
+        "ft");
+    EXPECT_NE(Generate().find("Gr\xFC"
+                              "ft"),
+              std::string::npos);
+    EXPECT_EQ(FaultOf("theme", "\xC3\xBC"),
+              "theme: \"\xC3\xBC\" is not a name of the configuration");
+}
+
+TEST_F(CInterfaceTest, TellsItsVersion) {
+    EXPECT_NE(std::string(vaultry_version()).find('.'), std::string::npos);
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

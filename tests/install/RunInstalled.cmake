@@ -1,0 +1,51 @@
+# Installs the project into an empty folder and uses it from there as strangers would: a C++ project
+# through find_package, a C program through pkg-config, a Python program through the shared library,
+# and the program itself. Arguments: BUILD, SOURCE, WORK, CXX, CC, LIBDIR, PYTHON, PKG_CONFIG.
+function(run)
+  execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${WORK}
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT status EQUAL 0)
+    list(JOIN ARGN " " call)
+    message(FATAL_ERROR "${call}\nended with ${status}:\n${output}")
+  endif()
+  set(OUTPUT "${output}" PARENT_SCOPE)
+endfunction()
+
+function(require_same a b)
+  run(${CMAKE_COMMAND} -E compare_files ${a} ${b})
+endfunction()
+
+set(PREFIX ${WORK}/prefix)
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX})
+set(CONFIG ${PREFIX}/share/vaultry/vaultry.xml)
+set(LIBRARY_PATH ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${PREFIX}/${LIBDIR})
+
+run(${PREFIX}/bin/vaultry generate --config ${CONFIG} --seed 7 --stamp 1 --size Small
+  --out program.esp)
+
+run(${CMAKE_COMMAND} -S ${SOURCE}/examples/embed -B embed -DCMAKE_CXX_COMPILER=${CXX}
+  -DCMAKE_PREFIX_PATH=${PREFIX})
+run(${CMAKE_COMMAND} --build embed)
+run(embed/embed embedded.esp)
+if(NOT OUTPUT MATCHES "Generating Layouts\n.*step 3 of 3.*level 3: [0-9]+ of [0-9]+ rooms")
+  message(FATAL_ERROR "The embedding program printed:\n${OUTPUT}")
+endif()
+
+set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
+run(${PKG_CONFIG} --define-variable=prefix=${PREFIX} --cflags --libs vaultry)
+separate_arguments(FLAGS UNIX_COMMAND "${OUTPUT}")
+run(${CC} -std=c99 -Wall -Wextra -Wpedantic -Werror ${SOURCE}/examples/c/generate.c
+  ${FLAGS} -o generate)
+run(${LIBRARY_PATH} ./generate ${CONFIG} c.esp 7)
+if(NOT OUTPUT MATCHES "seed 7\n{\"walkable\":(true|false),\"levels\":\\[{\"level\":1,")
+  message(FATAL_ERROR "The C program printed:\n${OUTPUT}")
+endif()
+
+run(${PYTHON} ${SOURCE}/examples/python/generate.py ${PREFIX}/${LIBDIR}/libvaultry.so
+  ${CONFIG} python.esp seed=7 stamp=1 size=Small)
+if(NOT OUTPUT MATCHES "seed 7\nlevel 1: [0-9]+ of [0-9]+ rooms")
+  message(FATAL_ERROR "The Python program printed:\n${OUTPUT}")
+endif()
+require_same(program.esp python.esp)

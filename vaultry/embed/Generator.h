@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// What stands behind the handle of the C interface.
+#pragma once
+
+#include <vaultry/gen/GenMgr.h>
+#include <vaultry/vaultry.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tarnex {
+
+/// Hands the progress of a run to a C function.
+class ProgressCall : public JobStatus {
+public:
+    /// A null function is never called.
+    void SetFunction(vaultry_progress newFunction, void* newContext);
+    /// Before each run of so many steps: what was asked of the last one no longer counts.
+    void Restart(std::uint32_t newSteps);
+
+    bool HasBeenCanceled() const override;
+    void SetPos(std::int32_t position) override;
+    void SetText(const std::string& newText) override;
+    void StepIt() override { SetPos(GetPos() + 1); }
+
+private:
+    void Ask() const;
+
+    vaultry_progress function = nullptr;
+    void* context = nullptr;
+    std::string text; // UTF-8
+    std::int32_t steps = 0;
+    mutable bool canceled = false;
+};
+
+} // namespace Tarnex
+
+/// A generator with what the C interface adds to it. All its text is UTF-8.
+struct vaultry_generator {
+    Tarnex::GenMgr manager;
+    Tarnex::ProgressCall progress;
+    std::string cell = "Vaultry Dungeon";
+    bool fixed = false;
+    std::optional<std::uint32_t> seed; ///< by chance without
+    std::optional<std::int64_t> stamp; ///< likewise
+    std::optional<std::string> master; ///< the game's without
+    std::uint32_t masterSize = 0;      ///< [bytes]; 0: the game's
+    std::uint32_t lastSeed = 0;
+    std::int64_t lastStamp = 0;
+    std::string json;
+    std::vector<std::string> errors;
+};
