@@ -1,25 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Reads any bytes as a plug-in and makes every report of it. For instance:
-//   vaultry_fuzz_plugin_reader -max_len=65536 WORK fuzz/corpus/plugin_reader
+// Reads any bytes as a plug-in and makes every report of it.
 #include "apps/report/DiffReport.h"
 #include "apps/report/InspectReport.h"
 #include "apps/report/PluginChecks.h"
+#include "fuzz/Require.h"
 
 #include <vaultry/output/PluginReader.h>
 
-#include <cstdlib>
+#include <cstdint>
 #include <sstream>
 
 namespace {
 
 using namespace Tarnex;
 
-// What must hold of whatever was read.
-void Require(bool truth) {
-    if (!truth) {
-        std::abort();
-    }
-}
+using Fuzz::Require;
 
 Report::LoadedPlugin Load(std::string_view bytes) {
     return {"fuzz.esp", std::string(bytes), ReadPlugin(bytes)};

@@ -41,12 +41,14 @@ struct LogRow {
     std::string_view attribute;
 };
 
-constexpr std::array<LogRow, 7> kLogRows = {{
+constexpr std::array<LogRow, 9> kLogRows = {{
     {"Unrecognized tag", Weight::Error, "The element is ignored.", {}},
     {"Unusual tile set size", Weight::Warning, "The size is used as it is.", Tile_TsSize},
     {"Unrecognized TileSet Type", Weight::Error, "The tile set is dropped.", Tile_TsType},
     {"Unrecognized Layout Type", Weight::Error, "The layout is dropped.", Attrib_Type},
     {"Layout size too large", Weight::Error, "The layout is refused.", {}},
+    {"Layouts too large together", Weight::Error, "The layout is refused.", {}},
+    {"no more are kept", Weight::Error, "What else is wrong is not told.", {}},
     {"Too many rows/cols", Weight::Error, "The cell is dropped.", {}},
     {"Duplicate tile",
      Weight::Warning,

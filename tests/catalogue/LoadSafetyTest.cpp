@@ -248,6 +248,75 @@ TEST_F(LoadSafetyTest, OneCharacterMoreIsFatal) {
     EXPECT_EQ(config.contentMgr->GetRugs().size(), 1U);
 }
 
+TEST_F(LoadSafetyTest, AHundredThousandNestedLayoutsAreFatal) {
+    Load("<Rug/>" + Repeat("<Layout Width='1' Height='1'>", 100'000) +
+         Repeat("</Layout>", 100'000));
+    EXPECT_EQ(ErrorLines().size(), 1U);
+    EXPECT_NE(FatalLine().find("elements are nested more than 256 deep"), std::string::npos)
+        << FatalLine();
+    EXPECT_EQ(config.contentMgr->GetRugs().size(), 1U);
+    EXPECT_TRUE(config.roomLayouts.empty());
+}
+
+TEST_F(LoadSafetyTest, LayoutsAreLimitedTogether) {
+    Load(Repeat("<Layout LayoutName='L' Type='Room' Width='1024' Height='1024'/>", 16) +
+         "<Layout Type='Room' Width='0'/>");
+    EXPECT_EQ(config.roomLayouts.size(), 17U);
+    EXPECT_TRUE(LogLines().empty());
+
+    Load(Repeat("<Layout LayoutName='L' Type='Room' Width='1024' Height='1024'/>", 300));
+    EXPECT_EQ(config.roomLayouts.size(), 16U);
+    EXPECT_EQ(ErrorLines().size(), 284U);
+    EXPECT_EQ(ErrorLines().front(),
+              "Error : XML Parser : Layouts too large together (H=1024, W=1024) for Layout set "
+              "'L'.  Max = 16777216 cells in all.");
+}
+
+TEST_F(LoadSafetyTest, TwoMillionElementsAreRead) {
+    Load("<Rug/>" + Repeat("<OstrelData/>", 1'999'997) + "<Rug/>");
+    EXPECT_EQ(config.contentMgr->GetRugs().size(), 2U);
+    EXPECT_TRUE(LogLines().empty());
+}
+
+TEST_F(LoadSafetyTest, OneElementMoreIsFatal) {
+    Load("<Rug/>" + Repeat("<OstrelData/>", 1'999'998) + "<Rug/>");
+    EXPECT_EQ(config.contentMgr->GetRugs().size(), 1U);
+    EXPECT_NE(FatalLine().find("the document has more than 2000000 elements"), std::string::npos)
+        << FatalLine();
+}
+
+TEST_F(LoadSafetyTest, NamesInListsAreLimited) {
+    const std::string million = Repeat("a,", 1'000'000);
+    const std::string layout = "<Layout Type='Room'><Row><Col>";
+    Load(layout + million + "</Col><Col>" + million + "</Col></Row></Layout><Rug/>");
+    EXPECT_EQ(config.contentMgr->GetRugs().size(), 1U);
+    EXPECT_TRUE(LogLines().empty());
+
+    Load(layout + million + "</Col></Row></Layout><Theme><ThemeItem UniqueName='" + million +
+         "'/><ThemeItem UniqueName='b'/></Theme><Rug/>");
+    EXPECT_TRUE(config.contentMgr->GetRugs().empty());
+    EXPECT_NE(FatalLine().find("the lists hold more than 2000000 names"), std::string::npos)
+        << FatalLine();
+}
+
+TEST_F(LoadSafetyTest, NamesOfAMegabyteAreRead) {
+    const std::string name(1'000'000, 'n');
+    Load("<TileSet TsType='Room' TsName='" + name + "'><Center>" + name +
+         "</Center></TileSet><Rug UniqueName='" + name + "'/><" + name + "/>");
+    EXPECT_EQ(TileId("Center"), name);
+    EXPECT_EQ(config.contentMgr->GetRugs().front()->uniqueName, name);
+    ASSERT_EQ(ErrorLines().size(), 1U);
+    EXPECT_LT(ErrorLines().front().size(), 5000U);
+}
+
+TEST_F(LoadSafetyTest, ErrorsBeyondCountAreLeftOut) {
+    Load(Repeat("<a/>", 100'100));
+    ASSERT_EQ(ErrorLines().size(), 100'001U);
+    EXPECT_EQ(ErrorLines()[99'999], "Error : XML Parser : Unrecognized tag in XML:  'a'");
+    EXPECT_EQ(ErrorLines().back(),
+              "Error : Logger : There are more than 100000 errors; no more are kept.");
+}
+
 // Each element is given the value by the document type, for the length of its tag.
 TEST_F(LoadSafetyTest, AttributesHoldAsMuchAsTextDoes) {
     const std::string subset = "<!ATTLIST Rug Note CDATA '" + std::string(1'000'000, 'x') + "'>";

@@ -58,6 +58,7 @@ void ConfigLoader::startElement(const XMLCh* const /*uri*/,
                                 const XMLCh* const qname,
                                 const xercesc::Attributes& attrs) {
     LimitDepth();
+    LimitElements();
     LimitAttributes(attrs);
     StartTag(Narrow(qname), attrs);
 }
@@ -148,6 +149,7 @@ void ConfigLoader::characters(const XMLCh* const chars, const XMLSize_t length) 
     if (!curCol) {
         return;
     }
+    LimitNames({chars, length});
     std::string text;
     NarrowInto(text, {chars, length});
     for (const std::string_view name : SplitList(text)) {
@@ -176,18 +178,9 @@ void ConfigLoader::OnStartPlatformTile(const std::string& tag, const Attributes&
 // A refused layout leaves everything as it was: its cells then belong to whatever layout is open
 // around it.
 void ConfigLoader::OnStartLayout(const Attributes& attrs) {
-    constexpr auto kMax = static_cast<std::uint32_t>(LayoutTemplate::kMaxSize);
     LayoutHead head;
     ApplyAttributes(attrs, head);
-    const bool tooLarge = static_cast<std::uint32_t>(head.height) > kMax ||
-                          static_cast<std::uint32_t>(head.width) > kMax;
-    if (tooLarge) {
-        Logger::WriteError(kLogSource,
-                           "Layout size too large (H=%d, W=%d) for Layout set '%s'.  Max = %d.",
-                           head.height,
-                           head.width,
-                           head.name.c_str(),
-                           LayoutTemplate::kMaxSize);
+    if (IsTooLarge(head)) {
         return;
     }
     curLayout = MakeDi<LayoutTemplate>(DiPos(head.width, head.height, 0));
@@ -196,6 +189,35 @@ void ConfigLoader::OnStartLayout(const Attributes& attrs) {
     curLayout->SetType(head.type.c_str());
     layoutStack.push(curLayout);
     ResetGridPlace();
+}
+
+// A layout that is too large, or that makes all of them too large together, is logged.
+bool ConfigLoader::IsTooLarge(const LayoutHead& head) {
+    constexpr auto kMax = static_cast<std::uint32_t>(LayoutTemplate::kMaxSize);
+    const auto height = static_cast<std::uint32_t>(head.height);
+    const auto width = static_cast<std::uint32_t>(head.width);
+    if (height > kMax || width > kMax) {
+        Logger::WriteError(kLogSource,
+                           "Layout size too large (H=%d, W=%d) for Layout set '%s'.  Max = %d.",
+                           head.height,
+                           head.width,
+                           head.name.c_str(),
+                           LayoutTemplate::kMaxSize);
+        return true;
+    }
+    const std::uint64_t cells = std::uint64_t{height} * width;
+    if (cells > kMaxLayoutCells - layoutCells) {
+        Logger::WriteError(kLogSource,
+                           "Layouts too large together (H=%d, W=%d) for Layout set '%s'.  "
+                           "Max = %d cells in all.",
+                           head.height,
+                           head.width,
+                           head.name.c_str(),
+                           static_cast<int>(kMaxLayoutCells));
+        return true;
+    }
+    layoutCells += cells;
+    return false;
 }
 
 void ConfigLoader::OnStartCol() {
@@ -215,6 +237,11 @@ void ConfigLoader::OnStartTreasureTheme(const Attributes& attrs) {
 }
 
 void ConfigLoader::OnStartThemeItem(const Attributes& attrs) {
+    for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
+        if (EqualsNoCase(Narrow(attrs.getQName(i)), Attrib_UniqueName)) {
+            LimitNames(attrs.getValue(i));
+        }
+    }
     OpenTheme()->items.push_back(MakeFrom<ThemeItem>(attrs));
 }
 
@@ -346,6 +373,26 @@ void ConfigLoader::ResetGridPlace() {
 void ConfigLoader::LimitDepth() {
     if (++depth > kMaxDepth) {
         StopAtLimit("elements are nested more than " + std::to_string(kMaxDepth) + " deep");
+    }
+}
+
+void ConfigLoader::LimitElements() {
+    if (++elements > kMaxElements) {
+        StopAtLimit("the document has more than " + std::to_string(kMaxElements) + " elements");
+    }
+}
+
+// Counted before the names are made: each takes more memory than its letters.
+void ConfigLoader::LimitNames(std::u16string_view list) {
+    bool separated = true;
+    for (const char16_t c : list) {
+        const bool separates =
+            c < 0x80 && kListSeparators.find(static_cast<char>(c)) != std::string_view::npos;
+        names += separated && !separates ? 1U : 0U;
+        separated = separates;
+    }
+    if (names > kMaxNames) {
+        StopAtLimit("the lists hold more than " + std::to_string(kMaxNames) + " names");
     }
 }
 

@@ -14,6 +14,8 @@
 
 namespace Tarnex {
 
+struct LayoutHead;
+
 /// Serves one parse. Each start tag creates or fills one object under construction, each matching
 /// end tag files it in the store. Elements are recognised by name alone, wherever they stand; names
 /// and keywords compare without regard to case. Nothing is fatal to the load but what is fatal to
@@ -22,6 +24,12 @@ class ConfigLoader : public xercesc::DefaultHandler {
 public:
     /// The most text that a document may hold, and the most in its attributes. [UTF-16 units]
     static constexpr std::uint64_t kMaxText = 64'000'000;
+
+    /// The most elements that a document may have, and the most names in its lists.
+    static constexpr std::uint64_t kMaxElements = 2'000'000;
+    static constexpr std::uint64_t kMaxNames = 2'000'000;
+    /// The most cells that all its layouts may have together.
+    static constexpr std::uint64_t kMaxLayoutCells = 16 * 1024 * 1024;
 
     /// The store is filled, not owned.
     explicit ConfigLoader(ConfigMgr& config);
@@ -75,7 +83,10 @@ private:
     Theme* OpenTheme() const;
     void FileLayout();
     void ResetGridPlace();
+    bool IsTooLarge(const LayoutHead& head);
     void LimitDepth();
+    void LimitElements();
+    void LimitNames(std::u16string_view list);
     void LimitAttributes(const Attributes& attrs);
     void LimitText(XMLSize_t length);
     [[noreturn]] void StopAtLimit(const std::string& message) const;
@@ -85,6 +96,9 @@ private:
     std::uint32_t depth = 0;
     std::uint64_t textLength = 0;
     std::uint64_t attributeLength = 0;
+    std::uint64_t elements = 0;
+    std::uint64_t names = 0;
+    std::uint64_t layoutCells = 0;
     std::uint32_t row = 0; // of the next cell of the current layout
     std::uint32_t col = 0;
     std::stack<DiPtr<LayoutTemplate>> layoutStack; // the open layouts, innermost on top

@@ -85,8 +85,16 @@ void Logger::WriteError(const char* source, const char* format, ...) {
     va_start(args, format);
     std::string line = MakeLine("Error", source, format, args);
     va_end(args);
+    std::vector<std::string>& errors = State().errors;
+    if (errors.size() > kMaxErrors) {
+        return;
+    }
+    if (errors.size() == kMaxErrors) {
+        line = "Error : Logger : There are more than " + std::to_string(kMaxErrors) +
+               " errors; no more are kept.";
+    }
     WriteLine(line);
-    State().errors.push_back(std::move(line));
+    errors.push_back(std::move(line));
 }
 
 const std::vector<std::string>& Logger::GetErrors() {

@@ -40,6 +40,9 @@ public:
     static void DebugError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
 
     /// Writes "Error : source : message" and appends the line to the error list.
+    /// No more errors than these are kept and written; one more line says that there are more.
+    static constexpr std::size_t kMaxErrors = 100'000;
+
     static void WriteError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
 
     /// The error lines since the start or the last ResetErrors, in order.
