@@ -37,6 +37,8 @@ constexpr std::array<const char*, 12> kStrangeNumbers = {"-2",
                                                          "",
                                                          "12abc"};
 
+constexpr std::array<const char*, 8> kPlaces = {"0", "1", "2", "3", "5", "-1", "-3", "0.5"};
+
 // The pieces from which all kinds of tile follow.
 constexpr std::array<const char*, 16> kPieces = {
     "CornerNW",
@@ -168,7 +170,9 @@ private:
         const int height = data.ConsumeIntegralInRange(0, 7);
         Attribute("Width", std::to_string(width));
         Attribute("Height", std::to_string(height));
-        Numbers({"OffsetX", "OffsetY", "OffsetZ"});
+        for (const char* name : {"OffsetX", "OffsetY", "OffsetZ"}) {
+            Attribute(name, data.ConsumeBool() ? Pick(kPlaces) : AnyNumber());
+        }
         text += ">\n";
         for (int row = 0; row < height; ++row) {
             text += "<Row>";

@@ -91,7 +91,7 @@ TEST_F(LimitsTest, ALevelThatWouldNotFitIntoMemoryIsGivenUp) {
     const Lines errors = ErrorLines();
     ASSERT_EQ(errors.size(), 4U);
     EXPECT_TRUE(errors[0].starts_with("Error : Generator : Level too large (H="));
-    EXPECT_TRUE(errors[0].ends_with(").  Max = 16000000 cells."));
+    EXPECT_TRUE(errors[0].ends_with(").  Max = 1000000 cells."));
     EXPECT_EQ(errors[3],
               "Error : Generator : Internal:  Giving up.  Failed to connect rooms in layout.");
     EXPECT_TRUE(info.mod.GetCells().empty());

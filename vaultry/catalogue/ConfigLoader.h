@@ -29,7 +29,7 @@ public:
     static constexpr std::uint64_t kMaxElements = 2'000'000;
     static constexpr std::uint64_t kMaxNames = 2'000'000;
     /// The most cells that all its layouts may have together.
-    static constexpr std::uint64_t kMaxLayoutCells = 16 * 1024 * 1024;
+    static constexpr std::uint64_t kMaxLayoutCells = 16'777'216;
 
     /// The store is filled, not owned.
     explicit ConfigLoader(ConfigMgr& config);

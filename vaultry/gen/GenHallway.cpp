@@ -161,12 +161,18 @@ bool GenHallway::ConnectRooms(const DiPtr<Layout>& from, const DiPtr<Layout>& to
     return true;
 }
 
+// Goes through the whole level.
+void GenHallway::StepBack() {
+    info.meter.Step(std::int64_t{main.GetWidth()} * main.GetHeight());
+    journal.Rollback();
+}
+
 void GenHallway::SeekDetour(Walk& walk) {
     if (++walk.stuck >= kMaxDetours) {
         return;
     }
     if (!insideRoom) {
-        journal.Rollback();
+        StepBack();
         Prep();
     }
     const double draw = RandomUnit();
@@ -186,7 +192,7 @@ void GenHallway::PassRoom(Walk& walk) {
 
 // A run that took too many steps starts again from the other end; false after the last run.
 bool GenHallway::TurnBack(Walk& walk) {
-    journal.Rollback();
+    StepBack();
     if (walk.reversals >= kMaxReversals) {
         Logger::DebugError(
             S_LogSrc,

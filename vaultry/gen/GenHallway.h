@@ -69,6 +69,7 @@ protected:
 
 private:
     struct Walk;
+    void StepBack();
     void SeekDetour(Walk& walk);
     void PassRoom(Walk& walk);
     bool TurnBack(Walk& walk);

@@ -18,8 +18,8 @@ inline constexpr std::int64_t kMaxFloorPieces = 10'000;
 /// Floor pieces of all platforms in one cell.
 inline constexpr std::int64_t kMaxPlatformPieces = 1'000'000;
 
-/// Cells of one random level.
-inline constexpr std::int64_t kMaxLevelCells = 16'000'000;
+/// Cells of one random level. A hall that fails goes through all of them.
+inline constexpr std::int64_t kMaxLevelCells = 1'000'000;
 
 /// Levels of one run.
 inline constexpr std::uint32_t kMaxLevels = 1000;
