@@ -2,6 +2,7 @@
 #include "apps/vaultry/Arguments.h"
 
 #include "apps/report/DungeonFacts.h"
+#include "apps/vaultry/CommandHelp.h"
 #include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
@@ -10,6 +11,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <limits>
 #include <type_traits>
@@ -88,6 +90,19 @@ constexpr const char* kCheckExample =
     "  vaultry check my.xml\n"
     "  vaultry check my.xml --json | jq -r '.findings[].message'\n"
     "  vaultry check builtin:caves";
+
+constexpr const char* kManualExample = "Example:\n"
+                                       "  vaultry manual | man -l -";
+constexpr const char* kCompletionExample =
+    "Example:\n"
+    "  vaultry completion bash > ~/.local/share/bash-completion/completions/vaultry";
+
+struct Shell {
+    const char* name;
+    std::string (*completion)(const CommandHelp& help);
+};
+
+constexpr std::array<Shell, 2> kShells = {{{"bash", BashCompletion}, {"zsh", ZshCompletion}}};
 
 // In the order of Report::MapLook.
 const std::vector<std::string> kLooks = {"Auto", "Light", "Dark"};
@@ -371,6 +386,7 @@ struct Verbs {
     InspectOptions inspect;
     DiffOptions diff;
     CheckOptions check;
+    std::string shell;
 
     void Declare(CLI::App& app) {
         CLI::App& make =
@@ -413,6 +429,11 @@ struct Verbs {
         AddText(judge, "config", check.config, "CONFIG", "A file, builtin or builtin:NAME")
             ->required();
         judge.add_flag("--json", check.json, "As JSON");
+
+        AddVerb(app, "manual", "Prints the manual page", kManualExample);
+        CLI::App& complete = AddVerb(
+            app, "completion", "Prints what a shell completes arguments by", kCompletionExample);
+        AddText(complete, "shell", shell, "SHELL", "bash or zsh")->required();
     }
 
     void DeclareMap(CLI::App& app) {
@@ -449,6 +470,57 @@ std::string WrongCount(const CLI::ArgumentMismatch& e) {
     return text.substr(0, text.find(':')) + (missing ? ": a value is missing" : ": given twice");
 }
 
+// The words that an option offers stand behind the colon of its help.
+std::vector<std::string> WordsOf(const OptionHelp& option) {
+    std::vector<std::string> words;
+    if (option.value != "WORD") {
+        return words;
+    }
+    std::size_t begin = option.text.find(": ");
+    while (begin != std::string::npos) {
+        begin += 2;
+        const std::size_t end = option.text.find(", ", begin);
+        words.push_back(option.text.substr(begin, end - begin));
+        begin = end;
+    }
+    return words;
+}
+
+OptionHelp Describe(const CLI::Option& option) {
+    OptionHelp help;
+    for (const std::string& name : option.get_snames()) {
+        help.names.push_back("-" + name);
+    }
+    for (const std::string& name : option.get_lnames()) {
+        help.names.push_back("--" + name);
+    }
+    help.value = option.get_items_expected_max() > 0 ? option.get_type_name() : "";
+    help.text = option.get_description();
+    help.words = WordsOf(help);
+    return help;
+}
+
+CommandHelp Describe(const CLI::App& app) {
+    CommandHelp help{app.get_description() + "\n\n" + app.get_footer(), {}};
+    for (const CLI::App* verb : app.get_subcommands({})) {
+        VerbHelp& entry = help.verbs.emplace_back();
+        entry = {verb->get_name(), verb->get_description(), verb->get_footer(), {}};
+        for (const CLI::Option* option : verb->get_options()) {
+            entry.options.push_back(Describe(*option));
+        }
+    }
+    return help;
+}
+
+PrintText CompletionFor(const std::string& shell, const CLI::App& app) {
+    for (const Shell& known : kShells) {
+        if (known.name == shell) {
+            return {known.completion(Describe(app))};
+        }
+    }
+    throw UsageError("completion: \"" + shell + "\" is none of bash, zsh");
+}
+
 Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
     Verbs verbs;
     verbs.Declare(app);
@@ -477,6 +549,12 @@ Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
     }
     if (app.got_subcommand("check")) {
         return std::move(verbs.check);
+    }
+    if (app.got_subcommand("manual")) {
+        return PrintText{ManualPage(Describe(app))};
+    }
+    if (app.got_subcommand("completion")) {
+        return CompletionFor(verbs.shell, app);
     }
     return NoVerb{app.help()};
 }

@@ -12,10 +12,6 @@ namespace {
 
 using CommandLineTest = ProgramTest;
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 TEST_F(CommandLineTest, NamesItsVersion) {
     const Outcome outcome = Run({"--version"});
     EXPECT_EQ(outcome.status, 0);

@@ -14,10 +14,6 @@ using Json = nlohmann::json;
 using Lines = std::vector<std::string>;
 using GenerateTest = ProgramTest;
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 TEST_F(GenerateTest, WritesDungeonEspWithOneCellByDefault) {
     const Outcome outcome = Generate({});
     EXPECT_EQ(outcome.status, 0);

@@ -8,10 +8,6 @@ namespace Tarnex::Test {
 
 namespace {
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 // What the script appended to a page under test tells: whether a layer's groups are shown before
 // and after its box is ticked off, and how many files the page asked for.
 constexpr const char* kProbe = R"(<script>

@@ -13,10 +13,6 @@ namespace {
 using Lines = std::vector<std::string>;
 using MapTest = ProgramTest;
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 TEST_F(MapTest, PrintsEveryLevelAndWritesNothing) {
     const Outcome outcome = Run({"map", "--seed", "7", "--levels", "2", "--size", "small"});
     EXPECT_EQ(outcome.status, 0);

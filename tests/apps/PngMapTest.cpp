@@ -10,10 +10,6 @@ namespace Tarnex::Test {
 
 namespace {
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 // The number behind ` name="` where it first occurs.
 unsigned Attribute(const std::string& svg, const std::string& name) {
     return static_cast<unsigned>(

@@ -20,6 +20,10 @@ struct Outcome {
     std::vector<std::string> ErrLines() const;
 };
 
+inline bool Contains(const std::string& text, std::string_view part) {
+    return text.find(part) != std::string::npos;
+}
+
 /// An empty folder to run the program in, and a vocabulary for what it leaves there.
 class ProgramTest : public ::testing::Test {
 private:

@@ -20,10 +20,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 // A search of all seeds there are, which comes to no end by itself.
 class EndlessSearchTest : public ProgramTest {
 protected:

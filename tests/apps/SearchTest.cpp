@@ -20,10 +20,6 @@ namespace {
 using Json = nlohmann::json;
 using Lines = std::vector<std::string>;
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 Lines LinesOf(const std::string& text) {
     std::istringstream stream(text);
     Lines lines;

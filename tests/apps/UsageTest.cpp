@@ -10,10 +10,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 class UsageTest : public ProgramTest {
 protected:
     // Expects one line of the program's own with `part` in it, and no file that was not there.

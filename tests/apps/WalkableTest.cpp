@@ -42,10 +42,6 @@ protected:
     }
 };
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 TEST_F(WalkableTest, EachLevelHasALine) {
     const Outcome outcome =
         Run({"generate", "--seed", "3", "--levels", "2", "--size", "tiny", "--spacing", "tight"});

@@ -22,6 +22,12 @@ run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX})
 set(CONFIG ${PREFIX}/share/vaultry/vaultry.xml)
 set(LIBRARY_PATH ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${PREFIX}/${LIBDIR})
 
+foreach(file man/man1/vaultry.1 bash-completion/completions/vaultry zsh/site-functions/_vaultry)
+  if(NOT EXISTS ${PREFIX}/share/${file})
+    message(FATAL_ERROR "share/${file} is not installed")
+  endif()
+endforeach()
+
 run(${PREFIX}/bin/vaultry generate --config ${CONFIG} --seed 7 --stamp 1 --size Small
   --out program.esp)
 

@@ -12,10 +12,6 @@ namespace Tarnex::Test {
 
 using Lines = std::vector<std::string>;
 
-inline bool Contains(const std::string& text, std::string_view part) {
-    return text.find(part) != std::string::npos;
-}
-
 /// A folder with an old plug-in "dungeon.esp", and runs that would replace it.
 class FaultTest : public ProgramTest {
 protected:
