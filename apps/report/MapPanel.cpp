@@ -97,37 +97,65 @@ bool IsRoomLike(const MapCell& cell) {
     return cell.tile == MapTile::Room || cell.tile == MapTile::Stairs;
 }
 
-std::string Rooms(const LevelMap& map) {
-    PathData floor;
+// Walls are drawn over every floor, of whatever colour.
+std::string RoomWalls(const LevelMap& map) {
     PathData walls;
     PathData steps;
     ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
         if (!IsRoomLike(cell)) {
             return;
         }
-        floor.Add(at, kWholeFloor);
         walls.Add(at, kWalls, static_cast<SideBits>(~cell.open & ~cell.doorway & kAllSides));
         walls.Add(at, kDoorwayWalls, cell.doorway);
         if (cell.tile == MapTile::Stairs) {
             steps.Add(at, (cell.open & SideBit(DirN)) != 0 ? kStepsNS : kStepsEW);
         }
     });
-    return SvgPath("floor", floor.Text()) + SvgPath("step", steps.Text()) +
-           SvgPath("wall", walls.Text());
+    return SvgPath("step", steps.Text()) + SvgPath("wall", walls.Text());
 }
 
-std::string Halls(const LevelMap& map) {
-    PathData floor;
+std::string HallWalls(const LevelMap& map) {
     PathData walls;
     ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
         if (cell.tile == MapTile::Hall) {
-            floor.Add(at, kHallMiddle);
-            floor.Add(at, kHallFloors, cell.open);
             walls.Add(at, kHallOpen, cell.open);
             walls.Add(at, kHallClosed, static_cast<SideBits>(~cell.open & kAllSides));
         }
     });
-    return SvgPath("hallfloor", floor.Text()) + SvgPath("wall", walls.Text());
+    return SvgPath("wall", walls.Text());
+}
+
+void AddFloor(PathData& floor, const DiPos& at, const MapCell& cell) {
+    if (IsRoomLike(cell)) {
+        floor.Add(at, kWholeFloor);
+    } else if (cell.tile == MapTile::Hall) {
+        floor.Add(at, kHallMiddle);
+        floor.Add(at, kHallFloors, cell.open);
+    }
+}
+
+// The floors of the cells that are chosen.
+template <typename Chosen>
+std::string Floors(const LevelMap& map, std::string_view type, const Chosen& chosen) {
+    PathData floor;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        if (chosen(cell)) {
+            AddFloor(floor, at, cell);
+        }
+    });
+    return SvgPath(type, floor.Text());
+}
+
+std::string RoomFloors(const LevelMap& map) {
+    return Floors(map, "floor", IsRoomLike);
+}
+
+std::string HallFloors(const LevelMap& map) {
+    return Floors(map, "hallfloor", [](const MapCell& cell) { return cell.tile == MapTile::Hall; });
+}
+
+std::string CutFloors(const LevelMap& map) {
+    return Floors(map, "cut", [&map](const MapCell& cell) { return !map.IsReachable(cell); });
 }
 
 // Floors of another colour lie on the rooms' own and below the walls.
@@ -139,16 +167,6 @@ std::string Platforms(const LevelMap& map) {
         }
     });
     return SvgPath("raised", floor.Text());
-}
-
-std::string CutFloors(const LevelMap& map) {
-    PathData floor;
-    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
-        if (cell.tile != MapTile::Empty && !map.IsReachable(cell)) {
-            floor.Add(at, {1.2, 1.2, "h21.6v21.6h-21.6z"});
-        }
-    });
-    return SvgPath("cut", floor.Text());
 }
 
 std::string LooseEnds(const LevelMap& map) {
@@ -301,10 +319,11 @@ std::string NorthArrow(double x, double y) {
 }
 
 std::string MapDrawing(const LevelMap& map) {
-    return Layer("grid", Grid(map)) + Layer("halls", Halls(map)) + Layer("rooms", Rooms(map)) +
-           Layer("platforms", Platforms(map)) + Layer("warnings", CutFloors(map)) +
-           Layer("numbers", Numbers(map)) + Layer("warnings", LooseEnds(map)) + AllMarks(map) +
-           Layer("doors", Doors(map)) + Hits(map) + Scale(map);
+    return Layer("grid", Grid(map)) + Layer("halls", HallFloors(map)) +
+           Layer("rooms", RoomFloors(map)) + Layer("warnings", CutFloors(map)) +
+           Layer("platforms", Platforms(map)) + Layer("halls", HallWalls(map)) +
+           Layer("rooms", RoomWalls(map)) + Layer("numbers", Numbers(map)) + AllMarks(map) +
+           Layer("warnings", LooseEnds(map)) + Layer("doors", Doors(map)) + Hits(map) + Scale(map);
 }
 
 std::string MapPanel(const LevelMap& map) {

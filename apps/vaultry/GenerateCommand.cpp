@@ -100,7 +100,8 @@ private:
             return result;
         }
         AddTreasure(maps.Maps(), manager.mod);
-        if (!mapFiles.Write(maps.Maps(), CaptionOf(options))) {
+        report.unwritten = mapFiles.Write(maps.Maps(), CaptionOf(options));
+        if (report.unwritten) {
             return RunResult::NotWritten;
         }
         const ModResult written = manager.WriteMod(output.TemporaryPath().c_str());

@@ -28,19 +28,26 @@ std::string ShellWord(const std::string& text) {
 // Appends what differs from the default.
 class Words {
 public:
-    explicit Words(std::string start) : text(std::move(start)) {}
+    explicit Words(std::string start = {}) : text(std::move(start)) {}
 
     const std::string& Text() const { return text; }
 
+    void Add(const std::string& word) {
+        if (!word.empty()) {
+            text += (text.empty() ? "" : " ") + word;
+        }
+    }
+
     void Flag(const char* option, bool given) {
         if (given) {
-            text += ' ' + std::string(option);
+            Add(option);
         }
     }
 
     void Name(const char* option, const std::optional<std::string>& name) {
         if (name) {
-            text += ' ' + std::string(option) + ' ' + ShellWord(*name);
+            Add(option);
+            Add(ShellWord(*name));
         }
     }
 
@@ -53,7 +60,8 @@ public:
     template <typename Number>
     void Count(const char* option, const std::optional<Number>& number) {
         if (number) {
-            text += ' ' + std::string(option) + ' ' + std::to_string(*number);
+            Add(option);
+            Add(std::to_string(*number));
         }
     }
 
@@ -89,11 +97,8 @@ void AddRandom(Words& words, const RandomGenInfo& random) {
 
 } // namespace
 
-std::string GenerateCommandLine(const GenerateOptions& options, std::uint32_t seed) {
-    const GenerateOptions usual;
-    Words words("vaultry generate --seed " + std::to_string(seed));
-    words.Name("--config", options.config, usual.config);
-    words.Name("--cell", options.cell, usual.cell);
+std::string LevelWords(const GenerateOptions& options) {
+    Words words;
     words.Flag("--fixed", options.fixed);
     words.Name("--tileset", options.tileSet);
     words.Name("--cave-tileset", options.caveTileSet);
@@ -104,6 +109,15 @@ std::string GenerateCommandLine(const GenerateOptions& options, std::uint32_t se
     words.Name("--treasure-theme", options.treasureTheme);
     AddRandom(words, options.random);
     words.Flag("--platforms", options.platforms);
+    return words.Text();
+}
+
+std::string GenerateCommandLine(const GenerateOptions& options, std::uint32_t seed) {
+    const GenerateOptions usual;
+    Words words("vaultry generate --seed " + std::to_string(seed));
+    words.Name("--config", options.config, usual.config);
+    words.Name("--cell", options.cell, usual.cell);
+    words.Add(LevelWords(options));
     words.Name("--master", options.master);
     words.Count("--master-size", options.masterSize);
     words.Count("--stamp", options.stamp);

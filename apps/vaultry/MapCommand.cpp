@@ -6,6 +6,7 @@
 #include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/ConsoleStatus.h"
+#include "apps/vaultry/GenerateWords.h"
 #include "apps/vaultry/JsonReport.h"
 #include "apps/vaultry/LevelLines.h"
 #include "apps/vaultry/LibraryLog.h"
@@ -14,38 +15,9 @@
 #include "apps/vaultry/RunSetup.h"
 #include "apps/vaultry/WalkableSearch.h"
 
-#include <vaultry/gen/RandomGenInfo.h>
-
 namespace Tarnex::Cli {
 
 namespace {
-
-// The options that shape the levels, as they are typed.
-std::string OptionWords(const GenerateOptions& options) {
-    std::string text;
-    const auto add = [&text](const char* name, const std::optional<std::string>& value) {
-        if (value) {
-            text += (text.empty() ? "" : " ") + std::string(name) + " \"" + *value + '"';
-        }
-    };
-    const RandomGenInfo& random = options.random;
-    if (options.fixed) {
-        text = options.platforms ? "--fixed --platforms" : "--fixed";
-    } else {
-        text = "--levels " + std::to_string(random.numLevels) + " --size " +
-               RandomGenInfo::GetLevelSizeStrings()[static_cast<std::size_t>(random.levelSize)] +
-               " --spacing " +
-               RandomGenInfo::GetRoomSpacingStrings()[static_cast<std::size_t>(random.roomSpacing)];
-    }
-    add("--tileset", options.tileSet);
-    add("--cave-tileset", options.caveTileSet);
-    add("--template", options.layout);
-    add("--cave-template", options.caveLayout);
-    add("--theme", options.theme);
-    add("--creature-theme", options.creatureTheme);
-    add("--treasure-theme", options.treasureTheme);
-    return text;
-}
 
 ExitStatus StatusOf(RunResult result) {
     switch (result) {
@@ -77,7 +49,8 @@ RunResult Generate(GenMgr& manager,
 
 // The maps take their places, or the terminal.
 void Show(RunReport& report, MapFiles& files, Report::MapCollector& maps, const Console& console) {
-    if (!files.Write(maps.Maps(), CaptionOf(report.options))) {
+    report.unwritten = files.Write(maps.Maps(), CaptionOf(report.options));
+    if (report.unwritten) {
         report.result = RunResult::NotWritten;
         return;
     }
@@ -130,7 +103,7 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
 }
 
 Report::MapCaption CaptionOf(const GenerateOptions& options) {
-    return {options.seed.value_or(0), OptionWords(options), options.config};
+    return {options.seed.value_or(0), LevelWords(options), options.config};
 }
 
 void PrintMaps(const std::vector<Report::LevelMap>& maps, const Console& console) {

@@ -43,16 +43,17 @@ MapFiles::MapFiles(const MapFileOptions& options) : settings{options.look, optio
     }
 }
 
-bool MapFiles::Write(const std::vector<Report::LevelMap>& maps, const Report::MapCaption& caption) {
+std::optional<std::string> MapFiles::Write(const std::vector<Report::LevelMap>& maps,
+                                           const Report::MapCaption& caption) {
     for (const File& file : files) {
         std::ofstream stream(PathFromUtf8(file.output.TemporaryPath()), std::ios::binary);
         Report::WriteMaps(maps, caption, file.format, settings, stream);
         stream.close();
         if (!stream) {
-            return false;
+            return file.path;
         }
     }
-    return true;
+    return std::nullopt;
 }
 
 std::vector<WrittenFile> MapFiles::Commit() {

@@ -8,6 +8,7 @@
 #include "apps/vaultry/OutputFile.h"
 
 #include <list>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,9 +27,10 @@ public:
 
     bool AreWanted() const { return !files.empty(); }
 
-    /// Draws into the temporary files; false when one could not be written. Throws
-    /// Report::MapError.
-    bool Write(const std::vector<Report::LevelMap>& maps, const Report::MapCaption& caption);
+    /// Draws into the temporary files. Returns the path of the first file that could not be
+    /// written, as it was asked for, or none. Throws Report::MapError.
+    std::optional<std::string> Write(const std::vector<Report::LevelMap>& maps,
+                                     const Report::MapCaption& caption);
 
     /// Gives the files their names and returns what was written. Throws
     /// std::filesystem::filesystem_error.

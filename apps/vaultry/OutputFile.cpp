@@ -57,6 +57,10 @@ void RequireFilePlace(const char* what, const std::string& path) {
     }
 }
 
+std::string NotWrittenWords(const std::string& path) {
+    return '"' + path + "\" could not be written (full disk or protected folder?)";
+}
+
 OutputFile::OutputFile(const std::string& path) : destination(PathFromUtf8(path)) {
     RequireFilePlace("the output file", path);
     std::error_code fault;

@@ -15,6 +15,9 @@ bool SameFile(const std::string& a, const std::string& b);
 /// folder. `what` is what the file is.
 void RequireFilePlace(const char* what, const std::string& path);
 
+/// Says that the file `path` could not be written, and why that may be.
+std::string NotWrittenWords(const std::string& path);
+
 /// A file that is written beside its destination under a name of its own and takes the
 /// destination's name when it is complete. Until then an existing file stays as it is; an
 /// uncommitted one is removed at the end.

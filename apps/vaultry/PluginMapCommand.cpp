@@ -9,6 +9,7 @@
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/MapFiles.h"
+#include "apps/vaultry/OutputFile.h"
 #include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
@@ -112,8 +113,8 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     for (const PluginCell* cell : cells) {
         report.maps.push_back(Report::MapOf(*cell, plugin.file, chosen.pieces));
     }
-    if (!files.Write(report.maps, {0, "", chosen.config, path})) {
-        console.Say("the map could not be written (full disk or protected folder?)");
+    if (const auto unwritten = files.Write(report.maps, {0, "", chosen.config, path})) {
+        console.Say(NotWrittenWords(*unwritten));
         return ExitStatus::Failure;
     }
     report.files = files.Commit();

@@ -2,6 +2,7 @@
 #include "apps/vaultry/RunReport.h"
 
 #include "apps/report/Words.h"
+#include "apps/vaultry/OutputFile.h"
 
 #include <vaultry/foundation/CodePage.h>
 
@@ -49,7 +50,7 @@ std::string Outcome(const RunReport& report) {
     case RunResult::Refused:
         return "nothing was generated";
     case RunResult::NotWritten:
-        return file + " could not be written (full disk or protected folder?)";
+        return NotWrittenWords(report.unwritten.value_or(out));
     case RunResult::Strict:
         return file + " was not written because of " + Counted(report.errors.size(), "error");
     case RunResult::Unwalkable:

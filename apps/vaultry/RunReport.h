@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,8 @@ struct RunReport {
     GenerateOptions options; ///< with seed and stamp as they were used
     bool stampGiven = false;
     RunResult result = RunResult::Refused;
-    std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
+    std::optional<std::string> unwritten; ///< the map that is the cause of NotWritten
+    std::uint64_t bytes = 0;              ///< size of the plug-in [bytes]
     std::vector<WrittenFile> maps;
     std::vector<CellReport> cells;
     GenReport levels;        ///< of random levels; without any for a fixed interior

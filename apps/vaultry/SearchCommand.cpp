@@ -71,9 +71,9 @@ void CheckChoice(const SearchOptions& options) {
 // The table that is written in the end. Whether it can be is found out beforehand.
 class CsvFile {
 public:
-    explicit CsvFile(const std::optional<std::string>& path) {
-        if (path) {
-            file.emplace(*path);
+    explicit CsvFile(const std::optional<std::string>& csv) : path(csv.value_or("")) {
+        if (csv) {
+            file.emplace(path);
         }
     }
 
@@ -90,14 +90,15 @@ public:
                 file->Commit();
                 return true;
             }
-            console.Say("the table could not be written (full disk or protected folder?)");
+            console.Say(NotWrittenWords(path));
         } catch (const fs::filesystem_error& e) {
-            console.Say("the table could not be written: " + e.code().message());
+            console.Say('"' + path + "\" could not be written: " + e.code().message());
         }
         return false;
     }
 
 private:
+    std::string path;
     std::optional<OutputFile> file;
 };
 
@@ -293,7 +294,7 @@ private:
             file.map = path + end;
             file.scale = kScale;
             MapFiles files(file);
-            if (!files.Write(maps.Maps(), CaptionOf(options))) {
+            if (files.Write(maps.Maps(), CaptionOf(options))) {
                 throw std::runtime_error("full disk or protected folder?");
             }
             files.Commit();

@@ -176,6 +176,13 @@ TEST_F(MapTest, RefusesScalesAndLooksThatThereAreNot) {
     EXPECT_TRUE(Contains(Run({"map", "--look", "pink"}).err, "is none of Auto, Light, Dark"));
 }
 
+TEST_F(MapTest, TheMarginRepeatsTheRun) {
+    EXPECT_EQ(Run({"map", "--seed", "7", "--random-tileset", "--max-level", "9", "--map", "a.svg"})
+                  .status,
+              0);
+    EXPECT_TRUE(Contains(Read("a.svg"), "--max-level 9 --random-tileset</text>"));
+}
+
 TEST_F(MapTest, AnOldMapStaysWhenNothingIsGenerated) {
     Write("map.svg", "old");
     EXPECT_EQ(

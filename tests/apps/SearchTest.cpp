@@ -290,6 +290,19 @@ TEST(GenerateWordsTest, OnlyWhatIsNotUsualIsSaid) {
               "'It'\\''s' --size Large --spacing Semi-tight --random-theme --stamp -3");
 }
 
+TEST(GenerateWordsTest, TheMarginOfAMapNamesEveryOptionThatShapesLevels) {
+    EXPECT_EQ(Cli::LevelWords({}), "");
+    Cli::GenerateOptions options;
+    options.theme = "Noble hall";
+    options.random.maxLevel = 12;
+    options.random.randomTileSet = true;
+    options.random.randomCreatureTheme = true;
+    options.stamp = 1;
+    options.cell = "Keep";
+    EXPECT_EQ(Cli::LevelWords(options),
+              "--theme 'Noble hall' --max-level 12 --random-tileset --random-creature-theme");
+}
+
 TEST(SearchReportTest, DurationsAreShort) {
     EXPECT_EQ(Cli::Duration(0), "0 s");
     EXPECT_EQ(Cli::Duration(2.55), "2.5 s");

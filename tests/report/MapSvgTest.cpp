@@ -62,12 +62,18 @@ TEST(MapSvgTest, HasAMarkForEachSortOfContent) {
     }
 }
 
-// The path of a class in the drawing, not in the legend.
+// The path of a class in the groups of a layer, not in the legend.
 std::string PathOf(const std::string& svg, const std::string& type, const std::string& layer) {
-    const std::size_t start = svg.find("<g class=\"layer-" + layer + "\">");
+    const std::string group = "<g class=\"layer-" + layer + "\">";
     const std::string opening = "<path class=\"" + type + "\" d=\"";
-    const std::size_t path = svg.find(opening, start) + opening.size();
-    return svg.substr(path, svg.find('"', path) - path);
+    for (std::size_t at = svg.find(group); at != std::string::npos; at = svg.find(group, at + 1)) {
+        const std::size_t path = svg.find(opening, at);
+        if (path < svg.find("</g>", at)) {
+            const std::size_t data = path + opening.size();
+            return svg.substr(data, svg.find('"', data) - data);
+        }
+    }
+    return {};
 }
 
 TEST(MapSvgTest, DrawsWallsHallsStairsDoorsAndWarnings) {
@@ -106,9 +112,25 @@ TEST(MapSvgTest, MarksRoomsOutOfReachAndDoorsToOtherLevels) {
     map.At(1, 2).leadsTo = "Level 2";
     const std::string svg = Svg(map);
     EXPECT_TRUE(Contains(svg, "class=\"num warning\""));
-    EXPECT_TRUE(Contains(PathOf(svg, "cut", "warnings"), "M25.2 25.2h21.6v21.6h-21.6z"));
+    EXPECT_TRUE(Contains(PathOf(svg, "cut", "warnings"), "M24 24h24v24h-24z"));
     EXPECT_TRUE(Contains(svg, "→ Level 2</text>"));
     EXPECT_TRUE(Contains(svg, "<title>Room 1 (cannot be reached)"));
+}
+
+TEST(MapSvgTest, AHallOutOfReachKeepsItsShapeAndItsWalls) {
+    Report::LevelMap map = SampleMap();
+    map.rooms[0].reachable = false;
+    map.At(1, 3).room = 1;
+    const std::string svg = Svg(map);
+    EXPECT_TRUE(PathOf(svg, "cut", "warnings")
+                    .ends_with("M30 78h12v12h-12zM30 72h12v6h-12zM42 78h6v12h-6z"))
+        << PathOf(svg, "cut", "warnings");
+    EXPECT_LT(svg.find("class=\"cut\""), svg.find("class=\"wall\" d=\"M30 72v6"));
+}
+
+TEST(MapSvgTest, WarningsLieOverContents) {
+    const std::string svg = Svg(SampleMap());
+    EXPECT_GT(svg.find("<path class=\"warn\" d=\"M76.2"), svg.rfind("<use href=\"#other\" x="));
 }
 
 TEST(MapSvgTest, LooksAsAskedFor) {
