@@ -21,10 +21,38 @@ struct SetsOfType {
     std::vector<std::pair<std::string, NameSet>> sets; // their names and tiles
     NameSet all;
     std::vector<std::string> allList; // likewise
+    // Of each piece that closes a doorway the sets that lack it, in words; empty when none does.
+    std::map<std::string_view, std::string> lacking;
 };
 
+struct ClosingRow {
+    TileDirT dir;
+    std::string_view wall;
+    std::string_view hallEnd;
+};
+
+constexpr std::array<ClosingRow, 4> kClosings = {{
+    {DirN, Tile_nWall, Tile_HallEndN},
+    {DirS, Tile_sWall, Tile_HallEndS},
+    {DirE, Tile_eWall, Tile_HallEndE},
+    {DirW, Tile_wWall, Tile_HallEndW},
+}};
+
+// The tile sets that lack a piece, the first of them by name.
+std::string Lacking(const SetsOfType& sets, std::string_view piece) {
+    constexpr std::size_t kNamed = 3;
+    std::string lacking;
+    std::size_t count = 0;
+    for (const auto& [name, tiles] : sets.sets) {
+        if (!tiles.contains(std::string(piece)) && ++count <= kNamed) {
+            lacking += (lacking.empty() ? "" : ", ") + InQuotes(name);
+        }
+    }
+    return count > kNamed ? lacking + " and " + std::to_string(count - kNamed) + " more" : lacking;
+}
+
 SetsOfType SetsOf(const ConfigTree& tree, std::string_view type) {
-    SetsOfType found{type, {}, {}, {}};
+    SetsOfType found{type, {}, {}, {}, {}};
     for (const ConfigElement* tileSet : tree.OfClass(ElementClass::TileSet)) {
         if (IsAnyOf(AttributeText(*tileSet, Tile_TsType), {type})) {
             const NameSet names = TileNames(tree, *tileSet);
@@ -33,6 +61,11 @@ SetsOfType SetsOf(const ConfigTree& tree, std::string_view type) {
         }
     }
     found.allList.assign(found.all.begin(), found.all.end());
+    for (const ClosingRow& row : kClosings) {
+        for (const std::string_view piece : {row.wall, row.hallEnd}) {
+            found.lacking[piece] = Lacking(found, piece);
+        }
+    }
     return found;
 }
 
@@ -82,19 +115,6 @@ Cells FilledCells(const ConfigTree& tree, const ConfigElement& layout) {
     return cells;
 }
 
-struct ClosingRow {
-    TileDirT dir;
-    std::string_view wall;
-    std::string_view hallEnd;
-};
-
-constexpr std::array<ClosingRow, 4> kClosings = {{
-    {DirN, Tile_nWall, Tile_HallEndN},
-    {DirS, Tile_sWall, Tile_HallEndS},
-    {DirE, Tile_eWall, Tile_HallEndE},
-    {DirW, Tile_wWall, Tile_HallEndW},
-}};
-
 // The piece by which random levels replace a doorway of that facing; empty when there is none.
 std::string_view ClosingPiece(TileDirT dir, bool hasHall) {
     const auto* const row = std::ranges::find(kClosings, dir, &ClosingRow::dir);
@@ -110,17 +130,6 @@ bool OpensOntoNothing(const Cells& cells, const std::pair<int, int>& at, TileDir
            !cells.contains({at.first + rows, at.second + cols});
 }
 
-// The tile sets that lack a piece.
-std::string Lacking(const SetsOfType& sets, std::string_view piece) {
-    std::string lacking;
-    for (const auto& [name, tiles] : sets.sets) {
-        if (!tiles.contains(std::string(piece))) {
-            lacking += (lacking.empty() ? "" : ", ") + InQuotes(name);
-        }
-    }
-    return lacking;
-}
-
 void CheckDoorway(const ConfigElement& col,
                   const std::string& doorway,
                   std::string_view piece,
@@ -133,7 +142,7 @@ void CheckDoorway(const ConfigElement& col,
                      "Random levels remove it and have nothing to close the corner.");
         return;
     }
-    const std::string lacking = Lacking(sets, piece);
+    const std::string& lacking = sets.lacking.at(piece);
     if (!lacking.empty()) {
         findings.Add(Weight::Warning,
                      col.place,

@@ -874,6 +874,31 @@ TEST_F(ConfigCheckTest, AFloorOfTinyPiecesIsTold) {
               "0 errors, 1 warning, 0 notes.\n");
 }
 
+TEST_F(ConfigCheckTest, OfManyTileSetsThatCannotCloseADoorwayThreeAreNamed) {
+    std::string sets;
+    for (const char* name : {"A", "B", "C", "D", "E"}) {
+        sets += std::string("<TileSet TsName=\"") + name +
+                "\" TsType=\"Room\"><DoorwayN>d</DoorwayN></TileSet>\n";
+    }
+    const std::string printed = Check(sets + "<Layout LayoutName=\"L\" Type=\"Room\"><Row>"
+                                             "<Col>DoorwayN</Col></Row></Layout>\n");
+    EXPECT_NE(printed.find("my.xml:7:41: warning: the doorway \"DoorwayN\" opens onto nothing, and "
+                           "WallN is not in tile set \"A\", \"B\", \"C\" and 2 more\n"),
+              std::string::npos)
+        << printed;
+}
+
+TEST_F(ConfigCheckTest, NamesOfAMegabyteAreCut) {
+    const std::string name(1'000'000, 'n');
+    const std::string printed =
+        Check("<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Rug\" UniqueName=\"" + name +
+              "\"/></Theme>\n<Rug UniqueName=\"r\"/>\n");
+    EXPECT_EQ(printed,
+              "my.xml:2:49: error: no Rug has the unique name \"" + std::string(200, 'n') +
+                  "...\"\n    The item places nothing more when this name is drawn.\n"
+                  "1 error, 0 warnings, 0 notes.\n");
+}
+
 } // namespace
 
 } // namespace Tarnex::Report

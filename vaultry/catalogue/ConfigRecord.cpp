@@ -16,6 +16,12 @@ namespace Tarnex {
 
 namespace {
 
+// The parser keeps declarations of namespaces to itself.
+bool IsNoDeclaration(const std::pair<std::string, ConfigPlace>& attribute) {
+    const std::string& name = attribute.first;
+    return name != "xmlns" && !name.starts_with("xmlns:");
+}
+
 // Every event goes to the loader first, so that its limits hold and what it logs belongs to the
 // place that the parser has reached.
 class ConfigRecorder : public ConfigLoader {
@@ -89,17 +95,14 @@ private:
         element.name = Narrow(qname);
         element.parent = open.size() < 2 ? ConfigElement::kNone : open[open.size() - 2];
         element.place = tag.start;
+        // The parser tells the written ones in their order, then those of the document type.
         auto next = tag.attributes.begin();
         for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
-            const std::string name = Narrow(attrs.getQName(i));
-            const auto found =
-                std::find_if(next, tag.attributes.end(), [&name](const auto& attribute) {
-                    return attribute.first == name;
-                });
-            const bool written = found != tag.attributes.end();
+            next = std::find_if(next, tag.attributes.end(), IsNoDeclaration);
+            const bool written = next != tag.attributes.end();
+            const ConfigPlace place = written ? (next++)->second : tag.start;
             element.attributes.push_back(
-                {name, Narrow(attrs.getValue(i)), written ? found->second : tag.start});
-            next = written ? found + 1 : next;
+                {Narrow(attrs.getQName(i)), Narrow(attrs.getValue(i)), place});
         }
         return element;
     }
