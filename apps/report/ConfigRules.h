@@ -46,6 +46,8 @@ void CheckNumbers(const ConfigTree& tree, Findings& findings);
 void CheckIds(const ConfigTree& tree, Findings& findings);
 /// Things of one name, of which only the first is found by it.
 void CheckDuplicates(const ConfigTree& tree, Findings& findings);
+/// What every dungeon needs and no default is found for.
+void CheckDefaults(const ConfigTree& tree, Findings& findings);
 void CheckTileSets(const ConfigTree& tree, Findings& findings);
 void CheckPlatforms(const ConfigTree& tree, Findings& findings);
 void CheckLayouts(const ConfigTree& tree, Findings& findings);

@@ -27,9 +27,13 @@ TEST_F(CheckTest, AFindingIsAFailureWithItsPlace) {
     const Outcome outcome = Run({"check", "my.xml"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out,
+              "my.xml:1:1: error: there is no tile set\n"
+              "    Nothing can be generated.\n"
+              "my.xml:1:1: error: there is no layout\n"
+              "    Nothing can be generated.\n"
               "my.xml:2:1: warning: Container \"c\" has no capacity\n"
               "    It takes only what weighs nothing.\n"
-              "0 errors, 1 warning, 0 notes.\n");
+              "2 errors, 1 warning, 0 notes.\n");
 }
 
 TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
@@ -40,7 +44,7 @@ TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
     EXPECT_EQ(json.at("config"), "my.xml");
     EXPECT_EQ(json.at("usable"), true);
     EXPECT_EQ(json.at("clean"), false);
-    const auto& finding = json.at("findings").at(0);
+    const auto& finding = json.at("findings").at(2);
     EXPECT_EQ(finding.at("weight"), "warning");
     EXPECT_EQ(finding.at("line"), 2);
     EXPECT_EQ(finding.at("message"), "Rug has no attribute \"Stak\"");
