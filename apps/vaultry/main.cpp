@@ -19,21 +19,33 @@ namespace {
     std::_Exit(static_cast<int>(Tarnex::Cli::ExitStatus::Failure));
 }
 
-// Where memory runs out while the objects of another library are destroyed, nothing can be caught.
-[[noreturn]] void EndWithoutUnwinding() {
+bool IsLackOfMemory(const std::exception_ptr& fault) {
     try {
-        std::rethrow_exception(std::current_exception());
+        if (fault) {
+            std::rethrow_exception(fault);
+        }
     } catch (const std::bad_alloc&) {
-        EndWithoutMemory();
+        return true;
     } catch (...) {
-        std::abort();
+        return false;
     }
+    return false;
+}
+
+std::terminate_handler usualEnd = nullptr;
+
+// Where memory runs out while the objects of another library are destroyed, nothing can be caught.
+void EndWithoutUnwinding() {
+    if (IsLackOfMemory(std::current_exception())) {
+        EndWithoutMemory();
+    }
+    usualEnd();
 }
 
 } // namespace
 
 int main(int argc, char** argv) try {
-    std::set_terminate(EndWithoutUnwinding);
+    usualEnd = std::set_terminate(EndWithoutUnwinding);
 #ifdef SIGXFSZ
     // A file that may not grow further is a failure to write like any other.
     std::signal(SIGXFSZ, SIG_IGN);

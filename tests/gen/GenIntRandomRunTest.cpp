@@ -89,6 +89,48 @@ TEST_F(RandomRunTest, SeveralLevelsAreNumbered) {
     EXPECT_EQ(mgr.cellName, "Crypt, Level 3");
 }
 
+TEST_F(RandomRunTest, ReportTellsOfEachLevelInOrder) {
+    mgr.randomInfo.numLevels = 3;
+    mgr.Generate("Crypt", false);
+    ASSERT_EQ(mgr.report.levels.size(), 3U);
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        const LevelReport& level = mgr.report.levels[i];
+        EXPECT_EQ(level.number, i + 1);
+        EXPECT_EQ(level.name, CellNames()[i]);
+        EXPECT_TRUE(level.made);
+        EXPECT_EQ(level.tileSet, tiles);
+        EXPECT_EQ(level.roomGrid, DiPos(2, 2, 0));
+        EXPECT_EQ(level.linked, i > 0);
+    }
+    EXPECT_TRUE(mgr.report.AreLevelsLinked());
+}
+
+TEST_F(RandomRunTest, ReportIsOfTheLastRunAlone) {
+    mgr.randomInfo.numLevels = 2;
+    mgr.Generate("Crypt", false);
+    mgr.Generate("Mine", false);
+    ASSERT_EQ(mgr.report.levels.size(), 2U);
+    EXPECT_EQ(mgr.report.levels[0].name, "Mine, Level 1");
+}
+
+TEST_F(RandomRunTest, LevelsOfASetWithoutDoorsAreNotLinked) {
+    const auto doorless = MakeDi<TileSet>();
+    doorless->SetType("Room");
+    for (std::size_t i = 0; i < TileKind::kCount; ++i) {
+        if (const DiPtr<Tile> tile = tiles->Get(TileKind::At(i).Name()); !IsDoorTile(*tile)) {
+            doorless->Set(*tile);
+        }
+    }
+    mgr.config.roomTileSets = {doorless};
+    mgr.defTileSet = doorless;
+    mgr.randomInfo.numLevels = 2;
+    mgr.Generate("Crypt", false);
+    ASSERT_EQ(mgr.report.levels.size(), 2U);
+    EXPECT_TRUE(mgr.report.levels[1].made);
+    EXPECT_FALSE(mgr.report.levels[1].linked);
+    EXPECT_FALSE(mgr.report.AreLevelsLinked());
+}
+
 TEST_F(RandomRunTest, NextRunStartsFromItsOwnName) {
     mgr.randomInfo.numLevels = 2;
     mgr.Generate("Crypt", false);

@@ -174,7 +174,6 @@ void GenIntRandom::MakeLevels() {
 
 // False when the run was cancelled.
 bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
-    info.report.levels.clear();
     const std::string baseName = info.cellName;
     const std::uint32_t count = std::min(info.randomInfo.numLevels, kMaxLevels);
     if (count < info.randomInfo.numLevels) {
