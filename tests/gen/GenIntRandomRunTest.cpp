@@ -184,6 +184,20 @@ TEST_F(RandomRunTest, LevelIsGivenUpAfterThreeAttempts) {
     EXPECT_EQ(job.events, (Lines{"Generating Layouts", "Adding Content"}));
 }
 
+TEST_F(RandomRunTest, ReportOfALevelGivenUpNamesTheRoomsThatCouldNotBeJoined) {
+    UseBareTiles();
+    mgr.Generate("Crypt", false);
+    ASSERT_EQ(mgr.report.levels.size(), 1U);
+    const LevelReport& level = mgr.report.levels[0];
+    EXPECT_FALSE(level.made);
+    EXPECT_EQ(level.attempts, 3U);
+    ASSERT_GE(level.failedHalls.size(), 2U);
+    for (const FailedHall& hall : level.failedHalls) {
+        EXPECT_FALSE(hall.from == hall.to);
+        EXPECT_LT(std::max({hall.from.x, hall.from.y, hall.to.x, hall.to.y}), 2);
+    }
+}
+
 TEST_F(RandomRunTest, SkippedLevelKeepsItsNumber) {
     SkipLevels(3, {"Crypt, Level 1", "Crypt, Level 3"});
     EXPECT_EQ(ErrorLines(), Lines{kGivingUp});

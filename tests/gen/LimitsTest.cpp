@@ -61,6 +61,46 @@ TEST_F(LimitsTest, TreasureIsTriedAtMostAHundredThousandTimesPerItem) {
     EXPECT_EQ(chests[0]->GetInventory().size(), 100'000U);
 }
 
+// Which theme asks for too much is told while its items are placed, and no longer.
+TEST_F(LimitsTest, TheThemeThatAsksForTooMuchIsNamed) {
+    Add("Furniture", "table");
+    AddTreasure("Gold", "gold_001");
+    const ItemSpec tables = {.chance = -1.0F, .maximum = 100'001};
+    info.defTheme = MakeTheme("Hall", {tables});
+    info.defTreasureTheme =
+        MakeTheme("Hoard", {{.type = "Gold", .chance = -1.0F, .maximum = 100'001}});
+    OpenGen gen(info);
+    const DiPtr<Layout> layout = ToLayout("wN", *tiles);
+    std::vector<DiPtr<Container>> chests = {MakeDi<Container>()};
+    chests[0]->SetWeight(1.0F);
+    gen.AddContents(*layout);
+    gen.AddCtrTreasure(chests);
+    OpenGen::SortedElmts sorted;
+    gen.SortLayout(sorted, *layout);
+    gen.PlaceFurniture(sorted, MakeItem(tables));
+    EXPECT_EQ(ErrorLines(),
+              (Lines{"Error : Generator : Theme 'Hall' asks for 100001 placements of 'Furniture'; "
+                     "100000 were tried.",
+                     "Error : Generator : Theme 'Hoard' asks for 100001 placements of 'Gold'; "
+                     "100000 were tried.",
+                     "Error : Generator : Theme '' asks for 100001 placements of 'Furniture'; "
+                     "100000 were tried."}));
+}
+
+TEST_F(LimitsTest, NoThemeIsNamedOnceFurnishingHasEnded) {
+    Add("Furniture", "table");
+    info.defTheme = MakeTheme("Hall", {});
+    OpenGen gen(info);
+    const DiPtr<Layout> layout = ToLayout("wN", *tiles);
+    gen.AddContents(*layout);
+    OpenGen::SortedElmts sorted;
+    gen.SortLayout(sorted, *layout);
+    gen.PlaceFurniture(sorted, MakeItem({.chance = -1.0F, .maximum = 100'001}));
+    EXPECT_EQ(ErrorLines(),
+              Lines{"Error : Generator : Theme '' asks for 100001 placements of 'Furniture'; "
+                    "100000 were tried."});
+}
+
 TEST_F(LimitsTest, APlatformOfTinyPiecesIsRefused) {
     OpenGen gen(info);
     Platform platform;
