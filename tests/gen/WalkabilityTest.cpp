@@ -54,6 +54,18 @@ TEST_F(WalkabilityTest, RoomsJoinedByAHallAreReached) {
     EXPECT_TRUE(report.IsWalkable());
 }
 
+TEST_F(WalkabilityTest, WhereAPartLiesOverTheLevelTheLevelsOwnElementCounts) {
+    AddRoom(kWestRoom, 1, 1, 0, 0);
+    AddRoom(kEastRoom, 1, 6, 0, 1);
+    Draw(*main, 2, 4, "- -", *tiles);
+    const DiPtr<Layout> part = ToLayout("+", *tiles);
+    part->SetOffset(Di3Point(4.0F, 2.0F, 0.0F));
+    main->AddChild(part);
+    const LevelReport report = Judge();
+    EXPECT_EQ(report.ReachableRooms(), 2U);
+    EXPECT_EQ(report.openEnds, 0U);
+}
+
 TEST_F(WalkabilityTest, AHallWithAGapReachesNothingAndLeavesTwoOpeningsOntoNothing) {
     AddRoom(kWestRoom, 1, 1, 0, 0);
     AddRoom(kEastRoom, 1, 6, 0, 1);

@@ -207,7 +207,6 @@ bool GenHallway::TurnBack(Walk& walk) {
     }
     ReverseDir();
     walk.detours = false;
-    walk.detourRoom = nullptr;
     blocked = 0;
     walk.steps = 0;
     walk.stuck = 0;
