@@ -423,6 +423,20 @@ TEST_F(FrameTest, ElementWithoutTilesLeavesNothing) {
     EXPECT_TRUE(PlacedLines(*gen.cell).empty());
 }
 
+TEST_F(FrameTest, ReferencesTellTilesAndDoorsApart) {
+    OpenGen gen = Begun();
+    for (const char* kind : {"WallN", "DoorwayN", "DoorjambN", "DoorN"}) {
+        gen.CvtTiles(*gen.cell, Holding(Piece(kind)), DiPos(), Di3Point());
+    }
+    std::vector<RefSort> sorts;
+    for (const Ref& ref : gen.cell->GetRefs()) {
+        sorts.push_back(ref.sort);
+    }
+    EXPECT_EQ(sorts,
+              (std::vector<RefSort>{
+                  RefSort::Marker, RefSort::Tile, RefSort::Tile, RefSort::Tile, RefSort::Door}));
+}
+
 } // namespace
 
 } // namespace Tarnex::Test

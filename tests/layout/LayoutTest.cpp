@@ -115,6 +115,14 @@ TEST_F(LayoutTest, WritingARowOutsideIsDroppedButItsColumnIsStillChecked) {
     EXPECT_THROW(layout->SetElmt(ToElmt("c", *tiles), -1, -1), std::out_of_range);
 }
 
+TEST_F(LayoutTest, LayoutWithoutColumnsTakesNothing) {
+    for (const std::int32_t width : {0, -3}) {
+        const DiPtr<Layout> layout = Layout::Create(DiPos(width, 2, 0));
+        EXPECT_THROW(layout->SetElmt(ToElmt("c", *tiles), 0, 0), std::out_of_range);
+        EXPECT_TRUE(layout->GetRow(0).empty());
+    }
+}
+
 TEST_F(LayoutTest, HasTilesNeedsAnElementWithTiles) {
     const DiPtr<Layout> layout = Drawn("c o .");
     EXPECT_TRUE(layout->HasTiles(0, 0));
