@@ -82,6 +82,9 @@ struct LevelMap {
     }
 };
 
+/// What stands in place of maps when there are none.
+inline constexpr const char* kNoLevels = "No level was made.";
+
 /// What the margin of a map says besides. All text is UTF-8.
 struct MapCaption {
     std::uint32_t seed = 0;

@@ -101,6 +101,9 @@ std::string LevelId(std::size_t level) {
 }
 
 std::string Contents(const std::vector<LevelMap>& maps) {
+    if (maps.size() < 2) {
+        return {};
+    }
     std::string text = "<nav aria-label=\"Levels\"><ul>\n";
     for (std::size_t i = 0; i < maps.size(); ++i) {
         text += "<li><a href=\"#" + LevelId(i + 1) + "\">" + Escaped(maps[i].name) + "</a></li>\n";
@@ -206,6 +209,9 @@ void WriteHtml(const std::vector<LevelMap>& maps,
         << Definitions() << Switches() << Legend(maps) << "<main>\n";
     for (std::size_t i = 0; i < maps.size(); ++i) {
         out << Section(maps[i], i + 1);
+    }
+    if (maps.empty()) {
+        out << "<p>" << kNoLevels << "</p>\n";
     }
     out << "</main>\n</body>\n</html>\n";
 }

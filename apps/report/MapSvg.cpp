@@ -68,6 +68,10 @@ MapExtent WriteSvg(const std::vector<LevelMap>& maps,
                    std::ostream& out) {
     std::string content;
     MapExtent extent = LayOut(maps, content);
+    if (maps.empty()) {
+        extent.height = 2 * kMargin;
+        content = SvgTextAt("title", kMargin, kMargin, kNoLevels);
+    }
     const std::int32_t inside = extent.width - 2 * kMargin;
     std::int32_t legendHeight = 0;
     const std::string legend = MapLegend(maps, inside, legendHeight);

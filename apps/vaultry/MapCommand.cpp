@@ -44,7 +44,10 @@ RunResult Generate(GenMgr& manager,
     log.StartTries();
     const RunResult result = GenerateLevels(manager, report, log, &maps);
     manager.SetJobStatus(nullptr);
-    return result == RunResult::Written ? RunResult::Drawn : result;
+    if (result != RunResult::Written) {
+        return result;
+    }
+    return maps.Maps().empty() ? RunResult::Refused : RunResult::Drawn;
 }
 
 // The maps take their places, or the terminal.

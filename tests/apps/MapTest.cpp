@@ -176,6 +176,20 @@ TEST_F(MapTest, RefusesScalesAndLooksThatThereAreNot) {
     EXPECT_TRUE(Contains(Run({"map", "--look", "pink"}).err, "is none of Auto, Light, Dark"));
 }
 
+// Of rooms of one cell without doorways no level can be joined.
+TEST_F(MapTest, WithoutALevelNothingIsDrawn) {
+    Write("closed.xml",
+          "<OstrelData><TileSet TsName=\"A\" TsType=\"Room\" TsSize=\"256\">"
+          "<Center>c</Center></TileSet><Layout LayoutName=\"One\" Type=\"Room\" Width=\"1\" "
+          "Height=\"1\"><Row><Col>Center</Col></Row></Layout></OstrelData>");
+    const Outcome outcome = Run({"map", "-c", "closed.xml", "--seed", "1", "--map", "a.svg"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Contains(outcome.err, "vaultry: nothing was generated; seed 1\n"));
+    EXPECT_EQ(Files(), Lines{"closed.xml"});
+    EXPECT_EQ(Run({"generate", "-c", "closed.xml", "--seed", "1", "--map", "a.svg"}).status, 0);
+    EXPECT_TRUE(Contains(Read("a.svg"), "No level was made.</text>"));
+}
+
 TEST_F(MapTest, TheMarginRepeatsTheRun) {
     EXPECT_EQ(Run({"map", "--seed", "7", "--random-tileset", "--max-level", "9", "--map", "a.svg"})
                   .status,

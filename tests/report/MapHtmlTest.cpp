@@ -47,6 +47,19 @@ TEST(MapHtmlTest, LeadsNowhereButToItself) {
     EXPECT_FALSE(Contains(page, "https://"));
 }
 
+TEST(MapHtmlTest, LevelsAreListedWhenThereAreSeveral) {
+    std::ostringstream two;
+    Report::WriteHtml({SampleMap(), SampleMap()}, {7, "", "a.xml"}, Report::MapLook::Auto, two);
+    EXPECT_TRUE(Contains(two.str(), "<li><a href=\"#level-2\">"));
+    EXPECT_FALSE(Contains(Page(SampleMap()), "<nav"));
+}
+
+TEST(MapHtmlTest, SaysThatThereIsNoLevel) {
+    std::ostringstream none;
+    Report::WriteHtml({}, {7, "", "a.xml"}, Report::MapLook::Auto, none);
+    EXPECT_TRUE(Contains(none.str(), "<p>No level was made.</p>"));
+}
+
 TEST(MapHtmlTest, EveryLinkHasItsTarget) {
     const std::string page = Page(SampleMap());
     for (std::size_t at = page.find("href=\"#"); at != std::string::npos;

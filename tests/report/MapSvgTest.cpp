@@ -153,6 +153,13 @@ TEST(MapSvgTest, TextThatIsNoUtf8IsReplaced) {
     EXPECT_TRUE(Contains(Svg(map), "Caf\xEF\xBF\xBD  </text>"));
 }
 
+TEST(MapSvgTest, SaysThatThereIsNoLevel) {
+    std::ostringstream out;
+    Report::WriteSvg({}, {7, "", "a.xml"}, Report::MapLook::Auto, out);
+    EXPECT_TRUE(IsBalanced(out.str()));
+    EXPECT_TRUE(Contains(out.str(), ">No level was made.</text>"));
+}
+
 TEST(MapSvgTest, ScaleIsInWorldUnits) {
     EXPECT_TRUE(Contains(Svg(SampleMap()), "1024 units = 4 cells</text>"));
 }
