@@ -63,7 +63,8 @@ std::vector<std::string> VerbNames(const CommandHelp& help) {
 void WriteBashValue(std::ostream& script, const std::string& verb, const OptionHelp& option) {
     std::vector<std::string> spellings;
     for (const std::string& name : option.names) {
-        spellings.push_back(verb + ":" + name);
+        spellings.push_back(verb);
+        spellings.back().append(":").append(name);
     }
     script << "    " << Joined(spellings, "|") << ") ";
     if (!option.words.empty()) {

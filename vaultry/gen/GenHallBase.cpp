@@ -171,7 +171,7 @@ DiPos GenHallBase::SearchDoorway(const Layout& room,
     const std::int32_t lines = search.byRows ? size.y : size.x;
     const std::int32_t length = search.byRows ? size.x : size.y;
     std::vector<DiPos> candidates;
-    candidates.reserve(static_cast<std::size_t>(lines + length));
+    candidates.reserve(static_cast<std::size_t>(lines) + static_cast<std::size_t>(length));
     for (std::int32_t i = 0; i < lines; ++i) {
         const std::int32_t line = search.fromFar ? lines - 1 - i : i;
         for (std::int32_t along = 0; along < length; ++along) {
