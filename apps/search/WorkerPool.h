@@ -16,6 +16,10 @@ namespace Tarnex::Search {
 /// Processes of their own, each with a copy of everything that this one has made so far, that
 /// answer requests one after another. They end when their pool ends or this process does, however
 /// it ends; Ctrl-C and the like are left to this process.
+///
+/// On Windows, which cannot copy a process, a worker comes to its copy by running this program with
+/// the same arguments until a pool is made, which then never returns. A process can have one pool
+/// there, and what comes before it must neither draw from chance nor write anything.
 class WorkerPool {
 public:
     /// Sends one line, which must hold no line feed.

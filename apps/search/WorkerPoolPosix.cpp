@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The worker processes of POSIX systems: forked, each with a socket.
+#include "apps/search/Lines.h"
 #include "apps/search/WorkerPool.h"
 
 #include <array>
@@ -31,18 +32,6 @@ bool SendAll(int socket, std::string_view text) {
         text.remove_prefix(static_cast<std::size_t>(sent));
     }
     return true;
-}
-
-// Takes the lines that are complete out of `text`.
-std::vector<std::string> TakeLines(std::string& text) {
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    for (std::size_t end = 0; (end = text.find('\n', start)) != std::string::npos;) {
-        lines.push_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    text.erase(0, start);
-    return lines;
 }
 
 // Appends what is there; false at the end. `flags` may say not to wait.

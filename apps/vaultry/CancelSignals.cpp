@@ -5,6 +5,10 @@
 #include <atomic>
 #include <csignal>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace Tarnex::Cli {
 
 namespace {
@@ -33,14 +37,39 @@ auto Watch(int number) {
     return old;
 }
 
+#ifdef _WIN32
+
+// A console that is closed ends its programs as soon as they have heard of it, or after some
+// seconds: time to clean up is had by not returning. Keys come as signals.
+BOOL WINAPI NoteClosing(DWORD event) {
+    if (event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT) {
+        return FALSE;
+    }
+    requested.store(true);
+    Sleep(INFINITE);
+    return TRUE;
+}
+
+void WatchConsole(bool watch) {
+    SetConsoleCtrlHandler(NoteClosing, watch ? TRUE : FALSE);
+}
+
+#else
+
+void WatchConsole(bool) {}
+
+#endif
+
 } // namespace
 
 CancelSignals::CancelSignals() {
     requested.store(false);
     std::ranges::transform(kWatched, old.begin(), Watch);
+    WatchConsole(true);
 }
 
 CancelSignals::~CancelSignals() {
+    WatchConsole(false);
     for (std::size_t i = 0; i < kWatched.size(); ++i) {
         std::signal(kWatched[i], old[i]);
     }

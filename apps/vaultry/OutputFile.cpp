@@ -85,12 +85,19 @@ std::string OutputFile::TemporaryPath() const {
     return {name.begin(), name.end()};
 }
 
-std::uintmax_t OutputFile::Commit() {
+// Windows knows only whether a file may be written, and one that may not is not replaced.
+void OutputFile::KeepPermissions() const {
+#ifndef _WIN32
     std::error_code ignored;
     const fs::file_status replaced = fs::status(destination, ignored);
     if (fs::exists(replaced)) {
         fs::permissions(temporary, replaced.permissions(), ignored);
     }
+#endif
+}
+
+std::uintmax_t OutputFile::Commit() {
+    KeepPermissions();
     const std::uintmax_t bytes = fs::file_size(temporary);
     fs::rename(temporary, destination);
     return bytes;

@@ -38,6 +38,8 @@ public:
     std::uintmax_t Commit();
 
 private:
+    void KeepPermissions() const;
+
     std::filesystem::path destination;
     std::filesystem::path temporary;
 };

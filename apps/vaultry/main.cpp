@@ -2,6 +2,7 @@
 // The program's entry.
 #include "apps/vaultry/CommandLine.h"
 #include "apps/vaultry/ExitStatus.h"
+#include "apps/vaultry/ProgramArguments.h"
 #include "apps/vaultry/Terminal.h"
 
 #include <csignal>
@@ -50,11 +51,12 @@ int main(int argc, char** argv) try {
     // A file that may not grow further is a failure to write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
+    const Tarnex::Cli::StreamSetup streams;
     const Tarnex::Cli::Console console{std::cout,
                                        std::cerr,
                                        Tarnex::Cli::StandardErrorIsTerminal(),
                                        Tarnex::Cli::StandardOutputTakesColour()};
-    return Tarnex::Cli::RunCommandLine({argv + (argc > 0 ? 1 : 0), argv + argc}, console);
+    return Tarnex::Cli::RunCommandLine(Tarnex::Cli::ProgramArguments(argc, argv), console);
 } catch (const std::bad_alloc&) {
     EndWithoutMemory();
 }

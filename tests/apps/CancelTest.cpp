@@ -85,4 +85,10 @@ TEST_F(CancelTest, TerminationIsACancellationToo) {
 
 } // namespace Tarnex::Test
 
+#else
+
+#include <tests/support/LeftOut.h>
+
+VAULTRY_LEFT_OUT_ON_WINDOWS(CancelTest, "sends signals to a child process")
+
 #endif

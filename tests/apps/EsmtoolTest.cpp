@@ -217,4 +217,10 @@ TEST_F(EsmtoolTest, ReadsAGrottoWithPlatforms) {
 
 } // namespace Tarnex::Test
 
+#else
+
+#include <tests/support/LeftOut.h>
+
+VAULTRY_LEFT_OUT_ON_WINDOWS(PluginEsmtoolTest, "runs esmtool in a shell")
+
 #endif

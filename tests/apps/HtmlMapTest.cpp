@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The page of maps in a real browser.
+#ifndef _WIN32
+
 #include <cstdlib>
 #include <string>
 #include <tests/apps/Program.h>
@@ -72,3 +74,11 @@ TEST_F(HtmlMapTest, ThePolicyLetsNothingRun) {
 } // namespace
 
 } // namespace Tarnex::Test
+
+#else
+
+#include <tests/support/LeftOut.h>
+
+VAULTRY_LEFT_OUT_ON_WINDOWS(HtmlMapTest, "looks at the page in a browser of Linux")
+
+#endif

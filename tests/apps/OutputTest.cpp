@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <tests/apps/Program.h>
+#include <tests/support/LeftOut.h>
 #include <vector>
 
 namespace Tarnex::Test {
@@ -84,6 +85,8 @@ TEST_F(OutputTest, FullDiskKeepsAnExistingFileAndSaysSo) {
     EXPECT_NE(outcome.err.find("\"dungeon.esp\" could not be written"), std::string::npos)
         << outcome.err;
 }
+#else
+VAULTRY_LEFT_OUT_ON_WINDOWS(OutputTest, "needs links, devices, permissions and limits of POSIX")
 #endif
 
 } // namespace

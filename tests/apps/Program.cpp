@@ -2,13 +2,9 @@
 #include <vaultry/foundation/CodePage.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <sstream>
+#include <tests/apps/Process.h>
 #include <tests/apps/Program.h>
-
-#ifndef _WIN32
-#include <sys/wait.h>
-#endif
 
 namespace Tarnex::Test {
 
@@ -47,28 +43,6 @@ constexpr std::string_view kTail = R"(</TileSet>
 </OstrelData>
 )";
 
-#ifdef _WIN32
-std::string Quoted(const std::string& word) {
-    return '"' + word + '"';
-}
-
-int ExitStatus(int result) {
-    return result;
-}
-#else
-std::string Quoted(const std::string& word) {
-    std::string quoted = "'";
-    for (const char c : word) {
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    }
-    return quoted + '\'';
-}
-
-int ExitStatus(int result) {
-    return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
-}
-#endif
-
 } // namespace
 
 std::vector<std::string> Outcome::ErrLines() const {
@@ -84,26 +58,24 @@ ProgramTest::ProgramTest()
     : smallConfig(kept.Write("small.xml", std::string(kHead).append(kTail))),
       faultyConfig(kept.Write("faulty.xml", std::string(kHead).append(kFault).append(kTail))) {}
 
-Outcome ProgramTest::Run(const std::vector<std::string>& arguments) const {
-    return RunAfter("cd .", arguments);
+ProcessPlace ProgramTest::Place() const {
+    return {folder.File(""), kept.File("out.txt"), kept.File("err.txt")};
 }
 
+Outcome ProgramTest::OutcomeOf(int status) const {
+    return {status, ReadFile(PathFromUtf8(Place().out)), ReadFile(PathFromUtf8(Place().err))};
+}
+
+Outcome ProgramTest::Run(const std::vector<std::string>& arguments) const {
+    return OutcomeOf(RunProgram(Place(), arguments));
+}
+
+#ifndef _WIN32
 Outcome ProgramTest::RunAfter(const std::string& preparation,
                               const std::vector<std::string>& arguments) const {
-    const std::string out = kept.File("out.txt");
-    const std::string err = kept.File("err.txt");
-    std::string command =
-        "cd " + Quoted(folder.File("")) + " && " + preparation + " && " + Quoted(VAULTRY_PROGRAM);
-    for (const std::string& argument : arguments) {
-        command += ' ' + Quoted(argument);
-    }
-    command += " >" + Quoted(out) + " 2>" + Quoted(err);
-    Outcome outcome;
-    outcome.status = ExitStatus(std::system(command.c_str()));
-    outcome.out = ReadFile(PathFromUtf8(out));
-    outcome.err = ReadFile(PathFromUtf8(err));
-    return outcome;
+    return OutcomeOf(RunProgramAfter(preparation, Place(), arguments));
 }
+#endif
 
 Outcome ProgramTest::Generate(const std::vector<std::string>& arguments) const {
     std::vector<std::string> all = {"generate", "-c", smallConfig, "--fixed"};

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <tests/apps/Process.h>
 #include <tests/support/TempDir.h>
 #include <vector>
 
@@ -30,14 +31,19 @@ private:
     TempDir folder;
     TempDir kept; // the configurations, which need it made first, and captured output
 
+    ProcessPlace Place() const;
+    Outcome OutcomeOf(int status) const;
+
 protected:
     ProgramTest();
 
     /// Runs `vaultry` with the arguments in the folder.
     Outcome Run(const std::vector<std::string>& arguments) const;
+#ifndef _WIN32
     /// Likewise, after `preparation`, a shell command that sets up the process.
     Outcome RunAfter(const std::string& preparation,
                      const std::vector<std::string>& arguments) const;
+#endif
 
     /// Runs `vaultry generate` with the small configuration, fixed, and further arguments.
     Outcome Generate(const std::vector<std::string>& arguments) const;
@@ -47,7 +53,9 @@ protected:
     /// Every byte of a file in the folder; empty when there is none.
     std::string Read(std::string_view name) const;
     /// The full name of a file in the folder.
-    std::string File(std::string_view name) const { return folder.File(name); }
+    std::string File(std::string_view name) const {
+        return folder.File(name);
+    }
     void Write(std::string_view name, std::string_view content) const;
 
     /// The full name of a configuration without a fault, kept outside the folder.

@@ -244,4 +244,11 @@ TEST_F(SearchProcessTest, TheDocumentedJobArrayFindsWhatOneSearchFinds) {
 
 } // namespace Tarnex::Test
 
+#else
+
+#include <tests/support/LeftOut.h>
+
+VAULTRY_LEFT_OUT_ON_WINDOWS(SearchProcessTest,
+                            "sends signals to child processes and runs shell scripts")
+
 #endif

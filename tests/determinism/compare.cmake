@@ -1,6 +1,6 @@
 # Makes every run of catalogue.txt with a program and compares what comes out with the hashes there.
 #   cmake -DPROGRAM=build/release/bin/vaultry -DFOLDER=build/determinism [-DREWRITE=ON]
-#     -P tests/determinism/compare.cmake
+#     [-DEMULATOR=wine] -P tests/determinism/compare.cmake
 # FOLDER is for files in between. REWRITE puts the hashes of the program into the catalogue instead.
 cmake_minimum_required(VERSION 3.25)
 
@@ -18,7 +18,7 @@ function(make_run options)
   separate_arguments(words UNIX_COMMAND "${options}")
   file(REMOVE "${PLUGIN}" "${LOG}")
   execute_process(
-    COMMAND "${PROGRAM}" generate --quiet --out "${PLUGIN}" --log "${LOG}" ${words}
+    COMMAND ${EMULATOR} "${PROGRAM}" generate --quiet --out "${PLUGIN}" --log "${LOG}" ${words}
     WORKING_DIRECTORY "${GOLDEN}"
     RESULT_VARIABLE status
     ERROR_VARIABLE said)

@@ -195,4 +195,10 @@ TEST_F(EsmtoolTest, NoticesAWrongSizeWord) {
 
 } // namespace Tarnex::Test
 
+#else
+
+#include <tests/support/LeftOut.h>
+
+VAULTRY_LEFT_OUT_ON_WINDOWS(EsmtoolTest, "runs esmtool in a shell")
+
 #endif

@@ -174,4 +174,12 @@ TEST_F(SeedSearchTest, StopsWithWhatItHas) {
 
 } // namespace Tarnex::Test
 
+#else
+
+#include <tests/support/LeftOut.h>
+
+VAULTRY_LEFT_OUT_ON_WINDOWS(
+    SeedSearchTest,
+    "workers there are this program started again, and judge no functions of a test")
+
 #endif

@@ -42,6 +42,10 @@ void FileIn(std::vector<DiPtr<T>>& list, DiPtr<T>& object) {
 
 ConfigLoader::ConfigLoader(ConfigMgr& config_) : config(config_) {}
 
+// Here, since the linker for Windows, optimising the whole, fails on copies of it in several
+// objects.
+ConfigLoader::~ConfigLoader() = default;
+
 void ConfigLoader::setDocumentLocator(const xercesc::Locator* const locator) {
     place = locator;
 }

@@ -33,6 +33,9 @@ public:
 
     /// The store is filled, not owned.
     explicit ConfigLoader(ConfigMgr& config);
+    ~ConfigLoader() override;
+    ConfigLoader(const ConfigLoader&) = delete;
+    ConfigLoader& operator=(const ConfigLoader&) = delete;
 
     void setDocumentLocator(const xercesc::Locator* const locator) override;
     void startDocument() override;
