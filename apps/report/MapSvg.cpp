@@ -15,7 +15,7 @@ namespace {
 constexpr std::int32_t kMargin = 36;
 constexpr std::int32_t kNarrowest = 660; // the legend needs it
 constexpr std::int32_t kCaptionLine = 15;
-constexpr double kPageShape = 1.3; // width of a page of many levels by its height
+constexpr double kPageShape = 1.7; // width of a page of many levels by its height
 
 std::string Document(const MapExtent& extent, MapLook look, const std::string& content) {
     const std::string width = std::to_string(extent.width);
