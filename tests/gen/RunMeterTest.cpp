@@ -20,7 +20,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 // Each turn of placing draws at least once, and one that is skipped exactly once.
-constexpr std::uint64_t kMostTurns = 16'000;
+constexpr std::uint64_t kMostTurns = 4'000;
 
 // Counts the draws between two questions, and cancels at a wanted question.
 class Questions : public JobStatus {
