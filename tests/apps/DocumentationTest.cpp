@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every command of the documentation that runs the program does so as it stands there.
+#ifndef _WIN32
+
 #include "tests/apps/Program.h"
 
 #include <gtest/gtest.h>
@@ -171,3 +173,11 @@ TEST(DocumentationPagesTest, CommandsAreFound) {
 } // namespace
 
 } // namespace Tarnex::Test
+
+#else
+
+#include <tests/support/LeftOut.h>
+
+VAULTRY_LEFT_OUT_ON_WINDOWS(DocumentationTest, "hands commands to a POSIX shell")
+
+#endif
