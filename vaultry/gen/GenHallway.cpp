@@ -319,8 +319,9 @@ void GenHallway::NextStep() {
         GetBlockedDir(way);
     }
     const DiDirection previous = history.empty() ? DiDirection() : history.back();
-    const HallChoice choice =
-        ChooseStep(GetTileDir(*curTile), way, previous, CanInPlaceCvt(curXY), blocked);
+    const TileDirT facing = GetTileDir(*curTile);
+    const CvtAction action = DependsOnAction(facing, way) ? CanInPlaceCvt(curXY) : CvtNone;
+    const HallChoice choice = ChooseStep(facing, way, previous, action, blocked);
     const DiPtr<Tile>& tile = TileOf(choice.tile);
     if (!tile) {
         ++blocked;

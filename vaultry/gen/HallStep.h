@@ -37,4 +37,21 @@ VAULTRY_API HallChoice ChooseStep(TileDirT current,
                                   CvtAction action,
                                   std::uint32_t blocked);
 
+/// Whether the choice depends on how the piece may be changed: only where the way turns off a
+/// straight piece. Finding that out means looking at the piece's neighbours.
+inline bool DependsOnAction(TileDirT current, const DiDirection& wanted) {
+    switch (current) {
+    case DirN:
+    case DirS:
+    case DirNS:
+        return wanted.stepX != 0;
+    case DirE:
+    case DirW:
+    case DirEW:
+        return wanted.stepX == 0;
+    default:
+        return false;
+    }
+}
+
 } // namespace Tarnex
