@@ -3,8 +3,12 @@
 
 #include "apps/png/RenderPng.h"
 
+#include <vaultry/foundation/Random.h>
+
 #ifndef _WIN32
 #include <dlfcn.h>
+#include <filesystem>
+#include <system_error>
 #endif
 
 namespace Tarnex::Report {
@@ -16,10 +20,25 @@ namespace {
     throw MapError("maps as PNG are not available on this system; use a name that ends in .svg");
 }
 #else
-// Found beside the library, where the program looks for that one too. It stays loaded: the
-// libraries behind it do not like to be unloaded.
+// The module beside the library, or else wherever the system looks for libraries. The program's own
+// search path does not do: a memory checker that stands in for dlopen does not know it.
+std::string ModulePath() {
+    constexpr const char* kModule = "libvaultry-png.so";
+    Dl_info library;
+    if (dladdr(reinterpret_cast<const void*>(&RandomUnit), &library) != 0) {
+        const std::filesystem::path beside =
+            std::filesystem::path(library.dli_fname).replace_filename(kModule);
+        std::error_code fault;
+        if (std::filesystem::exists(beside, fault)) {
+            return beside.string();
+        }
+    }
+    return kModule;
+}
+
+// It stays loaded: the libraries behind it do not like to be unloaded.
 Png::RenderPng LoadRenderer() {
-    void* const module = dlopen("libvaultry-png.so", RTLD_NOW | RTLD_LOCAL);
+    void* const module = dlopen(ModulePath().c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module == nullptr) {
         const char* const why = dlerror();
         throw MapError("maps as PNG need the module libvaultry-png.so and librsvg (Debian: install "
