@@ -64,6 +64,7 @@ TEST_F(WalkabilityTest, WhereAPartLiesOverTheLevelTheLevelsOwnElementCounts) {
     const LevelReport report = Judge();
     EXPECT_EQ(report.ReachableRooms(), 2U);
     EXPECT_EQ(report.openEnds, 0U);
+    main->Dissolve();
 }
 
 TEST_F(WalkabilityTest, AHallWithAGapReachesNothingAndLeavesTwoOpeningsOntoNothing) {

@@ -27,7 +27,7 @@ LogState& State() {
 std::string FormatMessage(const char* format, va_list args) {
     std::vector<char> buffer(kMaxMessage + 1);
     // The linter does not see that the callers start the list.
-    // NOLINTNEXTLINE(clang-analyzer-valist.*)
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
     const int needed = std::vsnprintf(buffer.data(), buffer.size(), format, args);
     return needed < 0 ? std::string() : std::string(buffer.data());
 }
