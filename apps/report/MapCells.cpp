@@ -4,6 +4,7 @@
 #include "apps/report/Words.h"
 
 #include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/gen/ContentPlace.h>
 #include <vaultry/layout/Passages.h>
 
 #include <algorithm>
@@ -14,14 +15,6 @@ namespace Tarnex::Report {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
-    {Content_Container, RefSort::Container},
-    {Content_Creature, RefSort::Creature},
-    {Content_Furniture, RefSort::Furniture},
-    {Content_Rug, RefSort::Rug},
-    {Content_Tapestry, RefSort::Tapestry},
-}};
-
 struct Step {
     TileDirT side;
     TileDirT opposite;
@@ -31,15 +24,6 @@ struct Step {
 
 constexpr std::array<Step, 4> kSteps = {
     {{DirN, DirS, 0, -1}, {DirS, DirN, 0, 1}, {DirE, DirW, 1, 0}, {DirW, DirE, -1, 0}}};
-
-RefSort SortOf(const ContentItem& item) {
-    for (const auto& [kind, sort] : kSorts) {
-        if (item.IsKind(kind)) {
-            return sort;
-        }
-    }
-    return RefSort::Other;
-}
 
 // A doorway in a corner has no facing of its own: the last letter of its kind is the side.
 SideBits DoorwaySide(const Tile& tile) {

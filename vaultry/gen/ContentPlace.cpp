@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <string_view>
+#include <utility>
 
 namespace Tarnex {
 
@@ -134,6 +136,14 @@ PlacementCounts Count(const ThemeItem& item, std::uint32_t count, bool raiseToMi
     return counts;
 }
 
+constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
+    {Content_Container, RefSort::Container},
+    {Content_Creature, RefSort::Creature},
+    {Content_Furniture, RefSort::Furniture},
+    {Content_Rug, RefSort::Rug},
+    {Content_Tapestry, RefSort::Tapestry},
+}};
+
 } // namespace
 
 PlacementCounts CountPlacements(const ThemeItem& item, std::uint32_t count) {
@@ -167,6 +177,15 @@ void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tile
         Add(item.offset.x, corner->sign * quarter);
         Add(item.offset.z, kCaveHallLift);
     }
+}
+
+RefSort SortOf(const ContentItem& item) {
+    for (const auto& [kind, sort] : kSorts) {
+        if (item.IsKind(kind)) {
+            return sort;
+        }
+    }
+    return RefSort::Other;
 }
 
 } // namespace Tarnex

@@ -6,6 +6,7 @@
 #include <vaultry/catalogue/ThemeItem.h>
 #include <vaultry/catalogue/TileSet.h>
 #include <vaultry/layout/GridElmt.h>
+#include <vaultry/output/Ref.h>
 
 #include <cstdint>
 
@@ -26,5 +27,8 @@ VAULTRY_API PlacementCounts CountTreasure(const ThemeItem& item, std::uint32_t c
 /// Moves and turns `item` to its place in an element with tiles: on the floor or the platform,
 /// against the wall or into the corner that the element's first tile makes.
 VAULTRY_API void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tileSet);
+
+/// What a reference to the item stands for.
+VAULTRY_API RefSort SortOf(const ContentItem& item);
 
 } // namespace Tarnex

@@ -66,23 +66,6 @@ std::int64_t PileWorth(double draw) {
     return kGreatestWorth;
 }
 
-constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
-    {Content_Container, RefSort::Container},
-    {Content_Creature, RefSort::Creature},
-    {Content_Furniture, RefSort::Furniture},
-    {Content_Rug, RefSort::Rug},
-    {Content_Tapestry, RefSort::Tapestry},
-}};
-
-RefSort SortOf(const ContentItem& item) {
-    for (const auto& [kind, sort] : kSorts) {
-        if (item.IsKind(kind)) {
-            return sort;
-        }
-    }
-    return RefSort::Other;
-}
-
 // What a turn costs beside its searches, in looks at one thing.
 constexpr std::int64_t kStepsPerTurn = 64;
 // Moving a pointer costs less than looking at a thing.
