@@ -18,6 +18,7 @@
 #include <xercesc/util/XMLUni.hpp>
 
 #include <array>
+#include <exception>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -44,27 +45,18 @@ constexpr XMLSize_t kLongestRun = ConfigLoader::kMaxText + 1;
 class GlobalMemory : public xercesc::MemoryManager {
 public:
     xercesc::MemoryManager* getExceptionMemoryManager() override { return this; }
-    void* allocate(XMLSize_t size) override {
-        void* memory = ::operator new(size, std::nothrow);
-        if (memory == nullptr) {
-            hasLacked = true;
-            throw std::bad_alloc();
-        }
-        return memory;
-    }
+    void* allocate(XMLSize_t size) override { return ::operator new(size); }
     void deallocate(void* block) override { ::operator delete(block); }
-
-    // The parser may answer a lack of memory with a panic "for unknown reason".
-    bool HasLacked() const { return hasLacked; }
-
-private:
-    bool hasLacked = false;
 };
 
 // The parser's own handler ends the process.
 class Panic : public xercesc::PanicHandler {
 public:
+    // Whatever is thrown while it starts, the parser answers with a panic "for unknown reason".
     void panic(const PanicReasons reason) override {
+        if (std::current_exception() != nullptr) {
+            throw;
+        }
         throw std::runtime_error(getPanicReasonString(reason));
     }
 };
@@ -80,8 +72,10 @@ public:
             started = true;
         } catch (const xercesc::XMLException& e) {
             error = Narrow(e.getMessage());
+        } catch (const std::bad_alloc&) {
+            error = kOutOfMemory;
         } catch (const std::exception& e) {
-            error = memory.HasLacked() ? kOutOfMemory : e.what();
+            error = e.what();
         }
     }
 
