@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Every command of the documentation that runs the program does so as it stands there.
+// Every command of the documentation that runs the program does so as it stands there, prints what
+// stands there, and draws the pictures that are shown there.
 #ifndef _WIN32
 
+#include "tests/apps/Markdown.h"
 #include "tests/apps/Program.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +11,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <ostream>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -20,95 +22,49 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A block of code: what its fence says of it, the sentence before it, its lines.
-struct Block {
-    std::string kind;
-    std::string before;
-    std::vector<std::string> lines;
-};
-
-std::vector<Block> ReadBlocks(const fs::path& page) {
-    std::vector<Block> blocks;
-    std::ifstream lines(page);
-    std::string before;
-    bool inside = false;
-    for (std::string line; std::getline(lines, line);) {
-        if (line.rfind("```", 0) == 0) {
-            inside = !inside;
-            if (inside) {
-                blocks.push_back({line.substr(3), before, {}});
-                before.clear();
-            }
-        } else if (inside) {
-            blocks.back().lines.push_back(line);
-        } else if (!line.empty()) {
-            before = line;
-        }
-    }
-    return blocks;
+// Set by scripts/draw-docs: the pictures take the place of those that are shown.
+bool DrawsAnew() {
+    return std::getenv("VAULTRY_DRAW_DOCS") != nullptr;
 }
 
-// The lines of a block of commands, those continued by a backslash joined.
-std::vector<std::string> Commands(const Block& block) {
-    std::vector<std::string> commands;
-    bool continues = false;
-    for (std::string line : block.lines) {
-        const bool more = !line.empty() && line.back() == '\\';
-        if (more) {
-            line.pop_back();
-        }
-        if (continues) {
-            commands.back() += line;
-        } else {
-            commands.push_back(line);
-        }
-        continues = more;
-    }
-    return commands;
+// The browser that pictures of pages are taken with; nobody else's pages are opened in it here.
+std::string BrowserCommand(const std::string& command) {
+    const std::string browser = "chromium ";
+    return command.rfind(browser, 0) == 0
+               ? browser + "--no-sandbox " + command.substr(browser.size())
+               : "";
 }
 
-// The command with the program in place of what readers call it by; empty for other commands. A
-// pager shows what it gets; whether it is there is not the program's concern.
-std::string ProgramCommand(const std::string& line) {
-    const std::string command = line.substr(0, std::min(line.find(" #"), line.find(" | ")));
-    for (const std::string start : {"vaultry ", "scripts/run "}) {
-        const bool named = command.rfind(start, 0) == 0;
-        if (named && command.find_first_not_of(' ', start.size()) != std::string::npos) {
-            return "\"" VAULTRY_PROGRAM "\" " + command.substr(start.size());
-        }
+using Lines = std::vector<std::string>;
+
+// Whether the lines are as expected, where "..." stands for any number of them.
+bool Match(Lines::const_iterator expected,
+           Lines::const_iterator expectedEnd,
+           Lines::const_iterator printed,
+           Lines::const_iterator printedEnd) {
+    if (expected == expectedEnd) {
+        return printed == printedEnd;
     }
-    return {};
+    if (*expected == "...") {
+        return Match(expected + 1, expectedEnd, printed, printedEnd) ||
+               (printed != printedEnd && Match(expected, expectedEnd, printed + 1, printedEnd));
+    }
+    return printed != printedEnd && *expected == *printed &&
+           Match(expected + 1, expectedEnd, printed + 1, printedEnd);
 }
 
-// The file that "Save this as `name`:" asks for; empty for other sentences.
-std::string SavedName(const std::string& sentence) {
-    const std::size_t begin = sentence.find("`");
-    const std::size_t end = sentence.rfind("`");
-    const bool asks = Contains(sentence, "ave this as `") && end > begin;
-    return asks ? sentence.substr(begin + 1, end - begin - 1) : "";
-}
-
-struct Page {
-    fs::path path;
-
-    friend void PrintTo(const Page& page, std::ostream* out) { *out << page.path.filename(); }
-};
-
-std::vector<Page> Pages() {
-    const fs::path root = VAULTRY_SOURCE_DIR;
-    std::vector<Page> pages = {{root / "README.md"}};
-    for (const auto& entry : fs::directory_iterator(root / "docs")) {
-        if (entry.path().extension() == ".md") {
-            pages.push_back({entry.path()});
-        }
+Lines LinesOf(const std::string& text) {
+    Lines lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
     }
-    std::ranges::sort(pages, {}, &Page::path);
-    return pages;
+    return lines;
 }
 
 class DocumentationTest : public ProgramTest, public ::testing::WithParamInterface<Page> {
 protected:
-    // What readers of any page have at hand: plug-ins of their own, and a folder for pictures.
+    // What readers of any page have at hand: plug-ins of their own, and tables of searches.
     void Prepare() {
         for (const char* name : {"dungeon.esp", "before.esp", "after.esp"}) {
             ASSERT_EQ(
@@ -116,59 +72,103 @@ protected:
                 0);
         }
         ASSERT_EQ(Run({"search", "--seeds", "1..3", "--csv", "found-1.csv", "--quiet"}).status, 0);
-        fs::create_directories(File("docs/pictures"));
     }
 
-    void RunCommand(const std::string& command) {
+    // Runs a command in the folder; what it prints is in the file "printed" then.
+    int Execute(const std::string& command) {
         const std::string line =
             "cd \"" + fs::path(File("")).string() + "\" && (" + command + ") >printed 2>&1";
-        const int status = std::system(line.c_str());
-        EXPECT_EQ(status, 0) << command << '\n' << Read("printed");
+        return std::system(line.c_str());
+    }
+
+    void RunCommands(const CodeBlock& block) {
+        for (const std::string& command : block.Commands()) {
+            std::string runnable = ProgramCommand(command);
+            if (runnable.empty() && DrawsAnew()) {
+                runnable = BrowserCommand(command);
+            }
+            if (!runnable.empty() && (VAULTRY_HAS_PNG != 0 || !Contains(runnable, ".png"))) {
+                EXPECT_EQ(Execute(runnable), 0) << command << '\n' << Read("printed");
+            }
+        }
+    }
+
+    void RunSessions(const CodeBlock& block) {
+        for (const Session& session : Sessions(block)) {
+            const std::string runnable = ProgramCommand(session.command);
+            ASSERT_FALSE(runnable.empty()) << session.command;
+            Execute(runnable);
+            const Lines printed = LinesOf(Read("printed"));
+            EXPECT_TRUE(Match(
+                session.printed.begin(), session.printed.end(), printed.begin(), printed.end()))
+                << session.command << '\n'
+                << Read("printed");
+        }
+    }
+
+    std::map<std::string, fs::path> Drawn() {
+        std::map<std::string, fs::path> drawn;
+        for (const auto& entry : fs::recursive_directory_iterator(File(""))) {
+            drawn[entry.path().filename().string()] = entry.path();
+        }
+        return drawn;
+    }
+
+    // Pictures in pixels depend on the fonts of the machine, so only the others are compared. Those
+    // of the first page are drawn by commands of the others.
+    void ComparePictures() {
+        const std::map<std::string, fs::path> drawn = Drawn();
+        for (const std::string& link : GetParam().Links()) {
+            const fs::path shown = GetParam().path.parent_path() / link;
+            const bool vectors = shown.extension() == ".svg";
+            const auto made = drawn.find(shown.filename().string());
+            if (shown.parent_path().filename() != "pictures") {
+                continue;
+            }
+            if (made == drawn.end()) {
+                EXPECT_TRUE(!vectors || link.rfind("docs/", 0) == 0) << "no command draws " << link;
+                continue;
+            }
+            if (DrawsAnew()) {
+                fs::copy_file(made->second, shown, fs::copy_options::overwrite_existing);
+            }
+            EXPECT_TRUE(!vectors || ReadFile(made->second) == ReadFile(shown))
+                << link << " is not what its command draws; scripts/draw-docs draws it anew";
+        }
     }
 };
 
-TEST_P(DocumentationTest, CommandsRunAsTheyStand) {
+TEST_P(DocumentationTest, CommandsDoWhatThePageShows) {
     Prepare();
-    for (const Block& block : ReadBlocks(GetParam().path)) {
-        if (const std::string name = SavedName(block.before); !name.empty()) {
-            std::string text;
-            for (const std::string& line : block.lines) {
-                text += line + '\n';
-            }
+    for (const CodeBlock& block : GetParam().Blocks()) {
+        if (const std::string name = block.SavedName(); !name.empty()) {
+            Write(name, block.Text());
+        }
+        if (const std::string name = block.ExtendedName(); !name.empty()) {
+            std::string text = Read(name);
+            text.insert(text.rfind("</"), block.Text());
             Write(name, text);
         }
-        if (block.kind != "sh") {
-            continue;
+        if (block.kind == "sh") {
+            RunCommands(block);
         }
-        for (const std::string& command : Commands(block)) {
-            const std::string runnable = ProgramCommand(command);
-            if (!runnable.empty() && (VAULTRY_HAS_PNG != 0 || !Contains(runnable, ".png"))) {
-                RunCommand(runnable);
-            }
+        if (block.kind == "console") {
+            RunSessions(block);
         }
     }
+    ComparePictures();
 }
 
 INSTANTIATE_TEST_SUITE_P(Pages,
                          DocumentationTest,
                          ::testing::ValuesIn(Pages()),
                          [](const ::testing::TestParamInfo<Page>& page) {
-                             std::string name = page.param.path.stem().string();
+                             const fs::path& path = page.param.path;
+                             const bool ofDocs = path.parent_path().filename() == "docs";
+                             std::string name = (ofDocs ? "docs" : "") + path.stem().string();
                              std::erase(name, '-');
                              return name;
                          });
-
-TEST(DocumentationPagesTest, CommandsAreFound) {
-    std::size_t count = 0;
-    for (const Page& page : Pages()) {
-        for (const Block& block : ReadBlocks(page.path)) {
-            for (const std::string& command : Commands(block)) {
-                count += ProgramCommand(command).empty() ? 0U : 1U;
-            }
-        }
-    }
-    EXPECT_GE(count, 30U);
-}
 
 } // namespace
 
