@@ -403,6 +403,18 @@ TEST_F(GenHallJunctionsTest, WithoutAJunctionTileHallsRunningPastAreRefused) {
     EXPECT_EQ(Grid(), Map(map));
 }
 
+// Each hall runs past the next one; six thousand of them fit into a level.
+TEST_F(GenHallJunctionsTest, WithoutAJunctionTileNoTrialLeadsToTheNext) {
+    constexpr int kHalls = 100'000;
+    UseTiles({"HallNS"});
+    Level(3, kHalls + 2);
+    for (int y = 1; y <= kHalls; ++y) {
+        Put(At(1, y), "-");
+    }
+    EXPECT_FALSE(halls->Try4Way(*Elmt(At(1, kHalls)), At(1, kHalls), false));
+    EXPECT_EQ(Cell(At(1, kHalls - 1)), "-");
+}
+
 // Making a junction.
 
 TEST_F(GenHallJunctionsTest, NoJunctionWithoutAnElement) {
@@ -515,6 +527,24 @@ TEST_F(GenHallJunctionsTest, JunctionsSpreadAcrossEveryHallRunningPast) {
         < + +  +  + +  >
         . v -' `- + -' .
         . . .  .  v .  .)"));
+}
+
+TEST_F(GenHallJunctionsTest, JunctionsSpreadThroughAWholeLevel) {
+    constexpr int kEdge = 300;
+    Level(kEdge, kEdge);
+    for (int y = 0; y < kEdge; ++y) {
+        for (int x = 0; x < kEdge; ++x) {
+            Put(At(x, y), (x + y) % 2 == 0 ? "|" : "-");
+        }
+    }
+    halls->Place4Way(At(kEdge / 2, kEdge / 2));
+    int junctions = 0;
+    for (int y = 0; y < kEdge; ++y) {
+        for (int x = 0; x < kEdge; ++x) {
+            junctions += Elmt(At(x, y))->HasTile("Hall4Way") ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(junctions, kEdge * kEdge);
 }
 
 TEST_F(GenHallJunctionsTest, SpreadingComesBeforeTheNextNeighbour) {

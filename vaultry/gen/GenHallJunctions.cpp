@@ -6,7 +6,9 @@
 #include <vaultry/layout/ElmtKind.h>
 
 #include <array>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
 namespace Tarnex {
 
@@ -123,8 +125,18 @@ bool GenHallway::Try4Way(GridElmt& elmt, const DiPos& pos, bool testOnly) {
     if (elmt.HasTile(Tile_Hall4Way)) {
         return true;
     }
+    // What can be told by a look comes before any trial: the element on trial then refuses the
+    // trials that would come of it, and they do not lead each other across the whole level.
+    SideBits onTrial = 0;
     for (const Side& side : Sides()) {
-        if (!AcceptsJunction(side, pos)) {
+        const Reception reception = ReceiveJunction(side, pos);
+        if (reception == Reception::Refused) {
+            return false;
+        }
+        onTrial |= reception == Reception::OnTrial ? SideBit(side.dir) : SideBits{0};
+    }
+    for (const Side& side : Sides()) {
+        if ((onTrial & SideBit(side.dir)) != 0 && !StandsTrial(pos + side.step)) {
             return false;
         }
     }
@@ -135,42 +147,63 @@ bool GenHallway::Try4Way(GridElmt& elmt, const DiPos& pos, bool testOnly) {
 }
 
 // Whether the neighbour on that side leaves room for a junction at `pos`.
-bool GenHallway::AcceptsJunction(const Side& side, const DiPos& pos) {
-    const DiPos at = pos + side.step;
-    const DiPtr<GridElmt> neighbour = ElmtAt(at);
+GenHallway::Reception GenHallway::ReceiveJunction(const Side& side, const DiPos& pos) const {
+    const DiPtr<GridElmt>& neighbour = ElmtAt(pos + side.step);
     if (!neighbour || neighbour->isShadow) {
-        return true;
+        return Reception::Accepted;
     }
     for (const TileType type : {TileDoorway, TileWall, TileHallEnd}) {
         if (HasTileOfType(*neighbour, type)) {
-            return true;
+            return Reception::Accepted;
         }
     }
     if (!HasTileOfType(*neighbour, TileHall)) {
-        return false;
+        return Reception::Refused;
     }
-    if (OpensTo(*neighbour, side.opposite)) {
-        return true;
-    }
-    const TilesAside trial(*neighbour, TileOf(FourWay()));
-    return Try4Way(*neighbour, at, true);
+    return OpensTo(*neighbour, side.opposite) ? Reception::Accepted : Reception::OnTrial;
 }
 
-void GenHallway::Place4Way(const DiPos& pos) {
+// Whether a hall that runs past may become a junction too.
+bool GenHallway::StandsTrial(const DiPos& pos) {
     const DiPtr<GridElmt> elmt = ElmtAt(pos);
-    if (!elmt) {
-        return;
-    }
-    ReplaceTiles(*elmt, pos, FourWay());
-    for (const Side& side : Sides()) {
-        FitToJunction(side, pos);
+    const TilesAside trial(*elmt, TileOf(FourWay()));
+    return Try4Way(*elmt, pos, true);
+}
+
+// Junctions spread along halls that run past, each as far as it goes before the next neighbour is
+// looked at. That can be as far as the level has cells: too deep for calls.
+void GenHallway::Place4Way(const DiPos& pos) {
+    struct Junction {
+        DiPos pos;
+        std::size_t fitted; // sides done
+    };
+    std::vector<Junction> open;
+    const auto begin = [this, &open](const DiPos& at) {
+        if (const DiPtr<GridElmt> elmt = ElmtAt(at)) {
+            ReplaceTiles(*elmt, at, FourWay());
+            open.push_back({at, 0});
+        }
+    };
+    begin(pos);
+    while (!open.empty()) {
+        Junction& junction = open.back();
+        if (junction.fitted == Sides().size()) {
+            open.pop_back();
+            continue;
+        }
+        info.meter.Step();
+        const Side& side = Sides()[junction.fitted++];
+        if (FitToJunction(side, junction.pos)) {
+            begin(junction.pos + side.step);
+        }
     }
 }
 
-void GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
+// True when the neighbour is to become a junction itself.
+bool GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
     const DiPos at = junction + side.step;
     if (!IsInside(at)) {
-        return;
+        return false;
     }
     const DiPtr<GridElmt> neighbour = ElmtAt(at);
     if (!neighbour) {
@@ -178,27 +211,24 @@ void GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
         end->AddTile(TileOf(side.hallEnd));
         journal.Touch(at);
         main.SetElmt(end, at.y, at.x);
-        return;
+        return false;
     }
     if (HasTileOfType(*neighbour, TileDoorway)) {
-        return;
+        return false;
     }
     if (HasTileOfType(*neighbour, TileWall)) {
         CvtToDoorway(at);
-        return;
+        return false;
     }
     if (HasTileOfType(*neighbour, TileHall)) {
-        // Junctions spread along a hall that runs past.
-        if (!OpensTo(*neighbour, side.opposite)) {
-            Place4Way(at);
-        }
-        return;
+        return !OpensTo(*neighbour, side.opposite);
     }
     if (const Tile* end = PeekTileOfType(*neighbour, TileHallEnd)) {
         if (GetTileDir(*end) != side.dir) {
             ReplaceTiles(*neighbour, at, FittedEnd(side.dir, GetTileDir(*end)));
         }
     }
+    return false;
 }
 
 } // namespace Tarnex

@@ -69,6 +69,7 @@ protected:
 
 private:
     struct Walk;
+    enum class Reception { Refused, Accepted, OnTrial };
     void StepBack();
     void SeekDetour(Walk& walk);
     void PassRoom(Walk& walk);
@@ -80,8 +81,9 @@ private:
     void ShuffleRooms(std::vector<DiPtr<Layout>>& list) const;
     const DiPtr<Tile>& TileOf(TileKind kind) const;
     void ReplaceTiles(GridElmt& elmt, const DiPos& pos, TileKind kind);
-    bool AcceptsJunction(const Side& side, const DiPos& pos);
-    void FitToJunction(const Side& side, const DiPos& junction);
+    Reception ReceiveJunction(const Side& side, const DiPos& pos) const;
+    bool StandsTrial(const DiPos& pos);
+    bool FitToJunction(const Side& side, const DiPos& junction);
 
     GridJournal journal; ///< of the hall under way
     std::vector<FailedHall> failedHalls;
