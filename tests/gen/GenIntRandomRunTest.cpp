@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Runs of random levels: names, progress, cancelling, levels given up, what is left afterwards.
 #include <vaultry/foundation/Logger.h>
+#include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/GenMgr.h>
 
 #include <gtest/gtest.h>
@@ -273,6 +274,77 @@ TEST_F(RandomRunTest, CancellingBeforeALevelLeavesNothing) {
         EXPECT_FALSE(std::filesystem::exists(file));
         EXPECT_FALSE(IsHeld(*tiles));
         EXPECT_TRUE(ErrorLines().empty());
+    }
+}
+
+TEST_F(RandomRunTest, CancellingBeforeALevelCountsThoughTheStatusForgetsIt) {
+    class Once : public JobStatus {
+    public:
+        explicit Once(int at_) : at(at_) {}
+        bool HasBeenCanceled() const override { return asked++ == at; }
+
+    private:
+        int at;
+        mutable int asked = 0;
+    };
+    mgr.randomInfo.numLevels = 3;
+    const std::string file = dir.File("out.esp");
+    for (int at = 0; at < 3; ++at) {
+        SCOPED_TRACE(at);
+        Once once(at);
+        mgr.SetJobStatus(&once);
+        EXPECT_EQ(mgr.CreateMod(file.c_str(), "Crypt", false), ModResult::Canceled);
+        EXPECT_TRUE(mgr.report.canceled);
+        EXPECT_FALSE(std::filesystem::exists(file));
+    }
+    mgr.SetJobStatus(nullptr);
+    EXPECT_EQ(mgr.CreateMod(file.c_str(), "Crypt", false), ModResult::Written);
+    EXPECT_FALSE(mgr.report.canceled);
+}
+
+TEST_F(RandomRunTest, WhereverARunIsCancelledTheNextOneIsAsIfItHadNotBeen) {
+    const auto add = [this](const char* kind, const char* name, const char* subtype) {
+        auto content = MakeDi<ContentTemplate>();
+        content->contentKind = kind;
+        content->uniqueName = name;
+        content->subtype = subtype;
+        content->weight = 100.0F;
+        mgr.config.contentMgr->Add(content);
+    };
+    add("Container", "chest", "");
+    add("Treasure", "ruby", "Gem");
+    // Asks several times a level.
+    const ItemSpec tries = {.type = "Gem", .chance = 0.0F, .maximum = 20'000};
+    mgr.config.themes = {MakeTheme("Plain", {{.type = "Container", .minimum = 2}})};
+    mgr.config.treasureThemes = {
+        MakeTheme("Gems", {{.type = "Gem", .minimum = 3}, tries, {.type = "Gem", .minimum = 3}})};
+    mgr.config.themes[0]->level = 1;
+    mgr.config.treasureThemes[0]->level = 1;
+    mgr.config.caveTileSets = {MakeFullTileSet("Cave")};
+    mgr.config.roomLayouts = {ToTemplate(kLongPlan)};
+    mgr.randomInfo.numLevels = 3;
+    mgr.randomInfo.randomTileSet = true;
+    mgr.randomInfo.randomTheme = true;
+    mgr.randomInfo.randomTreasureTheme = true;
+    const std::string file = dir.File("out.esp");
+    const auto run = [this, &file](int granted) {
+        job = Job();
+        job.granted = granted;
+        SeedRandom(7);
+        SetContainerStamp(1000);
+        return mgr.CreateMod(file.c_str(), "Crypt", false);
+    };
+    ASSERT_EQ(run(1 << 30), ModResult::Written);
+    const std::string whole = ReadFile(file);
+    const int questions = job.polls;
+    EXPECT_GT(questions, 10);
+    for (int granted = 0; granted < questions; ++granted) {
+        SCOPED_TRACE(granted);
+        std::filesystem::remove(file);
+        EXPECT_EQ(run(granted), ModResult::Canceled);
+        EXPECT_FALSE(std::filesystem::exists(file));
+        EXPECT_EQ(run(1 << 30), ModResult::Written);
+        EXPECT_EQ(ReadFile(file), whole);
     }
 }
 

@@ -253,6 +253,29 @@ TEST_F(RunMeterTest, PlacingEndsAfterSoManySteps) {
                     "placing; nothing more is placed."});
 }
 
+TEST_F(RunMeterTest, EveryRunMayTakeAsMuchAsTheFirst) {
+    RunMeter meter;
+    for (int run = 0; run < 2; ++run) {
+        meter.Start(nullptr);
+        EXPECT_NO_THROW(meter.TakeMemory(kMaxRunMemory));
+        EXPECT_TRUE(meter.StepPlacing(kMaxPlacingSteps));
+        EXPECT_THROW(meter.TakeMemory(1), LimitReached);
+        EXPECT_FALSE(meter.StepPlacing(1));
+    }
+    EXPECT_EQ(ErrorLines().size(), 2U);
+}
+
+TEST_F(RunMeterTest, MemoryGivenBackMayBeTakenAgain) {
+    RunMeter meter;
+    meter.Start(nullptr);
+    meter.TakeMemory(1000);
+    const std::uint64_t before = meter.GetMemory();
+    meter.TakeMemory(kMaxRunMemory - 1000);
+    meter.ReturnTo(before);
+    EXPECT_NO_THROW(meter.TakeMemory(kMaxRunMemory - 1000));
+    EXPECT_THROW(meter.TakeMemory(1), LimitReached);
+}
+
 } // namespace
 
 } // namespace Tarnex::Test

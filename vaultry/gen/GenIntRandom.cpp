@@ -158,9 +158,7 @@ void GenIntRandom::Gen() {
 void GenIntRandom::MakeLevels() {
     LayoutOwner levels;
     Report("Generating Layouts");
-    if (!MakeLayouts(levels)) {
-        return;
-    }
+    MakeLayouts(levels);
     Report("Adding Content");
     AddTeleportingDoors(levels.All());
     auto level = levels.All().begin();
@@ -172,8 +170,7 @@ void GenIntRandom::MakeLevels() {
     }
 }
 
-// False when the run was cancelled.
-bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
+void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
     const std::string baseName = info.cellName;
     const std::uint32_t count = std::min(info.randomInfo.numLevels, kMaxLevels);
     if (count < info.randomInfo.numLevels) {
@@ -183,9 +180,7 @@ bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
                            static_cast<int>(count));
     }
     for (std::uint32_t i = 0; i < count; ++i) {
-        if (IsCanceled()) {
-            return false;
-        }
+        info.meter.Ask();
         InitRandomTileSet(i == 0);
         DiPos gridSize;
         InitRoomGridSize(gridSize);
@@ -204,7 +199,6 @@ bool GenIntRandom::MakeLayouts(LayoutOwner& levels) {
         report.name = level->GetName();
         StepProgress();
     }
-    return true;
 }
 
 DiPtr<Layout> GenIntRandom::TryMainLayout(const DiPos& size, LevelReport& report) {
@@ -403,10 +397,6 @@ bool GenIntRandom::ConnectRooms(Layout& main, RoomInfo& rooms, LevelReport& repo
     const bool joined = halls->Gen();
     report.failedHalls = halls->GetFailedHalls();
     return joined;
-}
-
-bool GenIntRandom::IsCanceled() const {
-    return info.jobStatus != nullptr && info.jobStatus->HasBeenCanceled();
 }
 
 void GenIntRandom::Report(const char* text) const {

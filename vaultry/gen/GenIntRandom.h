@@ -61,11 +61,10 @@ protected:
 private:
     struct ThemeChoice;
     void MarkLinked(const Layout& level);
-    bool IsCanceled() const;
     void Report(const char* text) const;
     void StepProgress() const;
     void MakeLevels();
-    bool MakeLayouts(LayoutOwner& levels);
+    void MakeLayouts(LayoutOwner& levels);
     DiPtr<Layout> TryMainLayout(const DiPos& size, LevelReport& report);
     void NameLevel(Layout& level, const std::string& baseName, std::uint32_t number) const;
     void FinishLevel(Layout& level, const LevelReport& report, bool first);

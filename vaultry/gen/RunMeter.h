@@ -31,6 +31,9 @@ public:
     /// Begins a run. `status` may be null and must outlive it.
     void Start(const JobStatus* status);
 
+    /// Asks whether the run was cancelled, and throws RunCanceled if so.
+    void Ask();
+
     /// Counts steps before they are made. Throws RunCanceled when the run was cancelled.
     void Step(std::int64_t steps = 1) {
         sinceQuestion += steps;
@@ -53,8 +56,6 @@ public:
     void ReturnTo(std::uint64_t earlier) { memory = earlier; }
 
 private:
-    void Ask();
-
     const JobStatus* status = nullptr;
     std::int64_t sinceQuestion = 0;
     std::int64_t placing = 0;
