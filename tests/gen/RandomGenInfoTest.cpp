@@ -80,6 +80,11 @@ TEST(RandomGenInfoTest, OtherTextsMeanRandom) {
     }
 }
 
+TEST(RandomGenInfoTest, NoTextMeansRandom) {
+    EXPECT_EQ(RandomGenInfo::StringToLevelSize(nullptr), RandomGenInfo::Random);
+    EXPECT_EQ(RandomGenInfo::StringToRoomSpacing(nullptr), RandomGenInfo::RandomSpacing);
+}
+
 } // namespace
 
 } // namespace Tarnex::Test

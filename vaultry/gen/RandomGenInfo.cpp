@@ -8,6 +8,9 @@ namespace Tarnex {
 namespace {
 
 std::int32_t PositionOf(const char* text, const std::vector<std::string>& words) {
+    if (text == nullptr) {
+        return 0;
+    }
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (EqualsNoCase(text, words[i])) {
             return static_cast<std::int32_t>(i);

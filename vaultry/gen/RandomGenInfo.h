@@ -39,7 +39,7 @@ struct VAULTRY_API RandomGenInfo {
     /// The words of the room spacings; a word's position is its value.
     static const std::vector<std::string>& GetRoomSpacingStrings();
 
-    /// The value of a word, without regard to case; Random for any other text.
+    /// The value of a word, without regard to case; Random for any other text and for null.
     static LevelSizeT StringToLevelSize(const char* text);
     static RoomSpacingT StringToRoomSpacing(const char* text);
 };
