@@ -231,6 +231,14 @@ TEST_F(UnopenedLoggerTest, AFileThatCannotBeOpenedDropsLinesAndKeepsErrors) {
     EXPECT_FALSE(Exists("Log.txt"));
 }
 
+TEST_F(UnopenedLoggerTest, APathThatIsNotUtf8IsOneThatCannotBeOpened) {
+    const CurrentPath here(dir.Path());
+    Logger::Init("no\xFF\xFEsuch/run.log");
+    Logger::WriteError("S", "kept");
+    EXPECT_EQ(ErrorLines(), (Lines{"Error : S : kept"}));
+    EXPECT_FALSE(Exists("Log.txt"));
+}
+
 TEST_F(UnopenedLoggerTest, AFailedInitIsStillTheFirst) {
     Logger::Init(dir.File("missing/run.log").c_str());
     Logger::Init(logFile.c_str());

@@ -316,6 +316,12 @@ TEST_F(GenMgrTest, FileThatCannotBeOpenedIsNotLogged) {
     EXPECT_EQ(LogLines().size(), 1U);
 }
 
+TEST_F(GenMgrTest, PathThatIsNotUtf8IsOneThatCannotBeOpened) {
+    Load(kFull);
+    EXPECT_EQ(Create("no\xFF\xFEsuch/a.esp"), ModResult::NotWritten);
+    EXPECT_TRUE(ErrorLines().empty());
+}
+
 class Canceled : public JobStatus {
 public:
     bool HasBeenCanceled() const override {

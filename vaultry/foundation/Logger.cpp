@@ -4,6 +4,7 @@
 #include <vaultry/foundation/CodePage.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 
 namespace Tarnex {
@@ -53,8 +54,12 @@ void Logger::Init(const char* fileName) {
     }
     state.opened = true;
     const bool named = fileName != nullptr && *fileName != '\0';
-    state.file.open(PathFromUtf8(named ? fileName : kDefaultFile),
-                    std::ios::out | std::ios::binary | std::ios::trunc);
+    try {
+        state.file.open(PathFromUtf8(named ? fileName : kDefaultFile),
+                        std::ios::out | std::ios::binary | std::ios::trunc);
+    } catch (const std::filesystem::filesystem_error&) {
+        // Windows has no name for a path that is not UTF-8: a file that cannot be opened.
+    }
 }
 
 void Logger::InitWithoutFile() {

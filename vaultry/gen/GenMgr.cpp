@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <ctime>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <new>
@@ -54,6 +55,9 @@ bool WriteFile(Mod& mod, const char* path) try {
     return stream.good();
 } catch (const std::bad_alloc&) {
     Logger::WriteError(kLogSource, "Unable to write the plug-in:  Out of memory.");
+    return false;
+} catch (const std::filesystem::filesystem_error&) {
+    // Windows has no name for a path that is not UTF-8.
     return false;
 }
 
