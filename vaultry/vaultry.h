@@ -1,12 +1,14 @@
-/* SPDX-License-Identifier: MIT
- *
+/* SPDX-License-Identifier: MIT */
+/**
+ * @file
  * The library for programs in other languages than C++: a generator is created, reads a
  * configuration, takes options and writes plug-ins.
  *
  * All texts are UTF-8 and end with a zero byte; a null text counts as an empty one. A text that a
- * function returns belongs to the generator and holds until the next call with that generator. The
- * library is single-threaded: all generators of a process are used from one thread and share one
- * random generator. No function throws or ends the process.
+ * function returns belongs to the generator and holds until the next call with that generator. A
+ * generator that is handed in must not be null unless that is said. The library is single-threaded:
+ * all generators of a process are used from one thread and share one random generator. No function
+ * throws or ends the process.
  */
 #ifndef VAULTRY_H
 #define VAULTRY_H
@@ -20,66 +22,85 @@
 extern "C" {
 #endif
 
-/* How a call ended; what was refused, wrong or not written is explained by vaultry_error. */
+/** How a call ended; what was refused, wrong or not written is explained by vaultry_error. */
 enum vaultry_result {
-    VAULTRY_OK = 0,
-    VAULTRY_REFUSED = 1,      /* no usable configuration, or an internal fault; nothing written */
-    VAULTRY_CANCELED = 2,     /* the progress function asked to stop; nothing written */
-    VAULTRY_NOT_WRITTEN = 3,  /* generated, but the file could not be opened or written whole */
-    VAULTRY_BAD_ARGUMENT = 4, /* an unknown option, or a value that it does not take */
-    VAULTRY_NO_MEMORY = 5
+    VAULTRY_OK = 0,           /**< done */
+    VAULTRY_REFUSED = 1,      /**< no usable configuration, or an internal fault; nothing written */
+    VAULTRY_CANCELED = 2,     /**< the progress function asked to stop; nothing written */
+    VAULTRY_NOT_WRITTEN = 3,  /**< generated, but the file could not be opened or written whole */
+    VAULTRY_BAD_ARGUMENT = 4, /**< an unknown option, or a value that it does not take */
+    VAULTRY_NO_MEMORY = 5     /**< memory did not suffice for the call */
 };
 
+/** A generator: a configuration, options, and what the last run came to. */
 typedef struct vaultry_generator vaultry_generator;
 
-/* Called often during a run, so it should be quick. `text` is the step under way, `position` how
- * many of its `steps` (one for each level) are done. Another answer than 0 cancels the run. */
+/**
+ * Called often during a run, so it should be quick. `text` is the step under way and holds during
+ * the call, `position` how many of its `steps` (one for each level) are done, `context` what
+ * vaultry_set_progress was given. Another answer than 0 cancels the run. The function must neither
+ * throw nor call the library with the generator that runs.
+ */
 typedef int (*vaultry_progress)(void* context, const char* text, int32_t position, int32_t steps);
 
-/* The version of the library, such as "1.2.3". */
+/** The version of the library, such as "1.2.3"; it holds for ever. */
 VAULTRY_API const char* vaultry_version(void);
 
-/* A new generator without a configuration; null when memory does not suffice. */
+/**
+ * A new generator without a configuration, to be given to vaultry_destroy in the end; null when
+ * memory does not suffice. From the first one on the library keeps no log file.
+ */
 VAULTRY_API vaultry_generator* vaultry_create(void);
-/* Null is ignored. */
+/** Frees a generator and every text that it returned; null is ignored. */
 VAULTRY_API void vaultry_destroy(vaultry_generator* generator);
 
-/* Reads a configuration, in place of any earlier one, and forgets all names that were set. What is
+/**
+ * Reads a configuration, in place of any earlier one, and forgets all names that were set. What is
  * wrong with it is told by vaultry_error, even when it can be used: VAULTRY_REFUSED means that it
- * holds no tile set. `name` stands for the file in messages. */
+ * holds no tile set.
+ */
 VAULTRY_API enum vaultry_result vaultry_init(vaultry_generator* generator, const char* path);
+/**
+ * Like vaultry_init, from `length` bytes of a document that is needed during the call only. `name`
+ * stands for the file in messages.
+ */
 VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* generator,
                                                          const char* text,
                                                          size_t length,
                                                          const char* name);
 
-/* Sets an option to what its switch on the command line takes; switches without a value take "true"
+/**
+ * Sets an option to what its switch on the command line takes; switches without a value take "true"
  * or "false". Options: see vaultry_option. Names are looked up in the configuration, which
- * therefore comes first. "seed" and "stamp" are drawn by chance for every run until they are set.
+ * therefore comes first. "seed" and "stamp" are drawn by chance for every run until they are set. A
+ * value that is refused changes nothing.
  */
 VAULTRY_API enum vaultry_result
 vaultry_set(vaultry_generator* generator, const char* option, const char* value);
-/* The name of an option, counted from 0; null past the last one. */
+/** The name of an option, counted from 0; null past the last one. It holds for ever. */
 VAULTRY_API const char* vaultry_option(size_t index);
 
-/* Shows the progress of later runs; a null function ends that. `context` is handed on. */
+/** Shows the progress of later runs; a null function ends that. `context` is handed on. */
 VAULTRY_API void
 vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, void* context);
 
-/* Generates a plug-in and writes it to `path`, over a file that is there. */
+/** Generates a plug-in and writes it to `path`, over a file that is there. */
 VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, const char* path);
 
-/* The seed and the stamp of the last run: setting both repeats it to the byte. */
+/** The seed of the last run, 0 before any. Setting it and the stamp repeats the run to the byte. */
 VAULTRY_API uint32_t vaultry_last_seed(const vaultry_generator* generator);
+/** The stamp of the last run, 0 before any: the number that identifiers of containers carry. */
 VAULTRY_API int64_t vaultry_last_stamp(const vaultry_generator* generator);
 
-/* What the last run came to, as JSON: an object with "walkable" and one entry of "levels" for each
- * level; {"walkable":null,"levels":[]} for a fixed interior. Null when memory does not suffice. */
+/**
+ * What the last run came to, as JSON: an object with "walkable" and one entry of "levels" for each
+ * level; {"walkable":null,"levels":[]} for a fixed interior. Null when memory does not suffice.
+ */
 VAULTRY_API const char* vaultry_walkability_json(vaultry_generator* generator);
 
-/* The errors of the last vaultry_init, vaultry_set or vaultry_generate: how many, and each by its
- * number from 0; null past the last one. */
+/** How many errors the last vaultry_init, vaultry_set or vaultry_generate met. */
 VAULTRY_API size_t vaultry_error_count(const vaultry_generator* generator);
+/** One of those errors by its number from 0, a line of text; null past the last one. */
 VAULTRY_API const char* vaultry_error(const vaultry_generator* generator, size_t index);
 
 #ifdef __cplusplus

@@ -16,16 +16,17 @@ namespace Tarnex {
 /// entries of one name; searches by name take the first.
 class VAULTRY_API ConfigMgr : public DiRcObject {
 public:
-    DiPtr<ContentMgr> contentMgr; ///< never null
-    std::vector<DiPtr<Platform>> platformList;
-    std::vector<DiPtr<LayoutTemplate>> caveLayouts;
-    std::vector<DiPtr<LayoutTemplate>> roomLayouts;
-    std::vector<DiPtr<Theme>> themes;
-    std::vector<DiPtr<Theme>> creatureThemes;
-    std::vector<DiPtr<Theme>> treasureThemes;
-    std::vector<DiPtr<TileSet>> caveTileSets;
-    std::vector<DiPtr<TileSet>> roomTileSets;
+    DiPtr<ContentMgr> contentMgr;                   ///< never null
+    std::vector<DiPtr<Platform>> platformList;      ///< for fixed interiors of caves
+    std::vector<DiPtr<LayoutTemplate>> caveLayouts; ///< top-level templates of the type "Cave"
+    std::vector<DiPtr<LayoutTemplate>> roomLayouts; ///< top-level templates of the type "Room"
+    std::vector<DiPtr<Theme>> themes;               ///< of furniture
+    std::vector<DiPtr<Theme>> creatureThemes;       ///< of creatures
+    std::vector<DiPtr<Theme>> treasureThemes;       ///< of what lies in containers
+    std::vector<DiPtr<TileSet>> caveTileSets;       ///< of the type "Cave"
+    std::vector<DiPtr<TileSet>> roomTileSets;       ///< of the type "Room"
 
+    /// An empty store.
     ConfigMgr();
 
     /// Empties the store. Objects that others still hold live on until their last handle goes.

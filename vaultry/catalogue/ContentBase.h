@@ -11,31 +11,32 @@
 
 namespace Tarnex {
 
-/// Whether content may stand on other content, or other content on it.
+/// Whether content may stand on other content, or other content on it. Read and kept; generation
+/// takes no notice of it.
 enum Stacking : std::int32_t {
-    StackNo = 0,
-    StackBottom = 1,
-    StackTop = 2,
-    StackYes = 3,
+    StackNo = 0,     ///< neither
+    StackBottom = 1, ///< other content may stand on it
+    StackTop = 2,    ///< it may stand on other content
+    StackYes = 3,    ///< both
 };
 
 /// Everything that is placed into rooms besides the architecture, and everything that fills
 /// containers.
 class VAULTRY_API ContentBase : public DiRcObject {
 public:
-    std::string uniqueName;    ///< the game's identifier, and the key of theme items
-    std::string friendlyName;  ///< display name of a container
-    std::string modelFile;     ///< model of a container
-    std::string contentKind;   ///< the element's name: "Container", "Creature", ...
-    std::string subtype;       ///< for treasure the list it belongs to
-    std::int32_t maxCount = 1; ///< the most that one stack holds
-    std::int32_t level = 1;
-    std::int32_t value = 0;   ///< worth of one [gold pieces]
-    std::int32_t zRotate = 0; ///< clockwise from above [degrees, whole]
-    float weight = 0.0F;      ///< of one; of a container, what it can carry
-    Di3Point size;            ///< extent [world units]
-    Di3Point offset;          ///< from the centre of its cell [world units]
-    std::int32_t stacking = StackNo;
+    std::string uniqueName;          ///< the game's identifier, and the key of theme items
+    std::string friendlyName;        ///< display name of a container
+    std::string modelFile;           ///< model of a container
+    std::string contentKind;         ///< the element's name: "Container", "Creature", ...
+    std::string subtype;             ///< for treasure the list it belongs to
+    std::int32_t maxCount = 1;       ///< the most that one stack holds; less than 1 counts as 1
+    std::int32_t level = 1;          ///< kept, without effect on generation
+    std::int32_t value = 0;          ///< worth of one, which makes it rare [gold pieces]
+    std::int32_t zRotate = 0;        ///< clockwise from above [degrees, whole]
+    float weight = 0.0F;             ///< of one; of a container, what it can carry
+    Di3Point size;                   ///< extent [world units]
+    Di3Point offset;                 ///< from the centre of its cell [world units]
+    std::int32_t stacking = StackNo; ///< a value of Stacking
 
     /// Takes every field of any other content.
     void CopyFrom(const ContentBase& other) { *this = other; }
@@ -43,12 +44,16 @@ public:
     /// True when the content can be placed.
     virtual bool Instantiable() const = 0;
 
+    /// Whether the content is of that kind, without regard to case.
     bool IsKind(std::string_view kind) const;
+    /// Whether the content is of that subtype, without regard to case.
     bool IsSubtype(std::string_view word) const;
 
 protected:
     ContentBase() = default;
+    /// An object of its own with the same fields.
     ContentBase(const ContentBase&) = default;
+    /// Takes every field; see CopyFrom.
     ContentBase& operator=(const ContentBase&) = default;
 };
 

@@ -9,6 +9,7 @@ namespace Tarnex {
 /// A copy of a template made for one placement, which may change it freely.
 class VAULTRY_API ContentItem : public ContentBase {
 public:
+    /// True.
     bool Instantiable() const override;
 };
 

@@ -12,6 +12,7 @@
 
 namespace Tarnex {
 
+/// Content of one kind, in order of addition.
 using ContentList = std::vector<DiPtr<ContentTemplate>>;
 
 /// Files the content of a configuration in fourteen lists, each in order of addition.
@@ -32,6 +33,9 @@ public:
     static DiPtr<ContentTemplate> FindWithUniqueName(const std::string& name,
                                                      const ContentList& list);
 
+    /// One of the fourteen lists, in order of addition, held by the catalogue.
+    /// @{
+
     const ContentList& GetContainers() const { return lists[Containers]; }
     const ContentList& GetCreatures() const { return lists[Creatures]; }
     const ContentList& GetFurniture() const { return lists[Furniture]; }
@@ -46,6 +50,8 @@ public:
     const ContentList& GetMisc() const { return lists[Misc]; }
     const ContentList& GetTools() const { return lists[Tools]; }
     const ContentList& GetWeapons() const { return lists[Weapons]; }
+
+    /// @}
 
 private:
     enum ListId : std::size_t {

@@ -9,6 +9,7 @@ namespace Tarnex {
 /// A piece of content as the configuration describes it.
 class VAULTRY_API ContentTemplate : public ContentBase {
 public:
+    /// True: an item is made of it first; see ContentMgr::CvtToItem.
     bool Instantiable() const override;
 };
 

@@ -15,6 +15,7 @@ namespace Tarnex {
 /// A rectangular grid of template cells with a name, a type, an offset and nested templates.
 class VAULTRY_API LayoutTemplate : public DiRcObject {
 public:
+    /// The cells of one row, west to east.
     using Row = std::vector<DiPtr<TemplateElmt>>;
 
     /// The most columns or rows that a configuration may ask for. [cells]
@@ -23,20 +24,26 @@ public:
     /// Makes size.y rows of size.x empty cells.
     explicit LayoutTemplate(const DiPos& size);
 
+    /// The name by which the template is chosen.
     const std::string& GetName() const { return name; }
+    /// Replaces the name; not null.
     void SetName(const char* newName) { name = newName; }
 
     /// "Room" or "Cave" for a top-level template.
     const std::string& GetType() const { return type; }
+    /// Replaces the type; not null. Lists that hold the template are not changed.
     void SetType(const char* newType) { type = newType; }
 
     /// Columns, rows and 0. [cells]
     const DiPos& GetSize() const { return size; }
+    /// The number of columns.
     std::uint32_t GetWidth() const { return static_cast<std::uint32_t>(size.x); }
+    /// The number of rows.
     std::uint32_t GetHeight() const { return static_cast<std::uint32_t>(size.y); }
 
     /// Position inside the enclosing template. [cells: +x east, +y south, +z up]
     const Di3Point& GetOffset() const { return offset; }
+    /// Replaces the offset.
     void SetOffset(const Di3Point& newOffset) { offset = newOffset; }
 
     /// The cells of one row; throws std::out_of_range beyond the height.
@@ -47,8 +54,11 @@ public:
     /// Stores the handle, releasing the one before; throws std::out_of_range outside the grid.
     void SetElmt(const DiPtr<TemplateElmt>& elmt, std::int32_t row, std::int32_t col);
 
+    /// The templates nested in this one, in document order.
+    /// @{
     std::vector<DiPtr<LayoutTemplate>>& GetChildren() { return children; }
     const std::vector<DiPtr<LayoutTemplate>>& GetChildren() const { return children; }
+    /// @}
     /// Appends a child; null is ignored.
     void AddChild(const DiPtr<LayoutTemplate>& child);
 

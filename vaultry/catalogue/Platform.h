@@ -19,7 +19,9 @@ public:
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;
 
+    /// The name of the kit.
     const std::string& GetName() const { return name; }
+    /// Replaces the name; not null.
     void SetName(const char* newName) { name = newName; }
 
     /// The filed piece itself, or null.

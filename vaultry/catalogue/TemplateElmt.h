@@ -12,7 +12,7 @@ namespace Tarnex {
 /// The tile names of one cell, in the order written. They are resolved against a tile set only when
 /// a layout is made.
 struct VAULTRY_API TemplateElmt : public DiRcObject {
-    std::vector<TileKindName> tileNames;
+    std::vector<TileKindName> tileNames; ///< the first decides what the cell is
 };
 
 } // namespace Tarnex

@@ -12,23 +12,25 @@ namespace Tarnex {
 
 /// How much of its cell a tile covers.
 enum TileArea : std::int32_t {
-    AreaFull = 0,
-    AreaHalf = 1,
-    AreaQuarter = 2,
+    AreaFull = 0,    ///< the whole cell
+    AreaHalf = 1,    ///< a wall that stands on the centre line of its cell
+    AreaQuarter = 2, ///< a corner whose two walls meet in the centre of its cell
 };
 
 /// A wall, corner, doorway, door, hall piece, stair or floor centre of a tile set.
 struct VAULTRY_API Tile : public DiRcObject {
-    std::string id; ///< object identifier written into the plug-in
-    std::int32_t area = AreaFull;
-    TileKindName kindName;    ///< the name under which the set files it
-    std::int32_t zRotate = 0; ///< clockwise from above [degrees, whole, not normalised]
-    std::int32_t deltaZ = 0;  ///< height climbed by a stair piece [world units]
-    Di3Point offset;          ///< from the cell's reference point [world units]
-    float scale = 1.0F;
-    TileKindName requiredName; ///< kind name of a companion placed together with this one
+    std::string id;               ///< object identifier written into the plug-in
+    std::int32_t area = AreaFull; ///< a value of TileArea
+    TileKindName kindName;        ///< the name under which the set files it
+    std::int32_t zRotate = 0;     ///< clockwise from above [degrees, whole, not normalised]
+    std::int32_t deltaZ = 0;      ///< height climbed by a stair piece [world units]
+    Di3Point offset;              ///< from the cell's reference point [world units]
+    float scale = 1.0F;           ///< of the model
+    TileKindName requiredName;    ///< kind name of a companion placed together with this one
 
+    /// The identifier as a C string, which lives as long as the tile is not changed.
     const char* ID() const { return id.c_str(); }
+    /// Whether the tile covers its whole cell.
     bool IsFullSize() const { return area == AreaFull; }
 };
 

@@ -26,14 +26,14 @@ enum TileType : std::int32_t {
 /// The facing of a tile. A wall, doorway, jamb or door faces the side of the room it belongs to; a
 /// room corner or hall corner is named by its closed sides; a hall end by its closed side.
 enum TileDirT : std::int32_t {
-    DirN = 0,
-    DirS = 1,
-    DirE = 2,
-    DirW = 3,
-    DirNW = 4,
-    DirNE = 5,
-    DirSW = 6,
-    DirSE = 7,
+    DirN = 0,     ///< north
+    DirS = 1,     ///< south
+    DirE = 2,     ///< east
+    DirW = 3,     ///< west
+    DirNW = 4,    ///< north and west
+    DirNE = 5,    ///< north and east
+    DirSW = 6,    ///< south and west
+    DirSE = 7,    ///< south and east
     DirNS = 8,    ///< along the north-south axis
     DirEW = 9,    ///< along the east-west axis
     DirAll = 10,  ///< all sides: centres, four-way halls
@@ -54,6 +54,7 @@ public:
     /// The known kind at that place among all kinds, below kCount.
     static TileKind At(std::size_t index);
 
+    /// False for none.
     constexpr bool IsKnown() const { return row >= 0; }
     /// The place of a known kind among all kinds, 0 to kCount - 1.
     constexpr std::size_t Index() const { return static_cast<std::size_t>(row); }
@@ -65,6 +66,7 @@ public:
     /// TileNone for none and for kinds without a type (stairs).
     constexpr TileType Type() const { return static_cast<TileType>(type); }
 
+    /// Whether both are the same kind, or both none.
     constexpr bool operator==(const TileKind&) const = default;
 
 private:
@@ -81,15 +83,23 @@ VAULTRY_API std::vector<std::string> TileKindNames();
 class VAULTRY_API TileKindName {
 public:
     TileKindName() = default;
+    /// A name as written; a kind that is not known is no error.
+    /// @{
     TileKindName(std::string name) : text(std::move(name)), kind(TileKind::Of(text)) {}
     TileKindName(std::string_view name) : TileKindName(std::string(name)) {}
     TileKindName(const char* name) : TileKindName(std::string(name)) {}
+    /// @}
 
+    /// The name as it was written.
     const std::string& Text() const { return text; }
+    /// The same as a C string.
     const char* c_str() const { return text.c_str(); }
+    /// Whether there is no name.
     bool empty() const { return text.empty(); }
+    /// The kind that the name stands for, or none.
     TileKind Kind() const { return kind; }
 
+    /// Equality of the texts, case included; kinds are compared by Kind.
     friend bool operator==(const TileKindName& a, std::string_view b) { return a.text == b; }
 
 private:

@@ -19,24 +19,31 @@ public:
     TileSet(const TileSet&) = delete;
     TileSet& operator=(const TileSet&) = delete;
 
+    /// The name by which the set is chosen.
     const std::string& GetName() const { return name; }
+    /// Replaces the name; not null.
     void SetName(const char* newName) { name = newName; }
 
     /// "Room" or "Cave".
     const std::string& GetType() const { return type; }
+    /// Replaces the type; not null. Lists that hold the set are not changed.
     void SetType(const char* newType) { type = newType; }
+    /// Whether the type is "Cave", without regard to case.
     bool IsCave() const;
 
     /// Edge of one grid cell. [world units]
     std::int32_t GetTileSize() const { return tileSize; }
+    /// Replaces the size, unchecked; real tile sets have 128 to 1024. [world units]
     void SetTileSize(std::int32_t size) { tileSize = size; }
 
     /// How far content stays away from a wall. [world units]
     float GetWallThickness() const { return wallThickness; }
+    /// Replaces the thickness, unchecked. [world units]
     void SetWallThickness(float thickness) { wallThickness = thickness; }
 
     /// The tile filed under that name, or null.
     const DiPtr<Tile>& Get(const TileKindName& kindName) const;
+    /// The tile of a known kind, or null.
     const DiPtr<Tile>& Get(TileKind kind) const;
 
     /// Files a copy of the tile and of every tile that follows from its kind. A name that is taken

@@ -7,7 +7,10 @@
 
 namespace Tarnex {
 
-// Tile kinds.
+/// @name Tile kinds
+/// @{
+
+/// The name of a kind of tile.
 inline constexpr std::string_view Tile_SwCorner = "CornerSW";
 inline constexpr std::string_view Tile_NwCorner = "CornerNW";
 inline constexpr std::string_view Tile_NeCorner = "CornerNE";
@@ -68,7 +71,12 @@ inline constexpr std::string_view Tile_sStairsDn_2 = "StairsDnS_2";
 inline constexpr std::string_view Tile_eStairsDn_2 = "StairsDnE_2";
 inline constexpr std::string_view Tile_wStairsDn_2 = "StairsDnW_2";
 
-// Tile sets and their tiles.
+/// @}
+
+/// @name Tile sets and their tiles
+/// @{
+
+/// The element of a tile set, one of its attributes or a value of one.
 inline constexpr std::string_view Tile_TileSet = "TileSet";
 inline constexpr std::string_view Tile_TsName = "TsName";
 inline constexpr std::string_view Tile_TsType = "TsType";
@@ -79,7 +87,12 @@ inline constexpr std::string_view Tile_Cave = "Cave";
 inline constexpr std::string_view Tile_HalfSize = "HalfSize";
 inline constexpr std::string_view Tile_QuarterSize = "QuarterSize";
 
-// Attributes shared by several elements.
+/// @}
+
+/// @name Attributes shared by several elements
+/// @{
+
+/// The name of an attribute.
 inline constexpr std::string_view Attrib_Area = "Area";
 inline constexpr std::string_view Attrib_Chance = "Chance";
 inline constexpr std::string_view Attrib_DeltaZ = "DeltaZ";
@@ -108,7 +121,12 @@ inline constexpr std::string_view Attrib_Weight = "Weight";
 inline constexpr std::string_view Attrib_Width = "Width";
 inline constexpr std::string_view Attrib_ZRotate = "ZRotate";
 
-// Content kinds, which are element names.
+/// @}
+
+/// @name Content kinds
+/// @{
+
+/// The name of an element that describes content.
 inline constexpr std::string_view Content_Armor = "Armor";
 inline constexpr std::string_view Content_Clothing = "Clothing";
 inline constexpr std::string_view Content_Container = "Container";
@@ -119,7 +137,13 @@ inline constexpr std::string_view Content_Tapestry = "Tapestry";
 inline constexpr std::string_view Content_Treasure = "Treasure";
 inline constexpr std::string_view Content_Weapon = "Weapon";
 
-// Treasure subtypes. Armor, clothing and weapons are content kinds of their own.
+/// @}
+
+/// @name Treasure subtypes
+/// @{
+
+/// The kind of things that a treasure is; armor, clothing and weapons are content kinds of their
+/// own.
 inline constexpr std::string_view Treasure_Armor = "Armor";
 inline constexpr std::string_view Treasure_Book = "Book";
 inline constexpr std::string_view Treasure_Clothing = "Clothing";
@@ -130,7 +154,12 @@ inline constexpr std::string_view Treasure_Misc = "Misc";
 inline constexpr std::string_view Treasure_Tool = "Tool";
 inline constexpr std::string_view Treasure_Weapon = "Weapon";
 
-// Creature subtypes.
+/// @}
+
+/// @name Creature subtypes
+/// @{
+
+/// The kind of beings that a creature belongs to.
 inline constexpr std::string_view Creature_Bird = "Bird";
 inline constexpr std::string_view Creature_Creature = "Creature";
 inline constexpr std::string_view Creature_Daedra = "Daedra";
@@ -138,29 +167,51 @@ inline constexpr std::string_view Creature_Fish = "Fish";
 inline constexpr std::string_view Creature_Humanoid = "Humanoid";
 inline constexpr std::string_view Creature_Undead = "Undead";
 
-// Whether content may stand on other content.
+/// @}
+
+/// @name Stacking
+/// @{
+
+/// Whether content may stand on other content; see Stacking.
 inline constexpr std::string_view Stack_No = "No";
 inline constexpr std::string_view Stack_Bottom = "Bottom";
 inline constexpr std::string_view Stack_Top = "Top";
 inline constexpr std::string_view Stack_Yes = "Yes";
 
-// Layout templates.
+/// @}
+
+/// @name Layout templates
+/// @{
+
+/// An element of a layout template.
 inline constexpr std::string_view Layout_Layout = "Layout";
 inline constexpr std::string_view Layout_Row = "Row";
 inline constexpr std::string_view Layout_Col = "Col";
 
-// Platforms and their pieces; the stairs are named as stair tiles are.
+/// @}
+
+/// @name Platforms
+/// @{
+
+/// The element of a platform, or one of its pieces; the stairs are named as stair tiles are.
 inline constexpr std::string_view Platform_Platform = "Platform";
 inline constexpr std::string_view Platform_Floor = "Floor";
 inline constexpr std::string_view Platform_Beam = "Beam";
 
-// Themes.
+/// @}
+
+/// @name Themes
+/// @{
+
+/// The element of a theme, or of an item in one.
 inline constexpr std::string_view Theme_Theme = "Theme";
 inline constexpr std::string_view Theme_CreatureTheme = "CreatureTheme";
 inline constexpr std::string_view Theme_TreasureTheme = "TreasureTheme";
 inline constexpr std::string_view Theme_ThemeItem = "ThemeItem";
 
-// The document element.
+/// @}
+
+/// The document element.
 inline constexpr std::string_view Config_Root = "OstrelData";
 
 } // namespace Tarnex

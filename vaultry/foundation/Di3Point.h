@@ -5,13 +5,15 @@
 /// Three single-precision numbers: a position or offset [world units, +x east, +y north] or a
 /// rotation about the three axes [radians].
 struct Di3Point {
-    float x = 0.0F;
-    float y = 0.0F;
-    float z = 0.0F;
+    float x = 0.0F; ///< towards the east, or about the x axis
+    float y = 0.0F; ///< towards the north, or about the y axis
+    float z = 0.0F; ///< upwards, or about the z axis
 
     constexpr Di3Point() = default;
+    /// The point with these components.
     constexpr Di3Point(float px, float py, float pz) : x(px), y(py), z(pz) {}
 
+    /// Adds component by component.
     constexpr Di3Point& operator+=(const Di3Point& other) {
         x += other.x;
         y += other.y;
@@ -19,6 +21,7 @@ struct Di3Point {
         return *this;
     }
 
+    /// Subtracts component by component.
     constexpr Di3Point& operator-=(const Di3Point& other) {
         x -= other.x;
         y -= other.y;
@@ -33,9 +36,11 @@ struct Di3Point {
         z = -z;
     }
 
+    /// Equality of all components, as numbers: 0.0 and -0.0 are equal.
     constexpr bool operator==(const Di3Point&) const = default;
 };
 
+/// The sum, component by component.
 constexpr Di3Point operator+(Di3Point a, const Di3Point& b) {
     return a += b;
 }

@@ -18,10 +18,12 @@ struct VAULTRY_API DiDirection {
     std::int32_t distY = 0; ///< signed distance to the target [cells]
 
     DiDirection() = default;
+    /// Step and distances from one position to the other; see Set.
     DiDirection(const DiPos& from, const DiPos& to);
 
     /// Copies carry the step alone: a remembered step has no target any more.
     DiDirection(const DiDirection& other);
+    /// Takes the step alone, as a copy does; its own distances stay.
     DiDirection& operator=(const DiDirection& other);
     ~DiDirection() = default;
 

@@ -9,19 +9,22 @@
 /// As a position, x is the column (west to east), y the row (row 0 is the northern edge) and z a
 /// level or height. As a size, x is the width, y the height, z the vertical extent. [cells]
 struct DiPos {
-    std::int32_t x = 0;
-    std::int32_t y = 0;
-    std::int32_t z = 0;
+    std::int32_t x = 0; ///< column, or width
+    std::int32_t y = 0; ///< row, or height
+    std::int32_t z = 0; ///< level, or vertical extent
 
     constexpr DiPos() = default;
+    /// The position with these components.
     constexpr DiPos(std::int32_t px, std::int32_t py, std::int32_t pz) : x(px), y(py), z(pz) {}
 
+    /// Replaces all components.
     constexpr void set(std::int32_t px, std::int32_t py, std::int32_t pz) {
         x = px;
         y = py;
         z = pz;
     }
 
+    /// Adds component by component; a sum out of range is not caught.
     constexpr DiPos& operator+=(const DiPos& other) {
         x += other.x;
         y += other.y;
@@ -29,6 +32,7 @@ struct DiPos {
         return *this;
     }
 
+    /// Subtracts component by component; a difference out of range is not caught.
     constexpr DiPos& operator-=(const DiPos& other) {
         x -= other.x;
         y -= other.y;
@@ -39,9 +43,11 @@ struct DiPos {
     /// True when all three components are 0.
     constexpr bool isZero() const { return x == 0 && y == 0 && z == 0; }
 
+    /// Equality of all components.
     constexpr bool operator==(const DiPos&) const = default;
 };
 
+/// The sum, component by component.
 constexpr DiPos operator+(DiPos a, const DiPos& b) {
     return a += b;
 }

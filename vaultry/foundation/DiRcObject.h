@@ -15,6 +15,7 @@ class VAULTRY_API DiRcObject {
 public:
     virtual ~DiRcObject() = default;
 
+    /// Adds one reference; DiPtr does it for whoever holds a handle.
     void addReference() const { ++count; }
 
     /// Drops one reference; at 0 the object is destroyed.
@@ -29,7 +30,9 @@ public:
 
 protected:
     DiRcObject() = default;
+    /// An object of its own, which nobody refers to yet.
     DiRcObject(const DiRcObject& /*other*/) {}
+    /// Leaves the count of either object as it is.
     DiRcObject& operator=(const DiRcObject& /*other*/) { return *this; }
 
     /// Called when the last reference goes; deletes the object.

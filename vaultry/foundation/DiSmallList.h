@@ -16,10 +16,17 @@
 template <typename T, std::size_t N>
 class DiSmallList {
 public:
+    /// What the list holds, under the name that algorithms ask for.
     using value_type = DiPtr<T>;
 
+    /// How many handles the list holds, null ones too.
     std::size_t size() const { return count; }
+    /// True when the list holds none.
     bool empty() const { return count == 0; }
+
+    /// As with a vector: positions must lie in the list, and whatever makes the list longer or
+    /// shorter ends iterators and references.
+    /// @{
 
     DiPtr<T>* begin() { return count <= N ? inPlace.data() : many->data(); }
     DiPtr<T>* end() { return begin() + count; }
@@ -33,7 +40,9 @@ public:
     DiPtr<T>& back() { return *(end() - 1); }
     const DiPtr<T>& back() const { return *(end() - 1); }
 
-    // By value: the handle may be one of the list's own.
+    /// @}
+
+    /// Appends a handle. By value: it may be one of the list's own.
     void push_back(DiPtr<T> handle) {
         if (count < N) {
             inPlace[count] = std::move(handle);
@@ -47,6 +56,7 @@ public:
         ++count;
     }
 
+    /// Lets go of all handles.
     void clear() {
         for (std::size_t i = 0; i < N && i < count; ++i) {
             inPlace[i] = nullptr;
@@ -57,6 +67,9 @@ public:
 
     DiSmallList() = default;
     ~DiSmallList() = default;
+
+    /// A copy holds further handles to the same objects; a list that was moved from is empty.
+    /// @{
 
     DiSmallList(const DiSmallList& other)
         : count(other.count), inPlace(other.inPlace), many(CopyOf(other.many)) {}
@@ -80,6 +93,8 @@ public:
         many = std::move(other.many);
         return *this;
     }
+
+    /// @}
 
 private:
     using Many = std::vector<DiPtr<T>>;

@@ -2,8 +2,8 @@
 // The marks of what the shared library exports.
 #pragma once
 
-// VAULTRY_STATIC: the sources are linked in directly (tests, static builds).
-// VAULTRY_BUILDING: set only while the library's own objects are compiled.
+/// Marks what the shared library exports. Define VAULTRY_STATIC where the library's objects are
+/// linked in directly; VAULTRY_BUILDING is set only while they are compiled.
 #if defined(VAULTRY_STATIC)
 #define VAULTRY_API
 #elif defined(_WIN32)

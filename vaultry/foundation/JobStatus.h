@@ -16,14 +16,15 @@ class VAULTRY_API JobStatus {
 public:
     virtual ~JobStatus();
 
-    /// Steps made so far.
+    /// Steps made so far; a run makes one for each level that it has laid out.
     virtual std::int32_t GetPos() const;
     /// The range of positions as (low, high); (0, 0) in the base.
     virtual std::pair<std::int32_t, std::int32_t> GetRange() const;
     /// Polled by the generators, which stop early when it is true; false in the base.
     virtual bool HasBeenCanceled() const;
+    /// Replaces the position; the generators use StepIt alone.
     virtual void SetPos(std::int32_t position);
-    /// Does nothing in the base.
+    /// For front ends; the generators never call it. Does nothing in the base.
     virtual void SetRange(std::int32_t low, std::int32_t high);
     /// The step now under way, for display; does nothing in the base.
     virtual void SetText(const std::string& text);

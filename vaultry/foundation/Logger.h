@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+/// Lets the compiler check the arguments of a function against its format text: the number of the
+/// parameter that is the text, and of the first that it formats, counted from 1.
 #if defined(__MINGW32__)
 #define VAULTRY_PRINTF(text, first) __attribute__((format(gnu_printf, text, first)))
 #else
@@ -39,10 +41,10 @@ public:
     /// Writes "Warning : source : message"; not kept in the error list.
     static void DebugError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
 
-    /// Writes "Error : source : message" and appends the line to the error list.
     /// No more errors than these are kept and written; one more line says that there are more.
     static constexpr std::size_t kMaxErrors = 100'000;
 
+    /// Writes "Error : source : message" and appends the line to the error list.
     static void WriteError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
 
     /// The error lines since the start or the last ResetErrors, in order.

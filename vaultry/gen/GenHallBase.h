@@ -24,7 +24,11 @@ public:
     virtual bool Try4Way(GridElmt& elmt, const DiPos& pos, bool testOnly) = 0;
 
 protected:
+    /// The source of messages in the log.
     static constexpr const char* S_LogSrc = "GenHall";
+
+    /// Whether the tile is of the type that the function names.
+    /// @{
 
     static bool IsCenter(const Tile& tile) { return GetTileType(tile) == TileCenter; }
     static bool IsCorner(const Tile& tile) { return GetTileType(tile) == TileCorner; }
@@ -32,12 +36,16 @@ protected:
     static bool IsHall(const Tile& tile) { return GetTileType(tile) == TileHall; }
     static bool IsWall(const Tile& tile) { return GetTileType(tile) == TileWall; }
 
+    /// @}
+
     /// The element of the level there, or null.
     const DiPtr<GridElmt>& ElmtAt(const DiPos& pos) const;
+    /// Whether the place lies in the level at all.
     bool IsInside(const DiPos& pos) const;
     /// True on the outer border of the level, where nothing may open outward.
     bool IsOnBorder(const DiPos& pos) const;
 
+    /// The middle of the room's own grid, to the south-east of it when a side is even.
     DiPos FindCenter(const Layout& room) const;
     /// The first room, row by row, that covers the place. A place one cell past a room's southern
     /// or eastern edge counts as the room's, on purpose.
@@ -48,18 +56,26 @@ protected:
     /// A wall or doorway of the room, drawn from those that look the way `way` goes, or, when there
     /// is none, the way its other axis goes; (0, 0, 0) for none.
     DiPos FindForDoorway(const Layout& room, const DiDirection& way) const;
+
+    /// A wall or doorway of the side that the function names, or one that faces aside if `way`
+    /// leads there too; drawn among those that are safe, (0, 0, 0) for none.
+    /// @{
+
     DiPos FindForDoorwayN(const Layout& room, const DiDirection& way) const;
     DiPos FindForDoorwayS(const Layout& room, const DiDirection& way) const;
     DiPos FindForDoorwayE(const Layout& room, const DiDirection& way) const;
     DiPos FindForDoorwayW(const Layout& room, const DiDirection& way) const;
 
+    /// @}
+
     /// Whether the wall may be opened: not at the border, and nothing in the way outside.
     bool IsSafeForDoor(const Tile& tile, const DiPos& pos) const;
+    /// How the hall piece there may be changed without moving on; CvtNone where there is none.
     CvtAction CanInPlaceCvt(const DiPos& pos) const;
 
-    const GenInfo& info;
-    Layout& main;
-    RoomInfo& rooms;
+    const GenInfo& info; ///< of the run; the halls are built from its tile set
+    Layout& main;        ///< the level
+    RoomInfo& rooms;     ///< which rooms lie where in it
 
 private:
     void MapRooms() const;

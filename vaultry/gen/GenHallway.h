@@ -16,6 +16,7 @@ namespace Tarnex {
 /// passes through rooms by their walls.
 class VAULTRY_API GenHallway : public GenHallBase {
 public:
+    /// Joins the rooms of `main` that `rooms` holds; see GenHallBase for who owns them.
     GenHallway(const GenInfo& info, Layout& main, RoomInfo& rooms);
 
     /// False when two halls or more could not be made; a single failure is tolerated.
@@ -32,7 +33,9 @@ protected:
     bool ConnectRooms(const DiPtr<Layout>& from, const DiPtr<Layout>& to);
     /// Puts the cursor into the middle of the source room.
     void Prep();
+    /// Moves the cursor along the hall by one cell, or counts that it could not.
     void NextStep();
+    /// Moves the cursor to a doorway of the room that it is inside, which is made if need be.
     void LeaveRoom();
     /// Sets and returns the finished flag: the cursor stands on an element of the destination.
     bool CheckFinished();
@@ -60,12 +63,12 @@ protected:
     DiPos curXY;                     ///< the cursor
     DiPos destXY;                    ///< where it is heading
     std::deque<DiDirection> history; ///< the steps taken, newest at the back
-    DiPtr<Layout> sourceRoom;
-    DiPtr<Layout> destRoom;
-    DiPtr<Layout> insideRoom;  ///< the room the cursor is inside; null in a hall
-    DiPtr<Tile> curTile;       ///< the tile at the cursor
-    std::uint32_t blocked = 0; ///< failed steps in a row
-    bool finished = false;
+    DiPtr<Layout> sourceRoom;        ///< where the hall begins
+    DiPtr<Layout> destRoom;          ///< where it is to end
+    DiPtr<Layout> insideRoom;        ///< the room the cursor is inside; null in a hall
+    DiPtr<Tile> curTile;             ///< the tile at the cursor
+    std::uint32_t blocked = 0;       ///< failed steps in a row
+    bool finished = false;           ///< the hall has reached the destination
 
 private:
     struct Walk;

@@ -18,12 +18,12 @@ class LevelObserver;
 /// Everything a generator needs. Every generator holds a reference to it; what a run leaves in it
 /// (tile set, themes) is where the next run starts.
 struct VAULTRY_API GenInfo {
-    Mod mod;          ///< the plug-in being built
-    ConfigMgr config; ///< everything read from the configuration
-    RandomGenInfo randomInfo;
-    DiPtr<Theme> defCreatureTheme; ///< null: no creatures
-    DiPtr<Theme> defTheme;         ///< furniture theme; null: no content at all
-    DiPtr<TileSet> defTileSet;
+    Mod mod;                           ///< the plug-in being built
+    ConfigMgr config;                  ///< everything read from the configuration
+    RandomGenInfo randomInfo;          ///< what is asked of random levels
+    DiPtr<Theme> defCreatureTheme;     ///< null: no creatures
+    DiPtr<Theme> defTheme;             ///< furniture theme; null: no content at all
+    DiPtr<TileSet> defTileSet;         ///< what levels are built from; a run needs one
     DiPtr<LayoutTemplate> defTemplate; ///< for fixed layouts
     DiPtr<Theme> defTreasureTheme;     ///< null: containers stay empty
     JobStatus* jobStatus = nullptr;    ///< the caller's, not owned; may be null

@@ -16,7 +16,9 @@ namespace Tarnex {
 /// Its messages are logged under "Generator".
 class VAULTRY_API GenIntBase {
 public:
+    /// `info` must outlive the generator; its default tile set is used until another is chosen.
     explicit GenIntBase(GenInfo& info);
+    /// A generator of the same run.
     GenIntBase(const GenIntBase&) = default;
     GenIntBase& operator=(const GenIntBase&) = delete;
     virtual ~GenIntBase();
@@ -31,16 +33,17 @@ protected:
     /// The elements of a layout and its children by the type of their first tile. Doorways and hall
     /// ends are in none of the lists. The counts are those of the sort, whatever is removed later.
     struct SortedElmts {
-        std::uint32_t numCenters = 0;
-        std::uint32_t numCorners = 0;
-        std::uint32_t numHalls = 0;
-        std::uint32_t numWalls = 0;
-        ElmtList centers;
-        ElmtList corners;
-        ElmtList halls;
-        ElmtList walls;
+        std::uint32_t numCenters = 0; ///< as many were sorted into `centers`
+        std::uint32_t numCorners = 0; ///< as many were sorted into `corners`
+        std::uint32_t numHalls = 0;   ///< as many were sorted into `halls`
+        std::uint32_t numWalls = 0;   ///< as many were sorted into `walls`
+        ElmtList centers;             ///< floor centres
+        ElmtList corners;             ///< room corners
+        ElmtList halls;               ///< hall pieces, but for dead ends
+        ElmtList walls;               ///< straight walls
     };
 
+    /// The source of messages in the log.
     static constexpr const char* S_LogSrc = "Generator";
 
     // Frame.
@@ -50,6 +53,7 @@ protected:
     void TemplateToLayout(Layout& layout, const LayoutTemplate& from);
     /// An empty layout, counted in the run's memory.
     DiPtr<Layout> MakeLayout(const DiPos& size) const;
+    /// Adds the elements of the layout and its children to the lists.
     void SortLayout(SortedElmts& sorted, const Layout& layout) const;
     /// Makes the cell named in the run's context, beginning with its north marker.
     void InitCell();
@@ -58,13 +62,16 @@ protected:
     /// Turns every element of the layout and its children into references; `offset` is the
     /// layout's absolute position. [cells]
     void LayoutToCell(Cell& target, const Layout& layout, const Di3Point& offset);
+    /// Appends references for the element's tiles and their companions.
     void
     CvtTiles(Cell& target, const GridElmt& elmt, const DiPos& pos, const Di3Point& offset) const;
+    /// Appends the reference of one tile; a door of a linked level becomes a teleporting one.
     void DoCvtTile(Cell& target,
                    const GridElmt& elmt,
                    const Tile& tile,
                    const DiPos& pos,
                    const Di3Point& offset) const;
+    /// Appends references for the pieces of the element's platform.
     void CvtPlatforms(Cell& target,
                       const GridElmt& elmt,
                       const DiPos& pos,
@@ -77,17 +84,27 @@ protected:
 
     /// Raises a platform, chosen by chance from the configuration, along every wall.
     void AddPlatforms(Layout& layout);
+    /// Builds the platform along the wall or in the corner that the element is. A platform without
+    /// a floor piece adds nothing; too many pieces, or another kind of element, are logged.
     void AddPlatform(GridElmt& elmt, const Platform& platform) const;
 
     // Contents.
 
     /// Furnishes the layout from the furniture and creature themes.
     void AddContents(Layout& layout);
+    /// Places what the item asks for where content of its kind goes: rugs on floor centres, all
+    /// else along walls and, but in caves, into corners. Full elements leave the lists.
+    /// @{
+
     void PlaceContainers(SortedElmts& sorted, const ThemeItem& item);
     void PlaceFurniture(SortedElmts& sorted, const ThemeItem& item);
     void PlaceTapestries(SortedElmts& sorted, const ThemeItem& item);
     void PlaceRugs(SortedElmts& sorted, const ThemeItem& item);
+    /// @}
+
+    /// Places creatures on centres, halls and along walls; birds and fish stay out.
     void PlaceCreatures(SortedElmts& sorted, const ThemeItem& item);
+    /// Places content of `item` along walls and, but in caves, into corners.
     void
     WallAndCornerPlace(SortedElmts& sorted, const ThemeItem& item, const ContentList& candidates);
     /// Places content of `item` on elements drawn from `elements`, each used at most once.
@@ -95,6 +112,7 @@ protected:
                     const ThemeItem& item,
                     const ContentList& candidates,
                     std::uint32_t count);
+    /// Adds an item made from the content, fitted to the element; nothing without tiles.
     void PlaceItem(const ContentTemplate& content, GridElmt& elmt) const;
     /// The content that the item names, or one of the candidates by chance; null when there is
     /// none. An unknown name is logged.
@@ -102,21 +120,26 @@ protected:
                                          const ContentList& candidates) const;
     /// One of the list by chance, valuable content rarely; null for an empty list.
     DiPtr<ContentTemplate> SelectItem(const ContentList& candidates) const;
+    /// Likewise among all content of the item's type.
     DiPtr<ContentTemplate> ThemeItemToContent(const ThemeItem& item) const;
     /// How many of the content make one stack.
     std::uint32_t DetermineQty(const ContentTemplate& content) const;
+    /// Takes the elements out of the list that can hold no more.
     static void RemoveFullElmts(ElmtList& list);
+    /// Takes the content of that subtype out of the list.
     static void RemoveBySubtype(ContentList& list, const char* subtype);
     /// Turns the element's contents into references, each container into a record of its own.
     void CvtContents(Cell& target, const GridElmt& elmt, const DiPos& pos, const Di3Point& offset);
 
     // Treasure.
 
+    /// Fills the containers from the treasure theme; nothing without one.
     void AddCtrTreasure(std::vector<DiPtr<Container>>& filled);
+    /// Puts what one item of a theme asks for into containers that can carry it.
     void PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const ThemeItem& item);
 
-    GenInfo& info;
-    ConfigMgr* config;
+    GenInfo& info;                            ///< the run's context
+    ConfigMgr* config;                        ///< its configuration; never null
     DiPtr<TileSet> tileSet;                   ///< in use; a random generator may replace it
     DiPtr<Cell> cell;                         ///< being filled; null until InitCell
     std::vector<DiPtr<Container>> containers; ///< made for the cell's contents

@@ -10,8 +10,10 @@ namespace Tarnex {
 /// play no part; it reports no progress.
 class VAULTRY_API GenIntFixed : public GenIntBase {
 public:
+    /// `info` must outlive the generator and have a tile set and a template.
     explicit GenIntFixed(GenInfo& info);
 
+    /// Makes the cell. Cancelled, it ends early and says so in the report.
     void Gen() override;
 
 private:

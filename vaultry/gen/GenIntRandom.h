@@ -17,11 +17,15 @@ namespace Tarnex {
 /// and the themes last chosen.
 class VAULTRY_API GenIntRandom : public GenIntBase {
 public:
+    /// `info` must outlive the generator and have a tile set.
     explicit GenIntRandom(GenInfo& info);
 
+    /// Makes the levels that the context's parameters ask for and reports on each. Cancelled, it
+    /// ends early and says so in the report.
     void Gen() override;
 
 protected:
+    /// Levels in the order of their numbers.
     using Levels = std::vector<DiPtr<Layout>>;
 
     // Floor plan.
@@ -30,18 +34,28 @@ protected:
     void InitRoomGridSize(DiPos& size) const;
     /// One complete level for a room grid of that size; null when its rooms could not be joined.
     DiPtr<Layout> InitMainLayout(const DiPos& grid, LevelReport& report);
+    /// Fills slots of the room grid, how many and which by spacing and chance.
     void CreateRooms(RoomInfo& rooms);
+    /// A bare room of 3 to 7 cells a side.
     DiPtr<Layout> CreateRoom();
     /// A room from a layout template of the tile set's type; null when there is none.
     DiPtr<Layout> CreateFromUserLayout();
+    /// Gives an empty layout corners, walls and a floor.
     void LayoutRoom(Layout& room) const;
+    /// Adds the gaps that the spacing asks for to the rows and columns of the room grid.
     void SpaceRooms(RoomInfo& rooms) const;
+    /// Puts each room into the level, anywhere in its slot.
     void PlaceRooms(Layout& main, RoomInfo& rooms) const;
+    /// Joins the rooms with halls; false when two halls or more could not be made.
     bool ConnectRooms(Layout& main, RoomInfo& rooms, LevelReport& report);
 
     // Choices by chance.
 
+    /// Chooses the tile set of the next level, if that is left to chance. The `first` level always
+    /// gets one; later ones mostly keep theirs.
     void InitRandomTileSet(bool first);
+    /// Likewise the themes, each if it is left to chance. No theme of the levels asked for is
+    /// logged, and one of any level is taken.
     void InitRandomThemes(bool first);
     /// The themes with a level from lo to hi, in list order; negative levels never match.
     static std::vector<DiPtr<Theme>>

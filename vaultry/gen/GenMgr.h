@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+/// The whole library, but for the types that begin with Di and stand outside. GenMgr is where to
+/// begin.
 namespace Tarnex {
 
 /// How a CreateMod ended.
@@ -61,8 +63,13 @@ public:
     void SetDefaultTemplate(const char* name, bool cave);
     /// The first theme of exactly that name becomes the default; without one there is no default.
     void SetDefaultTheme(const char* name);
+    /// Likewise among the creature themes; without one, levels have no creatures.
     void SetDefaultCreatureTheme(const char* name);
+    /// Likewise among the treasure themes; without one, containers stay empty.
     void SetDefaultTreasureTheme(const char* name);
+
+    /// The default in use, null for none. A random run leaves here what it chose last.
+    /// @{
 
     DiPtr<TileSet> GetDefaultTileSet() const { return defTileSet; }
     DiPtr<LayoutTemplate> GetDefaultTemplate() const { return defTemplate; }
@@ -70,7 +77,12 @@ public:
     DiPtr<Theme> GetDefaultCreatureTheme() const { return defCreatureTheme; }
     DiPtr<Theme> GetDefaultTreasureTheme() const { return defTreasureTheme; }
 
-    // The configuration's own lists, for front ends to enumerate.
+    /// @}
+
+    /// One of the configuration's own lists, in document order, for front ends to enumerate. What
+    /// is in it lasts until the next configuration is read.
+    /// @{
+
     std::vector<DiPtr<TileSet>>& GetCaveTileSets() { return config.caveTileSets; }
     std::vector<DiPtr<TileSet>>& GetRoomTileSets() { return config.roomTileSets; }
     std::vector<DiPtr<LayoutTemplate>>& GetCaveLayouts() { return config.caveLayouts; }
@@ -79,13 +91,18 @@ public:
     std::vector<DiPtr<Theme>>& GetCreatureThemes() { return config.creatureThemes; }
     std::vector<DiPtr<Theme>>& GetTreasureThemes() { return config.treasureThemes; }
 
+    /// @}
+
+    /// Replaces what is asked of random levels.
     void SetRandomInfo(const RandomGenInfo& parameters) { randomInfo = parameters; }
-    /// The pointer is kept, not owned; null is allowed.
+    /// Told of the progress of runs and asked whether to stop them; the pointer is kept, not owned;
+    /// null is allowed.
     void SetJobStatus(JobStatus* status) { jobStatus = status; }
     /// Shown every finished level; the pointer is kept, not owned; null is allowed.
     void SetLevelObserver(LevelObserver* observer) { levelObserver = observer; }
     /// The master file that the plug-in names; see FileHeader::SetMasterFile.
     void SetMasterFile(const char* name, std::uint32_t size) { mod.SetMasterFile(name, size); }
+    /// Whether fixed interiors of cave tile sets get platforms; off at first.
     void SetAddPlatforms(bool add) { addPlatforms = add; }
     /// Whether the cell of a single random level carries the name asked for; off at first.
     void SetNameSingleLevel(bool named) { nameSingleLevel = named; }

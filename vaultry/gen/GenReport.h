@@ -14,8 +14,8 @@ namespace Tarnex {
 /// A hall that could not be carved, by the slots of its rooms in the level's room grid (x the
 /// column, y the row, both from 0).
 struct FailedHall {
-    DiPos from;
-    DiPos to;
+    DiPos from; ///< where the hall was to begin
+    DiPos to;   ///< where it was to end
 };
 
 /// One room of a random level.
@@ -42,14 +42,16 @@ struct VAULTRY_API LevelReport {
     /// at most one otherwise.
     std::vector<FailedHall> failedHalls;
 
+    /// How many rooms can be reached, the first among them.
     std::size_t ReachableRooms() const;
+    /// True when the level was made and every room of it can be reached.
     bool IsWalkable() const { return made && ReachableRooms() == rooms.size(); }
 };
 
 /// All levels of a random run, in order; empty for a fixed interior.
 struct VAULTRY_API GenReport {
-    std::vector<LevelReport> levels;
-    bool canceled = false; ///< the run ended early; what was made is not whole
+    std::vector<LevelReport> levels; ///< given up ones too
+    bool canceled = false;           ///< the run ended early; what was made is not whole
 
     /// True when the levels that were made hang together by their doors.
     bool AreLevelsLinked() const;

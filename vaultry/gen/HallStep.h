@@ -20,11 +20,12 @@ enum CvtAction : std::int32_t {
 /// What a hall does next: lay `tile` one step further, or, with a step of (0, 0), replace the tile
 /// where the hall has come to. No tile: the hall is blocked.
 struct HallChoice {
-    TileKind tile;
-    std::int32_t stepX = 0; ///< [cells]
-    std::int32_t stepY = 0; ///< [cells]
-    CvtAction action = CvtNone;
+    TileKind tile;              ///< to be laid; none when the hall is blocked
+    std::int32_t stepX = 0;     ///< [cells]
+    std::int32_t stepY = 0;     ///< [cells]
+    CvtAction action = CvtNone; ///< what replacing the tile amounts to
 
+    /// Whether the tile is replaced where the hall stands.
     bool IsInPlace() const { return stepX == 0 && stepY == 0; }
 };
 

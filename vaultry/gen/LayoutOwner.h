@@ -23,8 +23,10 @@ public:
         }
     }
 
+    /// Takes charge of a root layout; not null.
     Layout& Own(const DiPtr<Layout>& layout) { return *layouts.emplace_back(layout); }
 
+    /// The layouts, in the order taken.
     const std::vector<DiPtr<Layout>>& All() const { return layouts; }
 
 private:
@@ -34,6 +36,7 @@ private:
 /// Takes a layout apart unless it is released: for one under construction, whatever ends that.
 class LayoutGuard {
 public:
+    /// Guards a root layout; null is allowed.
     explicit LayoutGuard(const DiPtr<Layout>& layout_) : layout(layout_) {}
     LayoutGuard(const LayoutGuard&) = delete;
     LayoutGuard& operator=(const LayoutGuard&) = delete;

@@ -12,9 +12,9 @@ namespace Tarnex {
 /// A level as it stands when its cell is complete. Everything referred to lives until the call
 /// ends: layouts are gone when the run is over.
 struct FinishedLevel {
-    const Layout& layout; ///< with contents, doors and platforms
-    const Cell& cell;
-    const TileSet& tileSet;
+    const Layout& layout;      ///< with contents, doors and platforms
+    const Cell& cell;          ///< with all its references
+    const TileSet& tileSet;    ///< that the level is built from
     const LevelReport* report; ///< null for a fixed interior
 };
 
@@ -23,6 +23,8 @@ struct FinishedLevel {
 class VAULTRY_API LevelObserver {
 public:
     virtual ~LevelObserver();
+    /// Called once for each level, while the run waits. A std::exception ends the run, which is
+    /// refused then.
     virtual void LevelFinished(const FinishedLevel& level) = 0;
 };
 

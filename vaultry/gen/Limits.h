@@ -6,8 +6,9 @@
 
 namespace Tarnex {
 
-// Each lies far beyond any real dungeon; reaching one is logged. They keep a mistyped number from
-// taking hours or all memory.
+/// Each limit lies far beyond any real dungeon; reaching one is logged. They keep a mistyped number
+/// from taking hours or all memory.
+/// @{
 
 /// Turns that one theme item gets in one cell.
 inline constexpr std::int64_t kMaxTurns = 100'000;
@@ -33,5 +34,7 @@ inline constexpr std::int64_t kMaxPlacingSteps = 10'000'000'000;
 
 /// What layouts, contents and references of one run take together. [bytes]
 inline constexpr std::uint64_t kMaxRunMemory = std::uint64_t{2} << 30U;
+
+/// @}
 
 } // namespace Tarnex

@@ -13,23 +13,24 @@ namespace Tarnex {
 
 /// The stairs of a platform and where their free coordinate lies.
 struct StairsPlan {
-    std::string_view kind;
-    float Di3Point::*axis;
-    float place; ///< on that axis [world units]
+    std::string_view kind; ///< name of the piece
+    float Di3Point::*axis; ///< x or y
+    float place;           ///< on that axis [world units]
 };
 
 /// The slabs of one element's platform: a grid of `columns` by `rows` from (x, y), growing by the
 /// slab's size, at the height z. [world units]
 struct PlatformPlan {
-    std::int32_t columns;
-    std::int32_t rows;
-    float x;
-    float y;
-    float z;
-    std::optional<StairsPlan> stairs;
-    std::int32_t beamRow;    ///< the row with beams at both ends, or kNoBeams
-    std::int32_t beamColumn; ///< the column with beams at both ends, or kNoBeams
+    std::int32_t columns;             ///< 0 for slabs larger than the place
+    std::int32_t rows;                ///< likewise
+    float x;                          ///< of the first slab
+    float y;                          ///< of the first slab
+    float z;                          ///< of all slabs
+    std::optional<StairsPlan> stairs; ///< walls have some, corners none
+    std::int32_t beamRow;             ///< the row with beams at both ends, or kNoBeams
+    std::int32_t beamColumn;          ///< the column with beams at both ends, or kNoBeams
 
+    /// The row or column of beams when there are none.
     static constexpr std::int32_t kNoBeams = -1;
 };
 

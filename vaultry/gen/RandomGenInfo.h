@@ -13,26 +13,32 @@ namespace Tarnex {
 /// What a front end may ask of random levels.
 struct VAULTRY_API RandomGenInfo {
     /// The size of the room grid.
-    enum LevelSizeT : std::int32_t { Random = 0, Tiny = 1, Small = 2, Medium = 3, Large = 4 };
+    enum LevelSizeT : std::int32_t {
+        Random = 0, ///< any grid of 4 to 20 slots
+        Tiny = 1,   ///< 4 slots
+        Small = 2,  ///< 6 slots
+        Medium = 3, ///< 9 slots
+        Large = 4,  ///< 12 to 20 slots
+    };
 
     /// The gaps between rooms. "Random" is 0 here too.
     enum RoomSpacingT : std::int32_t {
-        RandomSpacing = 0,
-        Tight = 1,
-        SemiTight = 2,
-        SemiLoose = 3,
-        Loose = 4,
+        RandomSpacing = 0, ///< any, wider in caves
+        Tight = 1,         ///< none, and every slot is to hold a room
+        SemiTight = 2,     ///< 0 to 3 cells
+        SemiLoose = 3,     ///< 2 to 5 cells
+        Loose = 4,         ///< 3 to 6 cells
     };
 
-    std::uint32_t numLevels = 1; ///< levels, each a cell of its own
-    std::uint32_t minLevel = 1;  ///< lowest level of a randomly chosen creature theme
-    std::uint32_t maxLevel = 5;  ///< highest level of a randomly chosen creature theme
-    LevelSizeT levelSize = Random;
-    RoomSpacingT roomSpacing = RandomSpacing;
-    bool randomTileSet = false;       ///< choose the tile set by chance
-    bool randomTheme = false;         ///< choose the furniture theme by chance
-    bool randomCreatureTheme = false; ///< choose the creature theme by chance
-    bool randomTreasureTheme = false; ///< choose the treasure theme by chance
+    std::uint32_t numLevels = 1;              ///< levels, each a cell of its own
+    std::uint32_t minLevel = 1;               ///< lowest level of a randomly chosen creature theme
+    std::uint32_t maxLevel = 5;               ///< highest level of a randomly chosen creature theme
+    LevelSizeT levelSize = Random;            ///< of every level
+    RoomSpacingT roomSpacing = RandomSpacing; ///< of every level
+    bool randomTileSet = false;               ///< choose the tile set by chance
+    bool randomTheme = false;                 ///< choose the furniture theme by chance
+    bool randomCreatureTheme = false;         ///< choose the creature theme by chance
+    bool randomTreasureTheme = false;         ///< choose the treasure theme by chance
 
     /// The words of the level sizes; a word's position is its value.
     static const std::vector<std::string>& GetLevelSizeStrings();
@@ -41,6 +47,8 @@ struct VAULTRY_API RandomGenInfo {
 
     /// The value of a word, without regard to case; Random for any other text and for null.
     static LevelSizeT StringToLevelSize(const char* text);
+    /// The value of a word, without regard to case; RandomSpacing for any other text and
+    /// for null.
     static RoomSpacingT StringToRoomSpacing(const char* text);
 };
 

@@ -13,9 +13,9 @@ namespace Tarnex {
 
 /// A room grid that is taken for draws below a threshold.
 struct GridOdds {
-    double below;
-    std::int32_t columns;
-    std::int32_t rows;
+    double below;         ///< the threshold; that of the last row lies above every draw
+    std::int32_t columns; ///< slots from west to east
+    std::int32_t rows;    ///< slots from north to south
 };
 
 /// The room grids of a level size; a single one is taken without a draw. A size outside the words
@@ -24,16 +24,17 @@ VAULTRY_API const std::vector<GridOdds>& RoomGrids(RandomGenInfo::LevelSizeT siz
 
 /// Cells added to each row and column of rooms: lo to hi by chance. hi of 0: none, without a draw.
 struct SpacingRange {
-    std::int32_t lo;
-    std::int32_t hi;
+    std::int32_t lo; ///< the fewest [cells]
+    std::int32_t hi; ///< the most [cells]
 
+    /// Whether nothing is added and nothing drawn.
     bool AddsNothing() const { return hi == 0; }
 };
 
 /// The spacings that are taken for draws below a threshold.
 struct SpacingOdds {
-    double below;
-    SpacingRange range;
+    double below;       ///< the threshold; that of the last row lies above every draw
+    SpacingRange range; ///< the gaps
 };
 
 /// The spacings of a word; a single one is taken without a draw. A spacing outside the words counts

@@ -16,6 +16,7 @@ struct RunCanceled {};
 /// Ends a run that needs more than a run may; says which limit and its value.
 class VAULTRY_API LimitReached : public std::runtime_error {
 public:
+    /// The message is what the log shows.
     explicit LimitReached(const std::string& message) : std::runtime_error(message) {}
 };
 
@@ -50,9 +51,9 @@ public:
     /// may take.
     void TakeMemory(std::uint64_t bytes);
 
-    /// The memory counted so far, and going back to it when what was taken since is given back.
-    /// [bytes]
+    /// The memory counted so far. [bytes]
     std::uint64_t GetMemory() const { return memory; }
+    /// Goes back to what was counted earlier, when all that was taken since is given back. [bytes]
     void ReturnTo(std::uint64_t earlier) { memory = earlier; }
 
 private:

@@ -12,14 +12,14 @@ namespace Tarnex {
 
 /// One side: everything that differs between north, south, east and west.
 struct Side {
-    TileDirT dir;
-    TileDirT opposite;
-    DiPos step; ///< one cell outward
-    TileKind wall;
-    TileKind doorway;
-    TileKind doorjamb;
-    TileKind door;
-    TileKind hallEnd; ///< the end closed on this side
+    TileDirT dir;      ///< DirN, DirS, DirE or DirW
+    TileDirT opposite; ///< of the other end of the axis
+    DiPos step;        ///< one cell outward
+    TileKind wall;     ///< that faces this side
+    TileKind doorway;  ///< in that wall
+    TileKind doorjamb; ///< of that doorway
+    TileKind door;     ///< in that doorway
+    TileKind hallEnd;  ///< the end closed on this side
 };
 
 /// The sides in the order N, S, E, W.

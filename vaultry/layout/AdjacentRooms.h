@@ -9,14 +9,14 @@ namespace Tarnex {
 /// The nearest room in each direction, null where there is none. The diagonal ones are always null:
 /// a room that lies as far north as east counts as north.
 struct AdjacentRooms {
-    DiPtr<Layout> north;
-    DiPtr<Layout> south;
-    DiPtr<Layout> east;
-    DiPtr<Layout> west;
-    DiPtr<Layout> northWest;
-    DiPtr<Layout> northEast;
-    DiPtr<Layout> southWest;
-    DiPtr<Layout> southEast;
+    DiPtr<Layout> north;     ///< or null
+    DiPtr<Layout> south;     ///< or null
+    DiPtr<Layout> east;      ///< or null
+    DiPtr<Layout> west;      ///< or null
+    DiPtr<Layout> northWest; ///< always null
+    DiPtr<Layout> northEast; ///< always null
+    DiPtr<Layout> southWest; ///< always null
+    DiPtr<Layout> southEast; ///< always null
 };
 
 } // namespace Tarnex

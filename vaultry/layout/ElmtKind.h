@@ -33,6 +33,7 @@ inline DiPtr<Tile> FindTileOfType(const GridElmt& elmt, TileType type) {
     return PeekTileOfType(elmt, type);
 }
 
+/// Whether the element has a tile of that type.
 inline bool HasTileOfType(const GridElmt& elmt, TileType type) {
     return PeekTileOfType(elmt, type) != nullptr;
 }
@@ -40,6 +41,7 @@ inline bool HasTileOfType(const GridElmt& elmt, TileType type) {
 /// Sides of a cell as bits: bit n is the side of value n of TileDirT, in the order N, S, E, W.
 using SideBits = std::uint8_t;
 
+/// The bit of a side; `side` is DirN, DirS, DirE or DirW.
 constexpr SideBits SideBit(TileDirT side) {
     return static_cast<SideBits>(1U << static_cast<unsigned>(side));
 }
@@ -53,6 +55,9 @@ VAULTRY_API SideBits OpenSides(const GridElmt& elmt);
 inline bool OpensTo(const GridElmt& elmt, TileDirT side) {
     return (OpenSides(elmt) & SideBit(side)) != 0;
 }
+
+/// Whether a passage may enter the element across the side that the function names.
+/// @{
 
 inline bool OpensNorth(const GridElmt& elmt) {
     return OpensTo(elmt, DirN);
@@ -69,5 +74,7 @@ inline bool OpensEast(const GridElmt& elmt) {
 inline bool OpensWest(const GridElmt& elmt) {
     return OpensTo(elmt, DirW);
 }
+
+/// @}
 
 } // namespace Tarnex

@@ -31,17 +31,21 @@ public:
     bool isShadow = false;    ///< made by Layout::AddShadows
     Tiles tiles;              ///< in placement order; the first decides kind and facing
     DiPtr<Layout> teleLayout; ///< the level that a teleporting door leads to, or null
-    std::vector<DiPtr<ContentItem>> contents;
-    std::vector<DiPtr<PlatformTile>> platforms;
+    std::vector<DiPtr<ContentItem>> contents;   ///< in placement order
+    std::vector<DiPtr<PlatformTile>> platforms; ///< the pieces of the platform in the cell
     DiPos teleDest;                  ///< where in teleLayout a teleporting door leads [cells]
     std::int32_t platformHeight = 0; ///< of the platform in the cell [world units]
 
     /// Elements come from memory of their own kind; none derives from this class.
     static void* operator new(std::size_t size);
+    /// Gives the memory back for the next element.
     static void operator delete(void* memory) noexcept;
 
+    /// An element without tiles.
     GridElmt();
+    /// Shares the pieces of the other element, with lists of its own.
     GridElmt(const GridElmt& other);
+    /// Lets go of what the element holds and does as a copy does.
     GridElmt& operator=(const GridElmt& other);
     ~GridElmt() override;
 

@@ -18,7 +18,9 @@ namespace Tarnex {
 /// until Dissolve is called at the end of a run.
 class VAULTRY_API Layout : public DiRcObject {
 public:
+    /// The elements of one row, west to east; null where a cell is empty.
     using Row = std::vector<DiPtr<GridElmt>>;
+    /// Elements of any place.
     using Elmts = std::vector<DiPtr<GridElmt>>;
 
     /// A new layout of size.y rows and size.x columns, all empty.
@@ -27,20 +29,26 @@ public:
 
     /// Width, height and vertical extent. [cells]
     const DiPos& GetSize() const { return size; }
+    /// The number of columns.
     std::uint32_t GetWidth() const { return static_cast<std::uint32_t>(size.x); }
+    /// The number of rows.
     std::uint32_t GetHeight() const { return static_cast<std::uint32_t>(size.y); }
 
     /// Position inside the parent. [cells: +x east, +y south, z up]
     const Di3Point& GetOffset() const { return offset; }
+    /// Replaces the offset.
     void SetOffset(const Di3Point& newOffset) { offset = newOffset; }
 
     /// A level's name becomes the name of its cell.
     const std::string& GetName() const { return name; }
+    /// Replaces the name; not null.
     void SetName(const char* newName) { name = newName; }
 
     /// The elements of one row; the index is not checked.
+    /// @{
     Row& GetRow(std::uint32_t row) { return rows[row]; }
     const Row& GetRow(std::uint32_t row) const { return rows[row]; }
+    /// @}
 
     /// The element, or null for an empty cell and outside the grid. The reference holds until the
     /// cell is next written.
@@ -56,12 +64,16 @@ public:
 
     /// The layout's own tile set, null when it uses the generator's.
     const DiPtr<TileSet>& GetTileSet() const { return tileSet; }
+    /// Replaces the layout's own tile set; null is allowed.
     void SetTileSet(const DiPtr<TileSet>& set) { tileSet = set; }
 
     /// Appends a child and becomes its parent; null is ignored.
     void AddChild(const DiPtr<Layout>& child);
+    /// The layouts nested in this one, in order of addition.
+    /// @{
     std::vector<DiPtr<Layout>>& GetChildren() { return children; }
     const std::vector<DiPtr<Layout>>& GetChildren() const { return children; }
+    /// @}
 
     /// The parent; for a root the layout itself.
     DiPtr<Layout> GetParent();
@@ -98,8 +110,10 @@ public:
     void Dissolve();
 
 protected:
+    /// See Create, which is how layouts are made.
     explicit Layout(const DiPos& size);
 
+    /// Appends what GetElmtsDeep finds from here down.
     void
     DoGetElmtsDeep(Elmts& found, std::int32_t row, std::int32_t col, float zMin, float zMax) const;
 

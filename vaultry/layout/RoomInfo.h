@@ -13,6 +13,7 @@ namespace Tarnex {
 /// Slots are addressed (row, column); as a DiPos a slot is (column, row, 0).
 class VAULTRY_API RoomInfo {
 public:
+    /// The slots of one row, west to east; null where a slot is empty.
     using Row = std::vector<DiPtr<Layout>>;
 
     /// size.x columns and size.y rows of empty slots.
@@ -20,8 +21,11 @@ public:
     RoomInfo(const RoomInfo&) = delete;
     RoomInfo& operator=(const RoomInfo&) = delete;
 
+    /// Columns, rows and the z that the grid was made with. [slots]
     const DiPos& GetSize() const { return size; }
+    /// The number of columns.
     std::uint32_t GetWidth() const { return static_cast<std::uint32_t>(size.x); }
+    /// The number of rows.
     std::uint32_t GetHeight() const { return static_cast<std::uint32_t>(size.y); }
 
     /// The slots of one row; the index is not checked.
@@ -34,11 +38,16 @@ public:
     /// fall. Throws std::out_of_range for a column outside the grid; a row outside is dropped.
     void SetLayout(const DiPtr<Layout>& room, std::int32_t row, std::int32_t col);
 
-    // The maxima, unchecked. [cells]
+    /// The height of the tallest room of a row and the width of the widest of a column, gaps that
+    /// were added included. Indices are not checked. [cells]
+    /// @{
+
     std::uint32_t GetMaxRowHeight(std::uint32_t row) const { return maxRowHeights[row]; }
     void SetMaxRowHeight(std::uint32_t row, std::uint32_t value) { maxRowHeights[row] = value; }
     std::uint32_t GetMaxColWidth(std::uint32_t col) const { return maxColWidths[col]; }
     void SetMaxColWidth(std::uint32_t col, std::uint32_t value) { maxColWidths[col] = value; }
+
+    /// @}
 
     /// The sum of all column widths. [cells]
     std::uint32_t GetTotalWidth() const { return GetTotal(maxColWidths); }

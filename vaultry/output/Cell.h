@@ -13,19 +13,25 @@ namespace Tarnex {
 /// An interior cell: its name, its light and the references placed in it, in order of insertion.
 class VAULTRY_API Cell : public Element {
 public:
+    /// A cell without references. The name may be empty, not null; the game shows it and looks the
+    /// cell up by it.
     explicit Cell(const char* name);
 
+    /// The name that the cell was made with.
     const std::string& GetName() const { return name; }
+    /// The references, in order of insertion; held by the cell.
     const std::vector<Ref>& GetRefs() const { return refs; }
 
     /// Makes room for that many further references at once.
     void Reserve(std::size_t count) { refs.reserve(refs.size() + count); }
     /// Appends a copy of the reference.
     void AddRef(const Ref& ref);
+    /// Appends the reference itself.
     void AddRef(Ref&& ref);
 
-    /// Computes the record's data size. [bytes]
+    /// Computes the record's data size, as Write does first.
     void UpdateSize();
+    /// The data size last computed, without the record's header. [bytes]
     std::uint32_t GetRecordSize() const { return recordSize; }
 
     /// Writes the record; the references are numbered from 1.

@@ -18,30 +18,41 @@ public:
 
     Container() = default;
 
+    /// Sets the identifier that references name; not null. See NextContainerId.
     void SetId(const char* newId);
+    /// Sets the name that the player sees; not null.
     void SetFriendlyName(const char* newName);
+    /// Sets the model's file, relative to the game's folder of meshes; not null.
     void SetModelName(const char* newName);
+    /// The identifier, empty until it is set.
     const std::string& GetId() const { return id; }
+    /// The name that the player sees, empty until it is set.
     const std::string& GetFriendlyName() const { return friendlyName; }
+    /// The model's file, empty until it is set.
     const std::string& GetModelName() const { return modelName; }
 
     /// The carrying capacity. [weight units of the game]
     float GetWeight() const { return weight; }
+    /// Sets the carrying capacity; what is in the container is not looked at. [weight units]
     void SetWeight(float capacity) { weight = capacity; }
 
     /// The weight of the inventory so far; not written. [weight units of the game]
     float GetEncumbrance() const { return encumbrance; }
+    /// Whoever adds entries keeps this in step: Add does not know what an item weighs.
     void SetEncumbrance(float load) { encumbrance = load; }
 
     /// Appends an inventory entry; entries of the same item are not merged. An identifier of 32
     /// bytes or more is cut to 31 when written, and logged.
     void Add(const char* itemId, std::uint32_t count);
+    /// The entries, in the order added.
     const std::vector<Entry>& GetInventory() const { return inventory; }
 
-    /// Computes the record's data size. [bytes]
+    /// Computes the record's data size, as Write does first.
     void UpdateSize();
+    /// The data size last computed, without the record's header. [bytes]
     std::uint32_t GetRecordSize() const { return recordSize; }
 
+    /// Writes the record; the flags are those of a container that stays as it was filled.
     void Write(std::ostream& stream) override;
 
 private:

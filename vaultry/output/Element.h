@@ -21,6 +21,7 @@ namespace Tarnex {
 /// stream.
 class VAULTRY_API Element : public DiRcObject {
 public:
+    /// Writes the element to a stream in binary mode.
     virtual void Write(std::ostream& stream) = 0;
 
 protected:
@@ -41,10 +42,11 @@ protected:
     /// Writes the header of a record with `size` bytes of data.
     void WriteRecordHeader(std::ostream& stream, std::string_view tag, std::uint32_t size) const;
 
-    /// Writes a sub-record of whole words.
+    /// Writes a sub-record of whole words, of at most eight.
     void WriteWords(std::ostream& stream,
                     std::string_view tag,
                     std::span<const std::uint32_t> words) const;
+    /// Writes a sub-record of a single word.
     void WriteWord(std::ostream& stream, std::string_view tag, std::uint32_t word) const;
 
     /// Writes a sub-record whose data is one text field of `length` bytes.

@@ -9,19 +9,24 @@ namespace Tarnex {
 /// The plug-in's header: version, author, description and the one master file it depends on.
 class VAULTRY_API FileHeader : public Element {
 public:
+    /// A header that names the game's own master.
     FileHeader();
 
     /// Names the master file and its size [bytes]. Without a name the game's own master is named,
     /// with `size`, or with that master's usual size when `size` is 0.
     void SetMasterFile(const char* name, std::uint32_t size);
 
+    /// The file name of the master.
     const std::string& GetMasterName() const { return masterName; }
+    /// The master's size as it is written. [bytes]
     std::uint32_t GetMasterSize() const { return masterSize; }
 
-    /// Computes the record's data size. [bytes]
+    /// Computes the record's data size, as Write does first.
     void UpdateSize();
+    /// The data size last computed, without the record's header. [bytes]
     std::uint32_t GetRecordSize() const { return recordSize; }
 
+    /// Writes the record. The count of records in it stays 0, which readers take for unknown.
     void Write(std::ostream& stream) override;
 
 private:

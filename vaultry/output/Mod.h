@@ -20,6 +20,7 @@ public:
 
     /// See FileHeader::SetMasterFile.
     void SetMasterFile(const char* name, std::uint32_t size);
+    /// The header, which outlives the content.
     const FileHeader& GetHeader() const { return header; }
 
     /// Makes a cell of that name at the end of the cell list.
@@ -27,7 +28,9 @@ public:
     /// Makes an empty container at the end of the container list.
     DiPtr<Container> CreateContainer();
 
+    /// The cells, in the order made.
     const std::vector<DiPtr<Cell>>& GetCells() const { return cells; }
+    /// The containers, in the order made.
     const std::vector<DiPtr<Container>>& GetContainers() const { return containers; }
 
     /// Drops all cells and containers; the header stays.

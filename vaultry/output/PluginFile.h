@@ -16,25 +16,26 @@ namespace Tarnex {
 /// Something in a file that does not fit, and where.
 struct PluginFinding {
     std::uint64_t offset = 0; ///< of the record, sub-record or bytes concerned [bytes]
-    std::string text;
+    std::string text;         ///< what does not fit, in English and ASCII
 
+    /// Equality of place and text.
     bool operator==(const PluginFinding&) const = default;
 };
 
 /// A file that the plug-in depends on.
 struct PluginMaster {
-    std::string name;
-    std::uint64_t size = 0; ///< [bytes]
+    std::string name;       ///< its file name
+    std::uint64_t size = 0; ///< as the header says [bytes]
 };
 
 /// The TES3 record.
 struct PluginHeader {
-    float version = 0.0F;
-    std::uint32_t type = 0; ///< 0 a plug-in, 1 a master, 32 a saved game
-    std::string author;
-    std::string description;
-    std::uint32_t recordCount = 0; ///< as the header says; Vaultry writes 0
-    std::vector<PluginMaster> masters;
+    float version = 0.0F;              ///< of the format, 1.2 or 1.3
+    std::uint32_t type = 0;            ///< 0 a plug-in, 1 a master, 32 a saved game
+    std::string author;                ///< at most 32 bytes
+    std::string description;           ///< at most 256 bytes
+    std::uint32_t recordCount = 0;     ///< as the header says; Vaultry writes 0
+    std::vector<PluginMaster> masters; ///< in the order of the file
 };
 
 /// Where something stands and how it is turned.
@@ -45,19 +46,19 @@ struct PluginPlace {
 
 /// Where a teleporting door leads.
 struct PluginDestination {
-    std::string cell; ///< empty: the outside
-    PluginPlace arrival;
+    std::string cell;    ///< empty: the outside
+    PluginPlace arrival; ///< where one stands behind the door
 };
 
 /// One object placed in a cell.
 struct PluginRef {
     std::uint64_t offset = 0; ///< of its FRMR [bytes]
     std::uint32_t index = 0;  ///< the number; its highest byte counts masters, 0 is this file
-    std::string id;
-    float scale = 1.0F;
-    PluginPlace place;
-    std::optional<PluginDestination> destination;
-    bool deleted = false; ///< takes away what a master placed
+    std::string id;           ///< of the object that is placed
+    float scale = 1.0F;       ///< of its model
+    PluginPlace place;        ///< in the cell
+    std::optional<PluginDestination> destination; ///< of a teleporting door
+    bool deleted = false;                         ///< takes away what a master placed
 };
 
 /// A colour as it stands in the file: red in the lowest byte.
@@ -66,35 +67,35 @@ using PluginColor = std::uint32_t;
 /// One interior.
 struct PluginCell {
     std::uint64_t offset = 0; ///< of its record [bytes]
-    std::string name;
-    std::uint32_t flags = 1; ///< 1 an interior, 2 with water, 4 no sleeping, 128 like an exterior
-    PluginColor ambient = 0;
-    PluginColor sunlight = 0;
-    PluginColor fog = 0;
-    float fogDensity = 0.0F;
+    std::string name;         ///< by which doors and the console find it
+    std::uint32_t flags = 1;  ///< 1 an interior, 2 with water, 4 no sleeping, 128 like an exterior
+    PluginColor ambient = 0;  ///< light from all sides
+    PluginColor sunlight = 0; ///< light from above
+    PluginColor fog = 0;      ///< what distance fades into
+    float fogDensity = 0.0F;  ///< from 0 (none) to 1
     float waterHeight = 0.0F; ///< [world units]
-    bool deleted = false;
-    std::vector<PluginRef> refs;
+    bool deleted = false;     ///< takes away what a master made
+    std::vector<PluginRef> refs;           ///< in the order of the file
     std::optional<std::uint32_t> refCount; ///< as NAM0 says
     std::size_t refsBeforeCount = 0;       ///< references that stand before NAM0
 };
 
 /// An item and how many of it; a negative count is refilled by the game.
 struct PluginItem {
-    std::string id;
-    std::int32_t count = 0;
+    std::string id;         ///< of an item, or of a list of items by level
+    std::int32_t count = 0; ///< how many
 };
 
 /// One container.
 struct PluginContainer {
-    std::uint64_t offset = 0; ///< of its record [bytes]
-    std::string id;
-    std::string model;
-    std::string name;
-    float capacity = 0.0F;   ///< [weight units of the game]
-    std::uint32_t flags = 0; ///< 1 organic, 2 respawning, 8 always
-    bool deleted = false;
-    std::vector<PluginItem> items;
+    std::uint64_t offset = 0;      ///< of its record [bytes]
+    std::string id;                ///< by which references name it
+    std::string model;             ///< file of its model
+    std::string name;              ///< that the player sees
+    float capacity = 0.0F;         ///< [weight units of the game]
+    std::uint32_t flags = 0;       ///< 1 organic, 2 respawning, 8 always
+    bool deleted = false;          ///< takes away what a master defined
+    std::vector<PluginItem> items; ///< in the order of the file
 };
 
 /// How often each tag occurs.
@@ -107,16 +108,16 @@ struct PluginFile {
     bool isPlugin = false;
     /// Whether all bytes could be read; otherwise a finding tells where it ended.
     bool complete = false;
-    std::uint64_t size = 0; ///< of the file [bytes]
-    PluginHeader header;
-    std::vector<PluginCell> cells; ///< the interiors
-    std::uint64_t exteriorCells = 0;
-    std::vector<PluginContainer> containers;
-    std::uint64_t records = 0;         ///< all records behind the header
-    PluginTagCounts otherRecords;      ///< neither cells nor containers
-    PluginTagCounts skippedSubRecords; ///< of the header, the interiors and the containers
-    std::vector<PluginFinding> findings;
-    std::uint64_t findingsLeftOut = 0; ///< a ruined file would give more than is of use
+    std::uint64_t size = 0;                  ///< of the file [bytes]
+    PluginHeader header;                     ///< its first record
+    std::vector<PluginCell> cells;           ///< the interiors
+    std::uint64_t exteriorCells = 0;         ///< how many; they are not read
+    std::vector<PluginContainer> containers; ///< in the order of the file
+    std::uint64_t records = 0;               ///< all records behind the header
+    PluginTagCounts otherRecords;            ///< neither cells nor containers
+    PluginTagCounts skippedSubRecords;       ///< of the header, the interiors and the containers
+    std::vector<PluginFinding> findings; ///< in the order of the file, kMostPluginFindings at most
+    std::uint64_t findingsLeftOut = 0;   ///< a ruined file would give more than is of use
 };
 
 } // namespace Tarnex

@@ -15,28 +15,31 @@ enum class RefSort : std::uint8_t {
     Door,      ///< a door tile
     Platform,  ///< a piece of a platform
     Container, ///< a container with treasure of its own
-    Creature,
-    Furniture,
-    Rug,
-    Tapestry,
-    Other, ///< content of any other kind
+    Creature,  ///< content of that kind
+    Furniture, ///< content of that kind
+    Rug,       ///< content of that kind
+    Tapestry,  ///< content of that kind
+    Other,     ///< content of any other kind
 };
 
+/// The number of sorts.
 inline constexpr std::size_t kRefSorts = 10;
 
 /// A placed object: a tile piece, platform piece, content item, container or door, written as the
 /// sub-records of one reference inside its cell's record.
 class VAULTRY_API Ref : public Element {
 public:
-    float scale = 1.0F;
-    Di3Point position; ///< [world units]
-    Di3Point rotation; ///< about x, y, z [radians]
-    RefSort sort = RefSort::Other;
+    float scale = 1.0F;            ///< of the model; written only when it is not 1
+    Di3Point position;             ///< [world units]
+    Di3Point rotation;             ///< about x, y, z [radians]
+    RefSort sort = RefSort::Other; ///< for reports; not written
 
-    /// `name` is the identifier of the object that is placed.
+    /// `name` is the identifier of the object that is placed; not null.
     explicit Ref(const char* name);
 
+    /// The identifier of the object that is placed.
     const std::string& GetName() const { return name; }
+    /// Replaces the identifier; not null.
     void SetName(const char* newName);
 
     /// The number under which the reference is written, 1-based within its cell.
@@ -51,6 +54,7 @@ public:
 
     /// The bytes that Write produces.
     std::uint32_t GetTotalSize() const;
+    /// Writes the sub-records, from the number to the last part of the place.
     void Write(std::ostream& stream) override;
 
 private:
