@@ -754,6 +754,18 @@ TEST_F(GenHallwayTest, JunctionRefusedIsTheCurrentTileAllTheSame) {
     EXPECT_EQ(halls->blocked, 1U);
 }
 
+TEST_F(GenHallwayTest, JunctionRefusedAtItsDestinationIsTriedAgainAndLeavesTheHallWhole) {
+    Level(". c . \n - - - \n . . .");
+    StandAt(At(1, 1), At(1, 1));
+    halls->NextStep();
+    EXPECT_EQ(CurTile(), "Hall4Way");
+    EXPECT_EQ(halls->blocked, 1U);
+    halls->NextStep();
+    EXPECT_EQ(CurTile(), "HallNS");
+    EXPECT_EQ(halls->blocked, 2U);
+    EXPECT_EQ(Grid(), Map(". c . \n - - - \n . . ."));
+}
+
 TEST_F(GenHallwayTest, SecondFailureTurnsTheWalkAside) {
     Level(R"(
         . . . . .

@@ -173,6 +173,10 @@ std::string Text(const Case& c) {
            std::to_string(c.blocked);
 }
 
+DiPos At(const HallChoice& choice) {
+    return {choice.stepX, choice.stepY, 0};
+}
+
 TEST(HallStep, EveryCaseFollowsTheRules) {
     const std::vector<Case> cases = AllCases();
     ASSERT_EQ(cases.size(), 64800U);
@@ -197,6 +201,24 @@ TEST(HallStep, EveryRuleIsMetByACase) {
     }
     for (std::size_t i = 0; i < kRules.size(); ++i) {
         EXPECT_TRUE(met[i]) << "rule " << i;
+    }
+}
+
+// Carving asks how a piece may be changed only where this says that it matters.
+TEST(HallStep, WhereTheActionDoesNotMatterNothingIsReplacedAndTheChoiceIsTheSame) {
+    for (const Case& c : AllCases()) {
+        DiDirection wanted = DiDirection::Step(c.stepX, c.stepY);
+        wanted.distX = c.distX;
+        wanted.distY = c.distY;
+        if (DependsOnAction(c.current, wanted, c.blocked)) {
+            continue;
+        }
+        const DiDirection previous = DiDirection::Step(c.prevX, c.prevY);
+        const HallChoice choice = ChooseStep(c.current, wanted, previous, c.action, c.blocked);
+        const HallChoice usual = ChooseStep(c.current, wanted, previous, CvtNone, c.blocked);
+        EXPECT_EQ(choice.tile, usual.tile) << Text(c);
+        EXPECT_EQ(At(choice), At(usual)) << Text(c);
+        EXPECT_FALSE(choice.tile.IsKnown() && choice.IsInPlace()) << Text(c);
     }
 }
 

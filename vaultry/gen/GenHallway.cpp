@@ -320,7 +320,7 @@ void GenHallway::NextStep() {
     }
     const DiDirection previous = history.empty() ? DiDirection() : history.back();
     const TileDirT facing = GetTileDir(*curTile);
-    const CvtAction action = DependsOnAction(facing, way) ? CanInPlaceCvt(curXY) : CvtNone;
+    const CvtAction action = DependsOnAction(facing, way, blocked) ? CanInPlaceCvt(curXY) : CvtNone;
     const HallChoice choice = ChooseStep(facing, way, previous, action, blocked);
     const DiPtr<Tile>& tile = TileOf(choice.tile);
     if (!tile) {

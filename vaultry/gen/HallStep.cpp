@@ -9,9 +9,6 @@ namespace Tarnex {
 
 namespace {
 
-// From here on a corner that leads nowhere is undone.
-constexpr std::uint32_t kUndoCorner = 4;
-
 struct HallKinds {
     TileKind northSouth = TileKind::Of(Tile_HallNS);
     TileKind eastWest = TileKind::Of(Tile_HallEW);
@@ -154,8 +151,8 @@ HallChoice ChooseStep(TileDirT current,
     case DirNE:
     case DirSW:
     case DirSE:
-        return blocked < kUndoCorner ? LeaveCorner(current, wanted, action)
-                                     : UndoCorner(previous, action);
+        return blocked < kUndoesCorner ? LeaveCorner(current, wanted, action)
+                                       : UndoCorner(previous, action);
     case DirAll:
         return AlongStep(wanted, action);
     case DirNone:

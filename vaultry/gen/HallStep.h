@@ -29,6 +29,9 @@ struct HallChoice {
     bool IsInPlace() const { return stepX == 0 && stepY == 0; }
 };
 
+/// As many failures in a row undo a corner that leads nowhere.
+inline constexpr std::uint32_t kUndoesCorner = 4;
+
 /// Chooses the next step from a tile of facing `current`. `wanted` is the way to the destination
 /// (its step possibly turned aside, its distances true), `previous` the step before ((0, 0) for
 /// none), `action` how the piece may be changed, `blocked` how often in a row the hall has failed.
@@ -38,9 +41,9 @@ VAULTRY_API HallChoice ChooseStep(TileDirT current,
                                   CvtAction action,
                                   std::uint32_t blocked);
 
-/// Whether the choice depends on how the piece may be changed: only where the way turns off a
-/// straight piece. Finding that out means looking at the piece's neighbours.
-inline bool DependsOnAction(TileDirT current, const DiDirection& wanted) {
+/// Whether the choice depends on how the piece may be changed: where the way turns off a straight
+/// piece, and wherever the piece is replaced. Finding that out means looking at its neighbours.
+inline bool DependsOnAction(TileDirT current, const DiDirection& wanted, std::uint32_t blocked) {
     switch (current) {
     case DirN:
     case DirS:
@@ -50,9 +53,17 @@ inline bool DependsOnAction(TileDirT current, const DiDirection& wanted) {
     case DirW:
     case DirEW:
         return wanted.stepX == 0;
-    default:
-        return false;
+    case DirNW:
+    case DirNE:
+    case DirSW:
+    case DirSE:
+        return blocked >= kUndoesCorner;
+    case DirAll:
+        return wanted.stepX == 0 && wanted.stepY == 0;
+    case DirNone:
+        break;
     }
+    return false;
 }
 
 } // namespace Tarnex
