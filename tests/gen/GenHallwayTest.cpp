@@ -363,6 +363,31 @@ TEST_F(GenHallwayTest, DetourToAnywhereIsDrawnFromThreeQuartersOn) {
     EXPECT_EQ(Warnings("No place for door at XY (11,14) DeltaXY (-10,1)"), 0);
 }
 
+// Each of 1505 vain searches looks at 10,000 cells.
+TEST_F(GenHallwayTest, SearchOfALargeRoomAsksWhetherTheRunIsStillWanted) {
+    class Patient : public JobStatus {
+    public:
+        bool HasBeenCanceled() const override {
+            ++asked;
+            return false;
+        }
+        mutable int asked = 0;
+    };
+    Level(210, 110);
+    const auto withoutDoors = [this](int slotCol, int x) {
+        const DiPtr<Layout> room = Layout::Create(DiPos(100, 100, 0));
+        room->SetOffset(Di3Point(static_cast<float>(x), 1.0F, 0.0F));
+        rooms.SetLayout(room, 0, slotCol);
+        return room;
+    };
+    const DiPtr<Layout> from = withoutDoors(0, 1);
+    const DiPtr<Layout> to = withoutDoors(1, 105);
+    const Patient status;
+    info.meter.Start(&status);
+    EXPECT_FALSE(halls->ConnectRooms(from, to));
+    EXPECT_GT(status.asked, 70);
+}
+
 // Starting and turning.
 
 TEST_F(GenHallwayTest, PreparingPutsTheCursorIntoTheSourceRoom) {

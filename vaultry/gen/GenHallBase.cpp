@@ -170,6 +170,7 @@ DiPos GenHallBase::SearchDoorway(const Layout& room,
     const DiPos& size = room.GetSize();
     const std::int32_t lines = search.byRows ? size.y : size.x;
     const std::int32_t length = search.byRows ? size.x : size.y;
+    info.meter.Step(std::int64_t{lines} * length);
     std::vector<DiPos> candidates;
     candidates.reserve(static_cast<std::size_t>(lines) + static_cast<std::size_t>(length));
     for (std::int32_t i = 0; i < lines; ++i) {
