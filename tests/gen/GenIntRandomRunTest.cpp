@@ -2,6 +2,7 @@
 // Runs of random levels: names, progress, cancelling, levels given up, what is left afterwards.
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/gen/ContainerIds.h>
+#include <vaultry/gen/GenIntFixed.h>
 #include <vaultry/gen/GenMgr.h>
 
 #include <gtest/gtest.h>
@@ -112,6 +113,17 @@ TEST_F(RandomRunTest, ReportIsOfTheLastRunAlone) {
     mgr.Generate("Mine", false);
     ASSERT_EQ(mgr.report.levels.size(), 2U);
     EXPECT_EQ(mgr.report.levels[0].name, "Mine, Level 1");
+}
+
+TEST_F(RandomRunTest, GeneratorRunTwiceReportsItsLastRunAlone) {
+    mgr.randomInfo.numLevels = 2;
+    GenIntRandom gen(mgr);
+    gen.Gen();
+    gen.Gen();
+    EXPECT_EQ(mgr.report.levels.size(), 2U);
+    EXPECT_EQ(CellNames().size(), 4U);
+    GenIntFixed(mgr).Gen();
+    EXPECT_TRUE(mgr.report.levels.empty());
 }
 
 TEST_F(RandomRunTest, LevelsOfASetWithoutDoorsAreNotLinked) {

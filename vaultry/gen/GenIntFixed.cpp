@@ -9,7 +9,7 @@ GenIntFixed::GenIntFixed(GenInfo& info_) : GenIntBase(info_), plan(info_.defTemp
 
 void GenIntFixed::Gen() {
     info.meter.Start(info.jobStatus);
-    info.report.canceled = false;
+    info.report = GenReport();
     try {
         MakeCell();
     } catch (const RunCanceled&) {

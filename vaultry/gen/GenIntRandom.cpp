@@ -108,8 +108,13 @@ public:
         if (placed) {
             return;
         }
-        for (const DiPtr<Layout>& room : rooms.GetRoomList()) {
-            room->Dissolve();
+        // Without a list of them: memory may have run out.
+        for (std::uint32_t row = 0; row < rooms.GetHeight(); ++row) {
+            for (std::uint32_t col = 0; col < rooms.GetWidth(); ++col) {
+                if (const DiPtr<Layout>& room = rooms.GetLayout(row, col)) {
+                    room->Dissolve();
+                }
+            }
         }
     }
 
@@ -147,7 +152,7 @@ GenIntRandom::GenIntRandom(GenInfo& info_) : GenIntBase(info_) {}
 
 void GenIntRandom::Gen() {
     info.meter.Start(info.jobStatus);
-    info.report.canceled = false;
+    info.report = GenReport();
     try {
         MakeLevels();
     } catch (const RunCanceled&) {

@@ -122,7 +122,6 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
         return ModResult::Refused;
     }
     mod.ResetContent();
-    report.levels.clear();
     if (!RunGenerator(OrEmpty(name), fixedLayout)) {
         return ModResult::Refused;
     }
