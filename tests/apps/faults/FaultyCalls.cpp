@@ -3,6 +3,10 @@
 // environment says. What libraries allocate before the program itself begins is left out.
 //   VAULTRY_FAIL_AT=n        the n-th allocation fails
 //   VAULTRY_FAIL_ON=1        and all after it
+//   VAULTRY_FAIL_EVERY=n     each n-th allocation fails in a copy of the process made for it, which
+//                            goes on to its end, and succeeds in the process itself
+//   VAULTRY_FAIL_FROM=m      only those after the m-th
+//   VAULTRY_ENDS_IN=file     how these copies ended, as wait has it
 //   VAULTRY_COUNT_IN=file    the number of allocations is written there at the end
 //   VAULTRY_VANISHES=file    it is removed as soon as it was opened once
 #include <cstdio>
@@ -11,6 +15,8 @@
 #include <new>
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -21,15 +27,45 @@ long NumberIn(const char* variable) {
 }
 
 long allocations = 0;
+long failing = 0;
+long every = 0; // 0 in a copy
+long from = 0;
+int ends = -1;
+bool goesOn = false;
 bool begun = false;
 
+void Begin() {
+    failing = NumberIn("VAULTRY_FAIL_AT");
+    every = NumberIn("VAULTRY_FAIL_EVERY");
+    from = NumberIn("VAULTRY_FAIL_FROM");
+    goesOn = NumberIn("VAULTRY_FAIL_ON") != 0;
+    if (every > 0) {
+        ends = open(std::getenv("VAULTRY_ENDS_IN"), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    }
+    begun = true;
+}
+
+// The process itself waits for the end of the copy and goes on as if nothing had happened.
+void FailInACopy() {
+    const pid_t copy = fork();
+    if (copy == 0) {
+        every = 0;
+        failing = allocations;
+        return;
+    }
+    int status = -1;
+    waitpid(copy, &status, 0);
+    dprintf(ends, "%d\n", status);
+}
+
 bool Fails() {
-    static const long failing = NumberIn("VAULTRY_FAIL_AT");
-    static const bool goesOn = NumberIn("VAULTRY_FAIL_ON") != 0;
     if (!begun) {
         return false;
     }
     ++allocations;
+    if (every > 0 && allocations > from && allocations % every == 0) {
+        FailInACopy();
+    }
     return allocations == failing || (goesOn && failing > 0 && allocations > failing);
 }
 
@@ -112,7 +148,7 @@ using Main = int (*)(int, char**, char**);
 Main programsMain = nullptr;
 
 int BeginMain(int argc, char** argv, char** environment) {
-    begun = true;
+    Begin();
     return programsMain(argc, argv, environment);
 }
 
