@@ -207,7 +207,7 @@ void WriteHtml(const std::vector<LevelMap>& maps,
     }
     out << Contents(maps) << "</header>\n"
         << Definitions() << Switches() << Legend(maps) << "<main>\n";
-    for (std::size_t i = 0; i < maps.size(); ++i) {
+    for (std::size_t i = 0; i < maps.size() && out; ++i) {
         out << Section(maps[i], i + 1);
     }
     if (maps.empty()) {

@@ -17,7 +17,14 @@ constexpr std::int32_t kNarrowest = 660; // the legend needs it
 constexpr std::int32_t kCaptionLine = 15;
 constexpr double kPageShape = 1.7; // width of a page of many levels by its height
 
-std::string Document(const MapExtent& extent, MapLook look, const std::string& content) {
+constexpr const char* kDocumentEnd = "</svg>\n";
+
+struct PanelPlace {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+std::string DocumentStart(const MapExtent& extent, MapLook look) {
     const std::string width = std::to_string(extent.width);
     const std::string height = std::to_string(extent.height);
     const std::string size = Attribute("width", width) + Attribute("height", height);
@@ -25,7 +32,7 @@ std::string Document(const MapExtent& extent, MapLook look, const std::string& c
            "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
            size + Attribute("viewBox", "0 0 " + width + ' ' + height) + ">\n<style>" +
            MapStyle(look) + "</style>\n" + MapDefinitions() + "<rect class=\"paper\"" + size +
-           "/>\n" + content + "</svg>\n";
+           "/>\n";
 }
 
 // About as wide as a page on which all panels have room.
@@ -40,7 +47,7 @@ std::int32_t PageWidth(const std::vector<LevelMap>& maps) {
 }
 
 // In rows from left to right; returns what they take.
-MapExtent LayOut(const std::vector<LevelMap>& maps, std::string& panels) {
+MapExtent LayOut(const std::vector<LevelMap>& maps, std::vector<PanelPlace>& places) {
     const std::int32_t most = PageWidth(maps);
     MapExtent extent{kNarrowest, 0};
     std::int32_t x = 0;
@@ -51,7 +58,7 @@ MapExtent LayOut(const std::vector<LevelMap>& maps, std::string& panels) {
             x = 0;
             rowHeight = 0;
         }
-        panels += SvgMoved(x, extent.height, MapPanel(map));
+        places.push_back({x, extent.height});
         x += PanelWidth(map);
         rowHeight = std::max(rowHeight, PanelHeight(map));
         extent.width = std::max(extent.width, x);
@@ -66,28 +73,34 @@ MapExtent WriteSvg(const std::vector<LevelMap>& maps,
                    const MapCaption& caption,
                    MapLook look,
                    std::ostream& out) {
-    std::string content;
-    MapExtent extent = LayOut(maps, content);
+    std::vector<PanelPlace> places;
+    MapExtent extent = LayOut(maps, places);
+    std::string foot;
     if (maps.empty()) {
         extent.height = 2 * kMargin;
-        content = SvgTextAt("title", kMargin, kMargin, kNoLevels);
+        foot = SvgTextAt("title", kMargin, kMargin, kNoLevels);
     }
     const std::int32_t inside = extent.width - 2 * kMargin;
     std::int32_t legendHeight = 0;
     const std::string legend = MapLegend(maps, inside, legendHeight);
-    content += SvgMoved(kMargin, extent.height, legend);
+    foot += SvgMoved(kMargin, extent.height, legend);
     extent.height += legendHeight + kCaptionLine;
     for (const std::string& line : CaptionLines(caption, inside)) {
-        content += SvgTextAt("small", kMargin, extent.height, line);
+        foot += SvgTextAt("small", kMargin, extent.height, line);
         extent.height += kCaptionLine;
     }
     extent.height += kMargin / 2;
-    out << Document(extent, look, content);
+    out << DocumentStart(extent, look);
+    // A stream that failed needs no more panels.
+    for (std::size_t i = 0; i < maps.size() && out; ++i) {
+        out << SvgMoved(places[i].x, places[i].y, MapPanel(maps[i]));
+    }
+    out << foot << kDocumentEnd;
     return extent;
 }
 
 std::string LevelSvg(const LevelMap& map, MapLook look) {
-    return Document({PanelWidth(map), PanelHeight(map)}, look, MapPanel(map));
+    return DocumentStart({PanelWidth(map), PanelHeight(map)}, look) + MapPanel(map) + kDocumentEnd;
 }
 
 } // namespace Tarnex::Report

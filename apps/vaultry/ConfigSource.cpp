@@ -63,9 +63,9 @@ std::optional<std::string> ConfigSource::Path() const {
     return builtin == nullptr ? std::optional(name) : std::nullopt;
 }
 
-void ConfigSource::Load(GenMgr& manager) const {
+void ConfigSource::Load(GenMgr& manager, const JobStatus& status) const {
     if (builtin == nullptr) {
-        manager.Init(name.c_str());
+        manager.Init(name.c_str(), status);
     } else {
         manager.InitFromMemory(builtin->text, name.c_str());
     }

@@ -24,8 +24,9 @@ public:
     /// The file's path, or nothing for a built-in configuration.
     std::optional<std::string> Path() const;
 
-    /// Reads the configuration into `manager`; the library logs what is wrong with it.
-    void Load(GenMgr& manager) const;
+    /// Reads the configuration into `manager`; the library logs what is wrong with it. When
+    /// `status` says that this was cancelled, `manager` has none.
+    void Load(GenMgr& manager, const JobStatus& status = JobStatus()) const;
 
     /// The configuration as it is written, with what the library logs about it.
     ConfigRecord Record() const;

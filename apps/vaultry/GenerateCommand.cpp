@@ -2,10 +2,12 @@
 #include "apps/vaultry/GenerateCommand.h"
 
 #include "apps/vaultry/CancelSignals.h"
+#include "apps/vaultry/CancelableFile.h"
 #include "apps/vaultry/CellName.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/ConsoleStatus.h"
 #include "apps/vaultry/JsonReport.h"
+#include "apps/vaultry/Leftover.h"
 #include "apps/vaultry/LevelLines.h"
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
@@ -15,6 +17,8 @@
 #include "apps/vaultry/WalkableSearch.h"
 
 #include <vaultry/foundation/CodePage.h>
+
+#include <memory>
 
 namespace Tarnex::Cli {
 
@@ -32,8 +36,8 @@ void WarnOfNames(RunReport& report, const Console& console) {
     }
 }
 
-constexpr ExitStatus StatusOf(RunResult result) {
-    switch (result) {
+ExitStatus StatusOf(const RunReport& report) {
+    switch (report.result) {
     case RunResult::Written:
         return ExitStatus::Success;
     case RunResult::Canceled:
@@ -73,6 +77,9 @@ public:
         log.StartTries();
         report.result = CreateMod(manager, log, signals);
         report.errors = log.Errors();
+        if (report.result == RunResult::Canceled) {
+            KeepToTheEnd(maps);
+        }
         if (report.result != RunResult::Written) {
             return;
         }
@@ -94,18 +101,24 @@ private:
         ConsoleStatus status(shown ? &console.err : nullptr, signals, levels);
         manager.SetJobStatus(&status);
         const RunResult result =
-            GenerateLevels(manager, report, log, mapFiles.AreWanted() ? &maps : nullptr);
+            GenerateLevels(manager, report, log, mapFiles.AreWanted() ? maps.get() : nullptr);
         manager.SetJobStatus(nullptr);
         if (result != RunResult::Written) {
             return result;
         }
-        AddTreasure(maps.Maps(), manager.mod);
-        report.unwritten = mapFiles.Write(maps.Maps(), CaptionOf(options));
-        if (report.unwritten) {
-            return RunResult::NotWritten;
+        AddTreasure(maps->Maps(), manager.mod);
+        report.unwritten = mapFiles.Write(maps->Maps(), CaptionOf(options), signals);
+        const bool written = !report.unwritten && WriteMod(manager.mod, signals);
+        if (signals.Requested()) {
+            return RunResult::Canceled;
         }
-        const ModResult written = manager.WriteMod(output.TemporaryPath().c_str());
-        return written == ModResult::Written ? RunResult::Written : RunResult::NotWritten;
+        return written ? RunResult::Written : RunResult::NotWritten;
+    }
+
+    bool WriteMod(Mod& mod, const CancelSignals& signals) const {
+        CancelableFile file(output.TemporaryPath(), signals);
+        mod.Write(file.Stream());
+        return file.Close();
     }
 
     void Commit() {
@@ -122,7 +135,7 @@ private:
     const Console& console;
     OutputFile output;
     MapFiles mapFiles;
-    Report::MapCollector maps;
+    std::shared_ptr<Report::MapCollector> maps = std::make_shared<Report::MapCollector>();
 };
 
 } // namespace
@@ -140,10 +153,17 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     RequireDistinctFiles(
         {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
     LibraryLog log(options.log);
-    GenMgr manager;
-    ConfigureOrShow(manager, report.options, source, log, console);
-    WarnOfNames(report, console);
-    run.Generate(manager, log, signals);
+    const auto manager = std::make_shared<GenMgr>();
+    if (Configure(*manager, report.options, source, signals, log, console)) {
+        WarnOfNames(report, console);
+        run.Generate(*manager, log, signals);
+    } else {
+        report.result = RunResult::Canceled;
+        report.errors = log.Errors();
+    }
+    if (report.result == RunResult::Canceled) {
+        KeepToTheEnd(manager);
+    }
     console.Show(report.errors);
     SayLevels(report, console);
     // A failure is said even to those who want it quiet.
@@ -154,7 +174,7 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     if (options.json) {
         console.out << ToJson(report);
     }
-    return StatusOf(report.result);
+    return StatusOf(report);
 }
 
 } // namespace Tarnex::Cli

@@ -8,6 +8,7 @@
 #include "apps/vaultry/ConsoleStatus.h"
 #include "apps/vaultry/GenerateWords.h"
 #include "apps/vaultry/JsonReport.h"
+#include "apps/vaultry/Leftover.h"
 #include "apps/vaultry/LevelLines.h"
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapFiles.h"
@@ -15,12 +16,15 @@
 #include "apps/vaultry/RunSetup.h"
 #include "apps/vaultry/WalkableSearch.h"
 
+#include <memory>
+#include <optional>
+
 namespace Tarnex::Cli {
 
 namespace {
 
-ExitStatus StatusOf(RunResult result) {
-    switch (result) {
+ExitStatus StatusOf(const RunReport& report) {
+    switch (report.result) {
     case RunResult::Drawn:
         return ExitStatus::Success;
     case RunResult::Canceled:
@@ -34,9 +38,9 @@ RunResult Generate(GenMgr& manager,
                    RunReport& report,
                    LibraryLog& log,
                    Report::MapCollector& maps,
+                   const CancelSignals& signals,
                    const Console& console) {
     const GenerateOptions& options = report.options;
-    const CancelSignals signals;
     const bool shown = console.errIsTerminal && !options.quiet;
     ConsoleStatus status(
         shown ? &console.err : nullptr, signals, options.fixed ? 1 : options.random.numLevels);
@@ -47,20 +51,28 @@ RunResult Generate(GenMgr& manager,
     if (result != RunResult::Written) {
         return result;
     }
+    AddTreasure(maps.Maps(), manager.mod);
     return maps.Maps().empty() ? RunResult::Refused : RunResult::Drawn;
 }
 
-// The maps take their places, or the terminal.
-void Show(RunReport& report, MapFiles& files, Report::MapCollector& maps, const Console& console) {
-    report.unwritten = files.Write(maps.Maps(), CaptionOf(report.options));
-    if (report.unwritten) {
-        report.result = RunResult::NotWritten;
-        return;
+void SayWarnings(RunReport& report, const Console& console) {
+    report.warnings = LevelWarnings(report.levels);
+    for (const std::string& warning : report.warnings) {
+        console.Warn(warning);
     }
-    report.maps = files.Commit();
-    if (!files.AreWanted() && !report.options.json) {
-        PrintMaps(maps.Maps(), console);
-        console.out << "seed " << std::to_string(report.options.seed.value()) << '\n';
+}
+
+void DrawFiles(RunReport& report,
+               MapFiles& files,
+               const Report::MapCollector& maps,
+               const CancelSignals& signals) {
+    report.unwritten = files.Write(maps.Maps(), CaptionOf(report.options), signals);
+    if (signals.Requested()) {
+        report.result = RunResult::Canceled;
+    } else if (report.unwritten) {
+        report.result = RunResult::NotWritten;
+    } else {
+        report.maps = files.Commit();
     }
 }
 
@@ -77,22 +89,31 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
     report.options.out.clear();
     FixChance(report.options);
     const MapFileOptions& wanted = options.generate.maps;
+    std::optional<CancelSignals> signals(std::in_place);
     MapFiles files(wanted);
     RequireDistinctFiles({source.Path(), options.generate.log, wanted.map, wanted.html});
     LibraryLog log(options.generate.log);
-    GenMgr manager;
-    ConfigureOrShow(manager, report.options, source, log, console);
-    Report::MapCollector maps;
-    report.result = Generate(manager, report, log, maps, console);
+    const auto manager = std::make_shared<GenMgr>();
+    const auto maps = std::make_shared<Report::MapCollector>();
+    const bool configured = Configure(*manager, report.options, source, *signals, log, console);
+    report.result = configured ? Generate(*manager, report, log, *maps, *signals, console)
+                               : RunResult::Canceled;
     report.errors = log.Errors();
     console.Show(report.errors);
-    report.warnings = LevelWarnings(report.levels);
-    for (const std::string& warning : report.warnings) {
-        console.Warn(warning);
-    }
+    SayWarnings(report, console);
     if (report.result == RunResult::Drawn) {
-        AddTreasure(maps.Maps(), manager.mod);
-        Show(report, files, maps, console);
+        DrawFiles(report, files, *maps, *signals);
+    }
+    if (report.result == RunResult::Canceled) {
+        KeepToTheEnd(manager);
+        KeepToTheEnd(maps);
+    }
+    signals.reset(); // nothing is left that could stay half done
+    const bool printed =
+        report.result == RunResult::Drawn && !files.AreWanted() && !report.options.json;
+    if (printed) {
+        PrintMaps(maps->Maps(), console);
+        console.out << "seed " << std::to_string(report.options.seed.value()) << '\n';
     }
     const bool spoken = report.result != RunResult::Drawn || files.AreWanted();
     if (spoken && (!report.options.quiet || report.result != RunResult::Drawn)) {
@@ -102,7 +123,7 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
     if (report.options.json) {
         console.out << ToJson(report);
     }
-    return StatusOf(report.result);
+    return StatusOf(report);
 }
 
 Report::MapCaption CaptionOf(const GenerateOptions& options) {

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/MapFiles.h"
 
+#include "apps/vaultry/CancelableFile.h"
 #include "apps/vaultry/UsageError.h"
-
-#include <vaultry/foundation/CodePage.h>
-
-#include <fstream>
 
 namespace Tarnex::Cli {
 
@@ -44,12 +41,12 @@ MapFiles::MapFiles(const MapFileOptions& options) : settings{options.look, optio
 }
 
 std::optional<std::string> MapFiles::Write(const std::vector<Report::LevelMap>& maps,
-                                           const Report::MapCaption& caption) {
+                                           const Report::MapCaption& caption,
+                                           const CancelSignals& signals) {
     for (const File& file : files) {
-        std::ofstream stream(PathFromUtf8(file.output.TemporaryPath()), std::ios::binary);
-        Report::WriteMaps(maps, caption, file.format, settings, stream);
-        stream.close();
-        if (!stream) {
+        CancelableFile written(file.output.TemporaryPath(), signals);
+        Report::WriteMaps(maps, caption, file.format, settings, written.Stream());
+        if (!written.Close()) {
             return file.path;
         }
     }

@@ -4,6 +4,7 @@
 
 #include "apps/report/LevelMap.h"
 #include "apps/report/MapFile.h"
+#include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/Options.h"
 #include "apps/vaultry/OutputFile.h"
 
@@ -27,10 +28,11 @@ public:
 
     bool AreWanted() const { return !files.empty(); }
 
-    /// Draws into the temporary files. Returns the path of the first file that could not be
-    /// written, as it was asked for, or none. Throws Report::MapError.
+    /// Draws into the temporary files until a signal asks to stop. Returns the path of the first
+    /// file that could not be written whole, as it was asked for, or none. Throws Report::MapError.
     std::optional<std::string> Write(const std::vector<Report::LevelMap>& maps,
-                                     const Report::MapCaption& caption);
+                                     const Report::MapCaption& caption,
+                                     const CancelSignals& signals);
 
     /// Gives the files their names and returns what was written. Throws
     /// std::filesystem::filesystem_error.

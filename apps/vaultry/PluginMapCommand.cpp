@@ -88,6 +88,23 @@ ChosenPieces ChoosePieces(const std::string& config, const std::vector<const Plu
     return *std::move(best);
 }
 
+// Until the files have their names, Ctrl-C leaves nothing of them behind.
+ExitStatus DrawFiles(MapFiles& files, PluginMapReport& report, const Console& console) {
+    const CancelSignals signals;
+    const Report::MapCaption caption{0, "", report.config, report.plugin};
+    const auto unwritten = files.Write(report.maps, caption, signals);
+    if (signals.Requested()) {
+        console.Say("cancelled, the map was not written");
+        return ExitStatus::Canceled;
+    }
+    if (unwritten) {
+        console.Say(NotWrittenWords(*unwritten));
+        return ExitStatus::Failure;
+    }
+    report.files = files.Commit();
+    return ExitStatus::Success;
+}
+
 } // namespace
 
 ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
@@ -113,11 +130,10 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     for (const PluginCell* cell : cells) {
         report.maps.push_back(Report::MapOf(*cell, plugin.file, chosen.pieces));
     }
-    if (const auto unwritten = files.Write(report.maps, {0, "", chosen.config, path})) {
-        console.Say(NotWrittenWords(*unwritten));
-        return ExitStatus::Failure;
+    const ExitStatus drawn = DrawFiles(files, report, console);
+    if (drawn != ExitStatus::Success) {
+        return drawn;
     }
-    report.files = files.Commit();
     if (shared.json) {
         console.out << ToJson(report);
     } else if (!files.AreWanted()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/RunSetup.h"
 
+#include "apps/vaultry/ConsoleStatus.h"
 #include "apps/vaultry/MapFiles.h"
 #include "apps/vaultry/NameCheck.h"
 #include "apps/vaultry/UsageError.h"
@@ -73,8 +74,16 @@ void FixChance(GenerateOptions& options) {
     }
 }
 
-void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSource& source) {
-    source.Load(manager);
+bool Configure(GenMgr& manager,
+               const GenerateOptions& options,
+               const ConfigSource& source,
+               const CancelSignals& signals,
+               const LibraryLog& log,
+               const Console& console) try {
+    source.Load(manager, ConsoleStatus(nullptr, signals, 0));
+    if (signals.Requested()) {
+        return false;
+    }
     ChooseNames(manager, options);
     const std::string master = FromUtf8(options.master.value_or(""));
     manager.SetMasterFile(options.master ? master.c_str() : nullptr,
@@ -82,19 +91,10 @@ void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSour
     manager.SetAddPlatforms(options.platforms);
     manager.SetRandomInfo(options.random);
     manager.SetNameSingleLevel(true);
-}
-
-void ConfigureOrShow(GenMgr& manager,
-                     const GenerateOptions& options,
-                     const ConfigSource& source,
-                     const LibraryLog& log,
-                     const Console& console) {
-    try {
-        Configure(manager, options, source);
-    } catch (const UsageError&) {
-        console.Show(log.Errors());
-        throw;
-    }
+    return true;
+} catch (const UsageError&) {
+    console.Show(log.Errors());
+    throw;
 }
 
 } // namespace Tarnex::Cli

@@ -2,6 +2,7 @@
 // What every run that generates begins with.
 #pragma once
 
+#include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/Console.h"
 #include "apps/vaultry/LibraryLog.h"
@@ -18,15 +19,14 @@ void CheckText(const GenerateOptions& options);
 /// clock decided is known.
 void FixChance(GenerateOptions& options);
 
-/// Loads the configuration and hands over the options. Throws UsageError for an unknown name.
-void Configure(GenMgr& manager, const GenerateOptions& options, const ConfigSource& source);
-
-/// Likewise, and then shows what was logged: a name may be missing because the configuration was
-/// not read to its end.
-void ConfigureOrShow(GenMgr& manager,
-                     const GenerateOptions& options,
-                     const ConfigSource& source,
-                     const LibraryLog& log,
-                     const Console& console);
+/// Loads the configuration and hands over the options. Returns false when that was cancelled.
+/// Throws UsageError for an unknown name, having shown what was logged: a name may be missing
+/// because the configuration was not read to its end.
+bool Configure(GenMgr& manager,
+               const GenerateOptions& options,
+               const ConfigSource& source,
+               const CancelSignals& signals,
+               const LibraryLog& log,
+               const Console& console);
 
 } // namespace Tarnex::Cli

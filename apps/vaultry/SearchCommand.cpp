@@ -274,7 +274,7 @@ public:
             options.seed = static_cast<std::uint32_t>(hit.values.front());
             const std::string name = "seed-" + std::to_string(*options.seed);
             try {
-                DrawSeed(folder + '/' + name);
+                DrawSeed(folder + '/' + name, signals);
             } catch (const std::exception& e) {
                 console.Say("the map of " + name + " could not be written: " + e.what());
                 return false;
@@ -284,7 +284,7 @@ public:
     }
 
 private:
-    void DrawSeed(const std::string& path) {
+    void DrawSeed(const std::string& path, const CancelSignals& signals) {
         Report::MapCollector maps;
         manager.SetLevelObserver(&maps);
         run.Generate(*options.seed);
@@ -294,7 +294,12 @@ private:
             file.map = path + end;
             file.scale = kScale;
             MapFiles files(file);
-            if (files.Write(maps.Maps(), CaptionOf(options))) {
+            const bool unwritten =
+                files.Write(maps.Maps(), CaptionOf(options), signals).has_value();
+            if (signals.Requested()) {
+                return;
+            }
+            if (unwritten) {
                 throw std::runtime_error("full disk or protected folder?");
             }
             files.Commit();
@@ -355,21 +360,18 @@ ExitStatus SearchRange(const SearchOptions& options, const Query& query, const C
     GenerateOptions fixedChance = options.generate;
     fixedChance.stamp = fixedChance.stamp.value_or(kUsualStamp);
     FixChance(fixedChance);
-    try {
-        Configure(manager, fixedChance, source);
-    } catch (const UsageError&) {
-        console.Show(log.Errors());
-        throw;
-    }
+    const bool configured = Configure(manager, fixedChance, source, signals, log, console);
     report.errors = log.Errors();
     console.Show(report.errors);
     MakeFolder(options.thumbnails);
     Search::Ranking ranking(query.order, options.top);
-    {
+    if (configured) {
         Watcher watcher(report, ranking, signals, console);
         report.outcome = Search::SearchSeeds(
             *report.range, JobsOf(options), SeedJudge(manager, fixedChance, query.where), watcher);
         report.seconds = watcher.Seconds();
+    } else {
+        report.outcome = {Search::SearchEnd::Stopped, 0, report.range->first};
     }
     std::ranges::sort(report.lost, {}, &LostSeed::seed);
     report.found = ranking.Added();

@@ -24,10 +24,17 @@ protected:
         if (mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR) != 0) {
             throw std::runtime_error("no pipe");
         }
+        signal(SIGPIPE, SIG_IGN);
     }
+    ~CancelTest() override { signal(SIGPIPE, SIG_DFL); }
 
     // Runs the program, signals it before it has read its configuration, and waits for its end.
     int RunSignalled(int number, const std::string& out) {
+        return RunSignalled(number, out, ReadFile(smallConfig), 1);
+    }
+
+    // Likewise with a text that is offered over and over.
+    int RunSignalled(int number, const std::string& out, const std::string& text, int times) {
         const pid_t child = fork();
         if (child == 0) {
             Become(out);
@@ -35,12 +42,16 @@ protected:
         // Both ends wait for each other here, so the program has reached its configuration.
         std::ofstream writer(pipe);
         kill(child, number);
-        writer << ReadFile(smallConfig);
+        for (taken = 0; taken < times && writer; ++taken) {
+            writer << text << std::flush;
+        }
         writer.close();
         int status = 0;
         waitpid(child, &status, 0);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
+
+    int taken = 0; // how often
 
     std::string Err() const { return ReadFile(err); }
 
@@ -79,6 +90,14 @@ TEST_F(CancelTest, InterruptKeepsAnExistingFileAndLeavesNothing) {
 TEST_F(CancelTest, TerminationIsACancellationToo) {
     EXPECT_EQ(RunSignalled(SIGTERM, File("dungeon.esp")), 130);
     EXPECT_EQ(Files(), Lines{});
+}
+
+TEST_F(CancelTest, NoMoreOfTheConfigurationIsReadThanMustBe) {
+    const std::string comment = "<!--" + std::string(100'000, ' ') + "-->";
+    EXPECT_EQ(RunSignalled(SIGINT, File("dungeon.esp"), comment, 1000), 130);
+    EXPECT_LT(taken, 100);
+    EXPECT_EQ(Files(), Lines{});
+    EXPECT_EQ(Err().find("vaultry: cancelled, "), 0U) << Err();
 }
 
 } // namespace

@@ -98,6 +98,65 @@ TEST_F(GenMgrTest, DocumentInMemoryServesAsWell) {
     EXPECT_EQ(Defaults(), (Lines{"Stone", "Hut", "Poor", "(none)", "Coins"}));
 }
 
+// Says yes at a wanted question.
+class CancelingStatus : public JobStatus {
+public:
+    explicit CancelingStatus(int cancelAt_) : cancelAt(cancelAt_) {}
+    bool HasBeenCanceled() const override { return ++asked >= cancelAt; }
+    mutable int asked = 0;
+
+private:
+    int cancelAt;
+};
+
+std::string LongDocument(const std::string& filler) {
+    std::string document = kFull;
+    document.insert(document.find("</OstrelData>"), filler);
+    return document;
+}
+
+std::string Repeated(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i) {
+        all += text;
+    }
+    return all;
+}
+
+TEST_F(GenMgrTest, ReadingAsksWhateverTheDocumentIsLongOf) {
+    // Half a megabyte each; and one that is short to read and long to work through.
+    const std::string entity =
+        "<!DOCTYPE OstrelData [<!ENTITY many \"" + Repeated("<Theme/>", 1000) + "\">]>";
+    const std::string comment = LongDocument("<!--" + std::string(500'000, 'x') + "-->");
+    const std::string elements = LongDocument(Repeated("<Theme Name=\"T\"/>", 28'000));
+    std::string expanded = LongDocument(Repeated("&many;", 30));
+    expanded.insert(expanded.find("<OstrelData>"), entity);
+    for (const std::string& document : {comment, elements, expanded}) {
+        const CancelingStatus never(1 << 30);
+        mgr.Init(dir.Write("config.xml", document).c_str(), never);
+        EXPECT_GT(never.asked, 9);
+        EXPECT_EQ(Defaults(), (Lines{"Stone", "Hut", "Poor", "(none)", "Coins"}));
+        const CancelingStatus later(8);
+        mgr.Init(dir.Write("config.xml", document).c_str(), later);
+        EXPECT_EQ(later.asked, 8);
+        EXPECT_EQ(Defaults(), (Lines{"(none)", "(none)", "(none)", "(none)", "(none)"}));
+    }
+    EXPECT_TRUE(ErrorLines().empty());
+}
+
+TEST_F(GenMgrTest, ReadingThatIsCancelledAtOnceLeavesNoConfiguration) {
+    Load(kFull);
+    const CancelingStatus now(1);
+    mgr.Init(dir.Write("config.xml", kFull).c_str(), now);
+    EXPECT_EQ(now.asked, 1);
+    EXPECT_TRUE(mgr.GetRoomTileSets().empty());
+    EXPECT_TRUE(mgr.GetThemes().empty());
+    EXPECT_FALSE(mgr.GetDefaultTileSet());
+    EXPECT_TRUE(ErrorLines().empty());
+    Load(kFull);
+    EXPECT_EQ(NameOf(mgr.GetDefaultTileSet()), "Stone");
+}
+
 TEST_F(GenMgrTest, CavesNeverBecomeDefaults) {
     Load(kCavesOnly);
     EXPECT_EQ(Defaults(), (Lines{"(none)", "(none)", "(none)", "(none)", "(none)"}));

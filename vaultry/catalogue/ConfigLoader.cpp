@@ -5,6 +5,7 @@
 #include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
+#include <vaultry/foundation/JobStatus.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Text.h>
 
@@ -40,7 +41,8 @@ void FileIn(std::vector<DiPtr<T>>& list, DiPtr<T>& object) {
 
 } // namespace
 
-ConfigLoader::ConfigLoader(ConfigMgr& config_) : config(config_) {}
+ConfigLoader::ConfigLoader(ConfigMgr& config_, const JobStatus* status_)
+    : config(config_), status(status_) {}
 
 // Here, since the linker for Windows, optimising the whole, fails on copies of it in several
 // objects.
@@ -384,6 +386,9 @@ void ConfigLoader::LimitElements() {
     if (++elements > kMaxElements) {
         StopAtLimit("the document has more than " + std::to_string(kMaxElements) + " elements");
     }
+    if (elements % kElementsPerQuestion == 0) {
+        Ask();
+    }
 }
 
 // Counted before the names are made: each takes more memory than its letters.
@@ -421,6 +426,12 @@ void ConfigLoader::LimitText(XMLSize_t length) {
 void ConfigLoader::StopAtLimit(const std::string& message) const {
     const std::u16string wide(message.begin(), message.end());
     throw xercesc::SAXParseException(wide.c_str(), *place);
+}
+
+void ConfigLoader::Ask() const {
+    if (status != nullptr && status->HasBeenCanceled()) {
+        throw LoadCanceled();
+    }
 }
 
 void ConfigLoader::error(const xercesc::SAXParseException& e) {

@@ -14,7 +14,11 @@
 
 namespace Tarnex {
 
+class JobStatus;
 struct LayoutHead;
+
+/// Ends a load that was cancelled, through the parser.
+struct LoadCanceled {};
 
 /// Serves one parse. Each start tag creates or fills one object under construction, each matching
 /// end tag files it in the store. Elements are recognised by name alone, wherever they stand; names
@@ -31,8 +35,11 @@ public:
     /// The most cells that all its layouts may have together.
     static constexpr std::uint64_t kMaxLayoutCells = 16'777'216;
 
-    /// The store is filled, not owned.
-    explicit ConfigLoader(ConfigMgr& config);
+    /// Elements between two questions whether the load was cancelled.
+    static constexpr std::uint64_t kElementsPerQuestion = 1000;
+
+    /// The store is filled, not owned; neither is `status`, which may be null.
+    explicit ConfigLoader(ConfigMgr& config, const JobStatus* status = nullptr);
     ~ConfigLoader() override;
     ConfigLoader(const ConfigLoader&) = delete;
     ConfigLoader& operator=(const ConfigLoader&) = delete;
@@ -52,6 +59,9 @@ public:
     void fatalError(const xercesc::SAXParseException& e) override;
     void warning(const xercesc::SAXParseException& e) override;
     void resetErrors() override {}
+
+    /// Throws LoadCanceled when the load was cancelled.
+    void Ask() const;
 
     /// Logs a fatal error that carries no place of its own at the place the parser has reached.
     void FatalError(const std::string& message);
@@ -95,6 +105,7 @@ private:
     [[noreturn]] void StopAtLimit(const std::string& message) const;
 
     ConfigMgr& config;
+    const JobStatus* status;
     const xercesc::Locator* place = nullptr;
     std::uint32_t depth = 0;
     std::uint64_t textLength = 0;

@@ -10,6 +10,8 @@
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/MemoryManager.hpp>
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
+#include <xercesc/sax/InputSource.hpp>
+#include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PanicHandler.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
@@ -113,11 +115,51 @@ void MakeSafe(xercesc::SAX2XMLReader& reader, xercesc::SecurityManager& limits) 
     reader.setProperty(XMLUni::fgXercesSecurityManager, &limits);
 }
 
+// Asks whether the load is still wanted whenever the parser wants more: between two elements there
+// may be much that the loader hears nothing of.
+class AskingStream : public xercesc::BinInputStream {
+public:
+    AskingStream(std::unique_ptr<xercesc::BinInputStream> stream_, const ConfigLoader& loader_)
+        : stream(std::move(stream_)), loader(loader_) {}
+
+    XMLFilePos curPos() const override { return stream->curPos(); }
+
+    XMLSize_t readBytes(XMLByte* const toFill, const XMLSize_t maxToRead) override {
+        // The parser loses memory when its first look at a document is interrupted.
+        if (curPos() > 0) {
+            loader.Ask();
+        }
+        return stream->readBytes(toFill, maxToRead);
+    }
+
+    const XMLCh* getContentType() const override { return stream->getContentType(); }
+
+private:
+    std::unique_ptr<xercesc::BinInputStream> stream;
+    const ConfigLoader& loader;
+};
+
+class AskingSource : public xercesc::InputSource {
+public:
+    AskingSource(const xercesc::InputSource& source_, const ConfigLoader& loader_)
+        : xercesc::InputSource(source_.getSystemId()), source(source_), loader(loader_) {}
+
+    xercesc::BinInputStream* makeStream() const override {
+        std::unique_ptr<xercesc::BinInputStream> stream(source.makeStream());
+        return stream ? new AskingStream(std::move(stream), loader) : nullptr;
+    }
+
+private:
+    const xercesc::InputSource& source;
+    const ConfigLoader& loader;
+};
+
 // `makeSource` is called inside, so that what opening the source throws is reported too.
 template <typename MakeSource>
 void Parse(xercesc::SAX2XMLReader& reader, ConfigLoader& loader, MakeSource makeSource) {
     try {
-        reader.parse(makeSource());
+        const auto source = makeSource();
+        reader.parse(AskingSource(source, loader));
     } catch (const xercesc::SAXParseException& e) {
         loader.fatalError(e);
     } catch (const xercesc::SAXException& e) {
@@ -133,6 +175,7 @@ void Parse(xercesc::SAX2XMLReader& reader, ConfigLoader& loader, MakeSource make
 
 template <typename MakeSource>
 void Read(ConfigLoader& loader, MakeSource makeSource) {
+    loader.Ask();
     xercesc::SecurityManager limits;
     MemoryBudget memory(kMaxParserMemory);
     std::unique_ptr<xercesc::SAX2XMLReaderImpl> reader;
@@ -166,8 +209,8 @@ void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy) {
     Read(loader, [path, copy] { return XmlFileSource(path, copy); });
 }
 
-void ReadConfigFile(const char* path, ConfigMgr& config) {
-    ConfigLoader loader(config);
+void ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status) {
+    ConfigLoader loader(config, status);
     ReadConfigFile(path, loader);
 }
 

@@ -10,6 +10,7 @@
 namespace Tarnex {
 
 class ConfigLoader;
+class JobStatus;
 
 /// Starts the XML parser library, once per process. Returns an empty text, or the library's message
 /// when it cannot be started.
@@ -19,8 +20,8 @@ std::string StartXmlParser();
 /// Every problem is logged under "XML Parser"; what was filed before a fatal one stays. No external
 /// entity, DTD or schema is opened; nesting, entity expansion, text and memory are limited. No
 /// exception of the parser leaves the function; std::bad_alloc does when the machine's memory runs
-/// out.
-void ReadConfigFile(const char* path, ConfigMgr& config);
+/// out, and LoadCanceled when `status`, which may be null, says so.
+void ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status = nullptr);
 
 /// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.
 void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/gen/GenMgr.h>
 
+#include <vaultry/catalogue/ConfigLoader.h>
 #include <vaultry/catalogue/ConfigReader.h>
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>
@@ -73,11 +74,15 @@ void GenMgr::Init(const char* configPath) {
     Read([this, configPath] { ReadConfigFile(OrEmpty(configPath), config); });
 }
 
+void GenMgr::Init(const char* configPath, const JobStatus& status) {
+    Read([&] { ReadConfigFile(OrEmpty(configPath), config, &status); });
+}
+
 void GenMgr::InitFromMemory(std::string_view text, const char* name) {
     Read([this, text, name] { ReadConfigText(text, OrEmpty(name), config); });
 }
 
-// What was read until memory ran out would pass for a whole configuration.
+// What was read until memory ran out or that was cancelled would pass for a whole configuration.
 template <typename ReadConfig>
 void GenMgr::Read(ReadConfig readConfig) {
     config.Reset();
@@ -88,6 +93,8 @@ void GenMgr::Read(ReadConfig readConfig) {
     } catch (const std::bad_alloc&) {
         config.Reset();
         Logger::WriteError(kLogSource, "Unable to read the configuration:  Out of memory.");
+    } catch (const LoadCanceled&) {
+        config.Reset();
     }
     ChooseDefaults();
     Logger::WriteInfo(kLogSource, "Finished parsing XML config file.");

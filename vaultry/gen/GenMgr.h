@@ -40,6 +40,10 @@ public:
     /// configuration is empty.
     void Init(const char* configPath);
 
+    /// Likewise, asking all the while whether that was cancelled. When it was, the configuration is
+    /// empty.
+    void Init(const char* configPath, const JobStatus& status);
+
     /// Like Init, but from a document held in memory, which is needed during the call only. `name`
     /// (UTF-8) stands for the file.
     void InitFromMemory(std::string_view text, const char* name);

@@ -2,6 +2,7 @@
 #include <vaultry/output/Cell.h>
 
 #include <array>
+#include <ostream>
 #include <utility>
 
 namespace Tarnex {
@@ -54,7 +55,8 @@ void Cell::Write(std::ostream& stream) {
     }
     const auto count = static_cast<std::uint32_t>(refs.size());
     WriteWord(stream, "NAM0", count);
-    for (std::uint32_t i = 0; i < count; ++i) {
+    // What a stream that failed is given is lost anyway.
+    for (std::uint32_t i = 0; i < count && stream.good(); ++i) {
         refs[i].SetIndex(i + 1);
         refs[i].Write(stream);
     }

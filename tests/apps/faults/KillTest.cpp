@@ -33,9 +33,13 @@ protected:
         whole = Read("dungeon.esp");
     }
 
+    static const Lines& Generating() {
+        static const Lines run = {"generate", "--seed", "3", "--stamp", "1", "--levels", "2"};
+        return run;
+    }
+
     // Runs the program and sends it the signal at that stop; at 0 it is left alone.
-    End RunUntil(int stop, int signal) const {
-        const Lines run = {"generate", "--seed", "3", "--stamp", "1", "--levels", "2"};
+    End RunUntil(int stop, int signal, const Lines& run = Generating()) const {
         const pid_t child = Start(run, true);
         End end;
         waitpid(child, &end.status, 0);
@@ -120,6 +124,22 @@ TEST_F(KillTest, InterruptedRunLeavesTheOldFileOrTheWholeNewOneAndNothingElse) {
             EXPECT_TRUE(file == kOld || file == whole) << file.size() << " bytes";
         }
         EXPECT_EQ(Litter(), Lines{});
+    }
+    EXPECT_GT(canceled, 0);
+}
+
+TEST_F(KillTest, InterruptedDrawingOfAPluginLeavesTheWholeMapOrNone) {
+    const Lines drawing = {"map", "dungeon.esp", "--map", "map.svg"};
+    const int stops = RunUntil(0, 0, drawing).stops;
+    const std::string map = Read("map.svg");
+    ASSERT_FALSE(map.empty());
+    int canceled = 0;
+    for (int stop = stops - 60; stop <= stops; ++stop) {
+        SCOPED_TRACE(stop);
+        std::remove(File("map.svg").c_str());
+        canceled += RunUntil(stop, SIGINT, drawing).ExitedWith(130) ? 1 : 0;
+        EXPECT_TRUE(Files() == Lines{"dungeon.esp"} || Read("map.svg") == map);
+        EXPECT_LE(Files().size(), 2U);
     }
     EXPECT_GT(canceled, 0);
 }
