@@ -29,8 +29,8 @@ constexpr std::size_t kFactColumn = 19;
 constexpr const char* kOverview =
     "Generates dungeon interiors as plug-ins for the game.\n"
     "\n"
-    "Exit status: 0 done, 1 nothing generated or written (inspect, diff, check: something found;\n"
-    "search: a seed could not be judged), 2 wrong arguments, 130 cancelled.";
+    "Exit status: 0 done, 1 nothing generated or a file not written whole (inspect, diff, check:\n"
+    "something found; search: a seed could not be judged), 2 wrong arguments, 130 cancelled.";
 constexpr const char* kOverviewExample =
     "Example:\n"
     "  vaultry generate --levels 3 --creature-theme Undead -o crypt.esp\n"

@@ -6,7 +6,7 @@ namespace Tarnex::Cli {
 
 enum class ExitStatus : int {
     Success = 0,    ///< done; error lines may have been listed
-    Failure = 1,    ///< nothing was generated or written; inspect, diff: something was found
+    Failure = 1,    ///< nothing generated or a file not written whole; inspect: something found
     Usage = 2,      ///< the arguments or the files they name are wrong
     Canceled = 130, ///< stopped by Ctrl-C, as shells count it
 };

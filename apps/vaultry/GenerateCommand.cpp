@@ -39,7 +39,7 @@ void WarnOfNames(RunReport& report, const Console& console) {
 ExitStatus StatusOf(const RunReport& report) {
     switch (report.result) {
     case RunResult::Written:
-        return ExitStatus::Success;
+        return report.logged ? ExitStatus::Success : ExitStatus::Failure;
     case RunResult::Canceled:
         return ExitStatus::Canceled;
     case RunResult::Drawn:
@@ -171,6 +171,7 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
         SayWritten(report.maps, console);
         console.Say(Summary(report));
     }
+    SayLogFault(log, report, console);
     if (options.json) {
         console.out << ToJson(report);
     }

@@ -32,14 +32,14 @@ void RequireWritable(const std::string& path) {
 
 } // namespace
 
-LibraryLog::LibraryLog(const std::optional<std::string>& path) {
-    if (path) {
-        RequireWritable(*path);
+LibraryLog::LibraryLog(const std::optional<std::string>& file) : path(file.value_or("")) {
+    if (file) {
+        RequireWritable(path);
     }
     Logger::Close();
     Logger::ResetErrors();
-    if (path) {
-        Logger::Init(path->c_str());
+    if (file) {
+        Logger::Init(path.c_str());
     } else {
         Logger::InitWithoutFile();
     }
@@ -54,6 +54,13 @@ std::vector<std::string> LibraryLog::Errors() const {
     const std::vector<std::string> later = ToUtf8(Logger::GetErrors());
     errors.insert(errors.end(), later.begin(), later.end());
     return errors;
+}
+
+std::optional<std::string> LibraryLog::Fault() const {
+    const std::error_code fault = Logger::GetFault();
+    return fault ? std::optional("the log \"" + path +
+                                 "\" could not be written whole: " + fault.message())
+                 : std::nullopt;
 }
 
 void LibraryLog::StartTries() {

@@ -11,8 +11,8 @@ namespace Tarnex::Cli {
 /// While one lives, the library logs to the file it names, or to no file at all.
 class LibraryLog {
 public:
-    /// `path` is UTF-8. Throws UsageError when the file cannot be written.
-    explicit LibraryLog(const std::optional<std::string>& path);
+    /// `file` is UTF-8. Throws UsageError when the file cannot be written.
+    explicit LibraryLog(const std::optional<std::string>& file);
     ~LibraryLog();
     LibraryLog(const LibraryLog&) = delete;
     LibraryLog& operator=(const LibraryLog&) = delete;
@@ -20,12 +20,16 @@ public:
     /// The error lines so far, in UTF-8, without those of tries that were forgotten.
     std::vector<std::string> Errors() const;
 
+    /// That the file lacks lines and why, in one line of UTF-8; nothing while it is whole.
+    std::optional<std::string> Fault() const;
+
     /// Marks the end of the configuration's own lines.
     void StartTries();
     /// Forgets the error lines since StartTries; the log file keeps them.
     void ForgetTry();
 
 private:
+    std::string path; // empty without a file
     std::vector<std::string> configErrors;
 };
 

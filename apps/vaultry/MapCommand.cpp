@@ -26,7 +26,7 @@ namespace {
 ExitStatus StatusOf(const RunReport& report) {
     switch (report.result) {
     case RunResult::Drawn:
-        return ExitStatus::Success;
+        return report.logged ? ExitStatus::Success : ExitStatus::Failure;
     case RunResult::Canceled:
         return ExitStatus::Canceled;
     default:
@@ -120,6 +120,7 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
         SayWritten(report.maps, console);
         console.Say(Summary(report));
     }
+    SayLogFault(log, report, console);
     if (report.options.json) {
         console.out << ToJson(report);
     }
@@ -136,6 +137,14 @@ void PrintMaps(const std::vector<Report::LevelMap>& maps, const Console& console
         console.out << '\n';
     }
     Report::PrintMapLegend(console.out);
+}
+
+void SayLogFault(const LibraryLog& log, RunReport& report, const Console& console) {
+    if (const auto fault = log.Fault()) {
+        report.logged = false;
+        report.warnings.push_back(*fault);
+        console.Say(*fault);
+    }
 }
 
 void SayWritten(const std::vector<WrittenFile>& files, const Console& console) {

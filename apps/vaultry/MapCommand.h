@@ -5,7 +5,9 @@
 #include "apps/report/LevelMap.h"
 #include "apps/vaultry/Console.h"
 #include "apps/vaultry/ExitStatus.h"
+#include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/Options.h"
+#include "apps/vaultry/RunReport.h"
 
 #include <string>
 #include <vector>
@@ -24,5 +26,8 @@ void PrintMaps(const std::vector<Report::LevelMap>& maps, const Console& console
 
 /// Says which maps were written.
 void SayWritten(const std::vector<WrittenFile>& files, const Console& console);
+
+/// Says that the log lacks lines, if it does, and reports it as a warning.
+void SayLogFault(const LibraryLog& log, RunReport& report, const Console& console);
 
 } // namespace Tarnex::Cli

@@ -142,6 +142,10 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     if (!shared.quiet) {
         SayWritten(report.files, console);
     }
+    if (const auto fault = log.Fault()) {
+        console.Say(*fault);
+        return ExitStatus::Failure;
+    }
     return ExitStatus::Success;
 }
 

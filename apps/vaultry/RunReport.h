@@ -46,6 +46,7 @@ struct RunReport {
     std::uint32_t tries = 1; ///< seeds tried
     std::uint64_t containers = 0;
     std::uint64_t entries = 0; ///< inventory entries of all containers
+    bool logged = true;        ///< nothing is missing in the log
     std::vector<std::string> errors;
     std::vector<std::string> warnings;
 };

@@ -255,6 +255,34 @@ TEST_F(UnopenedLoggerTest, AFreshLogOpensAfterAFailedOneWasClosed) {
     EXPECT_EQ(Bytes("run.log"), "Info : S : written\n");
 }
 
+TEST_F(LoggerTest, AWholeLogHasNoFault) {
+    Logger::WriteInfo("S", "text");
+    EXPECT_FALSE(Logger::GetFault());
+}
+
+TEST_F(UnopenedLoggerTest, AFileThatCannotBeOpenedIsAFaultUntilTheLogIsClosed) {
+    Logger::Init(dir.File("missing/run.log").c_str());
+    Logger::WriteInfo("S", "dropped");
+    EXPECT_EQ(Logger::GetFault(), std::errc::no_such_file_or_directory);
+    Logger::Close();
+    EXPECT_FALSE(Logger::GetFault());
+    Logger::InitWithoutFile();
+    Logger::WriteInfo("S", "nowhere");
+    EXPECT_FALSE(Logger::GetFault());
+}
+
+#ifndef _WIN32
+TEST_F(UnopenedLoggerTest, ADiskWithoutSpaceIsAFaultFromTheFirstLineOn) {
+    Logger::Init("/dev/full");
+    EXPECT_FALSE(Logger::GetFault());
+    Logger::WriteInfo("S", "dropped");
+    EXPECT_EQ(Logger::GetFault(), std::errc::no_space_on_device);
+    Logger::WriteError("S", "kept");
+    EXPECT_EQ(Logger::GetFault(), std::errc::no_space_on_device);
+    EXPECT_EQ(ErrorLines(), Lines{"Error : S : kept"});
+}
+#endif
+
 TEST_F(UnopenedLoggerTest, WithoutAFileOnlyErrorsAreKept) {
     const CurrentPath here(dir.Path());
     Logger::InitWithoutFile();

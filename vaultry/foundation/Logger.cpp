@@ -3,6 +3,7 @@
 
 #include <vaultry/foundation/CodePage.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +18,7 @@ constexpr const char* kDefaultFile = "Log.txt";
 struct LogState {
     bool opened = false;
     std::ofstream file;
+    std::error_code fault;
     std::vector<std::string> errors;
 };
 
@@ -37,11 +39,21 @@ std::string MakeLine(const char* kind, const char* source, const char* format, v
     return std::string(kind) + " : " + source + " : " + FormatMessage(format, args);
 }
 
+// The stream itself does not say why it failed.
+template <typename Step>
+void WatchFile(LogState& state, Step step) {
+    errno = 0;
+    step(state.file);
+    if (!state.file && !state.fault) {
+        state.fault = std::error_code(errno == 0 ? EIO : errno, std::generic_category());
+    }
+}
+
 void WriteLine(const std::string& line) {
     Logger::Init(nullptr);
     LogState& state = State();
     if (state.file.is_open()) {
-        state.file << line << '\n' << std::flush;
+        WatchFile(state, [&line](std::ofstream& file) { file << line << '\n' << std::flush; });
     }
 }
 
@@ -55,10 +67,13 @@ void Logger::Init(const char* fileName) {
     state.opened = true;
     const bool named = fileName != nullptr && *fileName != '\0';
     try {
-        state.file.open(PathFromUtf8(named ? fileName : kDefaultFile),
-                        std::ios::out | std::ios::binary | std::ios::trunc);
-    } catch (const std::filesystem::filesystem_error&) {
+        const std::filesystem::path path = PathFromUtf8(named ? fileName : kDefaultFile);
+        WatchFile(state, [&path](std::ofstream& file) {
+            file.open(path, std::ios::out | std::ios::binary | std::ios::trunc);
+        });
+    } catch (const std::filesystem::filesystem_error& e) {
         // Windows has no name for a path that is not UTF-8: a file that cannot be opened.
+        state.fault = e.code();
     }
 }
 
@@ -71,6 +86,7 @@ void Logger::Close() {
     state.opened = false;
     state.file.close();
     state.file.clear();
+    state.fault.clear();
 }
 
 void Logger::WriteInfo(const char* source, const char* format, ...) {
@@ -110,6 +126,10 @@ const std::vector<std::string>& Logger::GetErrors() {
 
 void Logger::ResetErrors() {
     State().errors.clear();
+}
+
+std::error_code Logger::GetFault() {
+    return State().fault;
 }
 
 } // namespace Tarnex

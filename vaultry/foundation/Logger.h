@@ -6,6 +6,7 @@
 
 #include <cstdarg>
 #include <string>
+#include <system_error>
 #include <vector>
 
 /// Lets the compiler check the arguments of a function against its format text: the number of the
@@ -21,8 +22,8 @@ namespace Tarnex {
 /// Writes the text log and keeps the error lines, so that a front end can show them after a run.
 ///
 /// All calls come from one thread. Texts are Windows-1252; each line ends with LF on every platform
-/// and is flushed. A message is cut after 4096 bytes. When the file cannot be opened, lines are
-/// dropped silently and the error list still grows.
+/// and is flushed. A message is cut after 4096 bytes. When the file cannot be opened or takes no
+/// more, lines are dropped silently and the error list still grows; GetFault tells of it.
 class VAULTRY_API Logger {
 public:
     /// Opens `fileName` (UTF-8) for writing, truncating it; null or empty means "Log.txt". Only the
@@ -52,6 +53,10 @@ public:
 
     /// Empties the error list; the log file is not touched.
     static void ResetErrors();
+
+    /// Why the log lacks lines: what the system said when it could not be opened or first took no
+    /// more. No error while the log is whole, and without a file.
+    static std::error_code GetFault();
 };
 
 } // namespace Tarnex

@@ -76,6 +76,31 @@ TEST_F(SmallDiskTest, FullDiskKeepsTheOldFileAndSaysSo) {
     EXPECT_TRUE(fs::is_empty(File("disk")));
 }
 
+// The configuration has much to complain about.
+TEST_F(SmallDiskTest, LogThatDoesNotFitIsNoSuccess) {
+    if (!mounted) {
+        GTEST_SKIP() << "this container may not mount a disk; "
+                        "DiskFaultTest.EveryVerbWithALogSaysThatItIsNotWhole shows the same";
+    }
+    constexpr std::size_t kPage = 4096;
+    std::string config = "<OstrelData><TileSet TsName=\"Stone\" TsType=\"Room\" TsSize=\"256\">";
+    for (int i = 0; i < 100; ++i) {
+        config += "<Center>s_center</Center>";
+    }
+    config += "</TileSet><Layout LayoutName=\"Spot\" Type=\"Room\" Width=\"1\" Height=\"1\"><Row>"
+              "<Col>Center</Col></Row></Layout></OstrelData>";
+    Write("noisy.xml", config);
+    Write("disk/filler", std::string(15 * kPage, 'x'));
+    const Outcome outcome = Run(
+        {"generate", "--fixed", "-c", "noisy.xml", "--log", "disk/run.log", "--quiet", "--json"});
+    EXPECT_EQ(outcome.status, 1);
+    const std::string missing = "could not be written whole: No space left on device";
+    EXPECT_EQ(outcome.ErrLines().back(), "vaultry: the log \"disk/run.log\" " + missing);
+    EXPECT_TRUE(Contains(outcome.out, missing)) << outcome.out;
+    EXPECT_EQ(Read("disk/run.log").size(), kPage);
+    EXPECT_EQ(Read("dungeon.esp").substr(0, 4), "TES3");
+}
+
 TEST_F(DiskFaultTest, ReadOnlyFolderKeepsTheOldFileAndSaysSo) {
     fs::permissions(File(""), fs::perms(0555));
     const Outcome outcome = RunAsNobody({"generate", "--seed", "3"});
@@ -93,6 +118,23 @@ TEST_F(DiskFaultTest, LogThatCannotBeWrittenIsRefusedBeforeAnythingIsDone) {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.err, "vaultry: the log \"run.log\" cannot be written\n");
     ExpectOldFileAlone();
+}
+
+TEST_F(DiskFaultTest, EveryVerbWithALogSaysThatItIsNotWhole) {
+    const std::string missing =
+        "vaultry: the log \"/dev/full\" could not be written whole: No space left on device";
+    for (const Lines& run : {Lines{"generate", "--fixed"},
+                             Lines{"map", "--fixed"},
+                             Lines{"map", "dungeon.esp"},
+                             Lines{"map", "--fixed", "--map", "map.svg"}}) {
+        SCOPED_TRACE(run.back());
+        Lines logged = run;
+        logged.insert(logged.end(), {"--log", "/dev/full", "--quiet"});
+        const Outcome outcome = Run(logged);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.ErrLines(), Lines{missing});
+    }
+    EXPECT_EQ(Files(), (Lines{"dungeon.esp", "map.svg"}));
 }
 
 TEST_F(DiskFaultTest, PipeIsRefusedAsOutputAndAsMapWithoutWaitingForAReader) {
