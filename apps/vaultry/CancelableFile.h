@@ -14,7 +14,8 @@ namespace Tarnex::Cli {
 /// stream fails then.
 class CancelableFile {
 public:
-    /// `path` is UTF-8. The stream has failed when the file cannot be opened. `signals` is not owned.
+    /// `path` is UTF-8. The stream has failed when the file cannot be opened. `signals` is not
+    /// owned.
     CancelableFile(const std::string& path, const CancelSignals& signals);
 
     std::ostream& Stream() { return stream; }
