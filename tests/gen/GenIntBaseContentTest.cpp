@@ -416,6 +416,15 @@ TEST_F(QtyTest, CheapPilesAreAsDrawn) {
     EXPECT_EQ(draws.Bounds(), (Draws{100, 10, 10, 10}));
 }
 
+TEST_F(QtyTest, APileWorthAsMuchAsIsPlausibleIsAsDrawnAndOneWorthMoreIsNot) {
+    const Wish poor = [](std::int32_t raw) { return raw < 3277; };
+    SeedFor({Pick(249, 1000), Pick(250, 1000), poor});
+    const DrawLog draws;
+    EXPECT_EQ(Qty(1000, 1), 250U);
+    EXPECT_EQ(Qty(1000, 1), 10U);
+    EXPECT_EQ(draws.Bounds(), (Draws{1000, 1000, kUnit}));
+}
+
 TEST_F(QtyTest, LargePilesAreCutToAPlausibleWorth) {
     struct WorthCase {
         int raw; // behind RandomUnit

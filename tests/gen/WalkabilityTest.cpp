@@ -141,6 +141,18 @@ TEST_F(WalkabilityTest, APartRaisedByOneCellCountsAndAHigherOneDoesNot) {
     main->Dissolve();
 }
 
+TEST_F(WalkabilityTest, WhatLiesBesideTheLevelJoinsNothing) {
+    AddRoom(kEastRoom, 1, 2, 0, 0);
+    Draw(*main, 2, 0, "- -", *tiles);
+    for (const Di3Point& beside : {Di3Point(-1.0F, 2.0F, 0.0F), Di3Point(3.0F, -1.0F, 0.0F)}) {
+        const DiPtr<Layout> part = ToLayout("+", *tiles);
+        part->SetOffset(beside);
+        main->AddChild(part);
+    }
+    EXPECT_EQ(Judge().openEnds, 1U); // the hall's western end
+    main->Dissolve();
+}
+
 TEST_F(WalkabilityTest, ALevelWithoutRoomsIsWalkable) {
     const LevelReport report = Judge();
     EXPECT_TRUE(report.rooms.empty());
