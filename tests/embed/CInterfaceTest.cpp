@@ -284,6 +284,21 @@ TEST_F(CInterfaceTest, TextsAreUtf8) {
               "theme: \"\xC3\xBC\" is not a name of the configuration");
 }
 
+TEST_F(CInterfaceTest, NamesAreFoundInUtf8WhateverTheEncodingOfTheConfiguration) {
+    const std::string config = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"
+                               "<OstrelData><Theme Name=\"Gr\xFC"
+                               "ft\"/></OstrelData>";
+    EXPECT_EQ(vaultry_init_from_memory(generator, config.data(), config.size(), "odd"),
+              VAULTRY_REFUSED); // it holds no tile set
+    Set("theme",
+        "Gr\xC3\xBC"
+        "ft");
+    EXPECT_NE(FaultOf("theme",
+                      "Gr\xFC"
+                      "ft"),
+              "");
+}
+
 TEST_F(CInterfaceTest, TellsItsVersion) {
     EXPECT_NE(std::string(vaultry_version()).find('.'), std::string::npos);
 }

@@ -537,7 +537,10 @@ TEST_F(GenHallJunctionsTest, JunctionsSpreadThroughAWholeLevel) {
             Put(At(x, y), (x + y) % 2 == 0 ? "|" : "-");
         }
     }
+    const Asked asked;
+    info.meter.Start(&asked);
     halls->Place4Way(At(kEdge / 2, kEdge / 2));
+    EXPECT_GT(asked.times, 0);
     int junctions = 0;
     for (int y = 0; y < kEdge; ++y) {
         for (int x = 0; x < kEdge; ++x) {

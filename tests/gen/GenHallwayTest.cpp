@@ -365,14 +365,6 @@ TEST_F(GenHallwayTest, DetourToAnywhereIsDrawnFromThreeQuartersOn) {
 
 // Each of 1505 vain searches looks at 10,000 cells.
 TEST_F(GenHallwayTest, SearchOfALargeRoomAsksWhetherTheRunIsStillWanted) {
-    class Patient : public JobStatus {
-    public:
-        bool HasBeenCanceled() const override {
-            ++asked;
-            return false;
-        }
-        mutable int asked = 0;
-    };
     Level(210, 110);
     const auto withoutDoors = [this](int slotCol, int x) {
         const DiPtr<Layout> room = Layout::Create(DiPos(100, 100, 0));
@@ -382,10 +374,10 @@ TEST_F(GenHallwayTest, SearchOfALargeRoomAsksWhetherTheRunIsStillWanted) {
     };
     const DiPtr<Layout> from = withoutDoors(0, 1);
     const DiPtr<Layout> to = withoutDoors(1, 105);
-    const Patient status;
-    info.meter.Start(&status);
+    const Asked asked;
+    info.meter.Start(&asked);
     EXPECT_FALSE(halls->ConnectRooms(from, to));
-    EXPECT_GT(status.asked, 70);
+    EXPECT_GT(asked.times, 70);
 }
 
 // Starting and turning.

@@ -58,6 +58,17 @@ public:
     using GenHallway::sourceRoom;
 };
 
+/// Counts how often it is asked whether the run was cancelled.
+class Asked : public JobStatus {
+public:
+    bool HasBeenCanceled() const override {
+        ++times;
+        return false;
+    }
+
+    mutable int times = 0;
+};
+
 /// The smallest room with a wall on each side, so that each side offers one doorway.
 inline constexpr std::string_view kSmallRoom = R"(
     NW wN NE
