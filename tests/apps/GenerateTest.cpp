@@ -261,7 +261,7 @@ TEST_F(GenerateTest, JsonKeepsErrorsAndWarningsApart) {
     const Json json = Json::parse(outcome.out);
     EXPECT_EQ(json["errors"], (Json{kFaultyLine}));
     ASSERT_EQ(json["warnings"].size(), 1U);
-    EXPECT_TRUE(Contains(json["warnings"][0], "?????"));
+    EXPECT_TRUE(Contains(json["warnings"][0].get<std::string>(), "?????"));
 }
 
 TEST_F(GenerateTest, JsonOfAFailedRunNamesNoFile) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <tests/apps/Process.h>
+#include <tests/support/Contains.h>
 #include <tests/support/TempDir.h>
 #include <vector>
 
@@ -20,10 +21,6 @@ struct Outcome {
 
     std::vector<std::string> ErrLines() const;
 };
-
-inline bool Contains(const std::string& text, std::string_view part) {
-    return text.find(part) != std::string::npos;
-}
 
 /// An empty folder to run the program in, and a vocabulary for what it leaves there.
 class ProgramTest : public ::testing::Test {

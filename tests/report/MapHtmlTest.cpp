@@ -6,6 +6,7 @@
 
 #include <sstream>
 #include <tests/report/SampleMap.h>
+#include <tests/support/Contains.h>
 
 namespace Tarnex::Test {
 
@@ -15,10 +16,6 @@ std::string Page(const Report::LevelMap& map) {
     std::ostringstream out;
     Report::WriteHtml({map}, {7, "--size \"tiny\"", "a&b.xml"}, Report::MapLook::Auto, out);
     return out.str();
-}
-
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
 }
 
 std::size_t Count(const std::string& text, const std::string& part) {

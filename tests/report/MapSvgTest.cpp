@@ -6,6 +6,7 @@
 
 #include <sstream>
 #include <tests/report/SampleMap.h>
+#include <tests/support/Contains.h>
 
 namespace Tarnex::Test {
 
@@ -15,10 +16,6 @@ std::string Svg(const Report::LevelMap& map) {
     std::ostringstream out;
     Report::WriteSvg({map}, {7, "--size \"tiny\"", "a&b.xml"}, Report::MapLook::Auto, out);
     return out.str();
-}
-
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
 }
 
 // Every element that is opened is closed again, in order, and there is one root.
