@@ -145,8 +145,9 @@ void CreateModToFile(benchmark::State& state) {
     Label(state);
 }
 
-// Rooms alone, on room grids 1 to 8 times as wide and high: the time must grow as the area does.
-void PlaceByArea(benchmark::State& state) {
+// On room grids 1 to 8 times as wide and high, a different level every time.
+template <typename Step>
+void ByArea(benchmark::State& state, const Step& step) {
     GenMgr mgr;
     Prepare(mgr, kScaled);
     Stages stages(mgr);
@@ -154,30 +155,29 @@ void PlaceByArea(benchmark::State& state) {
     const auto factor = static_cast<std::int32_t>(state.range(0));
     for (auto _ : state) {
         seeds.Next();
-        stages.PlaceScaled(factor)->Dissolve();
+        step(stages, factor);
     }
     state.SetComplexityN(state.range(0) * state.range(0));
+}
+
+// Rooms alone: the time must grow as the area does.
+void PlaceByArea(benchmark::State& state) {
+    ByArea(state,
+           [](Stages& stages, std::int32_t factor) { stages.PlaceScaled(factor)->Dissolve(); });
 }
 
 // Halls alone. In order, they are as long as a room and, once per row, as the level is wide, and
 // the time must grow as the area does; shuffled, all of them grow with the width of the level.
 void JoinByArea(benchmark::State& state, Ring ring) {
-    GenMgr mgr;
-    Prepare(mgr, kScaled);
-    Stages stages(mgr);
-    Seeds seeds;
-    const auto factor = static_cast<std::int32_t>(state.range(0));
-    for (auto _ : state) {
+    ByArea(state, [&state, ring](Stages& stages, std::int32_t factor) {
         state.PauseTiming();
-        seeds.Next();
         const DiPtr<Layout> level = stages.PlaceScaled(factor);
         state.ResumeTiming();
         stages.JoinScaled(*level, ring);
         state.PauseTiming();
         level->Dissolve();
         state.ResumeTiming();
-    }
-    state.SetComplexityN(state.range(0) * state.range(0));
+    });
 }
 
 void Scales(benchmark::internal::Benchmark* b) {
