@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The worker processes of POSIX systems: forked, each with a socket.
-#include "apps/search/Lines.h"
-#include "apps/search/WorkerPool.h"
+#include "apps/search/WorkerLife.h"
 
 #include <array>
 #include <cerrno>
@@ -55,28 +54,14 @@ bool Receive(int socket, std::string& text, int flags) {
     }
 }
 
-// The life of a worker. It leaves without cleaning up: everything it has belongs to the process
-// that it was copied from.
 [[noreturn]] void Work(int socket, const WorkerPool::Serve& serve) {
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         std::signal(number, SIG_IGN);
     }
-    const WorkerPool::Reply reply = [socket](std::string_view line) {
-        if (!SendAll(socket, std::string(line) + '\n')) {
-            _exit(EXIT_FAILURE);
-        }
-    };
-    try {
-        std::string text;
-        while (Receive(socket, text, 0)) {
-            for (const std::string& request : TakeLines(text)) {
-                serve(request, reply);
-            }
-        }
-        _exit(EXIT_SUCCESS);
-    } catch (...) {
-        _exit(EXIT_FAILURE);
-    }
+    LiveAsWorker(
+        serve,
+        [socket](std::string& text) { return Receive(socket, text, 0); },
+        [socket](std::string_view text) { return SendAll(socket, text); });
 }
 
 std::string EndWords(int status) {

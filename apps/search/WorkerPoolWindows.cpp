@@ -3,8 +3,7 @@
 //
 // Processes cannot be copied there. A worker runs the same command line from its beginning until it
 // comes to its own pool, and there it serves instead of having workers.
-#include "apps/search/Lines.h"
-#include "apps/search/WorkerPool.h"
+#include "apps/search/WorkerLife.h"
 
 #include <algorithm>
 #include <array>
@@ -104,24 +103,11 @@ bool Receive(HANDLE pipe, std::string& text) {
     return true;
 }
 
-// The life of a worker. It leaves without cleaning up, like one that was copied.
 [[noreturn]] void Work(const Pipe& ends, const WorkerPool::Serve& serve) {
-    const WorkerPool::Reply reply = [&ends](std::string_view line) {
-        if (!SendAll(ends.write.Get(), std::string(line) + '\n')) {
-            std::_Exit(EXIT_FAILURE);
-        }
-    };
-    try {
-        std::string text;
-        while (Receive(ends.read.Get(), text)) {
-            for (const std::string& request : TakeLines(text)) {
-                serve(request, reply);
-            }
-        }
-        std::_Exit(EXIT_SUCCESS);
-    } catch (...) {
-        std::_Exit(EXIT_FAILURE);
-    }
+    LiveAsWorker(
+        serve,
+        [&ends](std::string& text) { return Receive(ends.read.Get(), text); },
+        [&ends](std::string_view text) { return SendAll(ends.write.Get(), text); });
 }
 
 std::uintptr_t NumberOf(const Handle& handle) {
