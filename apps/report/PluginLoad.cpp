@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/report/PluginLoad.h"
 
+#include "apps/report/UsageError.h"
+
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/output/PluginReader.h>
 
@@ -15,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 [[noreturn]] void Refuse(const std::string& path, const char* why) {
-    throw LoadError('"' + path + "\" " + why);
+    throw UsageError('"' + path + "\" " + why);
 }
 
 std::string LoadBytes(const std::string& path) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/Condition.h"
 
+#include "apps/report/UsageError.h"
 #include "apps/search/FactOffer.h"
-#include "apps/search/SearchError.h"
 
 #include <vaultry/foundation/Text.h>
 
@@ -104,7 +104,7 @@ public:
         const std::string_view before = text.substr(0, at.place);
         const auto characters = std::ranges::count_if(
             before, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
-        throw SearchError("--where, position " + std::to_string(characters + 1) + ": " + what);
+        throw UsageError("--where, position " + std::to_string(characters + 1) + ": " + what);
     }
 
 private:

@@ -26,7 +26,7 @@ public:
 
     /// Holds for every dungeon.
     Condition() = default;
-    /// Throws SearchError, which tells the place of the mistake and what may have been meant.
+    /// Throws UsageError, which tells the place of the mistake and what may have been meant.
     explicit Condition(std::string_view text);
 
     bool Holds(const Report::FactValues& values) const;

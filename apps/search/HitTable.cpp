@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/HitTable.h"
 
-#include "apps/search/SearchError.h"
+#include "apps/report/UsageError.h"
 
 #include <charconv>
 #include <iterator>
@@ -55,7 +55,7 @@ public:
     }
 
     [[noreturn]] void Refuse(const std::string& what) const {
-        throw SearchError('"' + name + "\", line " + std::to_string(start) + ": " + what);
+        throw UsageError('"' + name + "\", line " + std::to_string(start) + ": " + what);
     }
 
 private:
@@ -114,9 +114,9 @@ std::vector<Hit> ReadCsv(std::istream& in, const std::string& name) {
     const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     RecordReader reader(text, name);
     if (reader.AtEnd() || reader.Next() != Columns()) {
-        throw SearchError('"' + name +
-                          "\", line 1: these are not the columns that this version of " +
-                          "vaultry search --csv writes");
+        throw UsageError('"' + name +
+                         "\", line 1: these are not the columns that this version of " +
+                         "vaultry search --csv writes");
     }
     std::vector<Hit> hits;
     while (!reader.AtEnd()) {

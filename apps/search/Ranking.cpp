@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/Ranking.h"
 
+#include "apps/report/UsageError.h"
 #include "apps/search/FactOffer.h"
-#include "apps/search/SearchError.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,7 +17,7 @@ constexpr std::uint64_t kSpare = 1024;
 
 bool ParseDirection(std::string_view direction) {
     if (direction != "asc" && direction != "desc") {
-        throw SearchError("--sort: \"" + std::string(direction) + "\" is neither asc nor desc");
+        throw UsageError("--sort: \"" + std::string(direction) + "\" is neither asc nor desc");
     }
     return direction == "asc";
 }
@@ -29,7 +29,7 @@ Order::Key Order::ParseKey(std::string_view text) {
     const std::string_view name = text.substr(0, colon);
     const std::optional<std::size_t> fact = Report::FindFact(name);
     if (!fact) {
-        throw SearchError("--sort: " + NoFact(name));
+        throw UsageError("--sort: " + NoFact(name));
     }
     return {*fact, colon != std::string_view::npos && ParseDirection(text.substr(colon + 1))};
 }

@@ -18,7 +18,7 @@ class Order {
 public:
     /// By seed.
     Order() = default;
-    /// Throws SearchError.
+    /// Throws UsageError.
     explicit Order(std::string_view keys);
 
     bool IsBefore(const Report::FactValues& a, const Report::FactValues& b) const;

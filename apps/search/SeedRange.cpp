@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/SeedRange.h"
 
-#include "apps/search/SearchError.h"
+#include "apps/report/UsageError.h"
 
 #include <charconv>
 #include <string>
@@ -11,7 +11,7 @@ namespace Tarnex::Search {
 namespace {
 
 [[noreturn]] void Refuse(std::string_view text, const char* what) {
-    throw SearchError("--seeds: \"" + std::string(text) + "\" " + what);
+    throw UsageError("--seeds: \"" + std::string(text) + "\" " + what);
 }
 
 std::uint32_t ParseSeed(std::string_view text, std::string_view range) {

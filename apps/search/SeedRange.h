@@ -16,7 +16,7 @@ struct SeedRange {
     bool operator==(const SeedRange&) const = default;
 };
 
-/// Reads "A..B", or "A" for a single seed. Throws SearchError.
+/// Reads "A..B", or "A" for a single seed. Throws UsageError.
 SeedRange ParseSeedRange(std::string_view text);
 
 } // namespace Tarnex::Search

@@ -2,8 +2,8 @@
 #include "apps/vaultry/Arguments.h"
 
 #include "apps/report/DungeonFacts.h"
+#include "apps/report/UsageError.h"
 #include "apps/vaultry/CommandHelp.h"
-#include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
 #include <vaultry/gen/Limits.h>

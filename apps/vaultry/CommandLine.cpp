@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/CommandLine.h"
 
-#include "apps/report/PluginLoad.h"
-#include "apps/search/SearchError.h"
+#include "apps/report/UsageError.h"
 #include "apps/vaultry/Arguments.h"
 #include "apps/vaultry/CheckCommand.h"
 #include "apps/vaultry/ConfigCommand.h"
@@ -13,7 +12,6 @@
 #include "apps/vaultry/ListCommand.h"
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/SearchCommand.h"
-#include "apps/vaultry/UsageError.h"
 
 #include <exception>
 #include <new>
@@ -66,12 +64,6 @@ ExitStatus Run(const std::vector<std::string>& arguments, const Console& console
         const Request request = ParseArguments(arguments);
         return CheckOutput(std::visit(Dispatch{console}, request), console);
     } catch (const UsageError& e) {
-        console.Say(e.what());
-        return ExitStatus::Usage;
-    } catch (const Report::LoadError& e) {
-        console.Say(e.what());
-        return ExitStatus::Usage;
-    } catch (const Search::SearchError& e) {
         console.Say(e.what());
         return ExitStatus::Usage;
     } catch (const std::bad_alloc&) {

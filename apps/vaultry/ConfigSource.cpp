@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/ConfigSource.h"
 
+#include "apps/report/UsageError.h"
 #include "apps/vaultry/NameCheck.h"
 #include "apps/vaultry/Options.h"
-#include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 

@@ -7,7 +7,7 @@
 
 namespace Tarnex::Cli {
 
-/// Prints what differs between two plug-ins; differences are a failure. Throws Report::LoadError.
+/// Prints what differs between two plug-ins; differences are a failure. Throws UsageError.
 ExitStatus RunDiff(const DiffOptions& options, const Console& console);
 
 } // namespace Tarnex::Cli

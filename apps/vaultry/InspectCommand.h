@@ -8,7 +8,7 @@
 namespace Tarnex::Cli {
 
 /// Prints what a plug-in holds and what does not fit in it; findings are a failure. Throws
-/// Report::LoadError.
+/// UsageError.
 ExitStatus RunInspect(const InspectOptions& options, const Console& console);
 
 } // namespace Tarnex::Cli

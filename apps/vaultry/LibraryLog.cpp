@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/LibraryLog.h"
 
+#include "apps/report/UsageError.h"
 #include "apps/vaultry/NameCheck.h"
 #include "apps/vaultry/OutputFile.h"
-#include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>

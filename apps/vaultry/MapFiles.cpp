@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/MapFiles.h"
 
+#include "apps/report/UsageError.h"
 #include "apps/vaultry/CancelableFile.h"
-#include "apps/vaultry/UsageError.h"
 
 namespace Tarnex::Cli {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/NameCheck.h"
 
-#include "apps/vaultry/UsageError.h"
+#include "apps/report/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 

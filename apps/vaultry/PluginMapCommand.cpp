@@ -3,6 +3,7 @@
 
 #include "apps/report/PluginLoad.h"
 #include "apps/report/PluginMap.h"
+#include "apps/report/UsageError.h"
 #include "apps/report/Words.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/JsonReport.h"
@@ -10,7 +11,6 @@
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/MapFiles.h"
 #include "apps/vaultry/OutputFile.h"
-#include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>

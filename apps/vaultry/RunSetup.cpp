@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/RunSetup.h"
 
+#include "apps/report/UsageError.h"
 #include "apps/vaultry/ConsoleStatus.h"
 #include "apps/vaultry/MapFiles.h"
 #include "apps/vaultry/NameCheck.h"
-#include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 

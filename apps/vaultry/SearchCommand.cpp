@@ -3,6 +3,7 @@
 
 #include "apps/report/LevelMap.h"
 #include "apps/report/PngModule.h"
+#include "apps/report/UsageError.h"
 #include "apps/search/Condition.h"
 #include "apps/search/HitTable.h"
 #include "apps/search/Ranking.h"
@@ -19,7 +20,6 @@
 #include "apps/vaultry/RunSetup.h"
 #include "apps/vaultry/SearchReport.h"
 #include "apps/vaultry/SeedRun.h"
-#include "apps/vaultry/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>

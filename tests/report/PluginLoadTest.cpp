@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "apps/report/PluginLoad.h"
+#include "apps/report/UsageError.h"
 #include "tests/report/SamplePlugin.h"
 #include "tests/support/TempDir.h"
 
@@ -18,7 +19,7 @@ protected:
         const std::string path = folder.File(name);
         try {
             Report::LoadPlugin(path);
-        } catch (const Report::LoadError& e) {
+        } catch (const UsageError& e) {
             const std::string line = e.what();
             const std::string start = '"' + path + "\" ";
             EXPECT_EQ(line.substr(0, start.size()), start);

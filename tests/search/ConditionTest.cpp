@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/Condition.h"
 
-#include "apps/search/SearchError.h"
+#include "apps/report/UsageError.h"
 
 #include <gtest/gtest.h>
 
@@ -86,7 +86,7 @@ TEST_P(ConditionMistakeTest, NamesThePlaceAndTheCure) {
     try {
         const Condition condition(GetParam().condition);
         FAIL() << GetParam().condition;
-    } catch (const Search::SearchError& e) {
+    } catch (const UsageError& e) {
         EXPECT_EQ(e.what(), std::string("--where, ") + GetParam().message);
     }
 }
@@ -130,13 +130,13 @@ TEST(ConditionLimitsTest, NestsAHundredDeepAndNoDeeper) {
         return std::string(depth, '(') + "walkable" + std::string(depth, ')');
     };
     EXPECT_TRUE(Condition(nested(100)).Holds(Values({{"walkable", 1}})));
-    EXPECT_THROW(Condition(nested(101)), Search::SearchError);
-    EXPECT_THROW(Condition(std::string(1'000'000, '(')), Search::SearchError);
+    EXPECT_THROW(Condition(nested(101)), UsageError);
+    EXPECT_THROW(Condition(std::string(1'000'000, '(')), UsageError);
     std::string negations;
     for (int i = 0; i < 100'000; ++i) {
         negations += "not ";
     }
-    EXPECT_THROW(Condition(negations + "walkable"), Search::SearchError);
+    EXPECT_THROW(Condition(negations + "walkable"), UsageError);
 }
 
 TEST(ConditionLimitsTest, LongChainsAreNotNested) {
@@ -172,7 +172,7 @@ TEST(ConditionLimitsTest, AnyTextIsJudgedOrRefused) {
         try {
             Condition(text).Holds(Values({{"rooms", 5}}));
             ++judged;
-        } catch (const Search::SearchError& e) {
+        } catch (const UsageError& e) {
             EXPECT_EQ(std::string(e.what()).find("--where, position "), 0U) << text;
         }
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/HitTable.h"
 
-#include "apps/search/SearchError.h"
+#include "apps/report/UsageError.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +65,7 @@ TEST(HitTableTest, LineEndsOfOtherSystemsAreRead) {
 std::string Mistake(const std::string& csv) {
     try {
         Read(csv);
-    } catch (const Search::SearchError& e) {
+    } catch (const UsageError& e) {
         return e.what();
     }
     return {};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/Ranking.h"
 
-#include "apps/search/SearchError.h"
+#include "apps/report/UsageError.h"
 
 #include <gtest/gtest.h>
 
@@ -85,7 +85,7 @@ TEST(RankingTest, KeepsTheSameInWhateverOrderTheyAreAdded) {
 std::string Mistake(const char* keys) {
     try {
         const Order order(keys);
-    } catch (const Search::SearchError& e) {
+    } catch (const UsageError& e) {
         return e.what();
     }
     return {};

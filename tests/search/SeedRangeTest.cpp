@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/search/SeedRange.h"
 
-#include "apps/search/SearchError.h"
+#include "apps/report/UsageError.h"
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST(SeedRangeTest, RefusesAnythingElse) {
                              "1..4294967296",
                              "1..99999999999999999999999",
                              "5..3"}) {
-        EXPECT_THROW(ParseSeedRange(text), Search::SearchError) << text;
+        EXPECT_THROW(ParseSeedRange(text), UsageError) << text;
     }
 }
 
