@@ -27,6 +27,9 @@ struct CommandHelp {
     std::vector<VerbHelp> verbs;
 };
 
+/// The whole command line.
+CommandHelp DescribeCommandLine();
+
 /// The page of `man vaultry`, for the system's formatter.
 std::string ManualPage(const CommandHelp& help);
 
