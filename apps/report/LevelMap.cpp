@@ -5,6 +5,7 @@
 #include "apps/report/Words.h"
 
 #include <vaultry/foundation/Numeric.h>
+#include <vaultry/foundation/Text.h>
 
 #include <algorithm>
 #include <array>
@@ -94,14 +95,6 @@ void Append(std::string& text, const std::string& line) {
     }
 }
 
-std::string Joined(const std::vector<std::string>& words) {
-    std::string text;
-    for (const std::string& word : words) {
-        text += (text.empty() ? "" : ", ") + word;
-    }
-    return text;
-}
-
 } // namespace
 
 LevelMap MapOf(const FinishedLevel& level) {
@@ -174,7 +167,7 @@ std::string CellWords(const LevelMap& map, const MapCell& cell) {
                "Room " + std::to_string(cell.room) +
                    (map.IsReachable(cell) ? "" : " (cannot be reached)"));
     }
-    Append(text, Joined(cell.tiles));
+    Append(text, JoinWords(cell.tiles));
     if (cell.teleport) {
         Append(text, "Leads to " + (cell.leadsTo.empty() ? "the outside" : cell.leadsTo));
     }

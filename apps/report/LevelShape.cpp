@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/report/LevelShape.h"
 
+#include <vaultry/gen/Sides.h>
+
 #include <algorithm>
 #include <array>
 #include <numeric>
@@ -12,18 +14,6 @@ namespace {
 
 constexpr std::size_t kNowhere = SIZE_MAX;
 constexpr unsigned kBranches = 3; // ways that make a piece of hall a junction
-
-struct Step {
-    TileDirT side;
-    TileDirT opposite;
-    std::int32_t x;
-    std::int32_t y;
-};
-
-enum Direction : std::size_t { North, South, East, West };
-
-constexpr std::array<Step, 4> kSteps = {
-    {{DirN, DirS, 0, -1}, {DirS, DirN, 0, 1}, {DirE, DirW, 1, 0}, {DirW, DirE, -1, 0}}};
 
 bool Has(SideBits sides, TileDirT side) {
     return (sides & SideBit(side)) != 0;
@@ -83,13 +73,14 @@ Places PlacesOf(const LevelMap& map) {
         }
         const auto x = static_cast<std::int32_t>(i % static_cast<std::size_t>(map.width));
         const auto y = static_cast<std::int32_t>(i / static_cast<std::size_t>(map.width));
-        for (std::size_t way = 0; way < kSteps.size(); ++way) {
-            const Step& step = kSteps[way];
-            if (!Has(map.cells[i].open, step.side) || !map.IsInside(x + step.x, y + step.y)) {
+        for (std::size_t way = 0; way < Sides().size(); ++way) {
+            const Side& side = Sides()[way];
+            if (!Has(map.cells[i].open, side.dir) ||
+                !map.IsInside(x + side.step.x, y + side.step.y)) {
                 continue;
             }
-            const MapCell& next = map.At(x + step.x, y + step.y);
-            if (Has(next.open, step.opposite)) {
+            const MapCell& next = map.At(x + side.step.x, y + side.step.y);
+            if (Has(next.open, side.opposite)) {
                 const auto at = static_cast<std::size_t>(&next - map.cells.data());
                 places[numbers[i]].next[way] = numbers[at];
             }
@@ -102,23 +93,23 @@ Places PlacesOf(const LevelMap& map) {
 template <typename Use>
 void ForEachPair(const Places& places, const Use& use) {
     for (std::size_t i = 0; i < places.size(); ++i) {
-        for (const Direction way : {South, East}) {
+        for (const TileDirT way : {DirS, DirE}) {
             if (places[i].next[way] != kNowhere) {
-                use(i, places[i].next[way], kSteps[way]);
+                use(i, places[i].next[way], Sides()[way]);
             }
         }
     }
 }
 
-bool InOneChamber(const Place& from, const Place& to, const Step& step) {
+bool InOneChamber(const Place& from, const Place& to, const Side& side) {
     return !from.IsHall() && !to.IsHall() && from.cell->room == to.cell->room &&
-           !Has(from.cell->doorway, step.side) && !Has(to.cell->doorway, step.opposite);
+           !Has(from.cell->doorway, side.dir) && !Has(to.cell->doorway, side.opposite);
 }
 
 Groups Chambers(const Places& places) {
     Groups chambers(places.size());
-    ForEachPair(places, [&](std::size_t from, std::size_t to, const Step& step) {
-        if (InOneChamber(places[from], places[to], step)) {
+    ForEachPair(places, [&](std::size_t from, std::size_t to, const Side& side) {
+        if (InOneChamber(places[from], places[to], side)) {
             chambers.Join(from, to);
         }
     });
@@ -130,7 +121,7 @@ std::uint32_t CountHalls(const Places& places) {
         return places[i].IsHall() && !places[i].IsJunction();
     };
     Groups halls(places.size());
-    ForEachPair(places, [&](std::size_t from, std::size_t to, const Step&) {
+    ForEachPair(places, [&](std::size_t from, std::size_t to, const Side&) {
         if (belongs(from) && belongs(to)) {
             halls.Join(from, to);
         }
@@ -144,13 +135,13 @@ std::uint32_t CountHalls(const Places& places) {
 
 // Whether the place is the north-western one of four pieces of hall that are open to each other.
 bool BeginsSquare(const Places& places, std::size_t place) {
-    const std::size_t south = places[place].next[South];
-    const std::size_t east = places[place].next[East];
+    const std::size_t south = places[place].next[DirS];
+    const std::size_t east = places[place].next[DirE];
     if (south == kNowhere || east == kNowhere) {
         return false;
     }
-    const std::size_t corner = places[east].next[South];
-    return corner != kNowhere && places[south].next[East] == corner && places[place].IsHall() &&
+    const std::size_t corner = places[east].next[DirS];
+    return corner != kNowhere && places[south].next[DirE] == corner && places[place].IsHall() &&
            places[south].IsHall() && places[east].IsHall() && places[corner].IsHall();
 }
 
@@ -158,7 +149,7 @@ bool BeginsSquare(const Places& places, std::size_t place) {
 std::uint32_t CountLoops(const Places& places, Groups& chambers) {
     Groups joined = chambers;
     std::size_t edges = 0;
-    ForEachPair(places, [&](std::size_t from, std::size_t to, const Step&) {
+    ForEachPair(places, [&](std::size_t from, std::size_t to, const Side&) {
         edges += chambers.Of(from) != chambers.Of(to) ? 1U : 0U;
         joined.Join(from, to);
     });
@@ -229,8 +220,8 @@ void MeasureWays(const LevelMap& map, const Places& places, LevelShape& shape) {
 void CountCells(const LevelMap& map, LevelShape& shape) {
     for (const MapCell& cell : map.cells) {
         shape.area += cell.tile != MapTile::Empty ? 1U : 0U;
-        for (const Step& step : kSteps) {
-            shape.openings += Has(cell.loose, step.side) ? 1U : 0U;
+        for (const Side& side : Sides()) {
+            shape.openings += Has(cell.loose, side.dir) ? 1U : 0U;
         }
     }
 }

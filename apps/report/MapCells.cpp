@@ -5,25 +5,15 @@
 
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/gen/ContentPlace.h>
+#include <vaultry/gen/Sides.h>
 #include <vaultry/layout/Passages.h>
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace Tarnex::Report {
 
 namespace {
-
-struct Step {
-    TileDirT side;
-    TileDirT opposite;
-    std::int32_t x;
-    std::int32_t y;
-};
-
-constexpr std::array<Step, 4> kSteps = {
-    {{DirN, DirS, 0, -1}, {DirS, DirN, 0, 1}, {DirE, DirW, 1, 0}, {DirW, DirE, -1, 0}}};
 
 // A doorway in a corner has no facing of its own: the last letter of its kind is the side.
 SideBits DoorwaySide(const Tile& tile) {
@@ -57,11 +47,11 @@ bool HasSide(SideBits sides, TileDirT side) {
     return (sides & SideBit(side)) != 0;
 }
 
-bool CanPass(const LevelMap& map, const DiPos& from, const Step& step) {
-    const DiPos to(from.x + step.x, from.y + step.y, 0);
+bool CanPass(const LevelMap& map, const DiPos& from, const Side& side) {
+    const DiPos to = from + side.step;
     return map.IsInside(to.x, to.y) && map.At(to.x, to.y).sameFloor &&
-           HasSide(Ways(map.At(from.x, from.y)), step.side) &&
-           HasSide(Ways(map.At(to.x, to.y)), step.opposite);
+           HasSide(Ways(map.At(from.x, from.y)), side.dir) &&
+           HasSide(Ways(map.At(to.x, to.y)), side.opposite);
 }
 
 // The cells around that `enters` lets one walk to, and their neighbours, and so on.
@@ -70,9 +60,9 @@ void Flood(const LevelMap& map, std::vector<DiPos> open, const Enters& enters) {
     while (!open.empty()) {
         const DiPos from = open.back();
         open.pop_back();
-        for (const Step& step : kSteps) {
-            const DiPos to(from.x + step.x, from.y + step.y, 0);
-            if (CanPass(map, from, step) && enters(from, to, step)) {
+        for (const Side& side : Sides()) {
+            const DiPos to = from + side.step;
+            if (CanPass(map, from, side) && enters(from, to, side)) {
                 open.push_back(to);
             }
         }
@@ -95,9 +85,9 @@ void NumberArea(LevelMap& map, const DiPos& start) {
     const std::size_t number = map.rooms.size() + 1;
     map.rooms.push_back({start, DiPos(1, 1, 0), true});
     map.At(start.x, start.y).room = number;
-    Flood(map, {start}, [&](const DiPos& from, const DiPos& to, const Step& step) {
-        const bool throughDoorway = HasSide(map.At(from.x, from.y).doorway, step.side) ||
-                                    HasSide(map.At(to.x, to.y).doorway, step.opposite);
+    Flood(map, {start}, [&](const DiPos& from, const DiPos& to, const Side& side) {
+        const bool throughDoorway = HasSide(map.At(from.x, from.y).doorway, side.dir) ||
+                                    HasSide(map.At(to.x, to.y).doorway, side.opposite);
         if (throughDoorway || !IsArea(map.At(to.x, to.y))) {
             return false;
         }
@@ -140,9 +130,9 @@ void FindLooseEnds(LevelMap& map) {
                 cell.loose = 0;
             }
             cell.loose = static_cast<SideBits>(cell.loose & Ways(cell));
-            for (const Step& step : kSteps) {
-                if (CanPass(map, DiPos(x, y, 0), step)) {
-                    cell.loose = static_cast<SideBits>(cell.loose & ~SideBit(step.side));
+            for (const Side& side : Sides()) {
+                if (CanPass(map, DiPos(x, y, 0), side)) {
+                    cell.loose = static_cast<SideBits>(cell.loose & ~SideBit(side.dir));
                 }
             }
         }
@@ -163,7 +153,7 @@ void NumberAreas(LevelMap& map) {
 void JudgeReach(LevelMap& map) {
     const auto width = static_cast<std::size_t>(std::max(map.width, 1));
     std::vector<bool> visited(map.cells.size());
-    const auto visit = [&](const DiPos& /*from*/, const DiPos& to, const Step& /*step*/) {
+    const auto visit = [&](const DiPos& /*from*/, const DiPos& to, const Side& /*side*/) {
         auto seen =
             visited[static_cast<std::size_t>(to.y) * width + static_cast<std::size_t>(to.x)];
         const bool isNew = !seen;

@@ -3,6 +3,7 @@
 
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Text.h>
 
 #include <array>
 
@@ -40,14 +41,6 @@ std::string RoomAt(const DiPos& slot) {
     return "column " + std::to_string(slot.x + 1) + " row " + std::to_string(slot.y + 1);
 }
 
-std::string Join(const std::vector<std::string>& parts, const char* separator) {
-    std::string text;
-    for (const std::string& part : parts) {
-        text += (text.empty() ? "" : separator) + part;
-    }
-    return text;
-}
-
 std::string MissingKinds(const TileSet& tileSet) {
     std::vector<std::string> missing;
     for (const std::string_view kind : kHallKinds) {
@@ -55,7 +48,7 @@ std::string MissingKinds(const TileSet& tileSet) {
             missing.push_back('"' + std::string(kind) + '"');
         }
     }
-    return Join(missing, ", ");
+    return JoinWords(missing);
 }
 
 std::string Cure(const LevelReport& level) {
@@ -74,7 +67,7 @@ std::string GivenUp(const LevelReport& level) {
     return LevelName(level) + " was given up after " + std::to_string(level.attempts) +
            " floor plans: of " + std::to_string(level.roomGrid.x) + " x " +
            std::to_string(level.roomGrid.y) +
-           " rooms these could not be joined: " + Join(halls, ", ") + "; " + Cure(level);
+           " rooms these could not be joined: " + JoinWords(halls) + "; " + Cure(level);
 }
 
 std::string Unreachable(const LevelReport& level) {
@@ -85,7 +78,7 @@ std::string Unreachable(const LevelReport& level) {
         }
     }
     const char* noun = places.size() == 1 ? "the room at " : "the rooms at ";
-    return LevelName(level) + ": " + noun + Join(places, ", ") +
+    return LevelName(level) + ": " + noun + JoinWords(places) +
            " cannot be reached; try another --seed, or --ensure-walkable";
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/CommandHelp.h"
 
+#include <vaultry/foundation/Text.h>
+
 #include <array>
 #include <sstream>
 #include <string_view>
@@ -35,14 +37,6 @@ const PathKind* FindPathKind(const std::string& value) {
     return nullptr;
 }
 
-std::string Joined(const std::vector<std::string>& words, const char* between) {
-    std::string text;
-    for (const std::string& word : words) {
-        text += (text.empty() ? "" : between) + word;
-    }
-    return text;
-}
-
 std::vector<std::string> Switches(const VerbHelp& verb) {
     std::vector<std::string> all;
     for (const OptionHelp& option : verb.options) {
@@ -66,9 +60,9 @@ void WriteBashValue(std::ostream& script, const std::string& verb, const OptionH
         spellings.push_back(verb);
         spellings.back().append(":").append(name);
     }
-    script << "    " << Joined(spellings, "|") << ") ";
+    script << "    " << JoinWords(spellings, "|") << ") ";
     if (!option.words.empty()) {
-        script << "COMPREPLY=($(compgen -W '" << Joined(option.words, " ") << "' -- \"$word\"))";
+        script << "COMPREPLY=($(compgen -W '" << JoinWords(option.words, " ") << "' -- \"$word\"))";
     } else if (const PathKind* kind = FindPathKind(option.value)) {
         script << "COMPREPLY=($(compgen " << kind->bash << " -- \"$word\"))";
     } else {
@@ -78,7 +72,7 @@ void WriteBashValue(std::ostream& script, const std::string& verb, const OptionH
 }
 
 void WriteBashSwitches(std::ostream& script, const VerbHelp& verb) {
-    script << "    " << verb.name << ") switches='" << Joined(Switches(verb), " ") << "' ;;\n";
+    script << "    " << verb.name << ") switches='" << JoinWords(Switches(verb), " ") << "' ;;\n";
 }
 
 // Text inside an entry of _arguments, which is itself quoted.
@@ -99,7 +93,7 @@ std::string ZshText(const std::string& text) {
 
 std::string ZshAction(const OptionHelp& option) {
     if (!option.words.empty()) {
-        return "(" + Joined(option.words, " ") + ")";
+        return "(" + JoinWords(option.words, " ") + ")";
     }
     const PathKind* kind = FindPathKind(option.value);
     return kind != nullptr ? std::string(kind->zsh) : " ";
@@ -134,7 +128,7 @@ std::string BashCompletion(const CommandHelp& help) {
               "  local word=${COMP_WORDS[COMP_CWORD]} verb=${COMP_WORDS[1]} switches=''\n"
               "  if ((COMP_CWORD == 1)); then\n"
               "    COMPREPLY=($(compgen -W '"
-           << Joined(VerbNames(help), " ")
+           << JoinWords(VerbNames(help), " ")
            << " --help --version' -- \"$word\"))\n"
               "    return\n"
               "  fi\n"

@@ -99,14 +99,6 @@ constexpr std::array<Shell, 2> kShells = {{{"bash", BashCompletion}, {"zsh", Zsh
 // In the order of Report::MapLook.
 const std::vector<std::string> kLooks = {"Auto", "Light", "Dark"};
 
-std::string Joined(const std::vector<std::string>& words) {
-    std::string text;
-    for (const std::string& word : words) {
-        text += (text.empty() ? "" : ", ") + word;
-    }
-    return text;
-}
-
 template <typename Word>
 Word ParseWord(const char* option, const std::string& text, const std::vector<std::string>& words) {
     for (std::size_t i = 0; i < words.size(); ++i) {
@@ -114,7 +106,7 @@ Word ParseWord(const char* option, const std::string& text, const std::vector<st
             return static_cast<Word>(i);
         }
     }
-    throw UsageError(std::string(option) + ": \"" + text + "\" is none of " + Joined(words));
+    throw UsageError(std::string(option) + ": \"" + text + "\" is none of " + JoinWords(words));
 }
 
 // Holds the long name of an option apart from its declaration "-c,--config".
@@ -170,7 +162,7 @@ void AddWord(CLI::App& verb,
             [=, &field, &words](const std::string& text) {
                 field = ParseWord<Word>(option, text, words);
             },
-            std::string(help) + ": " + Joined(words))
+            std::string(help) + ": " + JoinWords(words))
         ->type_name("WORD");
 }
 

@@ -240,6 +240,13 @@ TEST(SplitListTest, ABlankBelongsToTheName) {
     EXPECT_EQ(SplitList("a, b"), (std::vector<std::string_view>{"a", " b"}));
 }
 
+TEST(JoinWordsTest, SeparatorsStandBetweenWordsOnly) {
+    EXPECT_EQ(JoinWords({"a", "b", "c"}), "a, b, c");
+    EXPECT_EQ(JoinWords({"a", "b"}, "|"), "a|b");
+    EXPECT_EQ(JoinWords({"a"}), "a");
+    EXPECT_EQ(JoinWords({}), "");
+}
+
 } // namespace
 
 } // namespace Tarnex::Test

@@ -16,14 +16,6 @@ namespace {
 // As many as a program that reads numbers as floating-point ones keeps apart.
 constexpr std::int64_t kMaxStamp = (std::int64_t{1} << 53) - 1;
 
-std::string Join(const std::vector<std::string>& words) {
-    std::string all;
-    for (const std::string& word : words) {
-        all += (all.empty() ? "" : ", ") + word;
-    }
-    return all;
-}
-
 // Takes a value and returns what it should have been; nothing when it was right.
 using Setter = std::function<std::string(std::string_view value)>;
 
@@ -66,7 +58,7 @@ Setter SetWord(Enum& target, const std::vector<std::string>& words) {
         const auto word = std::ranges::find_if(
             words, [value](const std::string& known) { return EqualsNoCase(known, value); });
         if (word == words.end()) {
-            return "one of " + Join(words);
+            return "one of " + JoinWords(words);
         }
         target = static_cast<Enum>(word - words.begin());
         return {};

@@ -99,4 +99,13 @@ std::vector<std::string_view> SplitList(std::string_view text) {
     return names;
 }
 
+std::string JoinWords(const std::vector<std::string>& words, std::string_view between) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += text.empty() ? std::string_view() : between;
+        text += word;
+    }
+    return text;
+}
+
 } // namespace Tarnex

@@ -31,4 +31,8 @@ inline constexpr std::string_view kListSeparators = "\t\r\f\n,;";
 /// The names of a list, in order; empty ones do not count. They are parts of `text`.
 VAULTRY_API std::vector<std::string_view> SplitList(std::string_view text);
 
+/// The words one after another, with `between` after each but the last.
+VAULTRY_API std::string JoinWords(const std::vector<std::string>& words,
+                                  std::string_view between = ", ");
+
 } // namespace Tarnex
