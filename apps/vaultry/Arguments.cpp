@@ -91,6 +91,12 @@ CommandHelp Describe(const CLI::App& app) {
     return help;
 }
 
+// The words that print the help of the verb in use.
+std::string WordsForHelp(const CLI::App& app) {
+    const std::vector<CLI::App*> verbs = app.get_subcommands();
+    return "vaultry " + (verbs.empty() ? "" : verbs.front()->get_name() + ' ') + "--help";
+}
+
 // Declaring options takes longer than reading them: only verbs among the arguments get theirs.
 Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
     Asked asked;
@@ -148,7 +154,7 @@ Request ParseArguments(const std::vector<std::string>& arguments) {
     } catch (const CLI::ArgumentMismatch& e) {
         throw UsageError(WrongCount(e));
     } catch (const CLI::ParseError& e) {
-        throw UsageError(std::string(e.what()) + "; see \"vaultry --help\"");
+        throw UsageError(std::string(e.what()) + "; see \"" + WordsForHelp(app) + '"');
     }
 }
 

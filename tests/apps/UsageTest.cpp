@@ -42,6 +42,11 @@ TEST_F(UsageTest, UnknownOption) {
     ExpectMistake(Generate({"--frob"}), "--frob");
 }
 
+TEST_F(UsageTest, MistakesPointToTheHelpOfTheirVerb) {
+    ExpectMistake(Generate({"--frob"}), "see \"vaultry generate --help\"");
+    ExpectMistake(Run({"--frob"}), "see \"vaultry --help\"");
+}
+
 TEST_F(UsageTest, TwoVerbs) {
     ExpectMistake(Run({"list", "config"}), "config");
 }
