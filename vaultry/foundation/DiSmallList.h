@@ -46,11 +46,12 @@ public:
     void push_back(DiPtr<T> handle) {
         if (count < N) {
             inPlace[count] = std::move(handle);
+        } else if (count == N) {
+            auto moved = std::make_unique<Many>(inPlace.begin(), inPlace.end());
+            moved->push_back(std::move(handle));
+            many = std::move(moved);
+            inPlace = {};
         } else {
-            if (count == N) {
-                many = std::make_unique<Many>(inPlace.begin(), inPlace.end());
-                inPlace = {};
-            }
             many->push_back(std::move(handle));
         }
         ++count;
