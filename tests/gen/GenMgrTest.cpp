@@ -377,7 +377,7 @@ TEST_F(GenMgrTest, FileThatCannotBeOpenedIsNotLogged) {
 
 TEST_F(GenMgrTest, PathThatIsNotUtf8IsOneThatCannotBeOpened) {
     Load(kFull);
-    EXPECT_EQ(Create("no\xFF\xFEsuch/a.esp"), ModResult::NotWritten);
+    EXPECT_EQ(mgr.CreateMod("no\xFF\xFEsuch/a.esp", "Hall", true), ModResult::NotWritten);
     EXPECT_TRUE(ErrorLines().empty());
 }
 
