@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <cstdint>
 #include <set>
 #include <sstream>
 #include <string>
@@ -86,14 +85,6 @@ std::size_t ContainersIn(const ShownCell& cell, const ShownPlugin& plugin) {
         }));
 }
 
-std::uint32_t WordAt(const std::string& bytes, std::size_t place) {
-    std::uint32_t word = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
-        word |= std::uint32_t{static_cast<unsigned char>(bytes.at(place + i))} << (8 * i);
-    }
-    return word;
-}
-
 class EsmtoolTest : public ProgramTest {
 protected:
     void SetUp() override { ASSERT_TRUE(HaveEsmtool()) << kNoEsmtool; }
@@ -153,7 +144,7 @@ private:
         ASSERT_EQ(made.size(), report["files"][0]["bytes"]);
         ASSERT_EQ(copy.size(), made.size());
         EXPECT_EQ(WordAt(copy, kRecordCount), shown.cells.size() + shown.containers.size());
-        EXPECT_TRUE(WithoutVersionAndCount(copy) == WithoutVersionAndCount(made));
+        EXPECT_TRUE(WithoutWhatACopyChanges(copy) == WithoutWhatACopyChanges(made));
     }
 };
 

@@ -4,6 +4,7 @@
 
 #if !defined(_WIN32)
 
+#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <sys/wait.h>
@@ -54,13 +55,40 @@ inline Answer ClonePlugin(const std::string& file, const std::string& copy) {
     return RunEsmtool("clone '" + file + "' '" + copy + "'");
 }
 
-/// A plug-in without the two fields in which a copy differs: the writer leaves the version
-/// undefined (it differs from run to run) and puts the true number of records into the header.
-inline std::string WithoutVersionAndCount(std::string plugin) {
+/// The number in the four bytes at `place`, lowest byte first.
+inline std::size_t WordAt(const std::string& bytes, std::size_t place) {
+    std::size_t word = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        word |= std::size_t{static_cast<unsigned char>(bytes.at(place + i))} << (8 * i);
+    }
+    return word;
+}
+
+/// Blanks the top byte of the reference numbers among the sub-records from `place` to `end`.
+inline void BlankTopsOfReferenceNumbers(std::string& plugin, std::size_t place, std::size_t end) {
+    constexpr std::size_t kHeader = 8; // of a sub-record: its tag and its size
+    while (place < end) {
+        if (plugin.compare(place, 4, "FRMR") == 0) {
+            plugin.at(place + kHeader + 3) = '-';
+        }
+        place += kHeader + WordAt(plugin, place + 4);
+    }
+}
+
+/// A plug-in without the fields in which a copy differs: the writer leaves the version and the top
+/// byte of each reference number undefined (they differ from machine to machine, and even from run
+/// to run) and puts the true number of records into the header.
+inline std::string WithoutWhatACopyChanges(std::string plugin) {
     constexpr std::size_t kVersion = 24;
     constexpr std::size_t kRecordCount = 320;
+    constexpr std::size_t kHeader = 16; // of a record
     plugin.replace(kVersion, 4, 4, '-');
     plugin.replace(kRecordCount, 4, 4, '-');
+    for (std::size_t place = 0; place < plugin.size();) {
+        const std::size_t end = place + kHeader + WordAt(plugin, place + 4);
+        BlankTopsOfReferenceNumbers(plugin, place + kHeader, end);
+        place = end;
+    }
     return plugin;
 }
 
