@@ -6,6 +6,7 @@
 #include "apps/report/Words.h"
 
 #include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/Text.h>
 
 #include <algorithm>
@@ -108,13 +109,6 @@ std::size_t CountOf(const ConfigCheck& check, Weight weight) {
         std::ranges::count(check.findings, weight, &ConfigFinding::weight));
 }
 
-// Names of a stranger's file could drive a terminal.
-std::string Harmless(std::string text) {
-    std::ranges::replace_if(
-        text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
-    return text;
-}
-
 } // namespace
 
 ConfigCheck CheckConfig(const std::string& name, const ConfigRecord& record) {
@@ -141,11 +135,11 @@ bool HasWeight(const ConfigCheck& check) {
 
 void PrintCheck(const ConfigCheck& check, std::ostream& out) {
     for (const ConfigFinding& finding : check.findings) {
-        out << Harmless(check.name) << ':' << finding.place.line << ':' << finding.place.column
-            << ": " << WeightName(finding.weight) << ": " << Harmless(finding.message) << '\n'
-            << "    " << finding.meaning << '\n';
+        out << ForTerminal(check.name) << ':' << finding.place.line << ':' << finding.place.column
+            << ": " << WeightName(finding.weight) << ": " << ForTerminal(finding.message) << '\n'
+            << "    " << ForTerminal(finding.meaning) << '\n';
         if (!finding.nearest.empty()) {
-            out << "    Nearest: " << Harmless(finding.nearest) << '\n';
+            out << "    Nearest: " << ForTerminal(finding.nearest) << '\n';
         }
     }
     if (check.findings.empty()) {

@@ -4,6 +4,7 @@
 #include "apps/report/TextTable.h"
 #include "apps/report/Words.h"
 
+#include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/Text.h>
 
 #include <array>
@@ -52,8 +53,8 @@ void PrintSkipped(const PluginFile& file, std::ostream& out) {
 void PrintHeader(const Inspection& inspection, std::ostream& out) {
     const PluginFile& file = inspection.file;
     const PluginHeader& header = file.header;
-    out << inspection.path << ": " << TypeWords(header.type) << ", " << Counted(file.size, "byte")
-        << ", version " << ExactNumber(header.version) << '\n';
+    out << ForTerminal(inspection.path) << ": " << TypeWords(header.type) << ", "
+        << Counted(file.size, "byte") << ", version " << ExactNumber(header.version) << '\n';
     PrintFact(out, "Author", Shown(header.author));
     PrintFact(out, "Description", Shown(header.description));
     for (const PluginMaster& master : header.masters) {

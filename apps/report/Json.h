@@ -2,6 +2,8 @@
 // What all JSON of the reports has in common.
 #pragma once
 
+#include <vaultry/foundation/HarmlessText.h>
+
 #include <nlohmann/json.hpp>
 
 #include <string>
@@ -18,9 +20,10 @@ inline Json JsonHeader() {
     return {{"schema", kJsonSchema}, {"version", VAULTRY_VERSION}};
 }
 
-/// Paths come from the command line as they are and may be no UTF-8.
+/// Paths come from the command line as they are and may be no UTF-8; the library replaces what is
+/// none.
 inline std::string JsonText(const Json& json) {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return ForJson(json.dump(2, ' ', false, Json::error_handler_t::replace)) + '\n';
 }
 
 } // namespace Tarnex::Report

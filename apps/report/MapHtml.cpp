@@ -7,6 +7,8 @@
 #include "apps/report/MapTables.h"
 #include "apps/report/SvgText.h"
 
+#include <vaultry/foundation/HarmlessText.h>
+
 #include <string>
 #include <string_view>
 
@@ -106,7 +108,8 @@ std::string Contents(const std::vector<LevelMap>& maps) {
     }
     std::string text = "<nav aria-label=\"Levels\"><ul>\n";
     for (std::size_t i = 0; i < maps.size(); ++i) {
-        text += "<li><a href=\"#" + LevelId(i + 1) + "\">" + Escaped(maps[i].name) + "</a></li>\n";
+        text +=
+            "<li><a href=\"#" + LevelId(i + 1) + "\">" + ForMarkup(maps[i].name) + "</a></li>\n";
     }
     return text + "</ul></nav>\n";
 }
@@ -121,7 +124,7 @@ std::string NumberLinks(const LevelMap& map, std::size_t level) {
                 "><rect class=\"hit\" width=\"24\" height=\"24\"" +
                 Attribute("x", std::to_string(place.x * kCell)) +
                 Attribute("y", std::to_string(place.y * kCell)) + "><title>" +
-                Escaped(CellWords(map, map.At(place.x, place.y))) + "</title></rect></a>\n";
+                ForMarkup(CellWords(map, map.At(place.x, place.y))) + "</title></rect></a>\n";
     }
     return text;
 }
@@ -158,9 +161,9 @@ std::string Picture(const LevelMap& map, std::size_t level) {
 std::string Section(const LevelMap& map, std::size_t level) {
     const std::string size = std::to_string(map.width) + " x " + std::to_string(map.height) +
                              " cells of " + std::to_string(map.tileSize) + " units";
-    return "<section id=\"" + LevelId(level) + "\">\n<h2>" + Escaped(map.name) +
+    return "<section id=\"" + LevelId(level) + "\">\n<h2>" + ForMarkup(map.name) +
            "</h2>\n<p class=\"faint\">" +
-           Escaped(map.tileSet.empty() ? size : map.tileSet + ", " + size) + "</p>\n" +
+           ForMarkup(map.tileSet.empty() ? size : map.tileSet + ", " + size) + "</p>\n" +
            Picture(map, level) + "<h3>Rooms</h3>\n<div class=\"scroll\">" + RoomTable(map, level) +
            "</div>\n<h3>Containers</h3>\n<div class=\"scroll\">" + ContainerTable(map, level) +
            "</div>\n</section>\n";
@@ -197,13 +200,13 @@ void WriteHtml(const std::vector<LevelMap>& maps,
                const MapCaption& caption,
                MapLook look,
                std::ostream& out) {
-    const std::string title = Escaped(Title(maps));
+    const std::string title = ForMarkup(Title(maps));
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n"
         << kHead << "<title>" << title << "</title>\n<style>\n"
         << PageStyle(look) << "</style>\n</head>\n<body>\n<header>\n<h1>" << title << "</h1>\n";
     constexpr std::int32_t kUnbroken = 1'000'000;
     for (const std::string& line : CaptionLines(caption, kUnbroken)) {
-        out << "<p class=\"faint\">" << Escaped(line) << "</p>\n";
+        out << "<p class=\"faint\">" << ForMarkup(line) << "</p>\n";
     }
     out << Contents(maps) << "</header>\n"
         << Definitions() << Switches() << Legend(maps) << "<main>\n";

@@ -4,6 +4,8 @@
 #include "apps/report/MapStyle.h"
 #include "apps/report/SvgText.h"
 
+#include <vaultry/foundation/HarmlessText.h>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -116,11 +118,11 @@ std::vector<std::string> CaptionLines(const MapCaption& caption, std::int32_t wi
     constexpr std::int32_t kLetter = 7; // mean width
     const auto most = static_cast<std::size_t>(std::max(width / kLetter, 1));
     std::vector<std::string> lines;
-    lines.push_back("vaultry " VAULTRY_VERSION ", configuration " + caption.config);
+    lines.push_back("vaultry " VAULTRY_VERSION ", configuration " + ForTerminal(caption.config));
     if (caption.plugin.empty()) {
         lines.back() += ", seed " + std::to_string(caption.seed);
     } else {
-        lines.push_back("drawn from " + caption.plugin);
+        lines.push_back("drawn from " + ForTerminal(caption.plugin));
     }
     if (!caption.options.empty()) {
         AppendWrapped(lines, caption.options, most);

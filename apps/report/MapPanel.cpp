@@ -5,6 +5,8 @@
 #include "apps/report/MapStyle.h"
 #include "apps/report/SvgText.h"
 
+#include <vaultry/foundation/HarmlessText.h>
+
 #include <algorithm>
 
 namespace Tarnex::Report {
@@ -259,7 +261,7 @@ std::string Hits(const LevelMap& map) {
         }
         text += R"(<rect class="hit" width="24" height="24")" +
                 Attribute("x", std::to_string(at.x * kCell)) +
-                Attribute("y", std::to_string(at.y * kCell)) + "><title>" + Escaped(words) +
+                Attribute("y", std::to_string(at.y * kCell)) + "><title>" + ForMarkup(words) +
                 "</title></rect>\n";
     });
     return text;

@@ -4,6 +4,8 @@
 #include "apps/report/SvgText.h"
 #include "apps/report/Words.h"
 
+#include <vaultry/foundation/HarmlessText.h>
+
 #include <algorithm>
 #include <initializer_list>
 #include <map>
@@ -25,7 +27,7 @@ struct RoomSums {
 };
 
 std::string Link(const std::string& id, const std::string& words) {
-    return "<a href=\"#" + id + "\">" + Escaped(words) + "</a>";
+    return "<a href=\"#" + id + "\">" + ForMarkup(words) + "</a>";
 }
 
 std::string Cell(const std::string& content) {
@@ -78,7 +80,7 @@ std::string CountWords(const RoomSums& sums, std::initializer_list<RefSort> sort
                     (count == 1 ? std::string() : std::to_string(count) + " x ") + name;
         }
     }
-    return Escaped(text);
+    return ForMarkup(text);
 }
 
 void AddRemark(std::string& remarks, const std::string& remark) {
@@ -88,7 +90,7 @@ void AddRemark(std::string& remarks, const std::string& remark) {
 std::string Remarks(const RoomSums& sums, bool reachable) {
     std::string remarks;
     for (const std::string& level : sums.leads) {
-        AddRemark(remarks, "door to " + Escaped(level));
+        AddRemark(remarks, "door to " + ForMarkup(level));
     }
     if (sums.loose > 0) {
         AddRemark(remarks, "<strong>" + Counted(sums.loose, "opening") + " onto nothing</strong>");
@@ -124,7 +126,7 @@ std::string Items(const MapContent& content) {
     }
     std::string text = "<ul>";
     for (const MapItem& item : content.items) {
-        text += "<li>" + Escaped(ItemWords(item)) + "</li>";
+        text += "<li>" + ForMarkup(ItemWords(item)) + "</li>";
     }
     return text + "</ul>";
 }
@@ -171,8 +173,8 @@ std::string ContainerTable(const LevelMap& map, std::size_t level) {
         for (const MapContent& content : cell.contents) {
             if (content.sort == RefSort::Container) {
                 byRoom[cell.room] += "<tr>" + Cell(Place(level, cell.room)) +
-                                     Cell(Escaped(content.label)) +
-                                     Cell("<code>" + Escaped(content.name) + "</code>") +
+                                     Cell(ForMarkup(content.label)) +
+                                     Cell("<code>" + ForMarkup(content.name) + "</code>") +
                                      Cell(Items(content)) + "</tr>\n";
             }
         }

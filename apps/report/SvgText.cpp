@@ -1,58 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "apps/report/SvgText.h"
 
-#include "apps/report/Json.h"
 #include "apps/report/Words.h"
 
+#include <vaultry/foundation/HarmlessText.h>
+
 namespace Tarnex::Report {
-
-namespace {
-
-// Paths come from the command line as they are; the JSON library replaces what is no UTF-8.
-std::string WellFormed(std::string_view text) {
-    const std::string quoted =
-        Json(std::string(text)).dump(-1, ' ', false, Json::error_handler_t::replace);
-    return Json::parse(quoted).get<std::string>();
-}
-
-std::string EscapedByte(char c) {
-    switch (c) {
-    case '&':
-        return "&amp;";
-    case '<':
-        return "&lt;";
-    case '>':
-        return "&gt;";
-    case '"':
-        return "&quot;";
-    case '\n':
-        return "\n";
-    default:
-        return {static_cast<unsigned char>(c) < 0x20 || c == '\x7F' ? ' ' : c};
-    }
-}
-
-} // namespace
-
-std::string Escaped(std::string_view text) {
-    std::string escaped;
-    for (const char c : WellFormed(text)) {
-        escaped += EscapedByte(c);
-    }
-    return escaped;
-}
 
 std::string Coordinate(double value) {
     return Number(value, 1);
 }
 
 std::string Attribute(std::string_view name, std::string_view value) {
-    return ' ' + std::string(name) + "=\"" + Escaped(value) + '"';
+    return ' ' + std::string(name) + "=\"" + ForMarkup(value) + '"';
 }
 
 std::string SvgTextAt(std::string_view type, double x, double y, std::string_view text) {
     return "<text" + (type.empty() ? std::string() : Attribute("class", type)) +
-           Attribute("x", Coordinate(x)) + Attribute("y", Coordinate(y)) + '>' + Escaped(text) +
+           Attribute("x", Coordinate(x)) + Attribute("y", Coordinate(y)) + '>' + ForMarkup(text) +
            "</text>\n";
 }
 

@@ -8,10 +8,6 @@
 
 namespace Tarnex::Report {
 
-/// The text as it may stand in a document or attribute: markup escaped, characters that XML does
-/// not know as blanks, malformed UTF-8 as replacement characters.
-std::string Escaped(std::string_view text);
-
 /// A number as it stands in a picture, the same in every locale, with at most one decimal.
 std::string Coordinate(double value);
 

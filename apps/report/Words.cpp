@@ -2,9 +2,9 @@
 #include "apps/report/Words.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/Numeric.h>
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -15,11 +15,6 @@ namespace {
 constexpr std::size_t kMostShown = 80;
 constexpr std::string_view kMore = "...";
 
-bool IsControl(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7F;
-}
-
 } // namespace
 
 std::string Shown(std::string_view codePageText) {
@@ -28,8 +23,7 @@ std::string Shown(std::string_view codePageText) {
         text.resize(kMostShown - kMore.size());
         text += kMore;
     }
-    std::ranges::replace_if(text, IsControl, '?');
-    return ToUtf8(text);
+    return ForTerminal(ToUtf8(text));
 }
 
 std::string Quoted(std::string_view codePageText) {

@@ -9,8 +9,8 @@
 
 namespace Tarnex::Report {
 
-/// A name of the file (Windows-1252) as it is shown to people: UTF-8, control characters, which
-/// could drive a terminal, as question marks, and no more than 80 characters.
+/// A name of the file (Windows-1252) as it is shown to people: UTF-8, harmless on a terminal, and
+/// no more than 80 characters.
 std::string Shown(std::string_view codePageText);
 
 /// Likewise, in quotation marks.

@@ -3,6 +3,8 @@
 
 #include "apps/report/UsageError.h"
 
+#include <vaultry/foundation/HarmlessText.h>
+
 #include <charconv>
 #include <iterator>
 
@@ -11,17 +13,6 @@ namespace Tarnex::Search {
 namespace {
 
 constexpr const char* kCommand = "command";
-
-std::string QuotedField(const std::string& text) {
-    if (text.find_first_of("\",\r\n") == std::string::npos) {
-        return text;
-    }
-    std::string quoted = "\"";
-    for (const char c : text) {
-        quoted.append(c == '"' ? 2 : 1, c);
-    }
-    return quoted + '"';
-}
 
 // Takes one record after another; fields in quotation marks may hold commas and line ends.
 class RecordReader {
@@ -106,7 +97,7 @@ void WriteCsv(const std::vector<Hit>& hits, std::ostream& out) {
         for (const std::int64_t value : hit.values) {
             line += std::to_string(value) + ',';
         }
-        out << line << QuotedField(hit.command) << '\n';
+        out << line << ForTable(hit.command) << '\n';
     }
 }
 

@@ -1,21 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/Console.h"
 
-#include <algorithm>
+#include <vaultry/foundation/HarmlessText.h>
 
 namespace Tarnex::Cli {
 
 namespace {
 
-bool IsControl(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7F;
-}
-
 void PrintLine(std::ostream& stream, std::string_view start, std::string_view text) {
-    std::string line(text);
-    std::ranges::replace_if(line, IsControl, ' ');
-    stream << start << line << '\n';
+    stream << start << ForTerminal(text) << '\n';
 }
 
 } // namespace

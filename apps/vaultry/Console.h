@@ -16,12 +16,11 @@ struct Console {
     bool errIsTerminal = false; ///< progress is shown to people only
     bool outInColour = false;   ///< escape sequences for colours may be written
 
-    /// One line of the program's own on standard error. Control characters, which names and paths
-    /// may hold, become blanks: they could break the line or drive the terminal.
+    /// One line of the program's own on standard error, harmless whatever names and paths hold.
     void Say(std::string_view line) const;
     /// Likewise, marked as a warning.
     void Warn(std::string_view line) const;
-    /// The library's lines on standard error, as they are but for control characters.
+    /// The library's lines on standard error, made harmless likewise.
     void Show(const std::vector<std::string>& lines) const;
 };
 

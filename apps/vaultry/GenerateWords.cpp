@@ -1,29 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/GenerateWords.h"
 
-#include <algorithm>
-#include <string_view>
+#include <vaultry/foundation/HarmlessText.h>
 
 namespace Tarnex::Cli {
 
 namespace {
-
-bool IsPlain(char c) {
-    constexpr std::string_view kSigns = "_-./:,+@%=";
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           kSigns.find(c) != std::string_view::npos;
-}
-
-std::string ShellWord(const std::string& text) {
-    if (!text.empty() && std::ranges::all_of(text, IsPlain)) {
-        return text;
-    }
-    std::string quoted = "'";
-    for (const char c : text) {
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    }
-    return quoted + '\'';
-}
 
 // Appends what differs from the default.
 class Words {
@@ -44,10 +26,10 @@ public:
         }
     }
 
-    void Name(const char* option, const std::optional<std::string>& name) {
+    void Name(const std::string& option, const std::optional<std::string>& name) {
         if (name) {
-            Add(option);
-            Add(ShellWord(*name));
+            // Behind a blank, what begins with a hyphen would be taken for an option.
+            Add(option + (name->starts_with('-') ? "=" : " ") + ForShell(*name));
         }
     }
 

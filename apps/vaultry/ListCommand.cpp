@@ -6,6 +6,7 @@
 #include "apps/vaultry/LibraryLog.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/HarmlessText.h>
 
 #include <algorithm>
 
@@ -51,7 +52,7 @@ std::vector<OfferedList> OfferedLists(GenMgr& manager) {
 void Print(const OfferedList& list, std::ostream& out) {
     out << list.title << " (--" << list.option << "):\n";
     for (const OfferedName& offered : list.names) {
-        out << "  " << offered.name;
+        out << "  " << ForTerminal(offered.name);
         if (list.levelled && offered.level != 0) {
             out << ", level " << offered.level;
         }

@@ -166,7 +166,7 @@ TEST_F(UsageTest, MistakenNameComesAfterTheErrorsThatMayExplainIt) {
 }
 
 TEST_F(UsageTest, ControlCharactersDoNotBreakTheLine) {
-    ExpectMistake(Run({"generate", "-c", "two\nlines\x1B[31m"}), "\"two lines [31m\"");
+    ExpectMistake(Run({"generate", "-c", "two\nlines\x1B[31m"}), "\"two?lines?[31m\"");
 }
 
 struct WrongNumber {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Utf8.h>
 
 #include <array>
 #include <cstddef>
@@ -9,8 +10,6 @@ namespace Tarnex {
 namespace {
 
 constexpr char kMissing = '?';
-constexpr char32_t kReplacement = 0xFFFD;
-constexpr char32_t kMalformed = 0xFFFFFFFF;
 
 // The characters of the bytes 0x80 to 0x9F; 0 where the code page leaves a byte unassigned. All
 // other bytes are the characters of the same number.
@@ -24,65 +23,6 @@ constexpr std::array<char16_t, 32> kSpecials = {
 
 constexpr bool IsSpecial(char32_t byte) {
     return byte >= kFirstSpecial && byte < kFirstSpecial + kSpecials.size();
-}
-
-void AppendUtf8(std::string& text, char32_t c) {
-    const auto byte = [&text](char32_t value) { text.push_back(static_cast<char>(value)); };
-    if (c < 0x80) {
-        byte(c);
-    } else if (c < 0x800) {
-        byte(0xC0 | (c >> 6));
-        byte(0x80 | (c & 0x3F));
-    } else {
-        byte(0xE0 | (c >> 12));
-        byte(0x80 | ((c >> 6) & 0x3F));
-        byte(0x80 | (c & 0x3F));
-    }
-}
-
-struct LeadByte {
-    unsigned mask;
-    unsigned pattern;
-    std::size_t length;
-    char32_t smallest; // a shorter form must be used below it
-};
-
-constexpr std::array<LeadByte, 4> kLeadBytes = {{
-    {0x80, 0x00, 1, 0x0},
-    {0xE0, 0xC0, 2, 0x80},
-    {0xF0, 0xE0, 3, 0x800},
-    {0xF8, 0xF0, 4, 0x10000},
-}};
-
-constexpr bool IsSurrogate(char32_t c) {
-    return c >= 0xD800 && c <= 0xDFFF;
-}
-
-char32_t DecodeSequence(std::string_view text, const LeadByte& lead) {
-    char32_t c = static_cast<unsigned char>(text[0]) & ~lead.mask;
-    for (std::size_t i = 1; i < lead.length; ++i) {
-        const auto next = static_cast<unsigned char>(text[i]);
-        if ((next & 0xC0U) != 0x80U) {
-            return kMalformed;
-        }
-        c = (c << 6) | (next & 0x3FU);
-    }
-    const bool valid = c >= lead.smallest && c <= 0x10FFFF && !IsSurrogate(c);
-    return valid ? c : kMalformed;
-}
-
-// Takes one character off the front of `text`; a malformed byte is taken alone.
-char32_t TakeCharacter(std::string_view& text) {
-    const auto first = static_cast<unsigned char>(text[0]);
-    for (const LeadByte& lead : kLeadBytes) {
-        if ((first & lead.mask) == lead.pattern && text.size() >= lead.length) {
-            const char32_t c = DecodeSequence(text, lead);
-            text.remove_prefix(c == kMalformed ? 1 : lead.length);
-            return c;
-        }
-    }
-    text.remove_prefix(1);
-    return kMalformed;
 }
 
 } // namespace
@@ -104,7 +44,7 @@ std::string FromUtf8(std::string_view utf8, bool* lost) {
     text.reserve(utf8.size());
     bool missing = false;
     while (!utf8.empty()) {
-        const char32_t character = TakeCharacter(utf8);
+        const char32_t character = TakeUtf8(utf8);
         const char byte = CodePageByte(character);
         missing = missing || (byte == kMissing && character != U'?');
         text.push_back(byte);

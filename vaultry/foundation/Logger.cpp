@@ -2,6 +2,7 @@
 #include <vaultry/foundation/Logger.h>
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/HarmlessText.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -53,7 +54,9 @@ void WriteLine(const std::string& line) {
     Logger::Init(nullptr);
     LogState& state = State();
     if (state.file.is_open()) {
-        WatchFile(state, [&line](std::ofstream& file) { file << line << '\n' << std::flush; });
+        WatchFile(state, [text = ForLog(line)](std::ofstream& file) {
+            file << text << '\n' << std::flush;
+        });
     }
 }
 
