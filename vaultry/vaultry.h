@@ -27,7 +27,7 @@ enum vaultry_result {
     VAULTRY_OK = 0,           /**< done */
     VAULTRY_REFUSED = 1,      /**< no usable configuration, or an internal fault; nothing written */
     VAULTRY_CANCELED = 2,     /**< the progress function asked to stop; nothing written */
-    VAULTRY_NOT_WRITTEN = 3,  /**< generated, but the file could not be opened or written whole */
+    VAULTRY_NOT_WRITTEN = 3,  /**< generated, but not written whole: an earlier file is as it was */
     VAULTRY_BAD_ARGUMENT = 4, /**< an unknown option, or a value that it does not take */
     VAULTRY_NO_MEMORY = 5     /**< memory did not suffice for the call */
 };
@@ -84,7 +84,11 @@ VAULTRY_API const char* vaultry_option(size_t index);
 VAULTRY_API void
 vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, void* context);
 
-/** Generates a plug-in and writes it to `path`, over a file that is there. */
+/**
+ * Generates a plug-in and writes it to `path`. It is written beside a file that is there and
+ * replaces that when it is whole and on the disk: whatever fails, the old file stays. A link stays
+ * a link. A folder, a pipe and a device are not written to.
+ */
 VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, const char* path);
 
 /** The seed of the last run, 0 before any. Setting it and the stamp repeats the run to the byte. */

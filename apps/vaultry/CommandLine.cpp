@@ -13,6 +13,8 @@
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/SearchCommand.h"
 
+#include <vaultry/run/SafeFile.h>
+
 #include <exception>
 #include <new>
 
@@ -64,6 +66,9 @@ ExitStatus Run(const std::vector<std::string>& arguments, const Console& console
         const Request request = ParseArguments(arguments);
         return CheckOutput(std::visit(Dispatch{console}, request), console);
     } catch (const UsageError& e) {
+        console.Say(e.what());
+        return ExitStatus::Usage;
+    } catch (const FilePlaceError& e) {
         console.Say(e.what());
         return ExitStatus::Usage;
     } catch (const std::bad_alloc&) {

@@ -2,7 +2,6 @@
 #include "apps/vaultry/GenerateCommand.h"
 
 #include "apps/vaultry/CancelSignals.h"
-#include "apps/vaultry/CancelableFile.h"
 #include "apps/vaultry/CellName.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/ConsoleStatus.h"
@@ -12,11 +11,11 @@
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/MapFiles.h"
-#include "apps/vaultry/OutputFile.h"
 #include "apps/vaultry/RunSetup.h"
 #include "apps/vaultry/WalkableSearch.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/run/SafeFile.h>
 
 #include <memory>
 
@@ -107,33 +106,33 @@ private:
             return result;
         }
         AddTreasure(maps->Maps(), manager.mod);
-        report.unwritten = mapFiles.Write(maps->Maps(), CaptionOf(options), signals);
-        const bool written = !report.unwritten && WriteMod(manager.mod, signals);
+        try {
+            mapFiles.Write(maps->Maps(), CaptionOf(options), signals);
+            manager.mod.Write(output.Open(&signals));
+            output.Finish();
+        } catch (const FileError& e) {
+            report.fault = e.what();
+        }
         if (signals.Requested()) {
             return RunResult::Canceled;
         }
-        return written ? RunResult::Written : RunResult::NotWritten;
-    }
-
-    bool WriteMod(Mod& mod, const CancelSignals& signals) const {
-        CancelableFile file(output.TemporaryPath(), signals);
-        mod.Write(file.Stream());
-        return file.Close();
+        return report.fault.empty() ? RunResult::Written : RunResult::NotWritten;
     }
 
     void Commit() {
         try {
-            report.bytes = output.Commit();
+            output.Commit();
+            report.bytes = output.Size();
             report.maps = mapFiles.Commit();
-        } catch (const std::filesystem::filesystem_error& e) {
+        } catch (const FileError& e) {
             report.result = RunResult::NotWritten;
-            console.Say(e.code().message());
+            report.fault = e.what();
         }
     }
 
     RunReport& report;
     const Console& console;
-    OutputFile output;
+    SafeFile output;
     MapFiles mapFiles;
     std::shared_ptr<Report::MapCollector> maps = std::make_shared<Report::MapCollector>();
 };

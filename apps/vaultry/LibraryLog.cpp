@@ -3,10 +3,10 @@
 
 #include "apps/report/UsageError.h"
 #include "apps/vaultry/NameCheck.h"
-#include "apps/vaultry/OutputFile.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>
+#include <vaultry/run/SafeFile.h>
 
 #include <filesystem>
 #include <fstream>

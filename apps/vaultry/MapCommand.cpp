@@ -66,14 +66,16 @@ void DrawFiles(RunReport& report,
                MapFiles& files,
                const Report::MapCollector& maps,
                const CancelSignals& signals) {
-    report.unwritten = files.Write(maps.Maps(), CaptionOf(report.options), signals);
-    if (signals.Requested()) {
-        report.result = RunResult::Canceled;
-    } else if (report.unwritten) {
-        report.result = RunResult::NotWritten;
-    } else {
-        report.maps = files.Commit();
+    try {
+        files.Write(maps.Maps(), CaptionOf(report.options), signals);
+        if (!signals.Requested()) {
+            report.maps = files.Commit();
+            return;
+        }
+    } catch (const FileError& e) {
+        report.fault = e.what();
     }
+    report.result = signals.Requested() ? RunResult::Canceled : RunResult::NotWritten;
 }
 
 } // namespace

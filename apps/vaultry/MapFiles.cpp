@@ -2,7 +2,6 @@
 #include "apps/vaultry/MapFiles.h"
 
 #include "apps/report/UsageError.h"
-#include "apps/vaultry/CancelableFile.h"
 
 namespace Tarnex::Cli {
 
@@ -40,23 +39,20 @@ MapFiles::MapFiles(const MapFileOptions& options) : settings{options.look, optio
     }
 }
 
-std::optional<std::string> MapFiles::Write(const std::vector<Report::LevelMap>& maps,
-                                           const Report::MapCaption& caption,
-                                           const CancelSignals& signals) {
-    for (const File& file : files) {
-        CancelableFile written(file.output.TemporaryPath(), signals);
-        Report::WriteMaps(maps, caption, file.format, settings, written.Stream());
-        if (!written.Close()) {
-            return file.path;
-        }
+void MapFiles::Write(const std::vector<Report::LevelMap>& maps,
+                     const Report::MapCaption& caption,
+                     const CancelSignals& signals) {
+    for (File& file : files) {
+        Report::WriteMaps(maps, caption, file.format, settings, file.output.Open(&signals));
+        file.output.Finish();
     }
-    return std::nullopt;
 }
 
 std::vector<WrittenFile> MapFiles::Commit() {
     std::vector<WrittenFile> written;
     for (File& file : files) {
-        written.push_back({file.path, file.output.Commit()});
+        file.output.Commit();
+        written.push_back({file.path, file.output.Size()});
     }
     return written;
 }

@@ -6,7 +6,8 @@
 #include "apps/report/MapFile.h"
 #include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/Options.h"
-#include "apps/vaultry/OutputFile.h"
+
+#include <vaultry/run/SafeFile.h>
 
 #include <list>
 #include <optional>
@@ -23,19 +24,18 @@ void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files);
 /// The maps that were asked for, each replaced whole or not at all.
 class MapFiles {
 public:
-    /// Nothing is created yet. Throws UsageError when a file cannot be written to.
+    /// Nothing is created yet. Throws FilePlaceError when a file cannot be written to.
     explicit MapFiles(const MapFileOptions& options);
 
     bool AreWanted() const { return !files.empty(); }
 
-    /// Draws into the temporary files until a signal asks to stop. Returns the path of the first
-    /// file that could not be written whole, as it was asked for, or none. Throws Report::MapError.
-    std::optional<std::string> Write(const std::vector<Report::LevelMap>& maps,
-                                     const Report::MapCaption& caption,
-                                     const CancelSignals& signals);
+    /// Draws into the temporary files. Throws Report::MapError, and FileError when a file could not
+    /// be written whole or a signal asked to stop.
+    void Write(const std::vector<Report::LevelMap>& maps,
+               const Report::MapCaption& caption,
+               const CancelSignals& signals);
 
-    /// Gives the files their names and returns what was written. Throws
-    /// std::filesystem::filesystem_error.
+    /// Gives the files their names and returns what was written. Throws FileError.
     std::vector<WrittenFile> Commit();
 
 private:
@@ -45,7 +45,7 @@ private:
 
         std::string path;
         Report::MapFormat format;
-        OutputFile output;
+        SafeFile output;
     };
 
     Report::MapSettings settings;

@@ -10,7 +10,6 @@
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/MapFiles.h"
-#include "apps/vaultry/OutputFile.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>
@@ -92,17 +91,19 @@ ChosenPieces ChoosePieces(const std::string& config, const std::vector<const Plu
 ExitStatus DrawFiles(MapFiles& files, PluginMapReport& report, const Console& console) {
     const CancelSignals signals;
     const Report::MapCaption caption{0, "", report.config, report.plugin};
-    const auto unwritten = files.Write(report.maps, caption, signals);
-    if (signals.Requested()) {
-        console.Say("cancelled, the map was not written");
-        return ExitStatus::Canceled;
+    std::string fault;
+    try {
+        files.Write(report.maps, caption, signals);
+        if (!signals.Requested()) {
+            report.files = files.Commit();
+            return ExitStatus::Success;
+        }
+    } catch (const FileError& e) {
+        fault = e.what();
     }
-    if (unwritten) {
-        console.Say(NotWrittenWords(*unwritten));
-        return ExitStatus::Failure;
-    }
-    report.files = files.Commit();
-    return ExitStatus::Success;
+    const bool canceled = signals.Requested();
+    console.Say(canceled ? "cancelled, the map was not written" : fault);
+    return canceled ? ExitStatus::Canceled : ExitStatus::Failure;
 }
 
 } // namespace

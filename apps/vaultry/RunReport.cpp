@@ -2,7 +2,6 @@
 #include "apps/vaultry/RunReport.h"
 
 #include "apps/report/Words.h"
-#include "apps/vaultry/OutputFile.h"
 
 #include <vaultry/foundation/CodePage.h>
 
@@ -50,7 +49,7 @@ std::string Outcome(const RunReport& report) {
     case RunResult::Refused:
         return "nothing was generated";
     case RunResult::NotWritten:
-        return NotWrittenWords(report.unwritten.value_or(out));
+        return report.fault;
     case RunResult::Strict:
         return file + " was not written because of " + Counted(report.errors.size(), "error");
     case RunResult::Unwalkable:

@@ -38,8 +38,8 @@ struct RunReport {
     GenerateOptions options; ///< with seed and stamp as they were used
     bool stampGiven = false;
     RunResult result = RunResult::Refused;
-    std::optional<std::string> unwritten; ///< the map that is the cause of NotWritten
-    std::uint64_t bytes = 0;              ///< size of the plug-in [bytes]
+    std::string fault;       ///< why NotWritten, a sentence that names the file
+    std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
     std::vector<WrittenFile> maps;
     std::vector<CellReport> cells;
     GenReport levels;        ///< of random levels; without any for a fixed interior

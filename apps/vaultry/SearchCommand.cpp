@@ -16,13 +16,13 @@
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/MapFiles.h"
-#include "apps/vaultry/OutputFile.h"
 #include "apps/vaultry/RunSetup.h"
 #include "apps/vaultry/SearchReport.h"
 #include "apps/vaultry/SeedRun.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>
+#include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
 #include <chrono>
@@ -71,9 +71,9 @@ void CheckChoice(const SearchOptions& options) {
 // The table that is written in the end. Whether it can be is found out beforehand.
 class CsvFile {
 public:
-    explicit CsvFile(const std::optional<std::string>& csv) : path(csv.value_or("")) {
+    explicit CsvFile(const std::optional<std::string>& csv) {
         if (csv) {
-            file.emplace(path);
+            file.emplace(*csv);
         }
     }
 
@@ -82,24 +82,19 @@ public:
         if (!file) {
             return true;
         }
-        std::ofstream stream(PathFromUtf8(file->TemporaryPath()), std::ios::binary);
-        Search::WriteCsv(hits, stream);
-        stream.close();
         try {
-            if (stream) {
-                file->Commit();
-                return true;
-            }
-            console.Say(NotWrittenWords(path));
-        } catch (const fs::filesystem_error& e) {
-            console.Say('"' + path + "\" could not be written: " + e.code().message());
+            Search::WriteCsv(hits, file->Open());
+            file->Finish();
+            file->Commit();
+            return true;
+        } catch (const FileError& e) {
+            console.Say(e.what());
+            return false;
         }
-        return false;
     }
 
 private:
-    std::string path;
-    std::optional<OutputFile> file;
+    std::optional<SafeFile> file;
 };
 
 ExitStatus Merge(const SearchOptions& options, const Query& query, const Console& console) {
@@ -275,8 +270,11 @@ public:
             const std::string name = "seed-" + std::to_string(*options.seed);
             try {
                 DrawSeed(folder + '/' + name, signals);
-            } catch (const std::exception& e) {
-                console.Say("the map of " + name + " could not be written: " + e.what());
+            } catch (const std::runtime_error& e) {
+                if (signals.Requested()) {
+                    return true;
+                }
+                console.Say("the map of " + name + ": " + e.what());
                 return false;
             }
         }
@@ -294,14 +292,7 @@ private:
             file.map = path + end;
             file.scale = kScale;
             MapFiles files(file);
-            const bool unwritten =
-                files.Write(maps.Maps(), CaptionOf(options), signals).has_value();
-            if (signals.Requested()) {
-                return;
-            }
-            if (unwritten) {
-                throw std::runtime_error("full disk or protected folder?");
-            }
+            files.Write(maps.Maps(), CaptionOf(options), signals);
             files.Commit();
         }
     }
@@ -328,7 +319,7 @@ void MakeFolder(const std::optional<std::string>& folder) {
     }
     std::error_code fault;
     fs::create_directories(PathFromUtf8(*folder), fault);
-    if (!fs::is_directory(PathFromUtf8(*folder))) {
+    if (!fs::is_directory(PathFromUtf8(*folder), fault)) {
         throw UsageError("the folder \"" + *folder + "\" cannot be made: " + fault.message());
     }
 }

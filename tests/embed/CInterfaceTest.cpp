@@ -10,11 +10,18 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <csignal>
 #include <filesystem>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
+
+#ifndef _WIN32
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
 
 namespace Tarnex::Test {
 
@@ -139,7 +146,77 @@ TEST_F(CInterfaceTest, AFolderThatIsNotThereIsNotWrittenTo) {
     const std::string file = dir.File("none/made.esp");
     EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_NOT_WRITTEN);
     ASSERT_EQ(vaultry_error_count(generator), 1U);
-    EXPECT_EQ(vaultry_error(generator, 0), '"' + file + "\" cannot be written");
+    EXPECT_EQ(vaultry_error(generator, 0),
+              "the output file \"" + file + "\": its folder does not exist");
+}
+
+// The limit on the size of files stands for a full disk.
+#ifndef _WIN32
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &old);
+        const rlimit less{bytes, old.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &less);
+        std::signal(SIGXFSZ, SIG_IGN);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &old);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit old{};
+};
+
+TEST_F(CInterfaceTest, ADiskThatIsFullKeepsTheFileThatIsThere) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    const std::string old = Generate();
+    const std::string file = dir.File("made.esp");
+    {
+        const FullDisk disk(8192);
+        EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_NOT_WRITTEN);
+    }
+    ASSERT_EQ(vaultry_error_count(generator), 1U);
+    EXPECT_EQ(vaultry_error(generator, 0),
+              '"' + file + "\" could not be written: it would be larger than a file may be");
+    EXPECT_TRUE(ReadFile(file) == old);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 1);
+    EXPECT_EQ(Generate().substr(0, 4), "TES3");
+}
+
+TEST_F(CInterfaceTest, APipeIsNotWrittenTo) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    const std::string pipe = dir.File("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(vaultry_generate(generator, pipe.c_str()), VAULTRY_NOT_WRITTEN);
+    EXPECT_EQ(vaultry_error(generator, 0), "the output file \"" + pipe + "\" is no ordinary file");
+}
+#endif
+
+TEST_F(CInterfaceTest, WritingCanBeCancelledToo) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    const std::string old = Generate();
+    // Nothing is asked any more when the last step is under way, but before the file is written.
+    Set("seed", "7");
+    Set("size", "Large");
+    int asked = 0;
+    const auto count = [](void* context, const char*, std::int32_t, std::int32_t) {
+        ++*static_cast<int*>(context);
+        return 0;
+    };
+    vaultry_set_progress(generator, count, &asked);
+    const std::string whole = Generate();
+    int left = asked;
+    const auto stopLast = [](void* context, const char*, std::int32_t, std::int32_t) {
+        return --*static_cast<int*>(context) == 0 ? 1 : 0;
+    };
+    vaultry_set_progress(generator, stopLast, &left);
+    dir.Write("made.esp", old);
+    EXPECT_EQ(vaultry_generate(generator, dir.File("made.esp").c_str()), VAULTRY_CANCELED);
+    EXPECT_TRUE(ReadFile(dir.File("made.esp")) == old);
 }
 
 TEST_F(CInterfaceTest, WrongValuesAreExplained) {

@@ -6,6 +6,7 @@
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/ReportJson.h>
+#include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
 #include <new>
@@ -78,7 +79,7 @@ vaultry_result ResultOf(ModResult result) {
     return VAULTRY_REFUSED;
 }
 
-vaultry_result Generate(vaultry_generator& generator, const char* path) {
+ModResult Generate(vaultry_generator& generator) {
     GenMgr& manager = generator.manager;
     FixChance(generator);
     const std::string master = FromUtf8(generator.master.value_or(""));
@@ -89,9 +90,23 @@ vaultry_result Generate(vaultry_generator& generator, const char* path) {
     generator.progress.Restart(generator.fixed ? 1 : manager.randomInfo.numLevels);
     manager.SetJobStatus(&generator.progress);
     const std::string cell = FromUtf8(generator.cell);
-    const ModResult result = manager.CreateMod(path, cell.c_str(), generator.fixed);
+    const ModResult result = manager.Generate(cell.c_str(), generator.fixed);
     manager.SetJobStatus(nullptr);
-    return ResultOf(result);
+    return result;
+}
+
+// Unlike CreateMod this keeps a file that is there until the new one is whole. Returns why there is
+// none, or nothing.
+std::string WriteMod(vaultry_generator& generator, const char* path) {
+    try {
+        SafeFile file(path);
+        generator.manager.mod.Write(file.Open(&generator.progress));
+        file.Finish();
+        file.Commit();
+        return {};
+    } catch (const FileError& e) {
+        return e.what();
+    }
 }
 
 } // namespace
@@ -189,12 +204,18 @@ void vaultry_set_progress(vaultry_generator* generator, vaultry_progress progres
 vaultry_result vaultry_generate(vaultry_generator* generator, const char* path) {
     return Guard([=] {
         Logger::ResetErrors();
-        const vaultry_result result = Generate(*generator, TextOf(path));
-        KeepErrors(*generator);
-        if (result == VAULTRY_NOT_WRITTEN) {
-            generator->errors.push_back('"' + std::string(TextOf(path)) + "\" cannot be written");
+        ModResult result = Generate(*generator);
+        std::string fault;
+        if (result == ModResult::Written) {
+            fault = WriteMod(*generator, TextOf(path));
         }
-        return result;
+        KeepErrors(*generator);
+        if (!fault.empty()) {
+            const bool canceled = generator->progress.HasBeenCanceled();
+            result = canceled ? ModResult::Canceled : ModResult::NotWritten;
+            generator->errors.push_back(std::move(fault));
+        }
+        return ResultOf(result);
     });
 }
 

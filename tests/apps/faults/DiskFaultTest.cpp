@@ -32,7 +32,8 @@ TEST_F(DiskFaultTest, DiskThatFillsAtAnyPointKeepsTheOldFile) {
         const Outcome outcome = RunAfter("ulimit -f " + std::to_string(limit), kRun);
         EXPECT_EQ(outcome.status, 1);
         const std::string file = limit * kBlock < map ? "map.svg" : "dungeon.esp";
-        EXPECT_TRUE(Contains(outcome.err, '"' + file + "\" could not be written (full disk"))
+        EXPECT_TRUE(
+            Contains(outcome.err, '"' + file + "\" could not be written: it would be larger"))
             << outcome.err;
         ExpectOldFileAlone();
     }
@@ -67,7 +68,8 @@ TEST_F(SmallDiskTest, FullDiskKeepsTheOldFileAndSaysSo) {
     run.insert(run.end(), {"--size", "large", "-o", "disk/dungeon.esp", "--log", "disk/run.log"});
     const Outcome outcome = Run(run);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(Contains(outcome.err, "\"disk/dungeon.esp\" could not be written (full disk"));
+    EXPECT_TRUE(
+        Contains(outcome.err, "\"disk/dungeon.esp\" could not be written: the disk is full"));
     EXPECT_EQ(Read("disk/dungeon.esp"), kOld);
     EXPECT_FALSE(fs::exists(File("map.svg")));
     fs::remove(File("disk/filler"));
@@ -106,7 +108,7 @@ TEST_F(DiskFaultTest, ReadOnlyFolderKeepsTheOldFileAndSaysSo) {
     const Outcome outcome = RunAsNobody({"generate", "--seed", "3"});
     fs::permissions(File(""), fs::perms(0755));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(Contains(outcome.err, "could not be written (full disk or protected folder?)"))
+    EXPECT_TRUE(Contains(outcome.err, "could not be written: it or its folder is protected"))
         << outcome.err;
     ExpectOldFileAlone();
 }
@@ -145,6 +147,28 @@ TEST_F(DiskFaultTest, PipeIsRefusedAsOutputAndAsMapWithoutWaitingForAReader) {
     EXPECT_EQ(Run({"generate", "--map", "pipe.svg"}).status, 2);
     EXPECT_TRUE(fs::is_fifo(File("pipe.svg")));
     ExpectOldFileAlone({"pipe.svg"});
+}
+
+// What the program says to the system about the files of a folder, in order.
+TEST_F(DiskFaultTest, EveryFileIsOnTheDiskBeforeItHasItsNameAndItsNameIsAfterwards) {
+    const TempDir calls;
+    const std::string file = calls.File("calls");
+    Lines run = kRun;
+    run.insert(run.end(), {"--html", "page.html"});
+    EXPECT_EQ(RunWithFaults("VAULTRY_CALLS_IN='" + file + "'", run).status, 0);
+    EXPECT_EQ(ReadFile(file),
+              "sync new file\nsync new file\nsync new file\n"
+              "rename to dungeon.esp\nsync folder\n"
+              "rename to map.svg\nsync folder\n"
+              "rename to page.html\nsync folder\n");
+}
+
+TEST_F(DiskFaultTest, DiskThatDoesNotKeepWhatItTookKeepsTheOldFile) {
+    const Outcome outcome = RunWithFaults("VAULTRY_SYNC_FAILS=1", kRun);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Contains(outcome.err, "\"map.svg\" could not be written: Input/output error"))
+        << outcome.err;
+    ExpectOldFileAlone();
 }
 
 TEST_F(DiskFaultTest, FolderIsRefusedAsOutput) {

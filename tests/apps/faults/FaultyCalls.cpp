@@ -9,6 +9,10 @@
 //   VAULTRY_ENDS_IN=file     how these copies ended, as wait has it
 //   VAULTRY_COUNT_IN=file    the number of allocations is written there at the end
 //   VAULTRY_VANISHES=file    it is removed as soon as it was opened once
+//   VAULTRY_SYNC_FAILS=1     nothing can be forced onto the disk
+//   VAULTRY_CALLS_IN=file    what is forced onto the disk and renamed is written there, line by
+//   line
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -16,6 +20,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -180,4 +185,37 @@ extern "C" __attribute__((visibility("default"))) std::FILE* fopen64(const char*
         unlink(name);
     }
     return file;
+}
+
+namespace {
+
+void Note(const char* what, const char* file) {
+    const char* name = std::getenv("VAULTRY_CALLS_IN");
+    const int calls = name == nullptr ? -1 : open(name, O_WRONLY | O_CREAT | O_APPEND, 0600);
+    if (calls >= 0) {
+        dprintf(calls, "%s %s\n", what, file);
+        close(calls);
+    }
+}
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) int fsync(int file) {
+    using Sync = int (*)(int);
+    static const auto next = reinterpret_cast<Sync>(dlsym(RTLD_NEXT, "fsync"));
+    struct stat found {};
+    fstat(file, &found);
+    Note("sync", S_ISDIR(found.st_mode) ? "folder" : "new file");
+    if (std::getenv("VAULTRY_SYNC_FAILS") != nullptr) {
+        errno = EIO;
+        return -1;
+    }
+    return next(file);
+}
+
+extern "C" __attribute__((visibility("default"))) int rename(const char* from, const char* to) {
+    using Rename = int (*)(const char*, const char*);
+    static const auto next = reinterpret_cast<Rename>(dlsym(RTLD_NEXT, "rename"));
+    Note("rename to", basename(to));
+    return next(from, to);
 }
