@@ -8,9 +8,6 @@
 
 namespace Tarnex::Report {
 
-/// Larger files are refused; they are read whole. [bytes]
-inline constexpr std::uint64_t kLargestPlugin = std::uint64_t{1} << 30;
-
 /// A plug-in that was read.
 struct LoadedPlugin {
     std::string path; ///< as it was given [UTF-8]
@@ -18,8 +15,8 @@ struct LoadedPlugin {
     PluginFile file;
 };
 
-/// Reads the file at `path` (UTF-8). Throws UsageError, which names the file, when it does not
-/// exist, is no ordinary file, is larger than kLargestPlugin, cannot be read, or is no plug-in.
+/// Reads the file at `path` (UTF-8). Throws UsageError, which names the file, for what
+/// RequireOrdinaryFile refuses, when it cannot be read, and when it is no plug-in.
 LoadedPlugin LoadPlugin(const std::string& path);
 
 } // namespace Tarnex::Report

@@ -3,6 +3,7 @@
 
 #include "apps/report/UsageError.h"
 #include "apps/search/FactOffer.h"
+#include "apps/search/Quote.h"
 
 #include <vaultry/foundation/Text.h>
 
@@ -16,8 +17,6 @@
 namespace Tarnex::Search {
 
 namespace {
-
-constexpr std::size_t kLongestQuote = 40;
 
 // Not those of the standard library, which depend on the locale.
 bool IsBlank(char c) {
@@ -113,14 +112,9 @@ private:
     Token token;
 };
 
-std::string Quoted(std::string_view text) {
-    const bool isLong = text.size() > kLongestQuote;
-    return '"' + std::string(text.substr(0, kLongestQuote)) + (isLong ? "...\"" : "\"");
-}
-
 // What stands there, for messages.
 std::string Named(const Token& token) {
-    return token.kind == Kind::End ? std::string("the end") : Quoted(token.text);
+    return token.kind == Kind::End ? std::string("the end") : Quote(token.text);
 }
 
 } // namespace
@@ -237,8 +231,8 @@ private:
         const auto* const found =
             std::ranges::find(kSigns, token.text, &std::pair<std::string_view, Sign>::first);
         if (found == kSigns.end()) {
-            scanner.Refuse(
-                token, Quoted(token.text) + " is none of < <= > >= = !=; for \"not\" write not");
+            scanner.Refuse(token,
+                           Quote(token.text) + " is none of < <= > >= = !=; for \"not\" write not");
         }
         scanner.Next();
         return found->second;
@@ -263,10 +257,10 @@ private:
         const char* const end = token.text.data() + token.text.size();
         const auto [stop, fault] = std::from_chars(token.text.data(), end, number);
         if (fault == std::errc::result_out_of_range) {
-            scanner.Refuse(token, Quoted(token.text) + " is too large");
+            scanner.Refuse(token, Quote(token.text) + " is too large");
         }
         if (fault != std::errc() || stop != end) {
-            scanner.Refuse(token, Quoted(token.text) + " is no whole number");
+            scanner.Refuse(token, Quote(token.text) + " is no whole number");
         }
         return number;
     }

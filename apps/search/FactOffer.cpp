@@ -3,14 +3,13 @@
 
 #include "apps/report/DungeonFacts.h"
 #include "apps/report/NearNames.h"
+#include "apps/search/Quote.h"
 
 namespace Tarnex::Search {
 
 std::string NoFact(std::string_view name) {
-    constexpr std::size_t kLongestQuote = 40;
     const bool isLong = name.size() > kLongestQuote;
-    std::string text = '"' + std::string(name.substr(0, kLongestQuote)) +
-                       (isLong ? "...\"" : "\"") + " is no fact";
+    std::string text = Quote(name) + " is no fact";
     // The effort of comparing grows with the length, and no fact is that long.
     const std::vector<std::string> nearest =
         isLong ? std::vector<std::string>() : Report::NearestNames(name, Report::FactNames());

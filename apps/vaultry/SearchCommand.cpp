@@ -16,6 +16,7 @@
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/MapFiles.h"
+#include "apps/vaultry/MergedTables.h"
 #include "apps/vaultry/RunSetup.h"
 #include "apps/vaultry/SearchReport.h"
 #include "apps/vaultry/SeedRun.h"
@@ -28,10 +29,8 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <thread>
-#include <tuple>
 
 namespace Tarnex::Cli {
 
@@ -98,27 +97,17 @@ private:
 };
 
 ExitStatus Merge(const SearchOptions& options, const Query& query, const Console& console) {
+    // Watched until the temporary file is gone.
+    const CancelSignals signals;
     CsvFile table(options.csv);
-    std::vector<Search::Hit> all;
-    for (const std::string& name : options.merge) {
-        std::ifstream stream(PathFromUtf8(name), std::ios::binary);
-        std::error_code fault;
-        if (!stream || fs::is_directory(PathFromUtf8(name), fault)) {
-            throw UsageError("the table \"" + name + "\" cannot be opened");
-        }
-        std::ranges::move(Search::ReadCsv(stream, name), std::back_inserter(all));
+    MergedHits all = ReadTables(options.merge, query.where, signals);
+    if (signals.Requested()) {
+        console.Say("cancelled, nothing was merged");
+        return ExitStatus::Canceled;
     }
-    // Ranges that overlap give a dungeon twice.
-    std::ranges::sort(all, [](const Search::Hit& a, const Search::Hit& b) {
-        return std::tie(a.values, a.command) < std::tie(b.values, b.command);
-    });
-    // The form over ranges does not compile with clang 14.
-    all.erase(std::unique(all.begin(), all.end()), all.end());
     Search::Ranking ranking(query.order, options.top);
-    for (Search::Hit& hit : all) {
-        if (query.where.Holds(hit.values)) {
-            ranking.Add(std::move(hit));
-        }
+    while (!all.empty()) {
+        ranking.Add(std::move(all.extract(all.begin()).value()));
     }
     SearchReport report;
     report.options = options;

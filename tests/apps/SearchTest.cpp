@@ -238,8 +238,8 @@ TEST_F(SearchTest, MistakesAreToldBeforeAnythingIsDone) {
     ExpectMistake({"--seeds", "1", "--csv", "no/such.csv"}, "its folder does not exist");
     ExpectMistake({"--seeds", "1", "--thumbnails", "/dev/null/maps"}, "cannot be made");
     ExpectMistake({"--seeds", "1", "--merge", "a.csv"}, "--seeds excludes --merge");
-    ExpectMistake({"--merge", "a.csv"}, "the table \"a.csv\" cannot be opened");
-    ExpectMistake({"--merge", "."}, "the table \".\" cannot be opened");
+    ExpectMistake({"--merge", "a.csv"}, "\"a.csv\" does not exist");
+    ExpectMistake({"--merge", "."}, "\".\" is a folder");
     ExpectMistake({"--merge", "a.csv", "--thumbnails", "maps"}, "--thumbnails is for --seeds");
 }
 

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -35,7 +36,12 @@ std::string Written(const Hits& hits) {
 
 Hits Read(const std::string& csv) {
     std::istringstream in(csv);
-    return Search::ReadCsv(in, "a.csv");
+    Search::HitReader reader(in, "a.csv");
+    Hits hits;
+    while (std::optional<Hit> hit = reader.Next()) {
+        hits.push_back(*std::move(hit));
+    }
+    return hits;
 }
 
 TEST(HitTableTest, WhatIsWrittenIsRead) {
@@ -84,10 +90,34 @@ TEST(HitTableTest, MistakesAreToldWithFileAndLine) {
               "\"a.csv\", line 4: \"seed\" under \"seed\" is no whole number");
     EXPECT_EQ(Mistake(good + "8"), "\"a.csv\", line 4: the last line is cut off");
     EXPECT_EQ(Mistake(head + "\"8"), "\"a.csv\", line 2: the quotation mark is never closed");
+    EXPECT_EQ(Mistake(head + std::string(30, ',') + '\n'),
+              "\"a.csv\", line 2: 24 columns are expected, not more");
     std::string large = good;
     large.replace(large.find("\n7,") + 1, 1, "99999999999999999999");
     EXPECT_EQ(Mistake(large),
               "\"a.csv\", line 2: \"99999999999999999999\" under \"seed\" is no whole number");
+}
+
+TEST(HitTableTest, WhatIsRepeatedOfALongFieldIsCutBetweenLetters) {
+    std::string csv = Written({Found(7, "")});
+    csv.replace(csv.find("\n7,") + 1, 1, std::string(39, 'a') + "äb");
+    EXPECT_EQ(Mistake(csv),
+              "\"a.csv\", line 2: \"" + std::string(39, 'a') +
+                  "...\" under \"seed\" is no whole number");
+}
+
+TEST(HitTableTest, ALineIsReadUpToItsLimit) {
+    const std::string plain = Written({Found(7, "")});
+    const std::size_t row = plain.size() - plain.find("\n7,") - 1;
+    const std::string longest(Search::kLongestRow - row, 'a');
+    EXPECT_EQ(Read(Written({Found(7, longest), Found(8, longest)})).size(), 2U);
+    const std::string refusal = ": a line is longer than 1048576 bytes, so this is no table that "
+                                "vaultry search --csv wrote";
+    EXPECT_EQ(Mistake(Written({Found(7, longest), Found(8, longest + 'a')})),
+              "\"a.csv\", line 3" + refusal);
+    EXPECT_EQ(Mistake(std::string(Search::kLongestRow + 1, '\0')), "\"a.csv\", line 1" + refusal);
+    EXPECT_EQ(Mistake(plain + '"' + std::string(Search::kLongestRow + 1, '\n')),
+              "\"a.csv\", line 3" + refusal);
 }
 
 } // namespace

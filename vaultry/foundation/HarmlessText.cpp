@@ -97,12 +97,6 @@ void AppendJsonEscape(std::string& text, char32_t c) {
     }
 }
 
-bool IsPlainInShell(char c) {
-    constexpr std::string_view kSigns = "_-./:,+@%=";
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           kSigns.find(c) != std::string_view::npos;
-}
-
 std::string InApostrophes(std::string_view word) {
     std::string quoted = "'";
     for (const char c : word) {
@@ -185,6 +179,12 @@ std::string ForJson(std::string_view json) {
         }
     });
     return text;
+}
+
+bool IsPlainInShell(char c) {
+    constexpr std::string_view kSigns = "_-./:,+@%=";
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           kSigns.find(c) != std::string_view::npos;
 }
 
 std::string ForShell(std::string_view word) {

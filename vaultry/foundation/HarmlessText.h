@@ -37,6 +37,9 @@ VAULTRY_API std::string ForJson(std::string_view json);
 /// another word, but no other command, for one that does not.
 VAULTRY_API std::string ForShell(std::string_view word);
 
+/// Whether a byte stands for itself in every shell, in any word that does not begin with "=".
+VAULTRY_API bool IsPlainInShell(char c);
+
 /// A line of the log, in the game's code page, where 80 to 9F are letters: what XML 1.0 does not
 /// allow becomes "?". What comes from a configuration in XML 1.0 stays as it is to the byte.
 VAULTRY_API std::string ForLog(std::string_view codePageText);
