@@ -5,7 +5,6 @@
 #include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
-#include <vaultry/foundation/JobStatus.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Text.h>
 
@@ -20,8 +19,7 @@ namespace {
 
 constexpr const char* kLogSource = "XML Parser";
 
-// Far beyond any real configuration; it keeps a hostile one from exhausting the process.
-constexpr std::uint32_t kMaxDepth = 256;
+using Of = LoadBudget::Of;
 
 template <typename T>
 DiPtr<T> MakeFrom(const xercesc::Attributes& attrs) {
@@ -42,14 +40,14 @@ void FileIn(std::vector<DiPtr<T>>& list, DiPtr<T>& object) {
 } // namespace
 
 ConfigLoader::ConfigLoader(ConfigMgr& config_, const JobStatus* status_)
-    : config(config_), status(status_) {}
+    : config(config_), budget(status_) {}
 
 // Here, since the linker for Windows, optimising the whole, fails on copies of it in several
 // objects.
 ConfigLoader::~ConfigLoader() = default;
 
 void ConfigLoader::setDocumentLocator(const xercesc::Locator* const locator) {
-    place = locator;
+    budget.SetPlace(locator);
 }
 
 void ConfigLoader::startDocument() {
@@ -63,9 +61,9 @@ void ConfigLoader::startElement(const XMLCh* const /*uri*/,
                                 const XMLCh* const /*localname*/,
                                 const XMLCh* const qname,
                                 const xercesc::Attributes& attrs) {
-    LimitDepth();
-    LimitElements();
-    LimitAttributes(attrs);
+    budget.Count(Of::Depth);
+    budget.Count(Of::Elements);
+    SpendAttributes(attrs);
     StartTag(Narrow(qname), attrs);
 }
 
@@ -131,7 +129,7 @@ void ConfigLoader::endElement(const XMLCh* const /*uri*/,
         {Theme_TreasureTheme, &ConfigLoader::OnEndTreasureTheme},
         {Platform_Platform, &ConfigLoader::OnEndPlatform},
     }};
-    --depth;
+    budget.GiveBack(Of::Depth);
     const std::string tag = Narrow(qname);
     for (const EndRow& end : kEnds) {
         if (EqualsNoCase(tag, end.tag)) {
@@ -147,7 +145,7 @@ void ConfigLoader::endElement(const XMLCh* const /*uri*/,
 }
 
 void ConfigLoader::characters(const XMLCh* const chars, const XMLSize_t length) {
-    LimitText(length);
+    budget.Spend(Of::Text, length);
     if (curTile && curTile->id.empty()) {
         NarrowInto(curTile->id, {chars, length});
         return;
@@ -155,7 +153,7 @@ void ConfigLoader::characters(const XMLCh* const chars, const XMLSize_t length) 
     if (!curCol) {
         return;
     }
-    LimitNames({chars, length});
+    SpendNames({chars, length});
     std::string text;
     NarrowInto(text, {chars, length});
     for (const std::string_view name : SplitList(text)) {
@@ -212,17 +210,17 @@ bool ConfigLoader::IsTooLarge(const LayoutHead& head) {
         return true;
     }
     const std::uint64_t cells = std::uint64_t{height} * width;
-    if (cells > kMaxLayoutCells - layoutCells) {
+    if (!budget.Affords(Of::LayoutCells, cells)) {
         Logger::WriteError(kLogSource,
                            "Layouts too large together (H=%d, W=%d) for Layout set '%s'.  "
                            "Max = %d cells in all.",
                            head.height,
                            head.width,
                            head.name.c_str(),
-                           static_cast<int>(kMaxLayoutCells));
+                           static_cast<int>(LoadBudget::Most(Of::LayoutCells)));
         return true;
     }
-    layoutCells += cells;
+    budget.Count(Of::LayoutCells, cells);
     return false;
 }
 
@@ -245,7 +243,7 @@ void ConfigLoader::OnStartTreasureTheme(const Attributes& attrs) {
 void ConfigLoader::OnStartThemeItem(const Attributes& attrs) {
     for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
         if (EqualsNoCase(Narrow(attrs.getQName(i)), Attrib_UniqueName)) {
-            LimitNames(attrs.getValue(i));
+            SpendNames(attrs.getValue(i));
         }
     }
     OpenTheme()->items.push_back(MakeFrom<ThemeItem>(attrs));
@@ -376,23 +374,9 @@ void ConfigLoader::ResetGridPlace() {
     col = 0;
 }
 
-void ConfigLoader::LimitDepth() {
-    if (++depth > kMaxDepth) {
-        StopAtLimit("elements are nested more than " + std::to_string(kMaxDepth) + " deep");
-    }
-}
-
-void ConfigLoader::LimitElements() {
-    if (++elements > kMaxElements) {
-        StopAtLimit("the document has more than " + std::to_string(kMaxElements) + " elements");
-    }
-    if (elements % kElementsPerQuestion == 0) {
-        Ask();
-    }
-}
-
 // Counted before the names are made: each takes more memory than its letters.
-void ConfigLoader::LimitNames(std::u16string_view list) {
+void ConfigLoader::SpendNames(std::u16string_view list) {
+    std::uint64_t names = 0;
     bool separated = true;
     for (const char16_t c : list) {
         const bool separates =
@@ -400,38 +384,36 @@ void ConfigLoader::LimitNames(std::u16string_view list) {
         names += separated && !separates ? 1U : 0U;
         separated = separates;
     }
-    if (names > kMaxNames) {
-        StopAtLimit("the lists hold more than " + std::to_string(kMaxNames) + " names");
-    }
+    budget.Spend(Of::ListedNames, names);
 }
 
-// A document type can give every element a long value for the length of its tag.
-void ConfigLoader::LimitAttributes(const Attributes& attrs) {
+// A document type can give every element many attributes of any length for the length of its tag.
+void ConfigLoader::SpendAttributes(const Attributes& attrs) {
+    std::uint64_t length = 0;
     for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
-        attributeLength += std::u16string_view(attrs.getValue(i)).size();
+        length += std::u16string_view(attrs.getQName(i)).size();
+        length += std::u16string_view(attrs.getValue(i)).size();
     }
-    if (attributeLength > kMaxText) {
-        StopAtLimit("the attributes hold more than " + std::to_string(kMaxText) + " characters");
-    }
+    budget.Count(Of::Attributes, attrs.getLength());
+    budget.Spend(Of::AttributeText, length);
 }
 
-void ConfigLoader::LimitText(XMLSize_t length) {
-    textLength += length;
-    if (textLength > kMaxText) {
-        StopAtLimit("the document holds more than " + std::to_string(kMaxText) +
-                    " characters of text");
-    }
+// Declarations of namespaces are attributes, but the parser does not tell them as such.
+void ConfigLoader::startPrefixMapping(const XMLCh* const prefix, const XMLCh* const uri) {
+    budget.Count(Of::Namespaces);
+    budget.Count(Of::Attributes);
+    budget.Spend(Of::AttributeText,
+                 std::u16string_view(prefix).size() + std::u16string_view(uri).size());
 }
 
-void ConfigLoader::StopAtLimit(const std::string& message) const {
-    const std::u16string wide(message.begin(), message.end());
-    throw xercesc::SAXParseException(wide.c_str(), *place);
+void ConfigLoader::endPrefixMapping(const XMLCh* const /*prefix*/) {
+    budget.GiveBack(Of::Namespaces);
 }
 
-void ConfigLoader::Ask() const {
-    if (status != nullptr && status->HasBeenCanceled()) {
-        throw LoadCanceled();
-    }
+void ConfigLoader::internalEntityDecl(const XMLCh* const /*name*/, const XMLCh* const value) {
+    const std::uint64_t length = std::u16string_view(value).size();
+    budget.Spend(Of::EntityText, length);
+    budget.GiveBack(Of::EntityText, length);
 }
 
 void ConfigLoader::error(const xercesc::SAXParseException& e) {
@@ -459,6 +441,7 @@ void ConfigLoader::warning(const xercesc::SAXParseException& e) {
 }
 
 void ConfigLoader::FatalError(const std::string& message) {
+    const xercesc::Locator* place = budget.Place();
     const bool placed = place != nullptr;
     Logger::WriteError(kLogSource,
                        "Fatal Error parsing XML line %d col %d:  %s",

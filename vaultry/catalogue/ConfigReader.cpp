@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/ConfigReader.h>
 
-#include <vaultry/catalogue/MemoryBudget.h>
-
 #include <vaultry/catalogue/ConfigLoader.h>
+#include <vaultry/catalogue/ParserMemory.h>
 #include <vaultry/catalogue/XmlFileSource.h>
 #include <vaultry/catalogue/XmlText.h>
 
@@ -15,7 +14,6 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PanicHandler.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
@@ -34,14 +32,11 @@ using xercesc::XMLUni;
 
 constexpr const char* kOutOfMemory = "out of memory";
 
-constexpr XMLSize_t kMaxEntityExpansions = 1000;
-
-// Enough for the longest run of text with its copies.
-constexpr std::size_t kMaxParserMemory = std::size_t{384} << 20;
-
 // The parser hands over longer text in pieces, which would end a name where nothing ends it. Text
 // of this length is refused anyway.
-constexpr XMLSize_t kLongestRun = ConfigLoader::kMaxText + 1;
+XMLSize_t LongestRun() {
+    return static_cast<XMLSize_t>(LoadBudget::Most(LoadBudget::Of::Text)) + 1;
+}
 
 // The parser's own manager throws what is no std::exception.
 class GlobalMemory : public xercesc::MemoryManager {
@@ -100,7 +95,7 @@ private:
 };
 
 // A configuration has no DTD and no schema; nothing outside its file is ever opened.
-void MakeSafe(xercesc::SAX2XMLReader& reader, xercesc::SecurityManager& limits) {
+void MakeSafe(xercesc::SAX2XMLReader& reader) {
     const std::array<std::pair<const XMLCh*, bool>, 5> features = {{
         {XMLUni::fgXercesDisableDefaultEntityResolution, true},
         {XMLUni::fgXercesLoadExternalDTD, false},
@@ -111,23 +106,22 @@ void MakeSafe(xercesc::SAX2XMLReader& reader, xercesc::SecurityManager& limits) 
     for (const auto& [feature, value] : features) {
         reader.setFeature(feature, value);
     }
-    limits.setEntityExpansionLimit(kMaxEntityExpansions);
-    reader.setProperty(XMLUni::fgXercesSecurityManager, &limits);
 }
 
 // Asks whether the load is still wanted whenever the parser wants more: between two elements there
 // may be much that the loader hears nothing of.
 class AskingStream : public xercesc::BinInputStream {
 public:
-    AskingStream(std::unique_ptr<xercesc::BinInputStream> stream_, const ConfigLoader& loader_)
-        : stream(std::move(stream_)), loader(loader_) {}
+    AskingStream(std::unique_ptr<xercesc::BinInputStream> stream_, LoadBudget& budget_)
+        : stream(std::move(stream_)), budget(budget_) {}
 
     XMLFilePos curPos() const override { return stream->curPos(); }
 
     XMLSize_t readBytes(XMLByte* const toFill, const XMLSize_t maxToRead) override {
         // The parser loses memory when its first look at a document is interrupted.
         if (curPos() > 0) {
-            loader.Ask();
+            budget.Settle();
+            budget.Ask();
         }
         return stream->readBytes(toFill, maxToRead);
     }
@@ -136,22 +130,22 @@ public:
 
 private:
     std::unique_ptr<xercesc::BinInputStream> stream;
-    const ConfigLoader& loader;
+    LoadBudget& budget;
 };
 
 class AskingSource : public xercesc::InputSource {
 public:
-    AskingSource(const xercesc::InputSource& source_, const ConfigLoader& loader_)
-        : xercesc::InputSource(source_.getSystemId()), source(source_), loader(loader_) {}
+    AskingSource(const xercesc::InputSource& source_, LoadBudget& budget_)
+        : xercesc::InputSource(source_.getSystemId()), source(source_), budget(budget_) {}
 
     xercesc::BinInputStream* makeStream() const override {
         std::unique_ptr<xercesc::BinInputStream> stream(source.makeStream());
-        return stream ? new AskingStream(std::move(stream), loader) : nullptr;
+        return stream ? new AskingStream(std::move(stream), budget) : nullptr;
     }
 
 private:
     const xercesc::InputSource& source;
-    const ConfigLoader& loader;
+    LoadBudget& budget;
 };
 
 // `makeSource` is called inside, so that what opening the source throws is reported too.
@@ -159,7 +153,7 @@ template <typename MakeSource>
 void Parse(xercesc::SAX2XMLReader& reader, ConfigLoader& loader, MakeSource makeSource) {
     try {
         const auto source = makeSource();
-        reader.parse(AskingSource(source, loader));
+        reader.parse(AskingSource(source, loader.Budget()));
     } catch (const xercesc::SAXParseException& e) {
         loader.fatalError(e);
     } catch (const xercesc::SAXException& e) {
@@ -175,16 +169,16 @@ void Parse(xercesc::SAX2XMLReader& reader, ConfigLoader& loader, MakeSource make
 
 template <typename MakeSource>
 void Read(ConfigLoader& loader, MakeSource makeSource) {
-    loader.Ask();
-    xercesc::SecurityManager limits;
-    MemoryBudget memory(kMaxParserMemory);
+    loader.Budget().Ask();
+    ParserMemory memory(loader.Budget());
     std::unique_ptr<xercesc::SAX2XMLReaderImpl> reader;
     try {
         reader = std::make_unique<xercesc::SAX2XMLReaderImpl>(&memory);
-        MakeSafe(*reader, limits);
-        reader->setInputBufferSize(kLongestRun);
+        MakeSafe(*reader);
+        reader->setInputBufferSize(LongestRun());
         reader->setContentHandler(&loader);
         reader->setErrorHandler(&loader);
+        reader->setDeclarationHandler(&loader);
         Parse(*reader, loader, makeSource);
     } catch (const xercesc::OutOfMemoryException&) {
         // The budget is spent: the document asks for too much.
