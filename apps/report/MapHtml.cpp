@@ -18,13 +18,14 @@ namespace {
 
 constexpr std::int32_t kAbove = 24; // of a grid
 
-// Nothing may be loaded, and nothing runs: layers are switched by rules alone.
+// Nothing may be loaded, and nothing runs: layers are switched by rules alone. The page is XML too,
+// so that a mistake in it is found by a parser.
 constexpr std::string_view kHead =
-    "<meta charset=\"utf-8\">\n"
-    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+    "<meta charset=\"utf-8\"/>\n"
+    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
     "<meta http-equiv=\"Content-Security-Policy\" "
-    "content=\"default-src 'none'; style-src 'unsafe-inline'; img-src data:\">\n"
-    "<link rel=\"icon\" href=\"data:,\">\n";
+    "content=\"default-src 'none'; style-src 'unsafe-inline'; img-src data:\"/>\n"
+    "<link rel=\"icon\" href=\"data:,\"/>\n";
 
 constexpr std::string_view kLightPage = R"(:root{color-scheme:light;--paper:#fff;--ink:#222;
 --faint:#555;--line:#d5d0c4;--band:#f6f2e8;--link:#6a2fb0;--warn:#c80000;--spot:#7a3fc0}
@@ -86,8 +87,8 @@ std::string PageStyle(MapLook look) {
 }
 
 std::string CheckBox(const std::string& id, std::string_view words) {
-    return "<label><input type=\"checkbox\" id=\"" + id + "\" checked> " + std::string(words) +
-           "</label>\n";
+    return "<label><input type=\"checkbox\" id=\"" + id + "\" checked=\"\"/> " +
+           std::string(words) + "</label>\n";
 }
 
 std::string Switches() {
