@@ -53,7 +53,8 @@ std::vector<std::string> VerbNames(const CommandHelp& help) {
     return names;
 }
 
-// One case of the word before the cursor: what may follow the switch.
+// One case of the word before the cursor: what may follow the switch. Names of files are read line
+// by line: the shell would take them apart at blanks and take their stars for patterns.
 void WriteBashValue(std::ostream& script, const std::string& verb, const OptionHelp& option) {
     std::vector<std::string> spellings;
     for (const std::string& name : option.names) {
@@ -64,7 +65,7 @@ void WriteBashValue(std::ostream& script, const std::string& verb, const OptionH
     if (!option.words.empty()) {
         script << "COMPREPLY=($(compgen -W '" << JoinWords(option.words, " ") << "' -- \"$word\"))";
     } else if (const PathKind* kind = FindPathKind(option.value)) {
-        script << "COMPREPLY=($(compgen " << kind->bash << " -- \"$word\"))";
+        script << "mapfile -t COMPREPLY < <(compgen " << kind->bash << " -- \"$word\")";
     } else {
         script << "COMPREPLY=()"; // a number or a name of the configuration
     }
@@ -148,7 +149,7 @@ std::string BashCompletion(const CommandHelp& help) {
               "  if [[ $word == -* ]]; then\n"
               "    COMPREPLY=($(compgen -W \"$switches\" -- \"$word\"))\n"
               "  else\n"
-              "    COMPREPLY=($(compgen -f -- \"$word\"))\n"
+              "    mapfile -t COMPREPLY < <(compgen -f -- \"$word\")\n"
               "  fi\n"
               "}\n"
               "complete -o filenames -F _vaultry vaultry\n";

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <sstream>
 #include <string>
 
@@ -31,7 +32,7 @@ protected:
     std::string Complete(const std::string& words) const {
         Write("completion", Run({"completion", "bash"}).out);
         Write("ask",
-              "source " + File("completion") + "\nCOMP_WORDS=(" + words +
+              "cd '" + File("") + "'\nsource ./completion\nCOMP_WORDS=(" + words +
                   ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_vaultry\n"
                   "printf '%s\\n' \"${COMPREPLY[@]}\"\n");
         std::string answers;
@@ -93,6 +94,16 @@ TEST_F(ManualTest, BashCompletesTheSwitchesOfAVerb) {
 TEST_F(ManualTest, BashCompletesTheWordsOfASwitch) {
     EXPECT_EQ(Complete("vaultry generate --size ''"), "Random\nTiny\nSmall\nMedium\nLarge\n");
     EXPECT_EQ(Complete("vaultry map --spacing Semi"), "Semi-tight\nSemi-loose\n");
+}
+
+TEST_F(ManualTest, BashCompletesFilesOfAnyName) {
+    for (const char* name : {"two words.xml", "*", "$(touch made)", "a;b"}) {
+        Write(name, "");
+    }
+    EXPECT_EQ(Complete("vaultry list -c tw"), "two words.xml\n");
+    EXPECT_EQ(Complete("vaultry inspect '$'"), "$(touch made)\n");
+    EXPECT_EQ(Complete("vaultry inspect '*'"), "*\n");
+    EXPECT_FALSE(std::filesystem::exists(File("made")));
 }
 
 TEST_F(ManualTest, BashOffersNothingForANumber) {
