@@ -5,9 +5,16 @@
 
 #include <gtest/gtest.h>
 
+#include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/HarmlessText.h>
 
+#include <cstdlib>
+#include <random>
+#include <sstream>
 #include <string>
+#include <string_view>
+#include <tests/support/LeftOut.h>
+#include <tests/support/TempDir.h>
 #include <vector>
 
 namespace Tarnex::Test {
@@ -53,6 +60,68 @@ std::string Refusal(const std::string& line) {
     }
     return {};
 }
+
+// Words of signs that mean something to shells, and of bytes that could harm a terminal.
+Words RandomWords(std::string_view signs) {
+    constexpr int kWords = 2000;
+    constexpr unsigned kLongest = 12;
+    std::minstd_rand chance(1);
+    Words words(kWords);
+    for (std::string& word : words) {
+        for (std::size_t length = chance() % kLongest; word.size() < length;) {
+            word += signs[chance() % signs.size()];
+        }
+    }
+    return words;
+}
+
+constexpr std::string_view kSigns = "ab$(`)'\"\\;|&<>*?[]{}~#!=- ^%,@/.";
+constexpr std::string_view kBytes = "ab01'\\$ \n\r\t\x01\x1B\x7F\x80\x9B\xAE\xC2\xE2\xFF";
+
+TEST(SplitCommandLineTest, TakesApartAnyWords) {
+    for (const std::string_view signs : {kSigns, kBytes}) {
+        const Words words = RandomWords(signs);
+        std::string line;
+        for (const std::string& word : words) {
+            line += ForShell(word) + ' ';
+        }
+        EXPECT_EQ(Cli::SplitCommandLine(line), words);
+        EXPECT_EQ(ForTerminal(line), line);
+    }
+}
+
+#ifndef _WIN32
+// What the shell passes on when it is given the words in one line.
+Words PassedOnBy(const std::string& shell, const Words& words) {
+    const TempDir folder;
+    std::string line = "printf '%s\\0'";
+    for (const std::string& word : words) {
+        line += ' ' + ForShell(word);
+    }
+    const std::string script = folder.Write("script", line + '\n');
+    const std::string command = shell + " '" + script + "' > '" + folder.File("words") + '\'';
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    Words passed;
+    std::istringstream stream(ReadFile(PathFromUtf8(folder.File("words"))));
+    for (std::string word; std::getline(stream, word, '\0');) {
+        passed.push_back(word);
+    }
+    return passed;
+}
+
+TEST(SplitCommandLineTest, ShellsPassOnTheSameWords) {
+    EXPECT_EQ(PassedOnBy("sh", RandomWords(kSigns)), RandomWords(kSigns));
+    EXPECT_EQ(PassedOnBy("bash", RandomWords(kSigns)), RandomWords(kSigns));
+    EXPECT_EQ(PassedOnBy("bash", RandomWords(kBytes)), RandomWords(kBytes));
+}
+
+// A shell that does not know $'...' takes the words for others, but never for more than words.
+TEST(SplitCommandLineTest, NoShellTakesAWordForACommand) {
+    EXPECT_EQ(PassedOnBy("sh", RandomWords(kBytes)).size(), RandomWords(kBytes).size());
+}
+#else
+VAULTRY_LEFT_OUT_ON_WINDOWS(SplitCommandLineTest, "has no POSIX shell")
+#endif
 
 TEST(SplitCommandLineTest, RefusesWhatAShellWouldActUpon) {
     for (const char sign : "$`;&|<>*?[]{}()~#!\"\n\t\r^"s) {
