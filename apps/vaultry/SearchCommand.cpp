@@ -13,6 +13,7 @@
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/ConsoleStatus.h"
 #include "apps/vaultry/GenerateWords.h"
+#include "apps/vaultry/Leftover.h"
 #include "apps/vaultry/LibraryLog.h"
 #include "apps/vaultry/MapCommand.h"
 #include "apps/vaultry/MapFiles.h"
@@ -28,7 +29,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
+#include <memory>
 #include <stdexcept>
 #include <thread>
 
@@ -100,14 +101,16 @@ ExitStatus Merge(const SearchOptions& options, const Query& query, const Console
     // Watched until the temporary file is gone.
     const CancelSignals signals;
     CsvFile table(options.csv);
-    MergedHits all = ReadTables(options.merge, query.where, signals);
+    // Millions take a while to be given up one by one, which nobody who cancels waits for.
+    const auto all = std::make_shared<MergedHits>(ReadTables(options.merge, query.where, signals));
+    KeepToTheEnd(all);
+    Search::Ranking ranking(query.order, options.top);
+    while (!all->empty() && !signals.Requested()) {
+        ranking.Add(std::move(all->extract(all->begin()).value()));
+    }
     if (signals.Requested()) {
         console.Say("cancelled, nothing was merged");
         return ExitStatus::Canceled;
-    }
-    Search::Ranking ranking(query.order, options.top);
-    while (!all.empty()) {
-        ranking.Add(std::move(all.extract(all.begin()).value()));
     }
     SearchReport report;
     report.options = options;

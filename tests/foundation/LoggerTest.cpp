@@ -136,6 +136,12 @@ TEST_F(LoggerTest, BytesOfTheCodePageReachTheFileAsTheyAre) {
     EXPECT_EQ(ErrorLines(), (Lines{"Error : S : caf\xE9 \x80\x81\xFF"}));
 }
 
+TEST_F(LoggerTest, WhatNoConfigurationCanHoldIsReplacedInTheFileAlone) {
+    Logger::WriteError("XmlOut", "a\x01\x1B[2J\tb\r\nc\x7F\x9B");
+    EXPECT_EQ(LogBytes(), "Error : XmlOut : a??[2J\tb\r\nc\x7F\x9B\n");
+    EXPECT_EQ(ErrorLines(), Lines{"Error : XmlOut : a\x01\x1B[2J\tb\r\nc\x7F\x9B"});
+}
+
 TEST_F(LoggerTest, AnEmptyMessageIsALineLikeAnyOther) {
     Logger::WriteInfo("S", "%s", "");
     EXPECT_EQ(LogBytes(), "Info : S : \n");
