@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Documents in several encodings; what they say is Windows-1252 in the store.
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Text.h>
+
 #include <tests/catalogue/LoaderTest.h>
 
 namespace Tarnex::Test {
@@ -68,6 +71,47 @@ TEST_F(LoadEncodingTest, AnUnknownEncodingIsFatal) {
     EXPECT_TRUE(config.contentMgr->GetRugs().empty());
     EXPECT_EQ(ErrorLines().size(), 1U);
     EXPECT_NE(FatalLine(), "");
+}
+
+// The system's converter knows them, or another one does.
+TEST_F(LoadEncodingTest, AnEncodingThatIsNotNamedIsFatalWhateverTheSystemKnows) {
+    for (const char* encoding : {"KOI8-R",
+                                 "windows-1251",
+                                 "cp1252",
+                                 "ISO-8859-15",
+                                 "UTF-7",
+                                 "EUC-JP",
+                                 "IBM1140",
+                                 "UTF-32",
+                                 "utf-8-sig"}) {
+        SCOPED_TRACE(encoding);
+        Logger::ResetErrors();
+        LoadDocument(Document(encoding, "red"));
+        EXPECT_TRUE(config.contentMgr->GetRugs().empty());
+        EXPECT_EQ(ErrorLines().size(), 1U);
+        const std::string fatal = ToUpper(FatalLine());
+        EXPECT_NE(fatal.find(ToUpper(encoding)), std::string::npos) << fatal;
+    }
+}
+
+TEST_F(LoadEncodingTest, FourBytesForEachCharacterAreFatal) {
+    std::string bytes;
+    for (const char c : Document("UCS-4", "red")) {
+        bytes += std::string{c, '\0', '\0', '\0'};
+    }
+    LoadDocument(bytes);
+    EXPECT_TRUE(config.contentMgr->GetRugs().empty());
+    EXPECT_NE(FatalLine(), "");
+}
+
+TEST_F(LoadEncodingTest, OtherNamesOfTheEncodingsAreRead) {
+    for (const char* encoding : {"UTF8", "utf8", "latin1", "L1", "iso_8859-1", "ascii", "CP819"}) {
+        SCOPED_TRACE(encoding);
+        EXPECT_EQ(RugIn(Document(encoding, "red")), "red");
+    }
+    EXPECT_EQ(RugIn(ToUtf16(Document("UTF-16LE", "red"), false)), "red");
+    EXPECT_EQ(RugIn(ToUtf16(Document("UTF-16BE", "red"), true)), "red");
+    EXPECT_TRUE(LogLines().empty());
 }
 
 TEST_F(LoadEncodingTest, MalformedUtf8IsFatal) {

@@ -123,6 +123,20 @@ TEST_F(PlatformsTest, WestWallHasItsBeamsInTheLastColumn) {
               }));
 }
 
+// Two negative counts make no positive number of slabs.
+TEST_F(PlatformsTest, SlabsOfNegativeSizeAreNotLaidButTheStairsStand) {
+    for (const float size : {-8.0F, -1e-9F, -1e-30F}) {
+        for (const char* kind : {"WallN", "WallS", "WallE", "WallW"}) {
+            for (const float other : {size, 1e-9F}) {
+                const DiPtr<Platform> kit = Kit(false);
+                kit->Set(Piece("Floor", Di3Point(size, other, 16.0F), Di3Point()));
+                EXPECT_EQ(Pieces(kind, *kit).size(), 1U) << kind;
+            }
+        }
+    }
+    EXPECT_TRUE(ErrorLines().empty());
+}
+
 TEST_F(PlatformsTest, HalfWallHasHalfTheRows) {
     for (const int area : {AreaHalf, AreaQuarter}) {
         EXPECT_EQ(Pieces("WallN", *Kit(), area),

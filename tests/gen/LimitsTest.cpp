@@ -101,7 +101,7 @@ TEST_F(LimitsTest, NoThemeIsNamedOnceFurnishingHasEnded) {
                     "100000 were tried."});
 }
 
-TEST_F(LimitsTest, APlatformOfTinyPiecesIsRefused) {
+TEST_F(LimitsTest, APlatformOfTinyPiecesLacksThoseBeyondTheLimit) {
     OpenGen gen(info);
     Platform platform;
     platform.SetName("Sand");
@@ -109,12 +109,30 @@ TEST_F(LimitsTest, APlatformOfTinyPiecesIsRefused) {
     floor.kindName = "Floor";
     floor.size = Di3Point(0.25F, 0.25F, 1.0F);
     platform.Set(floor);
+    floor.kindName = "StairsUpN";
+    floor.id = "stairs";
+    platform.Set(floor);
     const DiPtr<GridElmt> wall = ToElmt("wN", *tiles);
     gen.AddPlatform(*wall, platform);
-    EXPECT_TRUE(wall->platforms.empty());
+    ASSERT_EQ(wall->platforms.size(), 10'001U);
+    EXPECT_EQ(wall->platforms.front()->id, "stairs");
     EXPECT_EQ(ErrorLines(),
               Lines{"Error : Generator : Platform 'Sand' asks for 1024 x 1024 floor pieces in a "
                     "cell.  Max = 10000."});
+}
+
+TEST_F(LimitsTest, APlatformOfTenThousandPiecesIsWhole) {
+    Platform platform;
+    PlatformTile floor;
+    floor.kindName = "Floor";
+    floor.size = Di3Point(2.56F, 2.56F, 1.0F);
+    platform.Set(floor);
+    floor.kindName = "Beam";
+    platform.Set(floor);
+    const DiPtr<GridElmt> wall = ToElmt("wN", *tiles);
+    OpenGen(info).AddPlatform(*wall, platform);
+    EXPECT_EQ(wall->platforms.size(), 10'002U); // with a beam at both ends
+    EXPECT_TRUE(ErrorLines().empty());
 }
 
 TEST_F(LimitsTest, ALevelThatWouldNotFitIntoMemoryIsGivenUp) {

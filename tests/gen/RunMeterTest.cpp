@@ -227,6 +227,10 @@ TEST_F(RunMeterTest, PlatformsOfAllWallsTogetherAreLimited) {
     info.config.platformList = {MakeDi<Platform>()};
     info.config.platformList.front()->SetName("Sand");
     info.config.platformList.front()->Set(floor);
+    for (const char* kind : {"StairsUpN", "Beam"}) {
+        floor.kindName = kind;
+        info.config.platformList.front()->Set(floor);
+    }
     info.meter.Start(nullptr);
     OpenGen gen(info);
     std::string map;
@@ -236,10 +240,11 @@ TEST_F(RunMeterTest, PlatformsOfAllWallsTogetherAreLimited) {
     const DiPtr<Layout> layout = ToLayout(map, *tiles);
     gen.AddPlatforms(*layout);
     EXPECT_EQ(ErrorLines(),
-              Lines{"Error : Generator : Platform 'Sand' asks for more than 1000000 pieces in all; "
-                    "the rest of the walls stay without."});
-    EXPECT_TRUE(layout->GetElmt(0, 109)->platforms.empty());
-    EXPECT_FALSE(layout->GetElmt(0, 99)->platforms.empty());
+              Lines{"Error : Generator : Platform 'Sand' asks for more than 1000000 floor "
+                    "pieces in all; the rest of the walls stay without."});
+    EXPECT_EQ(layout->GetElmt(0, 99)->platforms.size(), 10'003U); // with two beams
+    EXPECT_EQ(layout->GetElmt(0, 100)->platforms.size(), 1U);     // the stairs
+    EXPECT_EQ(layout->GetElmt(0, 109)->platforms.size(), 1U);
 }
 
 TEST_F(RunMeterTest, PlacingEndsAfterSoManySteps) {

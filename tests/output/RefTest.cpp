@@ -53,6 +53,16 @@ TEST(RefTest, WritesIndexPositionAndRotation) {
                   Hex("00 00 00 80  00 00 80 3E  00 00 40 40"));
 }
 
+TEST(RefTest, WhatIsNoNumberIsWrittenAlikeWhateverItsSignAndBits) {
+    Ref ref("a");
+    ref.position = Di3Point(std::nanf(""), -std::nanf(""), std::nanf("0x1234"));
+    EXPECT_EQ(Written(ref),
+              "FRMR" + Hex("04 00 00 00 00 00 00 00") +          //
+                  "NAME" + Hex("02 00 00 00") + "a" + Zeros(1) + //
+                  "DATA" + Hex("18 00 00 00") +                  //
+                  Hex("00 00 C0 FF  00 00 C0 FF  00 00 C0 FF") + Zeros(12));
+}
+
 TEST(RefTest, AScaleOtherThan1IsWritten) {
     Ref ref("a");
     ref.scale = 0.5F;

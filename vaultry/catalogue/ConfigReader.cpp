@@ -5,6 +5,7 @@
 #include <vaultry/catalogue/ParserMemory.h>
 #include <vaultry/catalogue/XmlFileSource.h>
 #include <vaultry/catalogue/XmlText.h>
+#include <vaultry/foundation/Text.h>
 
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/MemoryManager.hpp>
@@ -17,6 +18,7 @@
 #include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <memory>
@@ -108,6 +110,40 @@ void MakeSafe(xercesc::SAX2XMLReader& reader) {
     }
 }
 
+// What the parser converts by itself. Beyond that it asks the system, and a document would load on
+// one machine and not on another.
+constexpr std::array<std::string_view, 30> kEncodings = {
+    "UTF-8",       "UTF8",        "UTF-16",    "UTF16",      "UTF-16LE",        "UTF-16BE",
+    "UTF-16 (LE)", "UTF-16 (BE)", "UCS-2",     "UCS2",       "ISO-10646-UCS-2", "IBM-1200",
+    "IBM1200",     "ISO-8859-1",  "ISO8859-1", "ISO_8859-1", "LATIN-1",         "LATIN1",
+    "LATIN_1",     "L1",          "IBM-819",   "IBM819",     "CP819",           "CSISOLATIN1",
+    "ISO-IR-100",  "US-ASCII",    "US_ASCII",  "USASCII",    "ASCII",           "WINDOWS-1252",
+};
+
+class Reader : public xercesc::SAX2XMLReaderImpl {
+public:
+    Reader(xercesc::MemoryManager* memory, ConfigLoader& loader_)
+        : xercesc::SAX2XMLReaderImpl(memory), loader(loader_) {}
+
+    // Judged by its declaration: where that contradicts the bytes, the parser goes by the bytes.
+    void XMLDecl(const XMLCh* const /*version*/,
+                 const XMLCh* const declared,
+                 const XMLCh* const /*standalone*/,
+                 const XMLCh* const found) override {
+        const std::string name = Narrow(*declared != 0 ? declared : found);
+        const bool read = std::ranges::any_of(
+            kEncodings, [&name](std::string_view known) { return EqualsNoCase(name, known); });
+        if (!read) {
+            loader.Budget().Stop("the encoding '" + name +
+                                 "' is not read; save the file as UTF-8, UTF-16, ISO-8859-1, "
+                                 "US-ASCII or windows-1252");
+        }
+    }
+
+private:
+    ConfigLoader& loader;
+};
+
 // Asks whether the load is still wanted whenever the parser wants more: between two elements there
 // may be much that the loader hears nothing of.
 class AskingStream : public xercesc::BinInputStream {
@@ -171,9 +207,9 @@ template <typename MakeSource>
 void Read(ConfigLoader& loader, MakeSource makeSource) {
     loader.Budget().Ask();
     ParserMemory memory(loader.Budget());
-    std::unique_ptr<xercesc::SAX2XMLReaderImpl> reader;
+    std::unique_ptr<Reader> reader;
     try {
-        reader = std::make_unique<xercesc::SAX2XMLReaderImpl>(&memory);
+        reader = std::make_unique<Reader>(&memory, loader);
         MakeSafe(*reader);
         reader->setInputBufferSize(LongestRun());
         reader->setContentHandler(&loader);

@@ -91,13 +91,8 @@ void LoadBudget::Settle() {
     const auto passed = std::ranges::find_if_not(
         kLimits, [this](const LimitRow& row) { return Affords(row.what, 0); });
     if (passed != kLimits.end()) {
-        const std::string text =
-            std::string(passed->before) + std::to_string(passed->most) + std::string(passed->after);
-        const std::u16string message(text.begin(), text.end());
-        if (place == nullptr) {
-            throw xercesc::SAXParseException(message.c_str(), u"", u"", 0, 0);
-        }
-        throw xercesc::SAXParseException(message.c_str(), *place);
+        Stop(std::string(passed->before) + std::to_string(passed->most) +
+             std::string(passed->after));
     }
     if (mustAsk) {
         mustAsk = false;
@@ -108,6 +103,14 @@ void LoadBudget::Settle() {
 void LoadBudget::Spend(Of what, std::uint64_t amount) {
     Count(what, amount);
     Settle();
+}
+
+void LoadBudget::Stop(const std::string& message) const {
+    const std::u16string wide(message.begin(), message.end());
+    if (place == nullptr) {
+        throw xercesc::SAXParseException(wide.c_str(), u"", u"", 0, 0);
+    }
+    throw xercesc::SAXParseException(wide.c_str(), *place);
 }
 
 void LoadBudget::Ask() const {

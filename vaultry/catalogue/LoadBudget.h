@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace Tarnex {
 
@@ -57,6 +58,9 @@ public:
 
     /// Count and Settle.
     void Spend(Of what, std::uint64_t amount = 1);
+
+    /// Throws a SAXParseException with that message (ASCII) at the place reached.
+    [[noreturn]] void Stop(const std::string& message) const;
 
     /// Throws LoadCanceled when the load was cancelled.
     void Ask() const;

@@ -48,7 +48,8 @@ private:
     struct Spare {
         Spare* next;
     };
-    static_assert(Size >= sizeof(Spare) && Size % alignof(std::max_align_t) == 0);
+    // The size of an object is a multiple of its alignment, so that each lies as it must.
+    static_assert(Size >= sizeof(Spare) && Size % alignof(Spare) == 0);
 
     static constexpr std::size_t kPerBlock = 128;
     static constexpr std::align_val_t kCacheLine{64};

@@ -85,8 +85,12 @@ protected:
     /// Raises a platform, chosen by chance from the configuration, along every wall.
     void AddPlatforms(Layout& layout);
     /// Builds the platform along the wall or in the corner that the element is. A platform without
-    /// a floor piece adds nothing; too many pieces, or another kind of element, are logged.
+    /// a floor piece adds nothing; too many floor pieces are left out and logged, another kind of
+    /// element is logged.
     void AddPlatform(GridElmt& elmt, const Platform& platform) const;
+    /// The same with `left` floor pieces at most, and as many less for the next as this one asks
+    /// for: a negative number says that some were left out.
+    void RaisePlatform(GridElmt& elmt, const Platform& platform, std::int64_t& left) const;
 
     // Contents.
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace Tarnex {
 
@@ -90,14 +91,34 @@ void PlaceRow(GridElmt& elmt,
               const Platform& platform,
               const PlatformPlan& plan,
               const PlatformTile& floor,
-              Slab slab) {
+              Slab slab,
+              std::int64_t& left) {
     slab.x = plan.x;
-    for (slab.column = 0; slab.column < plan.columns; ++slab.column) {
+    for (slab.column = 0; slab.column < plan.columns && left > 0; ++slab.column) {
+        --left;
         if (!PlaceSlab(elmt, platform, plan, floor, slab)) {
             return;
         }
         Add(slab.x, floor.size.x);
     }
+}
+
+// The slabs of the plan, row by row, up to `most` of them.
+void PlaceFloor(GridElmt& elmt,
+                const Platform& platform,
+                const PlatformPlan& plan,
+                const PlatformTile& floor,
+                std::int64_t most) {
+    Slab slab{0, 0, 0.0F, plan.y};
+    for (; slab.row < plan.rows && most > 0; ++slab.row) {
+        PlaceRow(elmt, platform, plan, floor, slab, most);
+        Add(slab.y, floor.size.y);
+    }
+}
+
+std::int64_t SlabCount(const PlatformPlan& plan) {
+    const bool none = plan.columns <= 0 || plan.rows <= 0;
+    return none ? 0 : std::int64_t{plan.columns} * plan.rows;
 }
 
 } // namespace
@@ -111,22 +132,25 @@ void GenIntBase::AddPlatforms(Layout& layout) {
     const Platform& platform = *platforms[static_cast<std::size_t>(pick)];
     SortedElmts sorted;
     SortLayout(sorted, layout);
-    std::int64_t pieces = 0;
+    std::int64_t left = kMaxPlatformPieces;
     for (GridElmt* wall : sorted.walls) {
-        if (pieces > kMaxPlatformPieces) {
-            Logger::WriteError(S_LogSrc,
-                               "Platform '%s' asks for more than %d pieces in all; the rest of the "
-                               "walls stay without.",
-                               platform.GetName().c_str(),
-                               static_cast<int>(kMaxPlatformPieces));
-            return;
-        }
-        AddPlatform(*wall, platform);
-        pieces += static_cast<std::int64_t>(wall->platforms.size());
+        RaisePlatform(*wall, platform, left);
+    }
+    if (left < 0) {
+        Logger::WriteError(S_LogSrc,
+                           "Platform '%s' asks for more than %d floor pieces in all; the rest of "
+                           "the walls stay without.",
+                           platform.GetName().c_str(),
+                           static_cast<int>(kMaxPlatformPieces));
     }
 }
 
 void GenIntBase::AddPlatform(GridElmt& elmt, const Platform& platform) const {
+    std::int64_t left = kMaxPlatformPieces;
+    RaisePlatform(elmt, platform, left);
+}
+
+void GenIntBase::RaisePlatform(GridElmt& elmt, const Platform& platform, std::int64_t& left) const {
     const DiPtr<PlatformTile> floor = platform.Get(Platform_Floor);
     if (!floor) {
         return;
@@ -141,27 +165,24 @@ void GenIntBase::AddPlatform(GridElmt& elmt, const Platform& platform) const {
                            first.kindName.c_str());
         return;
     }
-    if (std::int64_t{plan->columns} * plan->rows > kMaxFloorPieces) {
+    if (plan->stairs) {
+        PlaceStairs(elmt, platform, *plan->stairs, tileSize);
+    }
+    if (SlabCount(*plan) > kMaxFloorPieces) {
         Logger::WriteError(S_LogSrc,
                            "Platform '%s' asks for %d x %d floor pieces in a cell.  Max = %d.",
                            platform.GetName().c_str(),
                            plan->columns,
                            plan->rows,
                            static_cast<int>(kMaxFloorPieces));
-        return;
     }
-    const std::int64_t pieces = std::int64_t{plan->columns} * plan->rows;
-    info.meter.Step(pieces);
-    info.meter.TakeMemory(static_cast<std::uint64_t>(std::max<std::int64_t>(pieces, 0)) *
+    const std::int64_t wanted = std::min(SlabCount(*plan), kMaxFloorPieces);
+    const std::int64_t slabs = std::clamp<std::int64_t>(left, 0, wanted);
+    left -= wanted;
+    info.meter.Step(slabs);
+    info.meter.TakeMemory(static_cast<std::uint64_t>(slabs) *
                           (sizeof(PlatformTile) + floor->id.size()));
-    if (plan->stairs) {
-        PlaceStairs(elmt, platform, *plan->stairs, tileSize);
-    }
-    Slab slab{0, 0, 0.0F, plan->y};
-    for (; slab.row < plan->rows; ++slab.row) {
-        PlaceRow(elmt, platform, *plan, *floor, slab);
-        Add(slab.y, floor->size.y);
-    }
+    PlaceFloor(elmt, platform, *plan, *floor, slabs);
 }
 
 } // namespace Tarnex

@@ -93,7 +93,7 @@ std::int32_t EdgeIndex(Edge edge, std::int32_t count) {
     case Edge::Near:
         return 0;
     case Edge::Far:
-        return count - 1;
+        return count > 0 ? count - 1 : PlatformPlan::kNoBeams;
     default:
         return PlatformPlan::kNoBeams;
     }

@@ -21,11 +21,11 @@ struct StairsPlan {
 /// The slabs of one element's platform: a grid of `columns` by `rows` from (x, y), growing by the
 /// slab's size, at the height z. [world units]
 struct PlatformPlan {
-    std::int32_t columns;             ///< 0 for slabs larger than the place
-    std::int32_t rows;                ///< likewise
-    float x;                          ///< of the first slab
-    float y;                          ///< of the first slab
-    float z;                          ///< of all slabs
+    std::int32_t columns; ///< 0 for slabs larger than the place, less for a negative size
+    std::int32_t rows;    ///< likewise
+    float x;              ///< of the first slab
+    float y;              ///< of the first slab
+    float z;              ///< of all slabs
     std::optional<StairsPlan> stairs; ///< walls have some, corners none
     std::int32_t beamRow;             ///< the row with beams at both ends, or kNoBeams
     std::int32_t beamColumn;          ///< the column with beams at both ends, or kNoBeams

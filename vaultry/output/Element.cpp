@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <ostream>
 
@@ -114,8 +115,10 @@ void Element::WriteText(std::ostream& stream,
     WriteString(stream, text, length);
 }
 
+// Processors differ in the sign and the rest of the bits that an undefined result has.
 std::uint32_t Element::FloatBits(float value) {
-    return std::bit_cast<std::uint32_t>(value);
+    constexpr std::uint32_t kNoNumber = 0xFFC00000;
+    return std::isnan(value) ? kNoNumber : std::bit_cast<std::uint32_t>(value);
 }
 
 std::uint32_t Element::FieldLength(const std::string& text) {

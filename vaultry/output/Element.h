@@ -55,7 +55,7 @@ protected:
                    const std::string& text,
                    std::uint32_t length) const;
 
-    /// The bits of a float as they stand in the file.
+    /// The bits of a float as they stand in the file; what is no number is one and the same there.
     static std::uint32_t FloatBits(float value);
 
     /// The length of the field that holds `text` and its closing zero byte. [bytes]
