@@ -19,7 +19,7 @@ namespace {
 }
 
 std::string LoadBytes(const std::string& path) {
-    std::string bytes(RequireOrdinaryFile(path), '\0');
+    std::string bytes(static_cast<std::size_t>(RequireOrdinaryFile(path)), '\0');
     std::ifstream stream(PathFromUtf8(path), std::ios::binary);
     if (!stream || !stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
         Refuse(path, "cannot be read");

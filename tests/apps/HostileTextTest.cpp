@@ -478,4 +478,7 @@ TEST_F(HostileTextTest, AsCellsOfATable) {
 
 } // namespace Tarnex::Test
 
+#else
+#include <tests/support/LeftOut.h>
+VAULTRY_LEFT_OUT_ON_WINDOWS(HostileTextTest, "has no such names of files")
 #endif

@@ -104,8 +104,12 @@ TEST(HarmlessTextTest, CellsOfATableAreNoFormulas) {
 TEST(HarmlessTextTest, JsonStandsForTheSameInHarmlessCharacters) {
     EXPECT_EQ(ForJson("{\n  \"a\": \"\\u001b\x7F\u009B\u202E\u2069ä\"\n}\n"),
               "{\n  \"a\": \"\\u001b\\u007f\\u009b\\u202e\\u2069ä\"\n}\n");
+    EXPECT_EQ(ForJson("\u0080"), "\\u0080");
+    EXPECT_EQ(ForJson("\u2028a\u2029\x7F"), "\\u2028a\\u2029\\u007f");
+    EXPECT_EQ(ForJson(""), "");
     for (const std::string& c : Harmless()) {
-        EXPECT_EQ(ForJson(c), c);
+        EXPECT_EQ(ForJson(c + "a" + c), c + "a" + c);
+        EXPECT_EQ(ForJson(c + "\x7F" + c), c + "\\u007f" + c);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace Tarnex {
 
@@ -155,7 +156,7 @@ std::string ForMarkup(std::string_view utf8) {
 }
 
 std::string ForTable(std::string_view utf8) {
-    const std::string text = (LooksLikeFormula(utf8) ? "'" : "") + ForTerminal(utf8);
+    std::string text = (LooksLikeFormula(utf8) ? "'" : "") + ForTerminal(utf8);
     if (text.find_first_of("\",") == std::string::npos) {
         return text;
     }
@@ -166,19 +167,26 @@ std::string ForTable(std::string_view utf8) {
     return quoted + '"';
 }
 
-std::string ForJson(std::string_view json) {
+std::string ForJson(std::string json) {
+    std::string_view rest = json;
     std::string text;
-    text.reserve(json.size());
-    ForEachCharacter(json, [&text](char32_t c, std::string_view bytes) {
+    std::size_t harmless = 0; // bytes at the front of the rest that stay
+    while (harmless < rest.size()) {
+        std::string_view tail = rest.substr(harmless);
         // Below stand only the breaks between the lines of the document.
-        const bool escaped = c >= 0x7F && c != kMalformed && IsDangerous(c);
-        if (escaped) {
-            AppendJsonEscape(text, c);
-        } else {
-            text += bytes;
+        const bool plain = static_cast<unsigned char>(tail.front()) < 0x7F;
+        const char32_t c = plain ? U' ' : TakeUtf8(tail);
+        if (plain || c == kMalformed || !IsDangerous(c)) {
+            harmless = plain ? harmless + 1 : rest.size() - tail.size();
+            continue;
         }
-    });
-    return text;
+        text += rest.substr(0, harmless);
+        AppendJsonEscape(text, c);
+        rest = tail;
+        harmless = 0;
+    }
+    // A document of many megabytes is not copied for nothing.
+    return text.empty() ? std::move(json) : text.append(rest);
 }
 
 bool IsPlainInShell(char c) {

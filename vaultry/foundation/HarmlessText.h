@@ -30,7 +30,7 @@ VAULTRY_API std::string ForTable(std::string_view utf8);
 
 /// A whole JSON text, of which the escapes that JSON demands are made: the other dangerous
 /// characters in its strings are escaped too, so that it stands for the same as before.
-VAULTRY_API std::string ForJson(std::string_view json);
+VAULTRY_API std::string ForJson(std::string json);
 
 /// A word of a command line, to be pasted into a shell. It stands for the same bytes in every POSIX
 /// shell; one with dangerous characters or malformed bytes needs a shell that knows $'...', and is
