@@ -2,12 +2,14 @@
 #include "apps/vaultry/CheckCommand.h"
 
 #include "apps/report/ConfigCheck.h"
+#include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/LibraryLog.h"
 
 namespace Tarnex::Cli {
 
 ExitStatus RunCheck(const CheckOptions& options, const Console& console) {
+    const EndingSignals ending;
     const ConfigSource source(options.config);
     const LibraryLog log(std::nullopt);
     const Report::ConfigCheck check = Report::CheckConfig(options.config, source.Record());

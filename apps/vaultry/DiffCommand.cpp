@@ -3,6 +3,7 @@
 
 #include "apps/report/DiffReport.h"
 #include "apps/report/PluginLoad.h"
+#include "apps/vaultry/CancelSignals.h"
 
 namespace Tarnex::Cli {
 
@@ -19,6 +20,7 @@ Report::LoadedPlugin Load(const std::string& path, const Console& console) {
 } // namespace
 
 ExitStatus RunDiff(const DiffOptions& options, const Console& console) {
+    const EndingSignals ending;
     const Report::LoadedPlugin a = Load(options.a, console);
     const Report::LoadedPlugin b = Load(options.b, console);
     const Report::DiffResult result = Report::Diff(a, b);

@@ -18,6 +18,7 @@
 #include <vaultry/run/SafeFile.h>
 
 #include <memory>
+#include <optional>
 
 namespace Tarnex::Cli {
 
@@ -107,8 +108,8 @@ private:
         }
         AddTreasure(maps->Maps(), manager.mod);
         try {
-            mapFiles.Write(maps->Maps(), CaptionOf(options), signals);
-            manager.mod.Write(output.Open(&signals));
+            mapFiles.Write(maps->Maps(), CaptionOf(options));
+            manager.mod.Write(output.Open(&CancelSignals::Status()));
             output.Finish();
         } catch (const FileError& e) {
             report.fault = e.what();
@@ -146,16 +147,15 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     report.options = options;
     report.stampGiven = options.stamp.has_value();
     FixChance(report.options);
-    // Watched until the temporary files are gone.
-    const CancelSignals signals;
-    Run run(report, console);
+    std::optional<CancelSignals> signals(std::in_place);
+    std::optional<Run> run(std::in_place, report, console);
     RequireDistinctFiles(
         {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
     LibraryLog log(options.log);
     const auto manager = std::make_shared<GenMgr>();
-    if (Configure(*manager, report.options, source, signals, log, console)) {
+    if (Configure(*manager, report.options, source, *signals, log, console)) {
         WarnOfNames(report, console);
-        run.Generate(*manager, log, signals);
+        run->Generate(*manager, log, *signals);
     } else {
         report.result = RunResult::Canceled;
         report.errors = log.Errors();
@@ -163,6 +163,9 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     if (report.result == RunResult::Canceled) {
         KeepToTheEnd(manager);
     }
+    // The temporary files are gone: nothing is left that could stay half done.
+    run.reset();
+    signals.reset();
     console.Show(report.errors);
     SayLevels(report, console);
     // A failure is said even to those who want it quiet.

@@ -4,10 +4,12 @@
 #include "apps/report/InspectReport.h"
 #include "apps/report/PluginChecks.h"
 #include "apps/report/PluginLoad.h"
+#include "apps/vaultry/CancelSignals.h"
 
 namespace Tarnex::Cli {
 
 ExitStatus RunInspect(const InspectOptions& options, const Console& console) {
+    const EndingSignals ending;
     const Report::LoadedPlugin plugin = Report::LoadPlugin(options.plugin);
     const std::vector<PluginFinding> findings = Report::FindInconsistencies(plugin.file);
     const Report::Inspection inspection{plugin.path, plugin.file, findings};

@@ -2,6 +2,7 @@
 #include "apps/vaultry/LibraryLog.h"
 
 #include "apps/report/UsageError.h"
+#include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/NameCheck.h"
 
 #include <vaultry/foundation/CodePage.h>
@@ -39,7 +40,7 @@ LibraryLog::LibraryLog(const std::optional<std::string>& file) : path(file.value
     Logger::Close();
     Logger::ResetErrors();
     if (file) {
-        Logger::Init(path.c_str());
+        Logger::Init(path.c_str(), &CancelSignals::Status());
     } else {
         Logger::InitWithoutFile();
     }

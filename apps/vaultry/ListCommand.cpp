@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/ListCommand.h"
 
+#include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/JsonReport.h"
 #include "apps/vaultry/LibraryLog.h"
@@ -66,6 +67,7 @@ void Print(const OfferedList& list, std::ostream& out) {
 } // namespace
 
 ExitStatus RunList(const ListOptions& options, const Console& console) {
+    const EndingSignals ending;
     const ConfigSource source(options.config);
     const LibraryLog log(std::nullopt);
     GenMgr manager;

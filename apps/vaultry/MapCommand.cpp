@@ -67,7 +67,7 @@ void DrawFiles(RunReport& report,
                const Report::MapCollector& maps,
                const CancelSignals& signals) {
     try {
-        files.Write(maps.Maps(), CaptionOf(report.options), signals);
+        files.Write(maps.Maps(), CaptionOf(report.options));
         if (!signals.Requested()) {
             report.maps = files.Commit();
             return;

@@ -2,6 +2,7 @@
 #include "apps/vaultry/MapFiles.h"
 
 #include "apps/report/UsageError.h"
+#include "apps/vaultry/CancelSignals.h"
 
 namespace Tarnex::Cli {
 
@@ -39,11 +40,10 @@ MapFiles::MapFiles(const MapFileOptions& options) : settings{options.look, optio
     }
 }
 
-void MapFiles::Write(const std::vector<Report::LevelMap>& maps,
-                     const Report::MapCaption& caption,
-                     const CancelSignals& signals) {
+void MapFiles::Write(const std::vector<Report::LevelMap>& maps, const Report::MapCaption& caption) {
     for (File& file : files) {
-        Report::WriteMaps(maps, caption, file.format, settings, file.output.Open(&signals));
+        Report::WriteMaps(
+            maps, caption, file.format, settings, file.output.Open(&CancelSignals::Status()));
         file.output.Finish();
     }
 }

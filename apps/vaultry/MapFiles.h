@@ -4,7 +4,6 @@
 
 #include "apps/report/LevelMap.h"
 #include "apps/report/MapFile.h"
-#include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/Options.h"
 
 #include <vaultry/run/SafeFile.h>
@@ -31,9 +30,7 @@ public:
 
     /// Draws into the temporary files. Throws Report::MapError, and FileError when a file could not
     /// be written whole or a signal asked to stop.
-    void Write(const std::vector<Report::LevelMap>& maps,
-               const Report::MapCaption& caption,
-               const CancelSignals& signals);
+    void Write(const std::vector<Report::LevelMap>& maps, const Report::MapCaption& caption);
 
     /// Gives the files their names and returns what was written. Throws FileError.
     std::vector<WrittenFile> Commit();

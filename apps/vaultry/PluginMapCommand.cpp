@@ -5,6 +5,7 @@
 #include "apps/report/PluginMap.h"
 #include "apps/report/UsageError.h"
 #include "apps/report/Words.h"
+#include "apps/vaultry/CancelSignals.h"
 #include "apps/vaultry/ConfigSource.h"
 #include "apps/vaultry/JsonReport.h"
 #include "apps/vaultry/LibraryLog.h"
@@ -93,7 +94,7 @@ ExitStatus DrawFiles(MapFiles& files, PluginMapReport& report, const Console& co
     const Report::MapCaption caption{0, "", report.config, report.plugin};
     std::string fault;
     try {
-        files.Write(report.maps, caption, signals);
+        files.Write(report.maps, caption);
         if (!signals.Requested()) {
             report.files = files.Commit();
             return ExitStatus::Success;
@@ -109,6 +110,7 @@ ExitStatus DrawFiles(MapFiles& files, PluginMapReport& report, const Console& co
 } // namespace
 
 ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
+    const EndingSignals ending;
     const GenerateOptions& shared = options.generate;
     const std::string& path = options.plugin.value();
     CheckMapOptions(shared.maps);

@@ -261,7 +261,7 @@ public:
             options.seed = static_cast<std::uint32_t>(hit.values.front());
             const std::string name = "seed-" + std::to_string(*options.seed);
             try {
-                DrawSeed(folder + '/' + name, signals);
+                DrawSeed(folder + '/' + name);
             } catch (const std::runtime_error& e) {
                 if (signals.Requested()) {
                     return true;
@@ -274,7 +274,7 @@ public:
     }
 
 private:
-    void DrawSeed(const std::string& path, const CancelSignals& signals) {
+    void DrawSeed(const std::string& path) {
         Report::MapCollector maps;
         manager.SetLevelObserver(&maps);
         run.Generate(*options.seed);
@@ -284,7 +284,7 @@ private:
             file.map = path + end;
             file.scale = kScale;
             MapFiles files(file);
-            files.Write(maps.Maps(), CaptionOf(options), signals);
+            files.Write(maps.Maps(), CaptionOf(options));
             files.Commit();
         }
     }
@@ -359,7 +359,8 @@ ExitStatus SearchRange(const SearchOptions& options, const Query& query, const C
     std::ranges::sort(report.lost, {}, &LostSeed::seed);
     report.found = ranking.Added();
     report.hits = ranking.Take();
-    bool written = table.Write(report.hits, console);
+    // A search that never began has found nothing that an earlier table should give way to.
+    bool written = !configured || table.Write(report.hits, console);
     if (options.json) {
         console.out << ToJson(report);
     } else {

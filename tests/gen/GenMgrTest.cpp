@@ -3,6 +3,7 @@
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/GenMgr.h>
+#include <vaultry/gen/LevelObserver.h>
 
 #include <gtest/gtest.h>
 
@@ -404,6 +405,83 @@ TEST_F(GenMgrTest, CanceledRunLeavesNoFile) {
     EXPECT_EQ(Create("b.esp"), ModResult::Canceled);
     EXPECT_EQ(Bytes("b.esp"), "old");
     EXPECT_TRUE(ErrorLines().empty());
+}
+
+TEST_F(GenMgrTest, OnlyWhatWasGeneratedWholeIsWritten) {
+    const std::string file = dir.File("a.esp");
+    EXPECT_EQ(mgr.WriteMod(file.c_str()), ModResult::Refused); // nothing at all
+    Load(kFull);
+    EXPECT_EQ(mgr.Generate("Vault", true), ModResult::Written);
+    EXPECT_EQ(mgr.WriteMod(file.c_str()), ModResult::Written);
+    const std::string whole = Bytes("a.esp");
+    EXPECT_EQ(mgr.WriteMod(file.c_str()), ModResult::Written);
+    Canceled status;
+    mgr.SetJobStatus(&status);
+    EXPECT_EQ(mgr.Generate("Other", true), ModResult::Canceled);
+    EXPECT_EQ(mgr.WriteMod(file.c_str()), ModResult::Refused);
+    mgr.SetJobStatus(nullptr);
+    Load(kNoLayouts);
+    EXPECT_EQ(mgr.Generate("Other", true), ModResult::Refused);
+    EXPECT_EQ(mgr.WriteMod(file.c_str()), ModResult::Refused);
+    EXPECT_EQ(ErrorLines().back(),
+              "Error : GenMgr : Unable to write the plug-in:  Nothing was generated.");
+    EXPECT_EQ(Bytes("a.esp"), whole);
+    Load(kFull);
+    EXPECT_EQ(mgr.Generate("Vault", true), ModResult::Written);
+    EXPECT_EQ(mgr.WriteMod(file.c_str()), ModResult::Written);
+}
+
+// A caller's object that fails in its own way at one of its calls.
+class Failing : public JobStatus, public LevelObserver {
+public:
+    enum Call { Question, Text, Step, Level };
+
+    explicit Failing(Call failing) : call(failing) {}
+
+    bool HasBeenCanceled() const override { return Fail(Question); }
+    void SetText(const std::string& /*text*/) override { Fail(Text); }
+    void StepIt() override { Fail(Step); }
+    void LevelFinished(const FinishedLevel& /*level*/) override { Fail(Level); }
+
+private:
+    bool Fail(Call now) const {
+        if (now == call) {
+            throw 42;
+        }
+        return false;
+    }
+
+    Call call;
+};
+
+TEST_F(GenMgrTest, WhateverACallersObjectThrowsTheRunIsRefused) {
+    mgr.Init(VAULTRY_SOURCE_DIR "/data/vaultry.xml");
+    for (const Failing::Call call :
+         {Failing::Question, Failing::Text, Failing::Step, Failing::Level}) {
+        SCOPED_TRACE(call);
+        Logger::ResetErrors();
+        Failing object(call);
+        mgr.SetJobStatus(&object);
+        mgr.SetLevelObserver(&object);
+        EXPECT_EQ(Create("a.esp", false), ModResult::Refused);
+        EXPECT_EQ(ErrorLines(),
+                  Lines{"Error : GenMgr : Internal:  Generation failed: unknown exception"});
+        EXPECT_EQ(mgr.WriteMod(dir.File("a.esp").c_str()), ModResult::Refused);
+        EXPECT_FALSE(Exists("a.esp"));
+    }
+    // A fixed run asks nobody but at its end.
+    Failing object(Failing::Question);
+    mgr.SetJobStatus(&object);
+    mgr.SetLevelObserver(nullptr);
+    EXPECT_EQ(Create("a.esp", true), ModResult::Refused);
+    mgr.SetJobStatus(nullptr);
+    EXPECT_EQ(Create("a.esp", false), ModResult::Written);
+}
+
+TEST_F(GenMgrTest, StatusThatThrowsWhileAConfigurationIsReadLeavesNone) {
+    const Failing status(Failing::Question);
+    mgr.Init(dir.Write("config.xml", kFull).c_str(), status);
+    EXPECT_EQ(Defaults(), (Lines{"(none)", "(none)", "(none)", "(none)", "(none)"}));
 }
 
 TEST_F(GenMgrTest, FixedRunAsksOnceWhetherItWasCanceled) {

@@ -236,7 +236,7 @@ std::string StartXmlParser() {
 }
 
 void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy) {
-    Read(loader, [path, copy] { return XmlFileSource(path, copy); });
+    Read(loader, [&] { return XmlFileSource(path, copy, loader.Budget().Status()); });
 }
 
 void ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status) {

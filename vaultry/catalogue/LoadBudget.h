@@ -65,6 +65,9 @@ public:
     /// Throws LoadCanceled when the load was cancelled.
     void Ask() const;
 
+    /// What is asked; may be null.
+    const JobStatus* Status() const { return status; }
+
     /// Where the parser is; not owned.
     void SetPlace(const xercesc::Locator* locator) { place = locator; }
     const xercesc::Locator* Place() const { return place; }

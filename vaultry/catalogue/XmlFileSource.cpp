@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/XmlFileSource.h>
 
+#include <vaultry/catalogue/LoadBudget.h>
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/SystemFile.h>
 
 #include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/TransService.hpp>
 
-#include <fstream>
 #include <memory>
 
 namespace Tarnex {
@@ -15,16 +16,19 @@ namespace {
 
 class FileStream : public xercesc::BinInputStream {
 public:
-    FileStream(const std::filesystem::path& file, std::string* copy_)
-        : stream(file, std::ios::binary), copy(copy_) {}
+    FileStream(const std::filesystem::path& path, std::string* copy_, const JobStatus* status)
+        : copy(copy_) {
+        StopIfCanceled(file.OpenToRead(path, status));
+    }
 
-    bool IsOpen() const { return stream.is_open(); }
+    bool IsOpen() const { return file.IsOpen(); }
 
     XMLFilePos curPos() const override { return position; }
 
     XMLSize_t readBytes(XMLByte* const toFill, const XMLSize_t maxToRead) override {
-        stream.read(reinterpret_cast<char*>(toFill), static_cast<std::streamsize>(maxToRead));
-        const auto count = static_cast<XMLSize_t>(stream.gcount());
+        std::error_code fault; // any other than a cancellation ends the document here
+        const XMLSize_t count = file.Read(reinterpret_cast<char*>(toFill), maxToRead, fault);
+        StopIfCanceled(fault);
         position += count;
         if (copy != nullptr) {
             copy->append(reinterpret_cast<const char*>(toFill), count);
@@ -35,22 +39,28 @@ public:
     const XMLCh* getContentType() const override { return nullptr; }
 
 private:
-    std::ifstream stream;
+    static void StopIfCanceled(const std::error_code& fault) {
+        if (fault == std::errc::operation_canceled) {
+            throw LoadCanceled();
+        }
+    }
+
+    SystemFile file;
     std::string* copy;
     XMLFilePos position = 0;
 };
 
 } // namespace
 
-XmlFileSource::XmlFileSource(const char* path, std::string* copy_)
-    : file(PathFromUtf8(path)), copy(copy_) {
+XmlFileSource::XmlFileSource(const char* path, std::string* copy_, const JobStatus* status_)
+    : file(PathFromUtf8(path)), copy(copy_), status(status_) {
     const xercesc::TranscodeFromStr name(
         reinterpret_cast<const XMLByte*>(path), std::char_traits<char>::length(path), "UTF-8");
     setSystemId(name.str());
 }
 
 xercesc::BinInputStream* XmlFileSource::makeStream() const {
-    auto stream = std::make_unique<FileStream>(file, copy);
+    auto stream = std::make_unique<FileStream>(file, copy, status);
     return stream->IsOpen() ? stream.release() : nullptr;
 }
 

@@ -3,11 +3,10 @@
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/HarmlessText.h>
+#include <vaultry/foundation/SystemFile.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 
 namespace Tarnex {
 
@@ -18,7 +17,7 @@ constexpr const char* kDefaultFile = "Log.txt";
 
 struct LogState {
     bool opened = false;
-    std::ofstream file;
+    SystemFile file;
     std::error_code fault;
     std::vector<std::string> errors;
 };
@@ -40,29 +39,18 @@ std::string MakeLine(const char* kind, const char* source, const char* format, v
     return std::string(kind) + " : " + source + " : " + FormatMessage(format, args);
 }
 
-// The stream itself does not say why it failed.
-template <typename Step>
-void WatchFile(LogState& state, Step step) {
-    errno = 0;
-    step(state.file);
-    if (!state.file && !state.fault) {
-        state.fault = std::error_code(errno == 0 ? EIO : errno, std::generic_category());
-    }
-}
-
 void WriteLine(const std::string& line) {
     Logger::Init(nullptr);
     LogState& state = State();
-    if (state.file.is_open()) {
-        WatchFile(state, [text = ForLog(line)](std::ofstream& file) {
-            file << text << '\n' << std::flush;
-        });
+    if (state.file.IsOpen() && !state.fault) {
+        const std::string text = ForLog(line) + '\n';
+        state.fault = state.file.Write(text.data(), text.size());
     }
 }
 
 } // namespace
 
-void Logger::Init(const char* fileName) {
+void Logger::Init(const char* fileName, const JobStatus* status) {
     LogState& state = State();
     if (state.opened) {
         return;
@@ -71,9 +59,7 @@ void Logger::Init(const char* fileName) {
     const bool named = fileName != nullptr && *fileName != '\0';
     try {
         const std::filesystem::path path = PathFromUtf8(named ? fileName : kDefaultFile);
-        WatchFile(state, [&path](std::ofstream& file) {
-            file.open(path, std::ios::out | std::ios::binary | std::ios::trunc);
-        });
+        state.fault = state.file.OpenToWrite(path, status);
     } catch (const std::filesystem::filesystem_error& e) {
         // Windows has no name for a path that is not UTF-8: a file that cannot be opened.
         state.fault = e.code();
@@ -87,8 +73,7 @@ void Logger::InitWithoutFile() {
 void Logger::Close() {
     LogState& state = State();
     state.opened = false;
-    state.file.close();
-    state.file.clear();
+    state.file.Close();
     state.fault.clear();
 }
 

@@ -19,6 +19,8 @@
 
 namespace Tarnex {
 
+class JobStatus;
+
 /// Writes the text log and keeps the error lines, so that a front end can show them after a run.
 ///
 /// All calls come from one thread. Texts are Windows-1252; each line ends with LF on every platform
@@ -29,8 +31,11 @@ namespace Tarnex {
 class VAULTRY_API Logger {
 public:
     /// Opens `fileName` (UTF-8) for writing, truncating it; null or empty means "Log.txt". Only the
-    /// first call has an effect; the first line written opens "Log.txt" if nobody called before.
-    static void Init(const char* fileName);
+    /// first call has an effect; the first line written opens "Log.txt" if nobody called before. A
+    /// log may be a pipe, whose reader is waited for here and at every line. While that lasts
+    /// `status`, which may be null and must outlive the log, is asked: when it says so, the log
+    /// takes no more.
+    static void Init(const char* fileName, const JobStatus* status = nullptr);
 
     /// Keeps the log off the disk: like Init, but without a file. Error lines are still kept.
     static void InitWithoutFile();

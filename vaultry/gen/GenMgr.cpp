@@ -49,6 +49,24 @@ void ReplaceByName(DiPtr<T>& current, const std::vector<DiPtr<T>>& list, std::st
     }
 }
 
+// What a caller's status throws counts as a wish to stop: the parser, through which it would pass,
+// is not made for the exceptions of others.
+class CalmStatus : public JobStatus {
+public:
+    explicit CalmStatus(const JobStatus& callers) : status(callers) {}
+
+    bool HasBeenCanceled() const override {
+        try {
+            return status.HasBeenCanceled();
+        } catch (...) {
+            return true;
+        }
+    }
+
+private:
+    const JobStatus& status;
+};
+
 bool WriteFile(Mod& mod, const char* path) try {
     std::ofstream stream(PathFromUtf8(path), std::ios::out | std::ios::binary | std::ios::trunc);
     mod.Write(stream);
@@ -75,7 +93,8 @@ void GenMgr::Init(const char* configPath) {
 }
 
 void GenMgr::Init(const char* configPath, const JobStatus& status) {
-    Read([&] { ReadConfigFile(OrEmpty(configPath), config, &status); });
+    const CalmStatus calm(status);
+    Read([&] { ReadConfigFile(OrEmpty(configPath), config, &calm); });
 }
 
 void GenMgr::InitFromMemory(std::string_view text, const char* name) {
@@ -120,11 +139,17 @@ ModResult GenMgr::CreateMod(const char* outPath, const char* name, bool fixedLay
     return result == ModResult::Written ? WriteMod(outPath) : result;
 }
 
+// What a run left that did not come to its end would pass for a whole plug-in.
 ModResult GenMgr::WriteMod(const char* outPath) {
+    if (!generated) {
+        Logger::WriteError(kLogSource, "Unable to write the plug-in:  Nothing was generated.");
+        return ModResult::Refused;
+    }
     return WriteFile(mod, OrEmpty(outPath)) ? ModResult::Written : ModResult::NotWritten;
 }
 
 ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
+    generated = false;
     if (!CheckDefaults()) {
         return ModResult::Refused;
     }
@@ -132,8 +157,8 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
     if (!RunGenerator(OrEmpty(name), fixedLayout)) {
         return ModResult::Refused;
     }
-    const bool canceled = report.canceled || (jobStatus != nullptr && jobStatus->HasBeenCanceled());
-    return canceled ? ModResult::Canceled : ModResult::Written;
+    generated = !report.canceled;
+    return generated ? ModResult::Written : ModResult::Canceled;
 }
 
 bool GenMgr::CheckDefaults() const {
@@ -157,6 +182,7 @@ bool GenMgr::RunGenerator(const char* name, bool fixedLayout) {
         } else {
             GenIntRandom(*this).Gen();
         }
+        report.canceled = report.canceled || (jobStatus != nullptr && jobStatus->HasBeenCanceled());
         return true;
     } catch (const std::bad_alloc&) {
         // What was made until then goes first: the line needs memory too.
@@ -168,6 +194,10 @@ bool GenMgr::RunGenerator(const char* name, bool fixedLayout) {
         return false;
     } catch (const std::exception& e) {
         Logger::WriteError(kLogSource, "Internal:  Generation failed: %s", e.what());
+        return false;
+    } catch (...) {
+        // Of a caller's object, in whatever way its language has it.
+        Logger::WriteError(kLogSource, "Internal:  Generation failed: unknown exception");
         return false;
     }
 }

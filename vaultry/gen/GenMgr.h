@@ -14,9 +14,10 @@ namespace Tarnex {
 
 /// How a CreateMod ended.
 enum class ModResult {
-    Written,    ///< the plug-in stands at its path, complete
-    Refused,    ///< no default tile set or template, no memory, an internal fault; nothing written
-    Canceled,   ///< the job status asked to stop; nothing was written
+    Written,  ///< the plug-in stands at its path, complete
+    Refused,  ///< no default tile set or template, no memory, a limit passed, a fault inside or in
+              ///< what the caller handed over; nothing was written
+    Canceled, ///< the job status asked to stop; nothing was written
     NotWritten, ///< generated, but the file could not be opened or written whole
 };
 
@@ -27,7 +28,8 @@ enum class ModResult {
 /// and one log. Names, cell names and log lines are Windows-1252; file paths are UTF-8. Problems
 /// are logged (see Logger), mostly under "GenMgr", "Generator" and "XML Parser". A null text counts
 /// as an empty one. Nothing throws, but std::bad_alloc when memory does not even suffice for the
-/// line that tells of its lack.
+/// line that tells of its lack. What a job status or an observer of the caller's throws, whatever
+/// it is, ends the run, which is refused then.
 class VAULTRY_API GenMgr : public GenInfo {
 public:
     /// Seeds the random generator with the current time; see SeedRandom for a seed of one's own.
@@ -40,8 +42,8 @@ public:
     /// configuration is empty.
     void Init(const char* configPath);
 
-    /// Likewise, asking all the while whether that was cancelled. When it was, the configuration is
-    /// empty.
+    /// Likewise, asking all the while whether that was cancelled. When it was, or when `status`
+    /// threw, the configuration is empty. Waits for a pipe are ended too.
     void Init(const char* configPath, const JobStatus& status);
 
     /// Like Init, but from a document held in memory, which is needed during the call only. `name`
@@ -53,10 +55,13 @@ public:
     /// levels. A cancelled run leaves the file as it is.
     ModResult CreateMod(const char* outPath, const char* cellName, bool fixedLayout);
 
-    /// The first half of CreateMod: fills `mod` and writes nothing. Written means ready here.
+    /// The first half of CreateMod: fills `mod` and writes nothing. Written means ready here. After
+    /// a cancelled run `mod` holds what was made until then; without a default tile set or template
+    /// it stays as it was.
     ModResult Generate(const char* cellName, bool fixedLayout);
 
-    /// The second half of CreateMod: writes `mod` as it stands.
+    /// The second half of CreateMod: writes `mod` as it stands. Refused, and nothing is opened,
+    /// unless the last Generate answered Written.
     ModResult WriteMod(const char* outPath);
 
     /// The first cave (`cave`) or room tile set of exactly that name becomes the default; without
@@ -118,6 +123,8 @@ private:
     void ChooseDefaults();
     bool CheckDefaults() const;
     bool RunGenerator(const char* name, bool fixedLayout);
+
+    bool generated = false; // mod is whole
 };
 
 } // namespace Tarnex

@@ -23,8 +23,8 @@ struct FinishedLevel {
 class VAULTRY_API LevelObserver {
 public:
     virtual ~LevelObserver();
-    /// Called once for each level, while the run waits. A std::exception ends the run, which is
-    /// refused then.
+    /// Called once for each level, while the run waits. An exception ends the run, which is refused
+    /// then.
     virtual void LevelFinished(const FinishedLevel& level) = 0;
 };
 
