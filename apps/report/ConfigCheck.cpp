@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/report/ConfigCheck.h"
 
+#include "apps/report/ConfigHint.h"
 #include "apps/report/ConfigRules.h"
 #include "apps/report/Json.h"
 #include "apps/report/Words.h"
@@ -91,7 +92,12 @@ void AddLogLine(const ConfigRecord& record, const ConfigLogLine& line, Findings&
         return text.find(candidate.part) != std::string::npos;
     });
     if (row == kLogRows.end()) {
-        findings.Add(Weight::Error, line.place, text, "Everything after this place is missing.");
+        const std::string cause = ProbableCause(line.text);
+        findings.Add(Weight::Error,
+                     line.place,
+                     text,
+                     "Everything after this place is missing." +
+                         (cause.empty() ? cause : " Probably " + cause + '.'));
         return;
     }
     const bool placed = line.element != ConfigElement::kNone && !row->attribute.empty();

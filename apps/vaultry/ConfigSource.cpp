@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/ConfigSource.h"
 
+#include "apps/report/ConfigHint.h"
 #include "apps/report/UsageError.h"
 #include "apps/vaultry/NameCheck.h"
 #include "apps/vaultry/Options.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/HarmlessText.h>
 
 #include <filesystem>
 #include <fstream>
@@ -69,6 +71,24 @@ void ConfigSource::Load(GenMgr& manager, const JobStatus& status) const {
     } else {
         manager.InitFromMemory(builtin->text, name.c_str());
     }
+}
+
+void ConfigSource::RequireWhole(const GenMgr& manager) const {
+    const std::optional<ConfigFault>& fault = manager.GetConfigFault();
+    if (!fault) {
+        return;
+    }
+    const std::string cause = Report::ProbableCause(fault->message);
+    std::string text = "the configuration \"" + name + "\" cannot be read ";
+    text += fault->line > 0 ? "beyond line " + std::to_string(fault->line) + ": " : "at all: ";
+    text +=
+        Tarnex::ToUtf8(fault->message) + (cause.empty() ? "" : " (probably " + cause + ")") + "; ";
+    std::error_code unknown;
+    // What was read of a pipe is gone.
+    if (fs::is_regular_file(PathFromUtf8(name), unknown)) {
+        text += "\"vaultry check " + ForShell(name) + "\" shows the place, ";
+    }
+    throw UsageError(text + "--keep-going uses what stands before it");
 }
 
 ConfigRecord ConfigSource::Record() const {

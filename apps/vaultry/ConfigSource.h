@@ -28,6 +28,10 @@ public:
     /// `status` says that this was cancelled, `manager` has none.
     void Load(GenMgr& manager, const JobStatus& status = JobStatus()) const;
 
+    /// Throws UsageError when `manager`, which has loaded it, could not read it to its end: where,
+    /// why, what is probably meant and what to do about it.
+    void RequireWhole(const GenMgr& manager) const;
+
     /// The configuration as it is written, with what the library logs about it.
     ConfigRecord Record() const;
 

@@ -98,6 +98,7 @@ std::string GenerateCommandLine(const GenerateOptions& options, std::uint32_t se
     const GenerateOptions usual;
     Words words("vaultry generate --seed " + std::to_string(seed));
     words.Name("--config", options.config, usual.config);
+    words.Flag("--keep-going", options.keepGoing);
     words.Name("--cell", options.cell, usual.cell);
     words.Add(LevelWords(options));
     words.Name("--master", options.master);

@@ -48,6 +48,7 @@ Json OptionsJson(const GenerateOptions& options) {
         {"master", OrNull(options.master)},
         {"master-size", OrNull(options.masterSize)},
         {"strict", options.strict},
+        {"keep-going", options.keepGoing},
     };
 }
 

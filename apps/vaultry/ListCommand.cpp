@@ -72,6 +72,10 @@ ExitStatus RunList(const ListOptions& options, const Console& console) {
     const LibraryLog log(std::nullopt);
     GenMgr manager;
     source.Load(manager);
+    if (!options.keepGoing && manager.GetConfigFault()) {
+        console.Show(log.Errors());
+        source.RequireWhole(manager);
+    }
     const Offer offer{options.config, OfferedLists(manager), log.Errors()};
     console.Show(offer.errors);
     if (options.json) {

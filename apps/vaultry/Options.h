@@ -33,6 +33,7 @@ struct WrittenFile {
 /// vaultry generate
 struct GenerateOptions {
     std::string config = kBuiltin;   ///< a path, "builtin" or "builtin:NAME"
+    bool keepGoing = false;          ///< use what was read of a broken one, unless strict
     std::string out = "dungeon.esp"; ///< a path; empty when no plug-in is written
     std::string cell = "Vaultry Dungeon";
     bool fixed = false; ///< one cell from a layout template
@@ -82,6 +83,7 @@ struct SearchOptions {
 /// vaultry list
 struct ListOptions {
     std::string config = kBuiltin;
+    bool keepGoing = false; ///< use what was read of a broken one
     bool json = false;
 };
 

@@ -50,10 +50,13 @@ std::vector<const PluginCell*> ChooseCells(const MapOptions& options, const Plug
     return cells;
 }
 
-Report::PieceIndex ReadPieces(const std::string& config) {
+Report::PieceIndex ReadPieces(const std::string& config, bool keepGoing) {
     const ConfigSource source(config);
     GenMgr manager;
     source.Load(manager);
+    if (!keepGoing) {
+        source.RequireWhole(manager);
+    }
     return Report::PieceIndex(manager.config);
 }
 
@@ -76,10 +79,11 @@ struct ChosenPieces {
 };
 
 // The one that knows the most of what is placed.
-ChosenPieces ChoosePieces(const std::string& config, const std::vector<const PluginCell*>& cells) {
+ChosenPieces ChoosePieces(const GenerateOptions& options,
+                          const std::vector<const PluginCell*>& cells) {
     std::optional<ChosenPieces> best;
-    for (const std::string& name : Candidates(config)) {
-        Report::PieceIndex pieces = ReadPieces(name);
+    for (const std::string& name : Candidates(options.config)) {
+        Report::PieceIndex pieces = ReadPieces(name, options.keepGoing);
         const std::size_t known = Report::CountKnownTiles(cells, pieces);
         if (!best || known > best->known) {
             best = {name, std::move(pieces), known};
@@ -123,7 +127,7 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     }
     const std::vector<const PluginCell*> cells = ChooseCells(options, plugin.file);
     const LibraryLog log(shared.log);
-    const ChosenPieces chosen = ChoosePieces(shared.config, cells);
+    const ChosenPieces chosen = ChoosePieces(shared, cells);
     console.Show(log.Errors());
     if (chosen.known == 0) {
         console.Warn("the configuration \"" + shared.config +

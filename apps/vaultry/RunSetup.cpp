@@ -84,6 +84,9 @@ bool Configure(GenMgr& manager,
     if (signals.Requested()) {
         return false;
     }
+    if (!options.keepGoing || options.strict) {
+        source.RequireWhole(manager);
+    }
     ChooseNames(manager, options);
     const std::string master = FromUtf8(options.master.value_or(""));
     manager.SetMasterFile(options.master ? master.c_str() : nullptr,

@@ -20,8 +20,8 @@ void CheckText(const GenerateOptions& options);
 void FixChance(GenerateOptions& options);
 
 /// Loads the configuration and hands over the options. Returns false when that was cancelled.
-/// Throws UsageError for an unknown name, having shown what was logged: a name may be missing
-/// because the configuration was not read to its end.
+/// Throws UsageError for a broken configuration, unless it is to be used all the same, and for an
+/// unknown name, having shown what was logged.
 bool Configure(GenMgr& manager,
                const GenerateOptions& options,
                const ConfigSource& source,

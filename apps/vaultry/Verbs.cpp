@@ -177,12 +177,13 @@ double ParseScale(const std::string& text) {
     return scale;
 }
 
-void AddConfig(CLI::App& verb, std::string& config) {
+void AddConfig(CLI::App& verb, std::string& config, bool& keepGoing) {
     AddText(verb,
             "-c,--config",
             config,
             "FILE",
             "The configuration: a file, builtin or builtin:NAME (default: builtin)");
+    verb.add_flag("--keep-going", keepGoing, "Use what can be read of a broken configuration");
 }
 
 void AddNames(CLI::App& verb, GenerateOptions& options) {
@@ -311,8 +312,18 @@ void AddJson(CLI::App& verb, bool& json, const char* help = "As JSON") {
 
 // A plug-in is drawn as it is: what shapes levels does not go with it.
 void CheckPluginOptions(const CLI::App& verb) {
-    static const std::vector<std::string> kAllowed = {
-        "plugin", "help", "config", "cell", "map", "html", "look", "scale", "log", "quiet", "json"};
+    static const std::vector<std::string> kAllowed = {"plugin",
+                                                      "help",
+                                                      "config",
+                                                      "keep-going",
+                                                      "cell",
+                                                      "map",
+                                                      "html",
+                                                      "look",
+                                                      "scale",
+                                                      "log",
+                                                      "quiet",
+                                                      "json"};
     for (const CLI::Option* option : verb.get_options()) {
         const std::string name =
             option->get_lnames().empty() ? option->get_name() : option->get_lnames().front();
@@ -338,7 +349,7 @@ std::string SearchFooter() {
 
 void AddGenerate(CLI::App& verb, Asked& asked) {
     GenerateOptions& options = asked.generate;
-    AddConfig(verb, options.config);
+    AddConfig(verb, options.config, options.keepGoing);
     AddText(verb, "-o,--out", options.out, "FILE", "The plug-in (default: dungeon.esp)");
     AddInterior(verb, options, options.cell, kCellHelp);
     AddRun(verb, options);
@@ -350,7 +361,7 @@ void AddMap(CLI::App& verb, Asked& asked) {
     MapOptions& map = asked.map;
     GenerateOptions& options = map.generate;
     AddText(verb, "plugin", map.plugin, "PLUGIN", "A plug-in to draw (default: none)");
-    AddConfig(verb, options.config);
+    AddConfig(verb, options.config, options.keepGoing);
     AddInterior(verb,
                 options,
                 map.onlyCell,
@@ -392,14 +403,14 @@ void AddSearch(CLI::App& verb, Asked& asked) {
               kMostJobs,
               Into(options.jobs));
     AddSummary(verb, options);
-    AddConfig(verb, options.generate.config);
+    AddConfig(verb, options.generate.config, options.generate.keepGoing);
     AddInterior(verb, options.generate, options.generate.cell, kCellHelp);
     AddPlatforms(verb, options.generate);
     AddHeader(verb, options.generate);
 }
 
 void AddList(CLI::App& verb, Asked& asked) {
-    AddConfig(verb, asked.list.config);
+    AddConfig(verb, asked.list.config, asked.list.keepGoing);
     AddJson(verb, asked.list.json);
 }
 

@@ -425,11 +425,7 @@ void ConfigLoader::error(const xercesc::SAXParseException& e) {
 }
 
 void ConfigLoader::fatalError(const xercesc::SAXParseException& e) {
-    Logger::WriteError(kLogSource,
-                       "Fatal Error parsing XML line %d col %d:  %s",
-                       static_cast<int>(e.getLineNumber()),
-                       static_cast<int>(e.getColumnNumber()),
-                       Narrow(e.getMessage()).c_str());
+    FatalErrorAt({e.getLineNumber(), e.getColumnNumber(), Narrow(e.getMessage())});
 }
 
 void ConfigLoader::warning(const xercesc::SAXParseException& e) {
@@ -442,12 +438,20 @@ void ConfigLoader::warning(const xercesc::SAXParseException& e) {
 
 void ConfigLoader::FatalError(const std::string& message) {
     const xercesc::Locator* place = budget.Place();
-    const bool placed = place != nullptr;
+    FatalErrorAt(place == nullptr
+                     ? ConfigFault{0, 0, message}
+                     : ConfigFault{place->getLineNumber(), place->getColumnNumber(), message});
+}
+
+void ConfigLoader::FatalErrorAt(const ConfigFault& where) {
     Logger::WriteError(kLogSource,
                        "Fatal Error parsing XML line %d col %d:  %s",
-                       placed ? static_cast<int>(place->getLineNumber()) : 0,
-                       placed ? static_cast<int>(place->getColumnNumber()) : 0,
-                       message.c_str());
+                       static_cast<int>(where.line),
+                       static_cast<int>(where.column),
+                       where.message.c_str());
+    if (!fault) {
+        fault = where;
+    }
 }
 
 } // namespace Tarnex

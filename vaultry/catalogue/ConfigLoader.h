@@ -2,12 +2,14 @@
 // The event handler that turns a configuration file into objects. Not installed.
 #pragma once
 
+#include <vaultry/catalogue/ConfigFault.h>
 #include <vaultry/catalogue/ConfigMgr.h>
 #include <vaultry/catalogue/LoadBudget.h>
 
 #include <xercesc/sax2/DefaultHandler.hpp>
 
 #include <cstdint>
+#include <optional>
 #include <stack>
 #include <string>
 #include <string_view>
@@ -55,6 +57,9 @@ public:
     /// Logs a fatal error that carries no place of its own at the place the parser has reached.
     void FatalError(const std::string& message);
 
+    /// The first fatal error; nothing when the document was read to its end.
+    const std::optional<ConfigFault>& Fault() const { return fault; }
+
 private:
     using Attributes = xercesc::Attributes;
 
@@ -88,9 +93,11 @@ private:
     bool IsTooLarge(const LayoutHead& head);
     void SpendNames(std::u16string_view list);
     void SpendAttributes(const Attributes& attrs);
+    void FatalErrorAt(const ConfigFault& where);
 
     ConfigMgr& config;
     LoadBudget budget;
+    std::optional<ConfigFault> fault;
     std::uint32_t row = 0; // of the next cell of the current layout
     std::uint32_t col = 0;
     std::stack<DiPtr<LayoutTemplate>> layoutStack; // the open layouts, innermost on top

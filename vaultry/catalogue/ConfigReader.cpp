@@ -239,18 +239,22 @@ void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy) {
     Read(loader, [&] { return XmlFileSource(path, copy, loader.Budget().Status()); });
 }
 
-void ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status) {
+std::optional<ConfigFault>
+ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status) {
     ConfigLoader loader(config, status);
     ReadConfigFile(path, loader);
+    return loader.Fault();
 }
 
 void ReadConfigText(std::string_view text, const char* name, ConfigLoader& loader) {
     Read(loader, [text, name] { return MemorySource(text, name); });
 }
 
-void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config) {
+std::optional<ConfigFault>
+ReadConfigText(std::string_view text, const char* name, ConfigMgr& config) {
     ConfigLoader loader(config);
     ReadConfigText(text, name, loader);
+    return loader.Fault();
 }
 
 } // namespace Tarnex

@@ -2,8 +2,10 @@
 // Reading a configuration into the store.
 #pragma once
 
+#include <vaultry/catalogue/ConfigFault.h>
 #include <vaultry/catalogue/ConfigMgr.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,10 +23,13 @@ std::string StartXmlParser();
 /// entity, DTD or schema is opened; nesting, entity expansion, text and memory are limited. No
 /// exception of the parser leaves the function; std::bad_alloc does when the machine's memory runs
 /// out, and LoadCanceled when `status`, which may be null, says so.
-void ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status = nullptr);
+/// Returns the first fatal problem, or nothing.
+std::optional<ConfigFault>
+ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status = nullptr);
 
 /// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.
-void ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
+std::optional<ConfigFault>
+ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
 
 /// Likewise with a loader of the caller's, which hears every event of the parser. What is read of
 /// the file is appended to `copy` before the parser sees it; null copies nothing.

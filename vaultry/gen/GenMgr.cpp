@@ -89,25 +89,26 @@ GenMgr::GenMgr() {
 GenMgr::~GenMgr() = default;
 
 void GenMgr::Init(const char* configPath) {
-    Read([this, configPath] { ReadConfigFile(OrEmpty(configPath), config); });
+    Read([this, configPath] { return ReadConfigFile(OrEmpty(configPath), config); });
 }
 
 void GenMgr::Init(const char* configPath, const JobStatus& status) {
     const CalmStatus calm(status);
-    Read([&] { ReadConfigFile(OrEmpty(configPath), config, &calm); });
+    Read([&] { return ReadConfigFile(OrEmpty(configPath), config, &calm); });
 }
 
 void GenMgr::InitFromMemory(std::string_view text, const char* name) {
-    Read([this, text, name] { ReadConfigText(text, OrEmpty(name), config); });
+    Read([this, text, name] { return ReadConfigText(text, OrEmpty(name), config); });
 }
 
 // What was read until memory ran out or that was cancelled would pass for a whole configuration.
 template <typename ReadConfig>
 void GenMgr::Read(ReadConfig readConfig) {
     config.Reset();
+    configFault.reset();
     try {
         if (StartReading()) {
-            readConfig();
+            configFault = readConfig();
         }
     } catch (const std::bad_alloc&) {
         config.Reset();

@@ -2,8 +2,10 @@
 // The library's entry.
 #pragma once
 
+#include <vaultry/catalogue/ConfigFault.h>
 #include <vaultry/gen/GenInfo.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,6 +51,11 @@ public:
     /// Like Init, but from a document held in memory, which is needed during the call only. `name`
     /// (UTF-8) stands for the file.
     void InitFromMemory(std::string_view text, const char* name);
+
+    /// Why the configuration was not read to its end; nothing when it was, or when that was
+    /// cancelled. What stood before is there all the same: whether to use it is for the front end
+    /// to say.
+    const std::optional<ConfigFault>& GetConfigFault() const { return configFault; }
 
     /// Generates a plug-in with cells named after `cellName` and writes it to `outPath`, truncating
     /// a file that is there. `fixedLayout`: one cell from the default template; otherwise random
@@ -125,6 +132,7 @@ private:
     bool RunGenerator(const char* name, bool fixedLayout);
 
     bool generated = false; // mod is whole
+    std::optional<ConfigFault> configFault;
 };
 
 } // namespace Tarnex

@@ -49,9 +49,10 @@ TEST_F(ConfigFaultTest, ConfigurationThatVanishesGivesNoDungeon) {
     fs::copy_file(smallConfig, File("my.xml"));
     const Outcome outcome =
         RunWithFaults("VAULTRY_VANISHES=my.xml", {"generate", "--fixed", "-c", "my.xml"});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(Contains(outcome.err, "Fatal Error parsing XML")) << outcome.err;
-    EXPECT_TRUE(Contains(outcome.err, "vaultry: nothing was generated")) << outcome.err;
+    EXPECT_TRUE(Contains(outcome.err, "the configuration \"my.xml\" cannot be read at all: "))
+        << outcome.err;
     ExpectOldFileAlone();
 }
 
@@ -71,7 +72,7 @@ TEST_F(ConfigFaultTest, PipeThatEndsAtOnceGivesNoDungeon) {
     std::ofstream(File("pipe")) << "";
     int status = 0;
     waitpid(child, &status, 0);
-    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(WEXITSTATUS(status), 2);
     ExpectOldFileAlone({"pipe"});
 }
 
