@@ -8,7 +8,6 @@
 #ifndef _WIN32
 #include <dlfcn.h>
 #include <filesystem>
-#include <system_error>
 #endif
 
 namespace Tarnex::Report {
@@ -20,20 +19,14 @@ namespace {
     throw MapError("maps as PNG are not available on this system; use a name that ends in .svg");
 }
 #else
-// The module beside the library, or else wherever the system looks for libraries. The program's own
-// search path does not do: a memory checker that stands in for dlopen does not know it.
+// In a folder of the program's own beside the library, wherever that was installed.
 std::string ModulePath() {
-    constexpr const char* kModule = "libvaultry-png.so";
+    std::filesystem::path folder;
     Dl_info library;
     if (dladdr(reinterpret_cast<const void*>(&RandomUnit), &library) != 0) {
-        const std::filesystem::path beside =
-            std::filesystem::path(library.dli_fname).replace_filename(kModule);
-        std::error_code fault;
-        if (std::filesystem::exists(beside, fault)) {
-            return beside.string();
-        }
+        folder = std::filesystem::path(library.dli_fname).parent_path();
     }
-    return kModule;
+    return (folder / "vaultry" / "libvaultry-png.so").string();
 }
 
 // It stays loaded: the libraries behind it do not like to be unloaded.
@@ -41,13 +34,13 @@ Png::RenderPng LoadRenderer() {
     void* const module = dlopen(ModulePath().c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module == nullptr) {
         const char* const why = dlerror();
-        throw MapError("maps as PNG need the module libvaultry-png.so and librsvg (Debian: install "
-                       "librsvg2-dev and build again, or librsvg2-2 to run); maps as SVG do not: " +
+        throw MapError("maps as PNG need the package vaultry-png (or, where the program was built from "
+                       "its sources, librsvg2-dev and another build); maps as SVG need neither: " +
                        std::string(why == nullptr ? "not found" : why));
     }
     void* const function = dlsym(module, Png::kRenderPng);
     if (function == nullptr) {
-        throw MapError("the module libvaultry-png.so is of another version; install it again");
+        throw MapError("the package vaultry-png is of another version; install it again");
     }
     return reinterpret_cast<Png::RenderPng>(function);
 }

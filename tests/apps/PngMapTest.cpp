@@ -110,7 +110,7 @@ TEST_F(PngMapTest, APictureThatIsTooLargeIsRefusedAndLeavesNothing) {
 }
 
 #ifndef _WIN32
-TEST_F(PngMapTest, WithoutTheModuleAMessageSaysWhatToInstall) {
+TEST_F(PngMapTest, WithoutTheModuleAMessageNamesItsPackage) {
     // The library from here, with a module beside it that is none.
     const fs::path libraries = fs::path(VAULTRY_PROGRAM).parent_path().parent_path() / "lib";
     for (const auto& entry : fs::directory_iterator(libraries)) {
@@ -119,11 +119,12 @@ TEST_F(PngMapTest, WithoutTheModuleAMessageSaysWhatToInstall) {
             fs::create_symlink(entry.path(), File(name));
         }
     }
-    Write("libvaultry-png.so", "");
+    fs::create_directory(File("vaultry"));
+    Write("vaultry/libvaultry-png.so", "");
     const Outcome outcome =
         RunAfter("export LD_LIBRARY_PATH=\"$PWD\"", {"map", "--seed", "7", "--map", "a.png"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(Contains(outcome.err, "maps as PNG need the module")) << outcome.err;
+    EXPECT_TRUE(Contains(outcome.err, "maps as PNG need the package vaultry-png (")) << outcome.err;
     EXPECT_TRUE(Contains(outcome.err, "librsvg2-dev")) << outcome.err;
     const Outcome svg =
         RunAfter("export LD_LIBRARY_PATH=\"$PWD\"", {"map", "--seed", "7", "--map", "a.svg"});

@@ -1,6 +1,7 @@
-# Installs the project into an empty folder and uses it from there as strangers would: a C++ project
-# through find_package, a C program through pkg-config, a Python program through the shared library,
-# and the program itself. Arguments: BUILD, SOURCE, WORK, CXX, CC, LIBDIR, PYTHON, PKG_CONFIG.
+# Installs the project into an empty folder, moves it to another, and uses it from there as strangers
+# would: a C++ project through find_package, a C program through pkg-config, a Python program through
+# the shared library, and the program itself; PNG if it was built with that. Arguments: BUILD, SOURCE,
+# WORK, CXX, CC, LIBDIR, PYTHON, PKG_CONFIG, HARDENED, PNG.
 function(run)
   execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${WORK}
     RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -18,7 +19,8 @@ endfunction()
 set(PREFIX ${WORK}/prefix)
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
-run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX})
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/first)
+file(RENAME ${WORK}/first ${PREFIX})
 set(CONFIG ${PREFIX}/share/vaultry/vaultry.xml)
 set(LIBRARY_PATH ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${PREFIX}/${LIBDIR})
 
@@ -28,8 +30,16 @@ foreach(file man/man1/vaultry.1 bash-completion/completions/vaultry zsh/site-fun
   endif()
 endforeach()
 
+run(${SOURCE}/scripts/check-links ${PREFIX}/share/doc/vaultry)
+if(HARDENED)
+  run(${SOURCE}/scripts/check-hardening ${PREFIX}/bin/vaultry ${PREFIX}/${LIBDIR}/libvaultry.so)
+endif()
+
 run(${PREFIX}/bin/vaultry generate --config ${CONFIG} --seed 7 --stamp 1 --size Small
   --out program.esp)
+if(PNG)
+  run(${PREFIX}/bin/vaultry map --seed 7 --map program.png)
+endif()
 
 run(${CMAKE_COMMAND} -S ${SOURCE}/examples/embed -B embed -DCMAKE_CXX_COMPILER=${CXX}
   -DCMAKE_PREFIX_PATH=${PREFIX})
@@ -40,7 +50,7 @@ if(NOT OUTPUT MATCHES "Generating Layouts\n.*step 3 of 3.*level 3: [0-9]+ of [0-
 endif()
 
 set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
-run(${PKG_CONFIG} --define-variable=prefix=${PREFIX} --cflags --libs vaultry)
+run(${PKG_CONFIG} --cflags --libs vaultry)
 separate_arguments(FLAGS UNIX_COMMAND "${OUTPUT}")
 run(${CC} -std=c99 -Wall -Wextra -Wpedantic -Werror ${SOURCE}/examples/c/generate.c
   ${FLAGS} -o generate)
