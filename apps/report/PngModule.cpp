@@ -34,9 +34,10 @@ Png::RenderPng LoadRenderer() {
     void* const module = dlopen(ModulePath().c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module == nullptr) {
         const char* const why = dlerror();
-        throw MapError("maps as PNG need the package vaultry-png (or, where the program was built from "
-                       "its sources, librsvg2-dev and another build); maps as SVG need neither: " +
-                       std::string(why == nullptr ? "not found" : why));
+        throw MapError(
+            "maps as PNG need the package vaultry-png (or, where the program was built from "
+            "its sources, librsvg2-dev and another build); maps as SVG need neither: " +
+            std::string(why == nullptr ? "not found" : why));
     }
     void* const function = dlsym(module, Png::kRenderPng);
     if (function == nullptr) {
