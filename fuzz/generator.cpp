@@ -300,6 +300,7 @@ std::string Generate(const std::string& config, const Options& options) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    const Fuzz::Brief brief;
     Logger::InitWithoutFile();
     FuzzedDataProvider data(bytes, size);
     const Options options = ReadOptions(data);

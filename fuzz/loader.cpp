@@ -12,6 +12,7 @@
 using namespace Tarnex;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const Fuzz::Brief brief;
     Logger::InitWithoutFile();
     Logger::ResetErrors();
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);

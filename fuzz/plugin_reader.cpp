@@ -23,6 +23,7 @@ Report::LoadedPlugin Load(std::string_view bytes) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const Fuzz::Brief brief;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const Report::LoadedPlugin whole = Load(bytes);
     const std::vector<PluginFinding> findings = Report::FindInconsistencies(whole.file);
