@@ -16,11 +16,15 @@
 #include <vaultry/run/SafeFile.h>
 
 #include <exception>
+#include <filesystem>
+#include <ios>
 #include <new>
 
 namespace Tarnex::Cli {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 struct Dispatch {
     const Console& console;
@@ -73,6 +77,15 @@ ExitStatus Run(const std::vector<std::string>& arguments, const Console& console
         return ExitStatus::Usage;
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const fs::filesystem_error& e) {
+        // Its own words are those of a library.
+        const std::u8string name = e.path1().u8string();
+        console.Say('"' + std::string(name.begin(), name.end()) +
+                    "\" cannot be used: " + e.code().message());
+        return ExitStatus::Failure;
+    } catch (const std::ios_base::failure& e) {
+        console.Say("a file could not be read or written: " + e.code().message());
+        return ExitStatus::Failure;
     } catch (const std::exception& e) {
         console.Say(e.what());
         return ExitStatus::Failure;
