@@ -8,9 +8,10 @@
 
 /// An object that counts its handles and deletes itself when the last one goes.
 ///
-/// Counts are plain integers: objects are made and released on one thread only. Copying an object
-/// never copies its count. Counting cannot free cycles; the one cycle of this library (a layout and
-/// its children, or two levels joined by a teleporting door) is broken by Layout::Dissolve.
+/// Counts are plain integers: an object belongs to one thread at a time, with all its handles.
+/// Copying an object never copies its count. Counting cannot free cycles; the one cycle of this
+/// library (a layout and its children, or two levels joined by a teleporting door) is broken by
+/// Layout::Dissolve.
 class VAULTRY_API DiRcObject {
 public:
     virtual ~DiRcObject() = default;

@@ -3,68 +3,105 @@
 #pragma once
 
 #include <cstddef>
+#include <mutex>
 #include <new>
 #include <vector>
 
 namespace Tarnex {
 
-/// Keeps the memory of objects of `Size` bytes that were freed and hands it out again. Levels are
-/// made and dropped by the thousand, and asking the system for each of their cells costs more than
-/// filling it. Memory is taken by the block, so that objects made together lie together, and given
-/// back with the list: it holds as much as the largest run needed.
-/// For one thread, as everything in the library.
-template <std::size_t Size>
+/// Pieces of memory of one size that one thread may hand out. Nothing is done when a list begins or
+/// ends, so that each thread can have one; what it holds then belongs to its PieceStock.
 class FreeList {
 public:
-    FreeList() = default;
-    FreeList(const FreeList&) = delete;
-    FreeList& operator=(const FreeList&) = delete;
+    bool IsEmpty() const { return first == nullptr; }
 
-    /// No memory taken from the list may be in use any more.
-    ~FreeList() {
+    /// A piece of a list that is not empty.
+    void* Take() {
+        void* piece = first;
+        first = first->next;
+        return piece;
+    }
+
+    /// Takes a piece, of any thread's list; null is ignored.
+    void Give(void* piece) noexcept {
+        if (piece != nullptr) {
+            first = new (piece) Spare{first, nullptr};
+        }
+    }
+
+private:
+    template <std::size_t Size>
+    friend class PieceStock;
+
+    struct Spare {
+        Spare* next;
+        Spare* nextList; // of the first piece of a list that was given back
+    };
+
+    Spare* first = nullptr;
+};
+
+/// Fills the lists of all threads. Levels are made and dropped by the thousand, and asking the
+/// system for each of their cells costs more than filling it. Memory is taken by the block, so that
+/// objects made together lie together, and given back with the stock: it holds as much as was in
+/// use at any one time. Safe to be used by several threads at once.
+template <std::size_t Size>
+class PieceStock {
+public:
+    PieceStock() = default;
+    PieceStock(const PieceStock&) = delete;
+    PieceStock& operator=(const PieceStock&) = delete;
+
+    /// No piece may be in use any more, and no list may hold any.
+    ~PieceStock() {
         for (void* block : blocks) {
             ::operator delete(block, kCacheLine);
         }
     }
 
-    /// Memory of `Size` bytes. Throws std::bad_alloc.
-    void* Take() {
+    /// Gives an empty list pieces of `Size` bytes, fit for any object: those of a list that was
+    /// given back, or new ones. Throws std::bad_alloc.
+    void Fill(FreeList& list) {
+        const std::lock_guard<std::mutex> lock(mutex);
         if (spares == nullptr) {
-            AddBlock();
+            AddBlock(list);
+            return;
         }
-        void* memory = spares;
-        spares = spares->next;
-        return memory;
+        list.first = spares;
+        spares = spares->nextList;
     }
 
-    /// Takes back what Take gave; null is ignored.
-    void Give(void* memory) noexcept {
-        if (memory != nullptr) {
-            spares = new (memory) Spare{spares};
+    /// Takes all that a list holds, for whichever thread asks next.
+    void TakeBack(FreeList& list) noexcept {
+        if (list.IsEmpty()) {
+            return;
         }
+        const std::lock_guard<std::mutex> lock(mutex);
+        list.first->nextList = spares;
+        spares = list.first;
+        list.first = nullptr;
     }
 
 private:
-    struct Spare {
-        Spare* next;
-    };
-    // The size of an object is a multiple of its alignment, so that each lies as it must.
-    static_assert(Size >= sizeof(Spare) && Size % alignof(Spare) == 0);
+    static constexpr std::size_t kAlignment = alignof(std::max_align_t);
+    static constexpr std::size_t kPiece = (Size + kAlignment - 1) / kAlignment * kAlignment;
+    static_assert(kPiece >= sizeof(FreeList::Spare));
 
     static constexpr std::size_t kPerBlock = 128;
     static constexpr std::align_val_t kCacheLine{64};
 
-    void AddBlock() {
+    void AddBlock(FreeList& list) {
         blocks.reserve(blocks.size() + 1);
-        auto* block = static_cast<std::byte*>(::operator new(kPerBlock* Size, kCacheLine));
+        auto* block = static_cast<std::byte*>(::operator new(kPerBlock* kPiece, kCacheLine));
         blocks.push_back(block);
         // Handed out in ascending order: the processor fetches ahead that way.
         for (std::size_t i = kPerBlock; i > 0; --i) {
-            Give(block + (i - 1) * Size);
+            list.Give(block + (i - 1) * kPiece);
         }
     }
 
-    Spare* spares = nullptr;
+    std::mutex mutex;
+    FreeList::Spare* spares = nullptr; // the first pieces of lists
     std::vector<void*> blocks;
 };
 

@@ -3,7 +3,8 @@
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/HarmlessText.h>
-#include <vaultry/foundation/SystemFile.h>
+#include <vaultry/foundation/LogState.h>
+#include <vaultry/foundation/RunState.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -15,16 +16,8 @@ namespace {
 constexpr std::size_t kMaxMessage = 4096;
 constexpr const char* kDefaultFile = "Log.txt";
 
-struct LogState {
-    bool opened = false;
-    SystemFile file;
-    std::error_code fault;
-    std::vector<std::string> errors;
-};
-
 LogState& State() {
-    static LogState state;
-    return state;
+    return *CurrentRunState().log;
 }
 
 std::string FormatMessage(const char* format, va_list args) {

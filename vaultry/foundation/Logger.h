@@ -23,11 +23,12 @@ class JobStatus;
 
 /// Writes the text log and keeps the error lines, so that a front end can show them after a run.
 ///
-/// All calls come from one thread. Texts are Windows-1252; each line ends with LF on every platform
-/// and is flushed. A message is cut after 4096 bytes. In the file, though not in the error list,
-/// "?" stands for what no configuration in XML 1.0 can hold, the escape of terminals for one. When
-/// the file cannot be opened or takes no more, lines are dropped silently and the error list still
-/// grows; GetFault tells of it.
+/// The log is that of the state in use (RunState.h): one for the process unless a thread uses a
+/// state of its own, and written by one thread at a time. Texts are Windows-1252; each line ends
+/// with LF on every platform and is flushed. A message is cut after 4096 bytes. In the file, though
+/// not in the error list, "?" stands for what no configuration in XML 1.0 can hold, the escape of
+/// terminals for one. When the file cannot be opened or takes no more, lines are dropped silently
+/// and the error list still grows; GetFault tells of it.
 class VAULTRY_API Logger {
 public:
     /// Opens `fileName` (UTF-8) for writing, truncating it; null or empty means "Log.txt". Only the

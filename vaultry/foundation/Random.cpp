@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/foundation/Random.h>
 
+#include <vaultry/foundation/RunState.h>
+
 namespace Tarnex {
 
 namespace {
@@ -13,20 +15,12 @@ constexpr std::uint32_t kHighBits = 16;
 constexpr std::uint32_t kMaxValue = 32767;
 constexpr float kUnitScale = 1.0F / 32767.0F;
 
-struct GeneratorState {
-    std::uint32_t state = 1;
-    std::uint64_t draws = 0;
-    DrawRecorder recorder = nullptr;
-    void* context = nullptr;
-};
-
-GeneratorState generator;
-
 std::int32_t Draw(std::int32_t bound) {
-    generator.state = generator.state * kMultiplier + kIncrement;
-    const auto value = static_cast<std::int32_t>((generator.state >> kHighBits) & kMaxValue);
-    if (generator.recorder != nullptr) {
-        generator.recorder({++generator.draws, bound, value}, generator.context);
+    ChanceState& chance = CurrentRunState().chance;
+    chance.state = chance.state * kMultiplier + kIncrement;
+    const auto value = static_cast<std::int32_t>((chance.state >> kHighBits) & kMaxValue);
+    if (chance.recorder != nullptr) {
+        chance.recorder({++chance.draws, bound, value}, chance.context);
     }
     return value;
 }
@@ -34,7 +28,7 @@ std::int32_t Draw(std::int32_t bound) {
 } // namespace
 
 void SeedRandom(std::uint32_t seed) {
-    generator.state = seed;
+    CurrentRunState().chance.state = seed;
 }
 
 std::int32_t RandomInt(std::int32_t n) {
@@ -47,9 +41,10 @@ float RandomUnit() {
 }
 
 void RecordDraws(DrawRecorder recorder, void* context) {
-    generator.draws = 0;
-    generator.recorder = recorder;
-    generator.context = context;
+    ChanceState& chance = CurrentRunState().chance;
+    chance.draws = 0;
+    chance.recorder = recorder;
+    chance.context = context;
 }
 
 } // namespace Tarnex

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The one source of chance: the process-wide generator and its two kinds of draw.
+// The one source of chance: the generator of the state in use (RunState.h), which is the process's
+// unless a thread uses one of its own, and its two kinds of draw.
 #pragma once
 
 #include <vaultry/foundation/Export.h>
@@ -8,8 +9,8 @@
 
 namespace Tarnex {
 
-/// Seeds the process-wide generator. Unseeded it starts from 1. The same seed gives the same draws
-/// on every platform.
+/// Seeds the generator in use. Unseeded it starts from 1. The same seed gives the same draws on
+/// every platform.
 VAULTRY_API void SeedRandom(std::uint32_t seed);
 
 /// A whole number from 0 to n - 1. For n < 1 the answer is 0, and a number is drawn all the same.

@@ -1,29 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/gen/ContainerIds.h>
 
+#include <vaultry/foundation/RunState.h>
+
 #include <ctime>
-#include <optional>
 
 namespace Tarnex {
 
-namespace {
-
-std::optional<std::int64_t> fixedStamp;
-std::uint64_t nextNumber = 1;
-
-std::int64_t Stamp() {
-    return fixedStamp ? *fixedStamp : static_cast<std::int64_t>(std::time(nullptr));
-}
-
-} // namespace
-
 void SetContainerStamp(std::int64_t seconds) {
-    fixedStamp = seconds;
-    nextNumber = 1;
+    CurrentRunState().containers = {seconds, 1};
 }
 
 std::string NextContainerId() {
-    return "Ctr" + std::to_string(Stamp()) + "_" + std::to_string(nextNumber++);
+    ContainerNumbers& numbers = CurrentRunState().containers;
+    const std::int64_t stamp =
+        numbers.stamp ? *numbers.stamp : static_cast<std::int64_t>(std::time(nullptr));
+    return "Ctr" + std::to_string(stamp) + "_" + std::to_string(numbers.next++);
 }
 
 } // namespace Tarnex

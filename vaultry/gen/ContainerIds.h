@@ -15,8 +15,8 @@ namespace Tarnex {
 /// each sets a stamp of its own, drawn by chance for instance.
 VAULTRY_API void SetContainerStamp(std::int64_t seconds);
 
-/// The next identifier: "Ctr", the stamp, "_", a counter that grows with every container of the
-/// process.
+/// The next identifier: "Ctr", the stamp, "_", a counter that grows with every container. Stamp and
+/// counter are those of the state in use (RunState.h).
 VAULTRY_API std::string NextContainerId();
 
 } // namespace Tarnex

@@ -5,6 +5,7 @@
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
+#include <vaultry/foundation/RunState.h>
 #include <vaultry/layout/ElmtKind.h>
 
 #include <array>
@@ -27,7 +28,7 @@ constexpr std::size_t kToleratedFailures = 1;
 
 // The message about a place without a door comes once per place, however many runs pass it.
 bool IsNewPlace(const DiPos& pos) {
-    static std::optional<DiPos> last;
+    std::optional<DiPos>& last = CurrentRunState().doorless;
     const bool isNew = !last || last->x != pos.x || last->y != pos.y;
     last = pos;
     return isNew;

@@ -8,6 +8,7 @@
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntFixed.h>
 #include <vaultry/gen/GenIntRandom.h>
+#include <vaultry/layout/GridElmt.h>
 
 #include <algorithm>
 #include <ctime>
@@ -79,6 +80,11 @@ bool WriteFile(Mod& mod, const char* path) try {
     // Windows has no name for a path that is not UTF-8.
     return false;
 }
+
+// What a run lets go of serves the next one, on whatever thread that is.
+struct SharedAtTheEnd {
+    ~SharedAtTheEnd() { GridElmt::ShareMemory(); }
+};
 
 } // namespace
 
@@ -154,6 +160,7 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
     if (!CheckDefaults()) {
         return ModResult::Refused;
     }
+    const SharedAtTheEnd memory;
     mod.ResetContent();
     if (!RunGenerator(OrEmpty(name), fixedLayout)) {
         return ModResult::Refused;

@@ -25,13 +25,15 @@ enum class ModResult {
 
 /// Reads a configuration and generates plug-ins from it.
 ///
-/// Expected order: construct, Init, any setters, CreateMod as often as wanted. The library is
-/// single-threaded: a GenMgr is used from one thread, and all of them share one random generator
-/// and one log. Names, cell names and log lines are Windows-1252; file paths are UTF-8. Problems
-/// are logged (see Logger), mostly under "GenMgr", "Generator" and "XML Parser". A null text counts
-/// as an empty one. Nothing throws, but std::bad_alloc when memory does not even suffice for the
-/// line that tells of its lack. What a job status or an observer of the caller's throws, whatever
-/// it is, ends the run, which is refused then.
+/// Expected order: construct, Init, any setters, CreateMod as often as wanted. A GenMgr and all
+/// that it hands out are used from one thread at a time. Unless a thread uses a state of its own
+/// (UseRunState), all of them share one random generator and one log, and none may work while
+/// another does; with one for each thread they do not disturb each other. Names, cell names and log
+/// lines are Windows-1252; file paths are UTF-8. Problems are logged (see Logger), mostly under
+/// "GenMgr", "Generator" and "XML Parser". A null text counts as an empty one. Nothing throws, but
+/// std::bad_alloc when memory does not even suffice for the line that tells of its lack. What a
+/// job status or an observer of the caller's throws, whatever it is, ends the run, which is refused
+/// then.
 class VAULTRY_API GenMgr : public GenInfo {
 public:
     /// Seeds the random generator with the current time; see SeedRandom for a seed of one's own.

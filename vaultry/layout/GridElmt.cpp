@@ -3,6 +3,7 @@
 
 #include <vaultry/foundation/FreeList.h>
 #include <vaultry/foundation/Text.h>
+#include <vaultry/foundation/ThreadLocal.h>
 #include <vaultry/layout/Layout.h>
 
 #include <algorithm>
@@ -19,23 +20,36 @@ void* GridElmt::operator new(std::size_t size) {
 void GridElmt::operator delete(void* memory) noexcept {
     ::operator delete(memory);
 }
+
+void GridElmt::ShareMemory() noexcept {}
 #else
 namespace {
 
 // Never destroyed: elements may outlive every other static object.
-FreeList<sizeof(GridElmt)>& Memory() {
-    static auto* memory = new FreeList<sizeof(GridElmt)>;
-    return *memory;
+PieceStock<sizeof(GridElmt)>& Stock() {
+    static auto* stock = new PieceStock<sizeof(GridElmt)>;
+    return *stock;
 }
+
+VAULTRY_FIXED_PLACE constinit thread_local FreeList spares;
 
 } // namespace
 
 void* GridElmt::operator new(std::size_t /*size*/) {
-    return Memory().Take();
+    if (spares.IsEmpty()) {
+        Stock().Fill(spares);
+    }
+    return spares.Take();
 }
 
 void GridElmt::operator delete(void* memory) noexcept {
-    Memory().Give(memory);
+    spares.Give(memory);
+}
+
+void GridElmt::ShareMemory() noexcept {
+    if (!spares.IsEmpty()) {
+        Stock().TakeBack(spares);
+    }
 }
 #endif
 

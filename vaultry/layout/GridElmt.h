@@ -38,8 +38,11 @@ public:
 
     /// Elements come from memory of their own kind; none derives from this class.
     static void* operator new(std::size_t size);
-    /// Gives the memory back for the next element.
+    /// Gives the memory back for the next element of the thread, whichever thread made this one.
     static void operator delete(void* memory) noexcept;
+    /// Lets all threads have what the calling one has spare. To be called at the end of whatever
+    /// makes and drops elements: what a thread still keeps when it ends is used no more.
+    static void ShareMemory() noexcept;
 
     /// An element without tiles.
     GridElmt();

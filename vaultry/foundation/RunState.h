@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// What runs share besides the objects that they are given.
+#pragma once
+
+#include <vaultry/foundation/DiPos.h>
+#include <vaultry/foundation/Export.h>
+#include <vaultry/foundation/Random.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace Tarnex {
+
+/// Where the random generator stands; see Random.h.
+struct ChanceState {
+    std::uint32_t state = 1;         ///< of the generator
+    std::uint64_t draws = 0;         ///< since recording began
+    DrawRecorder recorder = nullptr; ///< told of every draw; may be null
+    void* context = nullptr;         ///< handed to the recorder
+};
+
+struct LogState;
+
+/// The identifiers of containers; see ContainerIds.h.
+struct ContainerNumbers {
+    std::optional<std::int64_t> stamp; ///< the clock's without
+    std::uint64_t next = 1;            ///< the number of the next container
+};
+
+/// Everything that one run changes for the next besides the objects that it is given: chance, the
+/// log, the numbers of containers, and the place that the log named last for want of a door.
+///
+/// There is one for the process, and all functions of the library use it, whatever thread calls
+/// them. A UseRunState puts another in its place for a thread: threads that each use a state, a
+/// GenMgr and objects of their own do not disturb each other.
+struct VAULTRY_API RunState {
+    ChanceState chance;            ///< drawn from by RandomInt and RandomUnit
+    std::unique_ptr<LogState> log; ///< written by Logger; never null
+    ContainerNumbers containers;   ///< counted by NextContainerId
+    std::optional<DiPos> doorless; ///< where a hall last found no place for a door [cells]
+
+    /// Unseeded, with a log that the first line opens.
+    RunState();
+    ~RunState();
+    RunState(const RunState&) = delete;
+    RunState& operator=(const RunState&) = delete;
+};
+
+/// The state that the calling thread uses: that of the innermost UseRunState, or the process's.
+VAULTRY_API RunState& CurrentRunState();
+
+/// While one lives, the thread that made it uses a state of its own. They may be nested and end in
+/// the opposite order, on the same thread.
+class VAULTRY_API UseRunState {
+public:
+    /// `state` is not owned and must outlive the object; null stands for the process's.
+    explicit UseRunState(RunState* state);
+    ~UseRunState();
+    UseRunState(const UseRunState&) = delete;
+    UseRunState& operator=(const UseRunState&) = delete;
+
+    /// What the thread used before; null for the process's.
+    RunState* Outer() const { return outer; }
+
+private:
+    RunState* outer;
+};
+
+} // namespace Tarnex
