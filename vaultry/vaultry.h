@@ -4,11 +4,20 @@
  * The library for programs in other languages than C++: a generator is created, reads a
  * configuration, takes options and writes plug-ins.
  *
- * All texts are UTF-8 and end with a zero byte; a null text counts as an empty one. A text that a
- * function returns belongs to the generator and holds until the next call with that generator. A
- * generator that is handed in must not be null unless that is said. The library is single-threaded:
- * all generators of a process are used from one thread and share one random generator. No function
- * throws or ends the process.
+ * All texts are UTF-8 and end with a zero byte; a null text counts as an empty one. Texts that are
+ * handed out are valid UTF-8 whatever came in. A text that a function returns belongs to the
+ * generator and holds until the next call with that generator. A generator that is handed in must
+ * not be null unless that is said. No function throws or ends the process.
+ *
+ * Generators share nothing: each has its own chance and errors, none keeps a log file, and several
+ * threads may use one each at the same time. A generator is used by one thread at a time, not
+ * always the same one. A run depends on its configuration, options, seed and stamp alone; what was
+ * made before it, by this generator or others, changes nothing.
+ *
+ * While a call is under way, in a progress function for instance, its generator can be used for
+ * nothing else: functions with a result answer VAULTRY_BUSY, those with a text null, and the only
+ * error is then the one that says so. The call itself is not disturbed. Other generators can be
+ * made, used and destroyed.
  */
 #ifndef VAULTRY_H
 #define VAULTRY_H
@@ -29,7 +38,8 @@ enum vaultry_result {
     VAULTRY_CANCELED = 2,     /**< the progress function asked to stop; nothing written */
     VAULTRY_NOT_WRITTEN = 3,  /**< generated, but not written whole: an earlier file is as it was */
     VAULTRY_BAD_ARGUMENT = 4, /**< an unknown option, or a value that it does not take */
-    VAULTRY_NO_MEMORY = 5     /**< memory did not suffice for the call */
+    VAULTRY_NO_MEMORY = 5,    /**< memory did not suffice for the call */
+    VAULTRY_BUSY = 6          /**< another call with the generator is under way; nothing done */
 };
 
 /** A generator: a configuration, options, and what the last run came to. */
@@ -38,8 +48,8 @@ typedef struct vaultry_generator vaultry_generator;
 /**
  * Called often during a run, so it should be quick. `text` is the step under way and holds during
  * the call, `position` how many of its `steps` (one for each level) are done, `context` what
- * vaultry_set_progress was given. Another answer than 0 cancels the run. The function must neither
- * throw nor call the library with the generator that runs.
+ * vaultry_set_progress was given. Another answer than 0 cancels the run. The function must not
+ * throw. It may use other generators, and ask its own for seed and stamp.
  */
 typedef int (*vaultry_progress)(void* context, const char* text, int32_t position, int32_t steps);
 
@@ -48,11 +58,14 @@ VAULTRY_API const char* vaultry_version(void);
 
 /**
  * A new generator without a configuration, to be given to vaultry_destroy in the end; null when
- * memory does not suffice. From the first one on the library keeps no log file.
+ * memory does not suffice.
  */
 VAULTRY_API vaultry_generator* vaultry_create(void);
-/** Frees a generator and every text that it returned; null is ignored. */
-VAULTRY_API void vaultry_destroy(vaultry_generator* generator);
+/**
+ * Frees a generator and every text that it returned; null is ignored. VAULTRY_BUSY: it is at work
+ * and was not freed; cancel the run, and destroy the generator when vaultry_generate has returned.
+ */
+VAULTRY_API enum vaultry_result vaultry_destroy(vaultry_generator* generator);
 
 /**
  * Reads a configuration, in place of any earlier one, and forgets all names that were set. What is
@@ -73,7 +86,8 @@ VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* gene
  * Sets an option to what its switch on the command line takes; switches without a value take "true"
  * or "false". Options: see vaultry_option. Names are looked up in the configuration, which
  * therefore comes first. "seed" and "stamp" are drawn by chance for every run until they are set. A
- * value that is refused changes nothing.
+ * number beyond the bounds of its switch, which the error names, and a name with letters that the
+ * game's code page (Windows-1252) lacks are refused. A value that is refused changes nothing.
  */
 VAULTRY_API enum vaultry_result
 vaultry_set(vaultry_generator* generator, const char* option, const char* value);
@@ -81,7 +95,7 @@ vaultry_set(vaultry_generator* generator, const char* option, const char* value)
 VAULTRY_API const char* vaultry_option(size_t index);
 
 /** Shows the progress of later runs; a null function ends that. `context` is handed on. */
-VAULTRY_API void
+VAULTRY_API enum vaultry_result
 vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, void* context);
 
 /**
@@ -98,13 +112,17 @@ VAULTRY_API int64_t vaultry_last_stamp(const vaultry_generator* generator);
 
 /**
  * What the last run came to, as JSON: an object with "walkable" and one entry of "levels" for each
- * level; {"walkable":null,"levels":[]} for a fixed interior. Null when memory does not suffice.
+ * level; {"walkable":null,"levels":[]} for a fixed interior. Null when memory does not suffice or
+ * the generator is at work.
  */
 VAULTRY_API const char* vaultry_walkability_json(vaultry_generator* generator);
 
 /** How many errors the last vaultry_init, vaultry_set or vaultry_generate met. */
 VAULTRY_API size_t vaultry_error_count(const vaultry_generator* generator);
-/** One of those errors by its number from 0, a line of text; null past the last one. */
+/**
+ * One of those errors by its number from 0, a line that can be shown as it is: "?" stands for
+ * characters that drive terminals. Null past the last one.
+ */
 VAULTRY_API const char* vaultry_error(const vaultry_generator* generator, size_t index);
 
 #ifdef __cplusplus

@@ -25,11 +25,6 @@ private:
     std::string cell;
     bool fixed;
     std::int64_t stamp;
-    // What a run may change and the next one would start from.
-    DiPtr<TileSet> tileSet;
-    DiPtr<Theme> theme;
-    DiPtr<Theme> creatureTheme;
-    DiPtr<Theme> treasureTheme;
 };
 
 } // namespace Tarnex::Cli

@@ -7,6 +7,7 @@
 #include "apps/vaultry/CommandHelp.h"
 
 #include <vaultry/foundation/Text.h>
+#include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/Limits.h>
 
 #include <CLI/CLI.hpp>
@@ -22,7 +23,6 @@ namespace Tarnex::Cli {
 namespace {
 
 constexpr std::uint64_t kMaxWord = std::numeric_limits<std::uint32_t>::max();
-constexpr std::uint64_t kMaxStamp = std::numeric_limits<std::int64_t>::max();
 constexpr std::uint64_t kMostJobs = 1024;
 constexpr std::size_t kFactColumn = 19;
 

@@ -3,6 +3,7 @@
 
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
+#include <vaultry/foundation/Utf8.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/GenMgr.h>
 #include <vaultry/vaultry.h>
@@ -11,11 +12,13 @@
 #include <nlohmann/json.hpp>
 
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <iterator>
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #ifndef _WIN32
@@ -32,6 +35,7 @@ constexpr const char* kCaves = VAULTRY_SOURCE_DIR "/data/caves.xml";
 
 class CInterfaceTest : public ::testing::Test {
 protected:
+    CInterfaceTest() { Logger::InitWithoutFile(); } // of managers beside the generator
     ~CInterfaceTest() override {
         vaultry_destroy(generator);
         Logger::Close();
@@ -222,11 +226,11 @@ TEST_F(CInterfaceTest, WritingCanBeCancelledToo) {
 TEST_F(CInterfaceTest, WrongValuesAreExplained) {
     ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
     EXPECT_EQ(FaultOf("depth", "1"), "there is no option \"depth\"");
-    EXPECT_EQ(FaultOf("levels", "0"), "levels: \"0\" is not a whole number from 1 to 4294967295");
+    EXPECT_EQ(FaultOf("levels", "0"), "levels: \"0\" is not a whole number from 1 to 1000");
     EXPECT_EQ(FaultOf("seed", "-1"), "seed: \"-1\" is not a whole number from 0 to 4294967295");
     EXPECT_EQ(FaultOf("seed", "7 "), "seed: \"7 \" is not a whole number from 0 to 4294967295");
     EXPECT_EQ(FaultOf("stamp", "x"),
-              "stamp: \"x\" is not a whole number from 0 to 9007199254740991");
+              "stamp: \"x\" is not a whole number from 0 to 9223372036854775807");
     EXPECT_EQ(FaultOf("fixed", "yes"), "fixed: \"yes\" is not \"true\" or \"false\"");
     EXPECT_EQ(FaultOf("size", "Huge"),
               "size: \"Huge\" is not one of Random, Tiny, Small, Medium, Large");
@@ -250,9 +254,9 @@ TEST_F(CInterfaceTest, TakesEveryOptionThatItLists) {
         {"cell", {"The Old Keep"}},
         {"fixed", {"true", "false"}},
         {"platforms", {"true", "false"}},
-        {"levels", {"1", "3"}},
-        {"min-level", {"0", "2"}},
-        {"max-level", {"0", "9"}},
+        {"levels", {"1", "1000"}},
+        {"min-level", {"0", "4294967295"}},
+        {"max-level", {"0", "4294967295"}},
         {"size", {"Random", "tiny", "SMALL", "Medium", "Large"}},
         {"spacing", {"Random", "Tight", "Semi-tight", "Semi-loose", "Loose"}},
         {"random-tileset", {"true", "false"}},
@@ -262,7 +266,7 @@ TEST_F(CInterfaceTest, TakesEveryOptionThatItLists) {
         {"master", {"Other.esm"}},
         {"master-size", {"0", "4294967295"}},
         {"seed", {"0", "4294967295"}},
-        {"stamp", {"0", "9007199254740991"}},
+        {"stamp", {"0", "9223372036854775807"}},
     };
     ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
     for (std::size_t i = 0; vaultry_option(i) != nullptr; ++i) {
@@ -374,6 +378,77 @@ TEST_F(CInterfaceTest, NamesAreFoundInUtf8WhateverTheEncodingOfTheConfiguration)
                       "Gr\xFC"
                       "ft"),
               "");
+}
+
+TEST_F(CInterfaceTest, ANumberOneBeyondItsBoundsIsRefusedAndChangesNothing) {
+    const std::map<std::string, const char*> beyond = {
+        {"levels", "1001"},
+        {"min-level", "4294967296"},
+        {"max-level", "4294967296"},
+        {"master-size", "4294967296"},
+        {"seed", "4294967296"},
+        {"stamp", "9223372036854775808"},
+    };
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("seed", "7");
+    Set("stamp", "9223372036854775807");
+    const std::string made = Generate();
+    EXPECT_EQ(vaultry_last_stamp(generator), INT64_MAX);
+    for (const auto& [option, value] : beyond) {
+        EXPECT_NE(FaultOf(option.c_str(), value).find("is not a whole number from "),
+                  std::string::npos);
+        FaultOf(option.c_str(), "-1");
+    }
+    EXPECT_EQ(Generate(), made);
+}
+
+TEST_F(CInterfaceTest, LettersThatTheGameLacksAreNamed) {
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("cell", "Keep");
+    EXPECT_EQ(FaultOf("cell", "\xCE\xA9 or \xE6\xB0\xB4 or \xCE\xA9?"),
+              "cell: \"\xCE\xA9 or \xE6\xB0\xB4 or \xCE\xA9?\" has letters that the game lacks: "
+              "\xCE\xA9, \xE6\xB0\xB4");
+    EXPECT_NE(FaultOf("master", "\xCE\xA9.esm").find("lacks: \xCE\xA9"), std::string::npos);
+    EXPECT_NE(Generate().find("Keep"), std::string::npos);
+}
+
+// A letter that the game lacks is none of its question marks.
+TEST_F(CInterfaceTest, ANameWithALetterThatTheGameLacksIsNoName) {
+    const std::string config = "<OstrelData><Theme Name=\"Why?\"/></OstrelData>";
+    vaultry_init_from_memory(generator, config.data(), config.size(), "why");
+    Set("theme", "Why?");
+    EXPECT_NE(FaultOf("theme", "Why\xCE\xA9"), "");
+}
+
+bool IsUtf8(std::string_view text) {
+    while (!text.empty()) {
+        if (TakeUtf8(text) == kMalformed) {
+            return false;
+        }
+    }
+    return true;
+}
+
+TEST_F(CInterfaceTest, ErrorsAreUtf8WhateverTheyQuote) {
+    const std::string config = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><OstrelData>"
+                               "<Layout LayoutName=\"Gr\xFC"
+                               "ft\" Type=\"Romo\"/></OstrelData>";
+    vaultry_init_from_memory(generator, config.data(), config.size(), "odd");
+    ASSERT_EQ(vaultry_error_count(generator), 1U);
+    EXPECT_NE(std::string(vaultry_error(generator, 0))
+                  .find("Gr\xC3\xBC"
+                        "ft"),
+              std::string::npos);
+    const std::string fault = FaultOf("theme", "a\xFC\xC3");
+    EXPECT_TRUE(IsUtf8(fault)) << fault;
+    const std::string file = dir.File("none") + "/\xFC.esp";
+    ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_NOT_WRITTEN);
+    EXPECT_TRUE(IsUtf8(vaultry_error(generator, 0))) << vaultry_error(generator, 0);
+}
+
+TEST_F(CInterfaceTest, AnErrorIsOneLine) {
+    EXPECT_EQ(FaultOf("de\npth", "1"), "there is no option \"de?pth\"");
 }
 
 TEST_F(CInterfaceTest, TellsItsVersion) {

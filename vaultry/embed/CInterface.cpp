@@ -2,10 +2,13 @@
 // The C interface: texts in and out, and no exception past it.
 #include <vaultry/embed/GeneratorOptions.h>
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
+#include <vaultry/foundation/RunState.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/ReportJson.h>
+#include <vaultry/run/KeptDefaults.h>
 #include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
@@ -17,6 +20,9 @@ namespace {
 using namespace Tarnex;
 
 constexpr unsigned kStampBits = 53; // as many as a floating-point number holds
+
+constexpr const char* kBusy =
+    "the generator is at work: until that call has ended it can be used for nothing else";
 
 const char* TextOf(const char* text) {
     return text == nullptr ? "" : text;
@@ -34,12 +40,33 @@ vaultry_result Guard(const Call& call) noexcept {
     }
 }
 
-void KeepErrors(vaultry_generator& generator) {
-    generator.errors.clear();
-    for (const std::string& line : Logger::GetErrors()) {
-        generator.errors.push_back(ToUtf8(line));
+// A call to a generator, unless another one is under way: in a progress function, or on another
+// thread. Both the library's log and chance are the call's own, so that no call leaves anything for
+// the next and all generators may work at once.
+template <typename Call>
+vaultry_result Enter(vaultry_generator& generator, const Call& call) noexcept {
+    if (generator.busy.exchange(true)) {
+        return VAULTRY_BUSY;
     }
-    Logger::ResetErrors();
+    const vaultry_result result = Guard([&] {
+        RunState state;
+        const UseRunState use(&state);
+        Logger::InitWithoutFile();
+        return call(use.Outer());
+    });
+    generator.busy = false;
+    return result;
+}
+
+// Whatever an error quotes, the C side gets one line of UTF-8.
+void Tell(vaultry_generator& generator, std::string_view utf8) {
+    generator.errors.push_back(ForTerminal(utf8));
+}
+
+void TellLog(vaultry_generator& generator) {
+    for (const std::string& line : Logger::GetErrors()) {
+        Tell(generator, ToUtf8(line));
+    }
 }
 
 bool IsUsable(GenMgr& manager) {
@@ -48,11 +75,11 @@ bool IsUsable(GenMgr& manager) {
 
 template <typename Read>
 vaultry_result ReadConfig(vaultry_generator* generator, const Read& read) {
-    return Guard([generator, &read] {
-        Logger::ResetErrors();
+    return Enter(*generator, [generator, &read](RunState*) {
+        generator->errors.clear();
         generator->manager.SetDefaultCreatureTheme(nullptr);
         read(generator->manager);
-        KeepErrors(*generator);
+        TellLog(*generator);
         return IsUsable(generator->manager) ? VAULTRY_OK : VAULTRY_REFUSED;
     });
 }
@@ -79,15 +106,16 @@ vaultry_result ResultOf(ModResult result) {
     return VAULTRY_REFUSED;
 }
 
-ModResult Generate(vaultry_generator& generator) {
+ModResult Generate(vaultry_generator& generator, RunState* callers) {
     GenMgr& manager = generator.manager;
+    const KeptDefaults defaults(manager);
     FixChance(generator);
     const std::string master = FromUtf8(generator.master.value_or(""));
     manager.SetMasterFile(generator.master ? master.c_str() : nullptr, generator.masterSize);
     manager.SetNameSingleLevel(true);
     SetContainerStamp(generator.lastStamp);
     SeedRandom(generator.lastSeed);
-    generator.progress.Restart(generator.fixed ? 1 : manager.randomInfo.numLevels);
+    generator.progress.Restart(generator.fixed ? 1 : manager.randomInfo.numLevels, callers);
     manager.SetJobStatus(&generator.progress);
     const std::string cell = FromUtf8(generator.cell);
     const ModResult result = manager.Generate(cell.c_str(), generator.fixed);
@@ -118,8 +146,9 @@ void ProgressCall::SetFunction(vaultry_progress newFunction, void* newContext) {
     context = newContext;
 }
 
-void ProgressCall::Restart(std::uint32_t newSteps) {
+void ProgressCall::Restart(std::uint32_t newSteps, RunState* newCallers) {
     canceled = false;
+    callers = newCallers;
     steps = static_cast<std::int32_t>(std::min<std::uint32_t>(newSteps, INT32_MAX));
     text.clear();
     JobStatus::SetPos(0);
@@ -143,6 +172,7 @@ void ProgressCall::SetText(const std::string& newText) {
 // A run that was cancelled stays so, whatever a later call answers.
 void ProgressCall::Ask() const {
     if (function != nullptr && !canceled) {
+        const UseRunState use(callers);
         canceled = function(context, text.c_str(), GetPos(), steps) != 0;
     }
 }
@@ -156,15 +186,21 @@ const char* vaultry_version(void) {
 vaultry_generator* vaultry_create(void) {
     vaultry_generator* generator = nullptr;
     Guard([&generator] {
-        Logger::InitWithoutFile();
+        // The chance that a new manager seeds is nobody's.
+        RunState state;
+        const UseRunState use(&state);
         generator = new vaultry_generator;
         return VAULTRY_OK;
     });
     return generator;
 }
 
-void vaultry_destroy(vaultry_generator* generator) {
+vaultry_result vaultry_destroy(vaultry_generator* generator) {
+    if (generator != nullptr && generator->busy) {
+        return VAULTRY_BUSY;
+    }
     delete generator;
+    return VAULTRY_OK;
 }
 
 vaultry_result vaultry_init(vaultry_generator* generator, const char* path) {
@@ -182,13 +218,13 @@ vaultry_result vaultry_init_from_memory(vaultry_generator* generator,
 }
 
 vaultry_result vaultry_set(vaultry_generator* generator, const char* option, const char* value) {
-    return Guard([=] {
+    return Enter(*generator, [=](RunState*) {
         generator->errors.clear();
-        std::string fault = SetOption(*generator, TextOf(option), TextOf(value));
+        const std::string fault = SetOption(*generator, TextOf(option), TextOf(value));
         if (fault.empty()) {
             return VAULTRY_OK;
         }
-        generator->errors.push_back(std::move(fault));
+        Tell(*generator, fault);
         return VAULTRY_BAD_ARGUMENT;
     });
 }
@@ -197,23 +233,27 @@ const char* vaultry_option(size_t index) {
     return OptionName(index);
 }
 
-void vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, void* context) {
-    generator->progress.SetFunction(progress, context);
+vaultry_result
+vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, void* context) {
+    return Enter(*generator, [=](RunState*) {
+        generator->progress.SetFunction(progress, context);
+        return VAULTRY_OK;
+    });
 }
 
 vaultry_result vaultry_generate(vaultry_generator* generator, const char* path) {
-    return Guard([=] {
-        Logger::ResetErrors();
-        ModResult result = Generate(*generator);
+    return Enter(*generator, [=](RunState* callers) {
+        generator->errors.clear();
+        ModResult result = Generate(*generator, callers);
         std::string fault;
         if (result == ModResult::Written) {
             fault = WriteMod(*generator, TextOf(path));
         }
-        KeepErrors(*generator);
+        TellLog(*generator);
         if (!fault.empty()) {
             const bool canceled = generator->progress.HasBeenCanceled();
             result = canceled ? ModResult::Canceled : ModResult::NotWritten;
-            generator->errors.push_back(std::move(fault));
+            Tell(*generator, fault);
         }
         return ResultOf(result);
     });
@@ -228,7 +268,7 @@ int64_t vaultry_last_stamp(const vaultry_generator* generator) {
 }
 
 const char* vaultry_walkability_json(vaultry_generator* generator) {
-    const vaultry_result result = Guard([generator] {
+    const vaultry_result result = Enter(*generator, [generator](RunState*) {
         const GenReport& report = generator->manager.report;
         const char* walkable = report.levels.empty() ? "null"
                                : report.IsWalkable() ? "true"
@@ -241,9 +281,12 @@ const char* vaultry_walkability_json(vaultry_generator* generator) {
 }
 
 size_t vaultry_error_count(const vaultry_generator* generator) {
-    return generator->errors.size();
+    return generator->busy ? 1 : generator->errors.size();
 }
 
 const char* vaultry_error(const vaultry_generator* generator, size_t index) {
+    if (generator->busy) {
+        return index == 0 ? kBusy : nullptr;
+    }
     return index < generator->errors.size() ? generator->errors[index].c_str() : nullptr;
 }

@@ -2,9 +2,11 @@
 // What stands behind the handle of the C interface.
 #pragma once
 
+#include <vaultry/foundation/RunState.h>
 #include <vaultry/gen/GenMgr.h>
 #include <vaultry/vaultry.h>
 
+#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -17,8 +19,10 @@ class ProgressCall : public JobStatus {
 public:
     /// A null function is never called.
     void SetFunction(vaultry_progress newFunction, void* newContext);
-    /// Before each run of so many steps: what was asked of the last one no longer counts.
-    void Restart(std::uint32_t newSteps);
+    /// Before each run of so many steps: what was asked of the last one no longer counts. The
+    /// function is called in the state of whoever called for the run (null: the process's), so that
+    /// nothing that it does with the library changes the run.
+    void Restart(std::uint32_t newSteps, RunState* newCallers);
 
     bool HasBeenCanceled() const override;
     void SetPos(std::int32_t position) override;
@@ -31,6 +35,7 @@ private:
     vaultry_progress function = nullptr;
     void* context = nullptr;
     std::string text; // UTF-8
+    RunState* callers = nullptr;
     std::int32_t steps = 0;
     mutable bool canceled = false;
 };
@@ -39,6 +44,7 @@ private:
 
 /// A generator with what the C interface adds to it. All its text is UTF-8.
 struct vaultry_generator {
+    std::atomic<bool> busy = false; ///< a call is under way; all else is that call's
     Tarnex::GenMgr manager;
     Tarnex::ProgressCall progress;
     std::string cell = "Vaultry Dungeon";

@@ -3,6 +3,8 @@
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>
+#include <vaultry/gen/ContainerIds.h>
+#include <vaultry/gen/Limits.h>
 
 #include <algorithm>
 #include <array>
@@ -13,10 +15,7 @@ namespace Tarnex {
 
 namespace {
 
-// As many as a program that reads numbers as floating-point ones keeps apart.
-constexpr std::int64_t kMaxStamp = (std::int64_t{1} << 53) - 1;
-
-// Takes a value and returns what it should have been; nothing when it was right.
+// Takes a value and returns what is wrong with it; nothing when it was right.
 using Setter = std::function<std::string(std::string_view value)>;
 
 template <typename Number>
@@ -26,26 +25,27 @@ Setter SetNumber(std::optional<Number>& target, Number least, Number most) {
         const char* end = value.data() + value.size();
         const auto [rest, fault] = std::from_chars(value.data(), end, number);
         if (fault != std::errc() || rest != end || number < least || number > most) {
-            return "a whole number from " + std::to_string(least) + " to " + std::to_string(most);
+            return "is not a whole number from " + std::to_string(least) + " to " +
+                   std::to_string(most);
         }
         target = number;
         return {};
     };
 }
 
-Setter SetNumber(std::uint32_t& target, std::uint32_t least) {
-    return [&target, least](std::string_view value) {
+Setter SetNumber(std::uint32_t& target, std::uint32_t least, std::uint32_t most = UINT32_MAX) {
+    return [&target, least, most](std::string_view value) {
         std::optional<std::uint32_t> number;
-        std::string wanted = SetNumber(number, least, UINT32_MAX)(value);
+        std::string fault = SetNumber(number, least, most)(value);
         target = number.value_or(target);
-        return wanted;
+        return fault;
     };
 }
 
 Setter SetSwitch(bool& target) {
     return [&target](std::string_view value) -> std::string {
         if (value != "true" && value != "false") {
-            return "\"true\" or \"false\"";
+            return "is not \"true\" or \"false\"";
         }
         target = value == "true";
         return {};
@@ -58,7 +58,7 @@ Setter SetWord(Enum& target, const std::vector<std::string>& words) {
         const auto word = std::ranges::find_if(
             words, [value](const std::string& known) { return EqualsNoCase(known, value); });
         if (word == words.end()) {
-            return "one of " + JoinWords(words);
+            return "is not one of " + JoinWords(words);
         }
         target = static_cast<Enum>(word - words.begin());
         return {};
@@ -69,7 +69,11 @@ template <typename Text>
 Setter SetText(Text& target) {
     return [&target](std::string_view value) -> std::string {
         if (value.empty()) {
-            return "a text";
+            return "is not a text";
+        }
+        const std::vector<std::string> missing = MissingFromCodePage(value);
+        if (!missing.empty()) {
+            return "has letters that the game lacks: " + JoinWords(missing);
         }
         target = std::string(value);
         return {};
@@ -80,11 +84,12 @@ Setter SetText(Text& target) {
 template <typename T, typename Set>
 Setter SetName(const std::vector<DiPtr<T>>& list, const Set& set) {
     return [&list, set](std::string_view value) -> std::string {
-        const std::string name = FromUtf8(value);
+        bool lost = false;
+        const std::string name = FromUtf8(value, &lost);
         const bool known = std::ranges::any_of(
             list, [&name](const DiPtr<T>& object) { return object->GetName() == name; });
-        if (!known) {
-            return "a name of the configuration";
+        if (lost || !known) {
+            return "is not a name of the configuration";
         }
         set(name.c_str());
         return {};
@@ -136,7 +141,7 @@ const std::array<Option, 23> kOptions = {{
          return SetName(g.manager.GetTreasureThemes(),
                         [&g](auto name) { g.manager.SetDefaultTreasureTheme(name); });
      }},
-    {"levels", [](G& g) { return SetNumber(g.manager.randomInfo.numLevels, 1); }},
+    {"levels", [](G& g) { return SetNumber(g.manager.randomInfo.numLevels, 1, kMaxLevels); }},
     {"min-level", [](G& g) { return SetNumber(g.manager.randomInfo.minLevel, 0); }},
     {"max-level", [](G& g) { return SetNumber(g.manager.randomInfo.maxLevel, 0); }},
     {"size",
@@ -172,11 +177,11 @@ SetOption(vaultry_generator& generator, std::string_view option, std::string_vie
     if (row == kOptions.end()) {
         return "there is no option \"" + std::string(option) + "\"";
     }
-    const std::string wanted = row->setter(generator)(value);
-    if (wanted.empty()) {
+    const std::string fault = row->setter(generator)(value);
+    if (fault.empty()) {
         return {};
     }
-    return std::string(option) + ": \"" + std::string(value) + "\" is not " + wanted;
+    return std::string(option) + ": \"" + std::string(value) + "\" " + fault;
 }
 
 } // namespace Tarnex

@@ -2,8 +2,10 @@
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Utf8.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace Tarnex {
 
@@ -53,6 +55,22 @@ std::string FromUtf8(std::string_view utf8, bool* lost) {
         *lost = missing;
     }
     return text;
+}
+
+std::vector<std::string> MissingFromCodePage(std::string_view utf8) {
+    std::vector<std::string> missing;
+    while (!utf8.empty()) {
+        const char32_t character = TakeUtf8(utf8);
+        if (CodePageByte(character) != kMissing || character == U'?') {
+            continue;
+        }
+        std::string letter;
+        AppendUtf8(letter, character == kMalformed ? kReplacement : character);
+        if (std::ranges::find(missing, letter) == missing.end()) {
+            missing.push_back(std::move(letter));
+        }
+    }
+    return missing;
 }
 
 std::string ToUtf8(std::string_view codePageText) {

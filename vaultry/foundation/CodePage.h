@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarnex {
 
@@ -17,6 +18,10 @@ VAULTRY_API char CodePageByte(char32_t character);
 /// UTF-8 to Windows-1252. A character that the code page lacks and each malformed byte becomes one
 /// "?"; `lost`, when given, is set to whether that happened.
 VAULTRY_API std::string FromUtf8(std::string_view utf8, bool* lost = nullptr);
+
+/// The characters of a text (UTF-8) that the code page lacks, each once, in order and in UTF-8;
+/// U+FFFD stands for malformed bytes.
+VAULTRY_API std::vector<std::string> MissingFromCodePage(std::string_view utf8);
 
 /// Windows-1252 to UTF-8; the five unassigned bytes become U+FFFD.
 VAULTRY_API std::string ToUtf8(std::string_view codePageText);

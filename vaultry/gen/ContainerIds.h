@@ -5,9 +5,13 @@
 #include <vaultry/foundation/Export.h>
 
 #include <cstdint>
+#include <limits>
 #include <string>
 
 namespace Tarnex {
+
+/// The greatest stamp that front ends take; the least is 0.
+inline constexpr std::int64_t kMaxStamp = std::numeric_limits<std::int64_t>::max();
 
 /// Fixes the number that container identifiers carry, which is otherwise the current time in whole
 /// seconds, and restarts their counter at 1: with the same seed and stamp a run repeats itself to
