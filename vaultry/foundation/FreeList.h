@@ -13,6 +13,7 @@ namespace Tarnex {
 /// ends, so that each thread can have one; what it holds then belongs to its PieceStock.
 class FreeList {
 public:
+    /// True when nothing can be taken.
     bool IsEmpty() const { return first == nullptr; }
 
     /// A piece of a list that is not empty.
