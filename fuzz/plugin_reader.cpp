@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: MIT
-// Reads any bytes as a plug-in and makes every report of it.
+// Reads any bytes as a plug-in, makes every report of it and draws it.
 #include "apps/report/DiffReport.h"
 #include "apps/report/InspectReport.h"
+#include "apps/report/MapHtml.h"
+#include "apps/report/MapSvg.h"
+#include "apps/report/MapText.h"
 #include "apps/report/PluginChecks.h"
+#include "apps/report/PluginMap.h"
 #include "fuzz/Require.h"
 
 #include <vaultry/output/PluginReader.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <sstream>
+#include <vector>
 
 namespace {
 
@@ -18,6 +25,54 @@ using Fuzz::Require;
 
 Report::LoadedPlugin Load(std::string_view bytes) {
     return {"fuzz.esp", std::string(bytes), ReadPlugin(bytes)};
+}
+
+// A tile set that knows some of what the corpus places.
+Report::PieceIndex Pieces() {
+    struct Piece {
+        const char* kind;
+        const char* id;
+    };
+    constexpr std::array<Piece, 8> kPieces = {{{"CornerNW", "a_cornernw"},
+                                               {"WallN", "a_walln"},
+                                               {"Center", "a_center"},
+                                               {"DoorwayN", "a_doorwayn"},
+                                               {"DoorjambN", "a_doorjambn"},
+                                               {"DoorN", "a_doorn"},
+                                               {"HallNS", "a_hallns"},
+                                               {"HallEndN", "a_walln"}}};
+    ConfigMgr config;
+    DiPtr<TileSet> set(new TileSet);
+    set->SetType("Room");
+    set->SetTileSize(256);
+    for (const Piece& piece : kPieces) {
+        Tile tile;
+        tile.kindName = piece.kind;
+        tile.id = piece.id;
+        set->Set(tile);
+    }
+    config.roomTileSets.push_back(set);
+    return Report::PieceIndex(config);
+}
+
+// As the command line draws them: so many cells at most.
+void Draw(const PluginFile& file, std::ostream& out) {
+    constexpr std::size_t kMostCells = 100;
+    static const Report::PieceIndex pieces = Pieces();
+    std::vector<const PluginCell*> cells;
+    for (const PluginCell& cell : file.cells) {
+        cells.push_back(&cell);
+    }
+    cells.resize(std::min(cells.size(), kMostCells));
+    Report::PluginLevels levels(cells, file, pieces);
+    const Report::MapCaption caption{0, "", "", "fuzz.esp"};
+    const Report::MapSurvey survey = Report::SurveyOf(levels);
+    for (std::size_t i = 0; i < levels.Count(); ++i) {
+        Report::PrintMap(levels.Level(i), true, out);
+    }
+    Report::SvgDocument(survey, caption)
+        .Write(levels, Report::MapLook::Auto, Report::MapTitles::Yes, out);
+    Report::WriteHtml(levels, survey, caption, Report::MapLook::Auto, out);
 }
 
 } // namespace
@@ -37,5 +92,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Report::DiffResult diff = Report::Diff(whole, Load(bytes.substr(0, size / 4 * 3)));
     Report::PrintDiff(diff, text);
     Require(!Report::ToJson(diff).empty());
+    Draw(whole.file, text);
     return 0;
 }

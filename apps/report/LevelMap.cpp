@@ -56,23 +56,33 @@ void AddHidden(MapCell& drawn, const MapCell& hidden) {
     drawn.contents.insert(drawn.contents.end(), hidden.contents.begin(), hidden.contents.end());
 }
 
-void Draw(LevelMap& map, const Part& part) {
+// Calls `visit` with each cell of a part that has tiles and its place on the map.
+template <typename Visitor>
+void ForEachTiled(const Part& part, const Visitor& visit) {
     for (std::uint32_t row = 0; row < part.layout->GetHeight(); ++row) {
         for (std::uint32_t col = 0; col < part.layout->GetWidth(); ++col) {
-            if (!part.layout->HasTiles(row, col)) {
-                continue;
+            if (part.layout->HasTiles(row, col)) {
+                visit(*part.layout->GetElmt(row, col),
+                      DiPos(part.origin.x + static_cast<std::int32_t>(col),
+                            part.origin.y + static_cast<std::int32_t>(row),
+                            0));
             }
-            MapCell& place = map.At(part.origin.x + static_cast<std::int32_t>(col),
-                                    part.origin.y + static_cast<std::int32_t>(row));
-            MapCell cell = DrawnCell(*part.layout->GetElmt(row, col));
-            if (place.tile != MapTile::Empty) {
-                AddHidden(place, cell);
-                continue;
-            }
-            cell.sameFloor = part.sameFloor;
-            place = std::move(cell);
         }
     }
+}
+
+void Draw(LevelMap& map, const Part& part) {
+    ForEachTiled(part, [&](const GridElmt& elmt, const DiPos& at) {
+        MapCell& place = map.Held(at.x, at.y);
+        MapCell cell = DrawnCell(elmt);
+        if (place.tile != MapTile::Empty) {
+            AddHidden(place, cell);
+            return;
+        }
+        cell.sameFloor = part.sameFloor;
+        cell.place = at;
+        place = std::move(cell);
+    });
 }
 
 void AddRooms(LevelMap& map, const LevelReport& report, const DiPos& origin) {
@@ -82,7 +92,7 @@ void AddRooms(LevelMap& map, const LevelReport& report, const DiPos& origin) {
         for (std::int32_t y = place.y; y < place.y + room.size.y; ++y) {
             for (std::int32_t x = place.x; x < place.x + room.size.x; ++x) {
                 if (map.IsInside(x, y) && map.At(x, y).tile != MapTile::Empty) {
-                    map.At(x, y).room = map.rooms.size();
+                    map.Held(x, y).room = map.rooms.size();
                 }
             }
         }
@@ -95,7 +105,43 @@ void Append(std::string& text, const std::string& line) {
     }
 }
 
+// The name of a content as it is shown to people, and over further lines what is in it.
+std::string ContentWords(const MapContent& content, ListedItems& listed) {
+    std::string text = content.label.empty() ? content.name : content.label;
+    if (!content.chest) {
+        return text;
+    }
+    if (!listed.Claim(*content.chest)) {
+        return text + "\n  " + Counted(content.chest->items.size(), "item");
+    }
+    for (const MapItem& item : content.chest->items) {
+        text += "\n  " + ItemWords(item);
+    }
+    return text;
+}
+
 } // namespace
+
+const MapCell LevelMap::kEmptyCell;
+
+void LevelMap::SetGrid(std::int32_t newWidth,
+                       std::int32_t newHeight,
+                       const std::vector<DiPos>& places) {
+    width = newWidth;
+    height = newHeight;
+    numbers.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
+    for (const DiPos& place : places) {
+        numbers[Index(place.x, place.y)] = 1;
+    }
+    std::uint32_t count = 0;
+    for (std::uint32_t& number : numbers) {
+        number = number == 0 ? 0 : ++count;
+    }
+    cells.assign(count, {});
+    for (const DiPos& place : places) {
+        Held(place.x, place.y).place = place;
+    }
+}
 
 LevelMap MapOf(const FinishedLevel& level) {
     std::vector<Part> parts = PartsOf(level.layout);
@@ -111,11 +157,13 @@ LevelMap MapOf(const FinishedLevel& level) {
     map.name = Shown(level.cell.GetName());
     map.tileSet = Shown(level.tileSet.GetName());
     map.tileSize = level.tileSet.GetTileSize();
-    map.width = high.x - low.x;
-    map.height = high.y - low.y;
-    map.cells.resize(static_cast<std::size_t>(map.width) * static_cast<std::size_t>(map.height));
+    std::vector<DiPos> places;
     for (Part& part : parts) {
         part.origin -= low;
+        ForEachTiled(part, [&places](const GridElmt&, const DiPos& at) { places.push_back(at); });
+    }
+    map.SetGrid(high.x - low.x, high.y - low.y, places);
+    for (const Part& part : parts) {
         Draw(map, part);
     }
     FindLooseEnds(map);
@@ -139,28 +187,34 @@ void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod) {
                 if (content.sort != RefSort::Container || found == containers.end()) {
                     continue;
                 }
-                content.label = Shown(found->second->GetFriendlyName());
+                auto chest = std::make_shared<MapChest>();
+                chest->name = Shown(found->second->GetFriendlyName());
                 for (const auto& [item, count] : found->second->GetInventory()) {
-                    content.items.push_back({Shown(item), count});
+                    chest->items.push_back({Shown(item), count});
                 }
+                content.label = chest->name;
+                content.chest = std::move(chest);
             }
         }
     }
+}
+
+bool ListedItems::Claim(const MapChest& chest) {
+    if (listed.insert(&chest).second) {
+        return true;
+    }
+    if (chest.items.size() > kMostListedAgain - again) {
+        return false;
+    }
+    again += chest.items.size();
+    return true;
 }
 
 std::string ItemWords(const MapItem& item) {
     return std::to_string(item.count) + " x " + item.name;
 }
 
-std::string ContentWords(const MapContent& content) {
-    std::string text = content.label.empty() ? content.name : content.label;
-    for (const MapItem& item : content.items) {
-        text += "\n  " + ItemWords(item);
-    }
-    return text;
-}
-
-std::string CellWords(const LevelMap& map, const MapCell& cell) {
+std::string CellWords(const LevelMap& map, const MapCell& cell, ListedItems& listed) {
     std::string text;
     if (cell.room > 0) {
         Append(text,
@@ -178,7 +232,7 @@ std::string CellWords(const LevelMap& map, const MapCell& cell) {
         Append(text, "Opens onto nothing");
     }
     for (const MapContent& content : cell.contents) {
-        Append(text, ContentWords(content));
+        Append(text, ContentWords(content, listed));
     }
     return text;
 }

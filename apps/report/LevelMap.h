@@ -8,8 +8,9 @@
 #include <vaultry/output/Ref.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
-#include <utility>
+#include <unordered_set>
 #include <vector>
 
 namespace Tarnex::Report {
@@ -23,16 +24,23 @@ struct MapItem {
     std::int64_t count = 0; ///< negative: refilled by the game
 };
 
+/// A container and what is in it. All text is UTF-8.
+struct MapChest {
+    std::string name; ///< what the game calls it
+    std::vector<MapItem> items;
+};
+
 /// Something that stands in a cell. All text is UTF-8.
 struct MapContent {
     RefSort sort = RefSort::Other;
-    std::string name;             ///< its identifier
-    std::string label{};          ///< what the game calls a container
-    std::vector<MapItem> items{}; ///< what is in a container
+    std::string name;                        ///< its identifier
+    std::string label{};                     ///< what is shown instead, if anything
+    std::shared_ptr<const MapChest> chest{}; ///< of a container; all that are the same share it
 };
 
 /// One cell of a map. All text is UTF-8.
 struct MapCell {
+    DiPos place; ///< on the map
     MapTile tile = MapTile::Empty;
     SideBits open = 0;    ///< sides without a wall
     SideBits doorway = 0; ///< the open side that holds a doorway
@@ -55,31 +63,59 @@ struct MapRoom {
     bool reachable = true;
 };
 
-/// Copies everything that is drawn, so that it outlives the run. All text is UTF-8.
-struct LevelMap {
+/// A level from outside. All text is UTF-8.
+struct MapOutline {
     std::string name;
     std::string tileSet;
-    std::int32_t tileSize = 0;  ///< edge of a cell [world units]
-    std::int32_t width = 0;     ///< [cells]
-    std::int32_t height = 0;    ///< [cells]
-    std::vector<MapCell> cells; ///< row by row from the north-western corner
+    std::int32_t tileSize = 0; ///< edge of a cell [world units]
+    std::int32_t width = 0;    ///< [cells]
+    std::int32_t height = 0;   ///< [cells]
+    std::size_t leftOut = 0;   ///< references too far away to be drawn
+};
+
+/// Copies everything that is drawn, so that it outlives the run. Empty cells take next to no
+/// memory: a few objects far apart make a large map. All text is UTF-8.
+struct LevelMap : MapOutline {
+    std::vector<MapCell>
+        cells; ///< that may hold something, row by row from the north-western corner
     std::vector<MapRoom> rooms;
-    std::size_t leftOut = 0; ///< references too far away to be drawn
+
+    /// Sets the size, and makes a cell for each of the places, which are inside and may be given
+    /// several times, in any order.
+    void SetGrid(std::int32_t newWidth, std::int32_t newHeight, const std::vector<DiPos>& places);
 
     bool IsInside(std::int32_t x, std::int32_t y) const {
         return x >= 0 && y >= 0 && x < width && y < height;
     }
-    /// `x` and `y` are inside.
+    /// The cell there, an empty one if there is none. `x` and `y` are inside.
     const MapCell& At(std::int32_t x, std::int32_t y) const {
-        return cells[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                     static_cast<std::size_t>(x)];
+        const std::uint32_t number = numbers[Index(x, y)];
+        return number == 0 ? kEmptyCell : cells[number - 1];
     }
-    MapCell& At(std::int32_t x, std::int32_t y) {
-        return const_cast<MapCell&>(std::as_const(*this).At(x, y));
-    }
+    /// The cell there, which is one of `cells`.
+    MapCell& Held(std::int32_t x, std::int32_t y) { return cells[numbers[Index(x, y)] - 1]; }
     bool IsReachable(const MapCell& cell) const {
         return cell.room == 0 || rooms[cell.room - 1].reachable;
     }
+
+private:
+    static const MapCell kEmptyCell;
+
+    std::size_t Index(std::int32_t x, std::int32_t y) const {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+               static_cast<std::size_t>(x);
+    }
+
+    std::vector<std::uint32_t> numbers; // of the cells from 1, or 0, row by row
+};
+
+/// The levels of a drawing. A drawing looks at one after the other, several times over.
+class MapLevels {
+public:
+    virtual ~MapLevels() = default;
+    virtual std::size_t Count() const = 0;
+    /// The level of that number, counted from 0; it is good until the next call.
+    virtual const LevelMap& Level(std::size_t number) = 0;
 };
 
 /// What stands in place of maps when there are none.
@@ -97,8 +133,10 @@ struct MapCaption {
 LevelMap MapOf(const FinishedLevel& level);
 
 /// Collects the maps of a run.
-class MapCollector : public LevelObserver {
+class MapCollector : public LevelObserver, public MapLevels {
 public:
+    std::size_t Count() const override { return maps.size(); }
+    const LevelMap& Level(std::size_t number) override { return maps[number]; }
     void LevelFinished(const FinishedLevel& level) override { maps.push_back(MapOf(level)); }
     /// For a run that starts over.
     void Clear() { maps.clear(); }
@@ -112,14 +150,26 @@ private:
 /// Gives the containers on the maps their names and what is in them.
 void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod);
 
+/// Bounds what containers that stand in several places make of a drawing: what is in a container is
+/// listed where it is drawn first, and again elsewhere until kMostListedAgain items were. After
+/// that only their number is told.
+class ListedItems {
+public:
+    static constexpr std::size_t kMostListedAgain = 10'000;
+
+    /// Whether what is in the chest is to be listed now; it counts as listed then.
+    bool Claim(const MapChest& chest);
+
+private:
+    std::unordered_set<const MapChest*> listed;
+    std::size_t again = 0;
+};
+
 /// "3 x gold_001".
 std::string ItemWords(const MapItem& item);
 
-/// The name of a content as it is shown to people, and over further lines what is in it.
-std::string ContentWords(const MapContent& content);
-
 /// The text of a cell as it is shown to people, over several lines: room, tiles, contents.
-std::string CellWords(const LevelMap& map, const MapCell& cell);
+std::string CellWords(const LevelMap& map, const MapCell& cell, ListedItems& listed);
 
 /// The first content of the sort that matters most, or null: creatures, containers, doors,
 /// furniture, rugs, tapestries, anything else.

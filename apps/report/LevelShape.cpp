@@ -67,22 +67,16 @@ Places PlacesOf(const LevelMap& map) {
             places.emplace_back().cell = &map.cells[i];
         }
     }
-    for (std::size_t i = 0; i < map.cells.size(); ++i) {
-        if (numbers[i] == kNowhere) {
-            continue;
-        }
-        const auto x = static_cast<std::int32_t>(i % static_cast<std::size_t>(map.width));
-        const auto y = static_cast<std::int32_t>(i / static_cast<std::size_t>(map.width));
+    for (Place& place : places) {
         for (std::size_t way = 0; way < Sides().size(); ++way) {
             const Side& side = Sides()[way];
-            if (!Has(map.cells[i].open, side.dir) ||
-                !map.IsInside(x + side.step.x, y + side.step.y)) {
+            const DiPos to = place.cell->place + side.step;
+            if (!Has(place.cell->open, side.dir) || !map.IsInside(to.x, to.y)) {
                 continue;
             }
-            const MapCell& next = map.At(x + side.step.x, y + side.step.y);
+            const MapCell& next = map.At(to.x, to.y);
             if (Has(next.open, side.opposite)) {
-                const auto at = static_cast<std::size_t>(&next - map.cells.data());
-                places[numbers[i]].next[way] = numbers[at];
+                place.next[way] = numbers[static_cast<std::size_t>(&next - map.cells.data())];
             }
         }
     }

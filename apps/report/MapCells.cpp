@@ -84,14 +84,14 @@ void Extend(MapRoom& room, const DiPos& cell) {
 void NumberArea(LevelMap& map, const DiPos& start) {
     const std::size_t number = map.rooms.size() + 1;
     map.rooms.push_back({start, DiPos(1, 1, 0), true});
-    map.At(start.x, start.y).room = number;
+    map.Held(start.x, start.y).room = number;
     Flood(map, {start}, [&](const DiPos& from, const DiPos& to, const Side& side) {
         const bool throughDoorway = HasSide(map.At(from.x, from.y).doorway, side.dir) ||
                                     HasSide(map.At(to.x, to.y).doorway, side.opposite);
         if (throughDoorway || !IsArea(map.At(to.x, to.y))) {
             return false;
         }
-        map.At(to.x, to.y).room = number;
+        map.Held(to.x, to.y).room = number;
         Extend(map.rooms.back(), to);
         return true;
     });
@@ -117,64 +117,58 @@ MapCell DrawnCell(const GridElmt& elmt) {
     }
     cell.platform = !elmt.platforms.empty();
     for (const DiPtr<ContentItem>& item : elmt.contents) {
-        cell.contents.push_back({SortOf(*item), Shown(item->uniqueName), "", {}});
+        cell.contents.push_back({SortOf(*item), Shown(item->uniqueName)});
     }
     return cell;
 }
 
 void FindLooseEnds(LevelMap& map) {
-    for (std::int32_t y = 0; y < map.height; ++y) {
-        for (std::int32_t x = 0; x < map.width; ++x) {
-            MapCell& cell = map.At(x, y);
-            if (!cell.sameFloor) {
-                cell.loose = 0;
-            }
-            cell.loose = static_cast<SideBits>(cell.loose & Ways(cell));
-            for (const Side& side : Sides()) {
-                if (CanPass(map, DiPos(x, y, 0), side)) {
-                    cell.loose = static_cast<SideBits>(cell.loose & ~SideBit(side.dir));
-                }
+    for (MapCell& cell : map.cells) {
+        if (!cell.sameFloor) {
+            cell.loose = 0;
+        }
+        cell.loose = static_cast<SideBits>(cell.loose & Ways(cell));
+        for (const Side& side : Sides()) {
+            if (CanPass(map, cell.place, side)) {
+                cell.loose = static_cast<SideBits>(cell.loose & ~SideBit(side.dir));
             }
         }
     }
 }
 
 void NumberAreas(LevelMap& map) {
-    for (std::int32_t y = 0; y < map.height; ++y) {
-        for (std::int32_t x = 0; x < map.width; ++x) {
-            const MapCell& cell = map.At(x, y);
-            if (cell.tile == MapTile::Room && IsArea(cell)) {
-                NumberArea(map, DiPos(x, y, 0));
-            }
+    for (const MapCell& cell : map.cells) {
+        if (cell.tile == MapTile::Room && IsArea(cell)) {
+            NumberArea(map, cell.place);
         }
     }
 }
 
 void JudgeReach(LevelMap& map) {
-    const auto width = static_cast<std::size_t>(std::max(map.width, 1));
     std::vector<bool> visited(map.cells.size());
+    const auto number = [&map](const DiPos& place) {
+        return static_cast<std::size_t>(&map.At(place.x, place.y) - map.cells.data());
+    };
     const auto visit = [&](const DiPos& /*from*/, const DiPos& to, const Side& /*side*/) {
-        auto seen =
-            visited[static_cast<std::size_t>(to.y) * width + static_cast<std::size_t>(to.x)];
+        auto seen = visited[number(to)];
         const bool isNew = !seen;
         seen = true;
         return isNew;
     };
     std::vector<DiPos> start;
-    for (std::size_t i = 0; i < map.cells.size(); ++i) {
-        if (map.cells[i].room == 1) {
-            visited[i] = true;
-            start.emplace_back(
-                static_cast<std::int32_t>(i % width), static_cast<std::int32_t>(i / width), 0);
+    for (const MapCell& cell : map.cells) {
+        if (cell.room == 1) {
+            visited[number(cell.place)] = true;
+            start.push_back(cell.place);
         }
     }
     Flood(map, start, visit);
     for (MapRoom& room : map.rooms) {
         room.reachable = false;
     }
-    for (std::size_t i = 0; i < map.cells.size(); ++i) {
-        if (map.cells[i].room > 0 && (visited[i] || !map.cells[i].sameFloor)) {
-            map.rooms[map.cells[i].room - 1].reachable = true;
+    for (const MapCell& cell : map.cells) {
+        if (cell.room > 0 && (visited[number(cell.place)] || !cell.sameFloor)) {
+            map.rooms[cell.room - 1].reachable = true;
         }
     }
 }

@@ -48,25 +48,27 @@ std::optional<MapFormat> PictureFormatOf(std::string_view path) {
     return EndsWith(path, ".png") ? std::optional(MapFormat::Png) : std::nullopt;
 }
 
-void WriteMaps(const std::vector<LevelMap>& maps,
+void WriteMaps(MapLevels& levels,
+               const MapSurvey& survey,
                const MapCaption& caption,
                MapFormat format,
                const MapSettings& settings,
                std::ostream& out) {
     switch (format) {
     case MapFormat::Svg:
-        WriteSvg(maps, caption, settings.look, out);
+        SvgDocument(survey, caption).Write(levels, settings.look, MapTitles::Yes, out);
         break;
     case MapFormat::Png: {
-        std::ostringstream svg;
+        const SvgDocument document(survey, caption);
+        RequireDrawable(document.Extent(), settings.scale);
         const bool dark = settings.look == MapLook::Dark;
-        RequireDrawable(WriteSvg(maps, caption, dark ? MapLook::Dark : MapLook::Light, svg),
-                        settings.scale);
-        WritePng(svg.str(), settings.scale, out);
+        std::ostringstream svg;
+        document.Write(levels, dark ? MapLook::Dark : MapLook::Light, MapTitles::No, svg);
+        WritePng(std::move(svg).str(), settings.scale, out);
         break;
     }
     case MapFormat::Html:
-        WriteHtml(maps, caption, settings.look, out);
+        WriteHtml(levels, survey, caption, settings.look, out);
         break;
     }
 }

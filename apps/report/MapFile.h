@@ -4,12 +4,12 @@
 
 #include "apps/report/LevelMap.h"
 #include "apps/report/MapStyle.h"
+#include "apps/report/MapSurvey.h"
 #include "apps/report/PngModule.h"
 
 #include <optional>
 #include <ostream>
 #include <string_view>
-#include <vector>
 
 namespace Tarnex::Report {
 
@@ -29,9 +29,10 @@ struct MapSettings {
     double scale = 1.5;           ///< of PNG pictures, from kSmallestScale to kLargestScale
 };
 
-/// Writes all maps in that format. Throws MapError when they cannot be drawn; whether `out` took
-/// the bytes is told by its state.
-void WriteMaps(const std::vector<LevelMap>& maps,
+/// Writes the levels, of which `survey` was made, in that format. Throws MapError when they cannot
+/// be drawn; whether `out` took the bytes is told by its state.
+void WriteMaps(MapLevels& levels,
+               const MapSurvey& survey,
                const MapCaption& caption,
                MapFormat format,
                const MapSettings& settings,

@@ -103,20 +103,20 @@ std::string LevelId(std::size_t level) {
     return "level-" + std::to_string(level);
 }
 
-std::string Contents(const std::vector<LevelMap>& maps) {
-    if (maps.size() < 2) {
+std::string Contents(const std::vector<SurveyedLevel>& levels) {
+    if (levels.size() < 2) {
         return {};
     }
     std::string text = "<nav aria-label=\"Levels\"><ul>\n";
-    for (std::size_t i = 0; i < maps.size(); ++i) {
-        text +=
-            "<li><a href=\"#" + LevelId(i + 1) + "\">" + ForMarkup(maps[i].name) + "</a></li>\n";
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        text += "<li><a href=\"#" + LevelId(i + 1) + "\">" + ForMarkup(levels[i].outline.name) +
+                "</a></li>\n";
     }
     return text + "</ul></nav>\n";
 }
 
 // The numbers of rooms lead to their rows.
-std::string NumberLinks(const LevelMap& map, std::size_t level) {
+std::string NumberLinks(const LevelMap& map, std::size_t level, ListedItems& listed) {
     std::string text;
     std::size_t room = 0;
     for (const DiPos& place : RoomNumberPlaces(map)) {
@@ -125,7 +125,8 @@ std::string NumberLinks(const LevelMap& map, std::size_t level) {
                 "><rect class=\"hit\" width=\"24\" height=\"24\"" +
                 Attribute("x", std::to_string(place.x * kCell)) +
                 Attribute("y", std::to_string(place.y * kCell)) + "><title>" +
-                ForMarkup(CellWords(map, map.At(place.x, place.y))) + "</title></rect></a>\n";
+                ForMarkup(CellWords(map, map.At(place.x, place.y), listed)) +
+                "</title></rect></a>\n";
     }
     return text;
 }
@@ -144,36 +145,44 @@ std::string Spots(const LevelMap& map, std::size_t level) {
     return text;
 }
 
-std::string Picture(const LevelMap& map, std::size_t level) {
+std::string Picture(const LevelMap& map, std::size_t level, ListedItems& listed) {
     const std::int32_t width = PanelWidth(map);
     const std::int32_t height = kAbove + map.height * kCell + kPanelFoot;
     const std::string size =
         Attribute("width", std::to_string(width)) + Attribute("height", std::to_string(height));
+    // What the first listing of a container takes is the drawing's.
+    const std::string drawing = MapDrawing(map, &listed);
     return "<div class=\"picture\"><svg role=\"img\"" +
            Attribute("aria-label", "Map of " + map.name) + size +
            Attribute("viewBox", "0 0 " + std::to_string(width) + ' ' + std::to_string(height)) +
            ">\n<rect class=\"paper\"" + size + "/>\n" +
            SvgMoved(kPanelMargin,
                     kAbove,
-                    MapDrawing(map) + NumberLinks(map, level) + Spots(map, level)) +
+                    drawing + NumberLinks(map, level, listed) + Spots(map, level)) +
            NorthArrow(width - kPanelMargin - 24, height - 44) + "</svg></div>\n";
 }
 
-std::string Section(const LevelMap& map, std::size_t level) {
+// What the drawings and what the tables have listed of a page.
+struct PageItems {
+    ListedItems inDrawings;
+    ListedItems inTables;
+};
+
+std::string Section(const LevelMap& map, std::size_t level, PageItems& listed) {
     const std::string size = std::to_string(map.width) + " x " + std::to_string(map.height) +
                              " cells of " + std::to_string(map.tileSize) + " units";
     return "<section id=\"" + LevelId(level) + "\">\n<h2>" + ForMarkup(map.name) +
            "</h2>\n<p class=\"faint\">" +
            ForMarkup(map.tileSet.empty() ? size : map.tileSet + ", " + size) + "</p>\n" +
-           Picture(map, level) + "<h3>Rooms</h3>\n<div class=\"scroll\">" + RoomTable(map, level) +
-           "</div>\n<h3>Containers</h3>\n<div class=\"scroll\">" + ContainerTable(map, level) +
-           "</div>\n</section>\n";
+           Picture(map, level, listed.inDrawings) + "<h3>Rooms</h3>\n<div class=\"scroll\">" +
+           RoomTable(map, level) + "</div>\n<h3>Containers</h3>\n<div class=\"scroll\">" +
+           ContainerTable(map, level, listed.inTables) + "</div>\n</section>\n";
 }
 
-std::string Legend(const std::vector<LevelMap>& maps) {
+std::string Legend(const LegendNeeds& needs) {
     const std::string start = R"(<svg width="24" height="24" aria-hidden="true">)";
     std::string text = "<ul class=\"legend\">\n";
-    for (const LegendItem& item : LegendItems(maps)) {
+    for (const LegendItem& item : LegendItems(needs)) {
         text += "<li>" + start + std::string(item.drawing) + "</svg> " + std::string(item.words) +
                 "</li>\n";
     }
@@ -187,21 +196,22 @@ std::string Definitions() {
 }
 
 // The start that the names of all levels share, up to a comma, or the first name.
-std::string Title(const std::vector<LevelMap>& maps) {
-    if (maps.empty()) {
+std::string Title(const std::vector<SurveyedLevel>& levels) {
+    if (levels.empty()) {
         return "Map";
     }
-    const std::string& first = maps.front().name;
-    return maps.size() == 1 ? first : first.substr(0, first.rfind(", "));
+    const std::string& first = levels.front().outline.name;
+    return levels.size() == 1 ? first : first.substr(0, first.rfind(", "));
 }
 
 } // namespace
 
-void WriteHtml(const std::vector<LevelMap>& maps,
+void WriteHtml(MapLevels& levels,
+               const MapSurvey& survey,
                const MapCaption& caption,
                MapLook look,
                std::ostream& out) {
-    const std::string title = ForMarkup(Title(maps));
+    const std::string title = ForMarkup(Title(survey.levels));
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n"
         << kHead << "<title>" << title << "</title>\n<style>\n"
         << PageStyle(look) << "</style>\n</head>\n<body>\n<header>\n<h1>" << title << "</h1>\n";
@@ -209,12 +219,13 @@ void WriteHtml(const std::vector<LevelMap>& maps,
     for (const std::string& line : CaptionLines(caption, kUnbroken)) {
         out << "<p class=\"faint\">" << ForMarkup(line) << "</p>\n";
     }
-    out << Contents(maps) << "</header>\n"
-        << Definitions() << Switches() << Legend(maps) << "<main>\n";
-    for (std::size_t i = 0; i < maps.size() && out; ++i) {
-        out << Section(maps[i], i + 1);
+    out << Contents(survey.levels) << "</header>\n"
+        << Definitions() << Switches() << Legend(survey.legend) << "<main>\n";
+    PageItems listed;
+    for (std::size_t i = 0; i < levels.Count() && out; ++i) {
+        out << Section(levels.Level(i), i + 1, listed);
     }
-    if (maps.empty()) {
+    if (survey.levels.empty()) {
         out << "<p>" << kNoLevels << "</p>\n";
     }
     out << "</main>\n</body>\n</html>\n";

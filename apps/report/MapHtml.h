@@ -4,16 +4,18 @@
 
 #include "apps/report/LevelMap.h"
 #include "apps/report/MapStyle.h"
+#include "apps/report/MapSurvey.h"
 
 #include <ostream>
-#include <vector>
 
 namespace Tarnex::Report {
 
 /// Writes one page of its own that loads nothing and runs no script: every level with layers to
 /// switch, what is in each room, and what is in each container. Numbers on the map lead to the
 /// tables and back.
-void WriteHtml(const std::vector<LevelMap>& maps,
+/// `survey` is that of the levels.
+void WriteHtml(MapLevels& levels,
+               const MapSurvey& survey,
                const MapCaption& caption,
                MapLook look,
                std::ostream& out);

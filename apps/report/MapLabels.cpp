@@ -76,7 +76,9 @@ double Distance(const MapBox& box, const Point& point) {
 
 class LabelPlacer {
 public:
-    explicit LabelPlacer(const LevelMap& levelMap) : map(levelMap), numbered(map.cells.size()) {
+    explicit LabelPlacer(const LevelMap& levelMap)
+        : map(levelMap),
+          numbered(static_cast<std::size_t>(map.width) * static_cast<std::size_t>(map.height)) {
         for (const DiPos& place : RoomNumberPlaces(map)) {
             numbered[Index(place.x, place.y)] = true;
         }
@@ -153,11 +155,9 @@ private:
 std::vector<MapLabel> PlaceLabels(const LevelMap& map) {
     LabelPlacer placer(map);
     std::vector<MapLabel> labels;
-    for (std::int32_t y = 0; y < map.height; ++y) {
-        for (std::int32_t x = 0; x < map.width; ++x) {
-            if (map.At(x, y).teleport) {
-                labels.push_back(placer.Place(DiPos(x, y, 0)));
-            }
+    for (const MapCell& cell : map.cells) {
+        if (cell.teleport && labels.size() < kMostLabels) {
+            labels.push_back(placer.Place(cell.place));
         }
     }
     return labels;
@@ -171,21 +171,19 @@ std::vector<DiPos> RoomNumberPlaces(const LevelMap& map) {
         places.push_back(room.origin);
     }
     std::vector<std::int32_t> nearest(map.rooms.size(), std::numeric_limits<std::int32_t>::max());
-    for (std::int32_t y = 0; y < map.height; ++y) {
-        for (std::int32_t x = 0; x < map.width; ++x) {
-            const MapCell& cell = map.At(x, y);
-            if (cell.room == 0 || cell.tile != MapTile::Room) {
-                continue;
-            }
-            const MapRoom& room = map.rooms[cell.room - 1];
-            const std::int32_t distance = std::abs(2 * (x - room.origin.x) + 1 - room.size.x) +
-                                          std::abs(2 * (y - room.origin.y) + 1 - room.size.y) +
-                                          (cell.contents.empty() ? 0 : kTaken) +
-                                          (cell.open == 0xF && cell.doorway == 0 ? 0 : kBeside);
-            if (distance < nearest[cell.room - 1]) {
-                nearest[cell.room - 1] = distance;
-                places[cell.room - 1] = DiPos(x, y, 0);
-            }
+    for (const MapCell& cell : map.cells) {
+        if (cell.room == 0 || cell.tile != MapTile::Room) {
+            continue;
+        }
+        const MapRoom& room = map.rooms[cell.room - 1];
+        const std::int32_t distance =
+            std::abs(2 * (cell.place.x - room.origin.x) + 1 - room.size.x) +
+            std::abs(2 * (cell.place.y - room.origin.y) + 1 - room.size.y) +
+            (cell.contents.empty() ? 0 : kTaken) +
+            (cell.open == 0xF && cell.doorway == 0 ? 0 : kBeside);
+        if (distance < nearest[cell.room - 1]) {
+            nearest[cell.room - 1] = distance;
+            places[cell.room - 1] = cell.place;
         }
     }
     return places;

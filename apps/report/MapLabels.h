@@ -31,8 +31,11 @@ struct MapLabel {
     bool distant; ///< too far from the door to be understood without a line
 };
 
-/// The labels of all teleporting doors; they cover neither marks nor doors nor each other as long
-/// as there is room.
+/// Among more labels than this nobody would find his way; they take long to place, too.
+inline constexpr std::size_t kMostLabels = 100;
+
+/// The labels of the teleporting doors, of the first kMostLabels if there are more; they cover
+/// neither marks nor doors nor each other as long as there is room.
 std::vector<MapLabel> PlaceLabels(const LevelMap& map);
 
 /// Where the number of each room stands: the free cell nearest to its middle, in the list's order.

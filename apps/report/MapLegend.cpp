@@ -34,7 +34,7 @@ bool Holds(const LevelMap& /*map*/, const MapCell& cell) {
     return std::ranges::find(cell.contents, Sort, &MapContent::sort) != cell.contents.end();
 }
 
-const std::array<LegendEntry, 16> kEntries = {{
+const std::array<LegendEntry, LegendNeeds().size()> kEntries = {{
     {{R"(<path class="floor" d="M0 0H24V24H0Z"/><path class="wall" d="M0 0H24V24H0Z"/>)", "room"},
      IsTile<MapTile::Room>},
     {{R"(<path class="hallfloor" d="M0 6H24V18H0Z"/><path class="wall" d="M0 6H24M0 18H24"/>)",
@@ -65,13 +65,6 @@ const std::array<LegendEntry, 16> kEntries = {{
      [](const LevelMap&, const MapCell& cell) { return cell.loose != 0; }},
 }};
 
-bool IsNeeded(const LegendEntry& entry, const std::vector<LevelMap>& maps) {
-    return std::ranges::any_of(maps, [&entry](const LevelMap& map) {
-        return std::ranges::any_of(map.cells,
-                                   [&](const MapCell& cell) { return entry.shows(map, cell); });
-    });
-}
-
 // Broken between options where a line is full.
 void AppendWrapped(std::vector<std::string>& lines, const std::string& text, std::size_t most) {
     lines.emplace_back();
@@ -89,21 +82,30 @@ void AppendWrapped(std::vector<std::string>& lines, const std::string& text, std
 
 } // namespace
 
-std::vector<LegendItem> LegendItems(const std::vector<LevelMap>& maps) {
+LegendNeeds LegendOf(const LevelMap& map) {
+    LegendNeeds needs;
+    for (std::size_t i = 0; i < kEntries.size(); ++i) {
+        needs[i] = std::ranges::any_of(
+            map.cells, [&](const MapCell& cell) { return kEntries[i].shows(map, cell); });
+    }
+    return needs;
+}
+
+std::vector<LegendItem> LegendItems(const LegendNeeds& needs) {
     std::vector<LegendItem> items;
-    for (const LegendEntry& entry : kEntries) {
-        if (IsNeeded(entry, maps)) {
-            items.push_back(entry.item);
+    for (std::size_t i = 0; i < kEntries.size(); ++i) {
+        if (needs[i]) {
+            items.push_back(kEntries[i].item);
         }
     }
     return items;
 }
 
-std::string MapLegend(const std::vector<LevelMap>& maps, std::int32_t width, std::int32_t& height) {
+std::string MapLegend(const LegendNeeds& needs, std::int32_t width, std::int32_t& height) {
     const std::int32_t columns = std::max(width / kColumn, 1);
     std::string text;
     std::int32_t number = 0;
-    for (const LegendItem& item : LegendItems(maps)) {
+    for (const LegendItem& item : LegendItems(needs)) {
         const std::int32_t row = number / columns;
         text += SvgMoved(number % columns * kColumn,
                          row * kRow,

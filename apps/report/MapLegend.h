@@ -4,6 +4,7 @@
 
 #include "apps/report/LevelMap.h"
 
+#include <bitset>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -17,12 +18,18 @@ struct LegendItem {
     std::string_view words;
 };
 
-/// What the maps hold.
-std::vector<LegendItem> LegendItems(const std::vector<LevelMap>& maps);
+/// Which marks need to be explained.
+using LegendNeeds = std::bitset<16>;
 
-/// The legend of what the maps hold, in lines of at most `width`; needs MapDefinitions and MapStyle
-/// in the document. `height` is set to its own.
-std::string MapLegend(const std::vector<LevelMap>& maps, std::int32_t width, std::int32_t& height);
+/// Those that are on the map.
+LegendNeeds LegendOf(const LevelMap& map);
+
+/// The marks that are needed.
+std::vector<LegendItem> LegendItems(const LegendNeeds& needs);
+
+/// The legend of the marks that are needed, in lines of at most `width`; needs MapDefinitions and
+/// MapStyle in the document. `height` is set to its own.
+std::string MapLegend(const LegendNeeds& needs, std::int32_t width, std::int32_t& height);
 
 /// The margin's lines: program, configuration, seed or file, options; no longer than fits `width`.
 std::vector<std::string> CaptionLines(const MapCaption& caption, std::int32_t width);

@@ -73,10 +73,8 @@ private:
 
 template <typename Visitor>
 void ForEachCell(const LevelMap& map, const Visitor& visit) {
-    for (std::int32_t y = 0; y < map.height; ++y) {
-        for (std::int32_t x = 0; x < map.width; ++x) {
-            visit(DiPos(x, y, 0), map.At(x, y));
-        }
+    for (const MapCell& cell : map.cells) {
+        visit(cell.place, cell);
     }
 }
 
@@ -252,10 +250,10 @@ std::string AllMarks(const LevelMap& map) {
 }
 
 // Invisible areas that tell what is there.
-std::string Hits(const LevelMap& map) {
+std::string Hits(const LevelMap& map, ListedItems& listed) {
     std::string text;
     ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
-        const std::string words = CellWords(map, cell);
+        const std::string words = CellWords(map, cell, listed);
         if (words.empty()) {
             return;
         }
@@ -306,13 +304,13 @@ const std::array<MapLayer, 13> kMapLayers = {{
     {"warnings", "Warnings"},
 }};
 
-std::int32_t PanelWidth(const LevelMap& map) {
+std::int32_t PanelWidth(const MapOutline& map) {
     const auto letters = static_cast<std::int32_t>(map.name.size());
     return std::max({map.width * kCell, letters * kTitleLetter + kCell, kNarrowest}) +
            2 * kPanelMargin;
 }
 
-std::int32_t PanelHeight(const LevelMap& map) {
+std::int32_t PanelHeight(const MapOutline& map) {
     return kTitle + map.height * kCell + kPanelFoot;
 }
 
@@ -320,16 +318,17 @@ std::string NorthArrow(double x, double y) {
     return SvgMoved(x, y, SvgPath("wall", "M0 34V4M-5 11L0 3L5 11") + SvgTextAt("", 9, 16, "N"));
 }
 
-std::string MapDrawing(const LevelMap& map) {
+std::string MapDrawing(const LevelMap& map, ListedItems* listed) {
     return Layer("grid", Grid(map)) + Layer("halls", HallFloors(map)) +
            Layer("rooms", RoomFloors(map)) + Layer("warnings", CutFloors(map)) +
            Layer("platforms", Platforms(map)) + Layer("halls", HallWalls(map)) +
            Layer("rooms", RoomWalls(map)) + Layer("numbers", Numbers(map)) + AllMarks(map) +
-           Layer("warnings", LooseEnds(map)) + Layer("doors", Doors(map)) + Hits(map) + Scale(map);
+           Layer("warnings", LooseEnds(map)) + Layer("doors", Doors(map)) +
+           (listed == nullptr ? std::string() : Hits(map, *listed)) + Scale(map);
 }
 
-std::string MapPanel(const LevelMap& map) {
-    return SvgMoved(kPanelMargin, kTitle, Heading(map) + MapDrawing(map));
+std::string MapPanel(const LevelMap& map, ListedItems* listed) {
+    return SvgMoved(kPanelMargin, kTitle, Heading(map) + MapDrawing(map, listed));
 }
 
 } // namespace Tarnex::Report

@@ -20,12 +20,13 @@ struct MapLayer {
 extern const std::array<MapLayer, 13> kMapLayers;
 
 /// The size of a panel on the picture, margins included.
-std::int32_t PanelWidth(const LevelMap& map);
-std::int32_t PanelHeight(const LevelMap& map);
+std::int32_t PanelWidth(const MapOutline& map);
+std::int32_t PanelHeight(const MapOutline& map);
 
 /// The drawing of a level from the north-western corner of its grid: grid, the level in layers,
-/// scale. Every cell has a title for hovering. Needs MapDefinitions and MapStyle in the document.
-std::string MapDrawing(const LevelMap& map);
+/// scale. Every cell has a title for hovering, unless `listed` is null: pictures in pixels need
+/// none. Needs MapDefinitions and MapStyle in the document.
+std::string MapDrawing(const LevelMap& map, ListedItems* listed);
 
 /// How far a drawing reaches beyond its grid: at both sides, and below with the scale.
 inline constexpr std::int32_t kPanelMargin = 36;
@@ -35,6 +36,6 @@ inline constexpr std::int32_t kPanelFoot = 56;
 std::string NorthArrow(double x, double y);
 
 /// The drawing with its title and north arrow.
-std::string MapPanel(const LevelMap& map);
+std::string MapPanel(const LevelMap& map, ListedItems* listed);
 
 } // namespace Tarnex::Report

@@ -19,11 +19,6 @@ constexpr double kPageShape = 1.7; // width of a page of many levels by its heig
 
 constexpr const char* kDocumentEnd = "</svg>\n";
 
-struct PanelPlace {
-    std::int32_t x = 0;
-    std::int32_t y = 0;
-};
-
 std::string DocumentStart(const MapExtent& extent, MapLook look) {
     const std::string width = std::to_string(extent.width);
     const std::string height = std::to_string(extent.height);
@@ -36,53 +31,27 @@ std::string DocumentStart(const MapExtent& extent, MapLook look) {
 }
 
 // About as wide as a page on which all panels have room.
-std::int32_t PageWidth(const std::vector<LevelMap>& maps) {
+std::int32_t PageWidth(const MapSurvey& survey) {
     std::int32_t widest = kNarrowest;
     double area = 0.0;
-    for (const LevelMap& map : maps) {
-        widest = std::max(widest, PanelWidth(map));
-        area += double(PanelWidth(map)) * PanelHeight(map);
+    for (const SurveyedLevel& level : survey.levels) {
+        widest = std::max(widest, PanelWidth(level.outline));
+        area += double(PanelWidth(level.outline)) * PanelHeight(level.outline);
     }
     return std::max(widest, static_cast<std::int32_t>(std::sqrt(area * kPageShape)));
 }
 
-// In rows from left to right; returns what they take.
-MapExtent LayOut(const std::vector<LevelMap>& maps, std::vector<PanelPlace>& places) {
-    const std::int32_t most = PageWidth(maps);
-    MapExtent extent{kNarrowest, 0};
-    std::int32_t x = 0;
-    std::int32_t rowHeight = 0;
-    for (const LevelMap& map : maps) {
-        if (x > 0 && x + PanelWidth(map) > most) {
-            extent.height += rowHeight;
-            x = 0;
-            rowHeight = 0;
-        }
-        places.push_back({x, extent.height});
-        x += PanelWidth(map);
-        rowHeight = std::max(rowHeight, PanelHeight(map));
-        extent.width = std::max(extent.width, x);
-    }
-    extent.height += rowHeight;
-    return extent;
-}
-
 } // namespace
 
-MapExtent WriteSvg(const std::vector<LevelMap>& maps,
-                   const MapCaption& caption,
-                   MapLook look,
-                   std::ostream& out) {
-    std::vector<PanelPlace> places;
-    MapExtent extent = LayOut(maps, places);
-    std::string foot;
-    if (maps.empty()) {
+SvgDocument::SvgDocument(const MapSurvey& survey, const MapCaption& caption) {
+    LayOut(survey);
+    if (survey.levels.empty()) {
         extent.height = 2 * kMargin;
         foot = SvgTextAt("title", kMargin, kMargin, kNoLevels);
     }
     const std::int32_t inside = extent.width - 2 * kMargin;
     std::int32_t legendHeight = 0;
-    const std::string legend = MapLegend(maps, inside, legendHeight);
+    const std::string legend = MapLegend(survey.legend, inside, legendHeight);
     foot += SvgMoved(kMargin, extent.height, legend);
     extent.height += legendHeight + kCaptionLine;
     for (const std::string& line : CaptionLines(caption, inside)) {
@@ -90,17 +59,48 @@ MapExtent WriteSvg(const std::vector<LevelMap>& maps,
         extent.height += kCaptionLine;
     }
     extent.height += kMargin / 2;
+}
+
+// In rows from left to right.
+void SvgDocument::LayOut(const MapSurvey& survey) {
+    const std::int32_t most = PageWidth(survey);
+    extent = {kNarrowest, 0};
+    std::int32_t x = 0;
+    std::int32_t rowHeight = 0;
+    for (const SurveyedLevel& level : survey.levels) {
+        const std::int32_t width = PanelWidth(level.outline);
+        if (x > 0 && x + width > most) {
+            extent.height += rowHeight;
+            x = 0;
+            rowHeight = 0;
+        }
+        places.push_back({x, extent.height});
+        x += width;
+        rowHeight = std::max(rowHeight, PanelHeight(level.outline));
+        extent.width = std::max(extent.width, x);
+    }
+    extent.height += rowHeight;
+}
+
+void SvgDocument::Write(MapLevels& levels,
+                        MapLook look,
+                        MapTitles titles,
+                        std::ostream& out) const {
+    ListedItems listed;
     out << DocumentStart(extent, look);
     // A stream that failed needs no more panels.
-    for (std::size_t i = 0; i < maps.size() && out; ++i) {
-        out << SvgMoved(places[i].x, places[i].y, MapPanel(maps[i]));
+    for (std::size_t i = 0; i < places.size() && out; ++i) {
+        out << SvgMoved(places[i].x,
+                        places[i].y,
+                        MapPanel(levels.Level(i), titles == MapTitles::Yes ? &listed : nullptr));
     }
     out << foot << kDocumentEnd;
-    return extent;
 }
 
 std::string LevelSvg(const LevelMap& map, MapLook look) {
-    return DocumentStart({PanelWidth(map), PanelHeight(map)}, look) + MapPanel(map) + kDocumentEnd;
+    ListedItems listed;
+    return DocumentStart({PanelWidth(map), PanelHeight(map)}, look) + MapPanel(map, &listed) +
+           kDocumentEnd;
 }
 
 } // namespace Tarnex::Report

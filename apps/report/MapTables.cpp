@@ -120,15 +120,31 @@ std::string Place(std::size_t level, std::size_t room) {
     return room == 0 ? "hall" : Link(RoomRowId(level, room), "room " + std::to_string(room));
 }
 
-std::string Items(const MapContent& content) {
-    if (content.items.empty()) {
+std::string Items(const MapContent& content, ListedItems& listed) {
+    if (!content.chest || content.chest->items.empty()) {
         return "empty";
     }
+    if (!listed.Claim(*content.chest)) {
+        return Counted(content.chest->items.size(), "item") + ", listed above";
+    }
     std::string text = "<ul>";
-    for (const MapItem& item : content.items) {
+    for (const MapItem& item : content.chest->items) {
         text += "<li>" + ForMarkup(ItemWords(item)) + "</li>";
     }
     return text + "</ul>";
+}
+
+void AddContainerRows(std::string& rows,
+                      const MapCell& cell,
+                      std::size_t level,
+                      ListedItems& listed) {
+    for (const MapContent& content : cell.contents) {
+        if (content.sort == RefSort::Container) {
+            rows += "<tr>" + Cell(Place(level, cell.room)) + Cell(ForMarkup(content.label)) +
+                    Cell("<code>" + ForMarkup(content.name) + "</code>") +
+                    Cell(Items(content, listed)) + "</tr>\n";
+        }
+    }
 }
 
 } // namespace
@@ -167,23 +183,17 @@ std::string RoomTable(const LevelMap& map, std::size_t level) {
            "<tbody>\n" + rows + "</tbody>\n</table>\n";
 }
 
-std::string ContainerTable(const LevelMap& map, std::size_t level) {
-    std::vector<std::string> byRoom(map.rooms.size() + 1);
+std::string ContainerTable(const LevelMap& map, std::size_t level, ListedItems& listed) {
+    // By room; the halls come last.
+    std::vector<std::vector<const MapCell*>> byRoom(map.rooms.size() + 1);
     for (const MapCell& cell : map.cells) {
-        for (const MapContent& content : cell.contents) {
-            if (content.sort == RefSort::Container) {
-                byRoom[cell.room] += "<tr>" + Cell(Place(level, cell.room)) +
-                                     Cell(ForMarkup(content.label)) +
-                                     Cell("<code>" + ForMarkup(content.name) + "</code>") +
-                                     Cell(Items(content)) + "</tr>\n";
-            }
-        }
+        byRoom[cell.room == 0 ? map.rooms.size() : cell.room - 1].push_back(&cell);
     }
-    // The halls come last. The form over ranges does not compile with clang 14.
-    std::rotate(byRoom.begin(), byRoom.begin() + 1, byRoom.end());
     std::string rows;
-    for (const std::string& room : byRoom) {
-        rows += room;
+    for (const auto& cells : byRoom) {
+        for (const MapCell* cell : cells) {
+            AddContainerRows(rows, *cell, level, listed);
+        }
     }
     if (rows.empty()) {
         return "<p>No containers.</p>\n";

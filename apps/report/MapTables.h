@@ -17,6 +17,6 @@ std::string RoomSpotId(std::size_t level, std::size_t room);
 std::string RoomTable(const LevelMap& map, std::size_t level);
 
 /// One row for each container: where it stands and what is in it; a sentence if there is none.
-std::string ContainerTable(const LevelMap& map, std::size_t level);
+std::string ContainerTable(const LevelMap& map, std::size_t level, ListedItems& listed);
 
 } // namespace Tarnex::Report

@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Tarnex::Report {
@@ -149,7 +150,8 @@ Pair PairOf(const LevelMap& map, const MapCell& cell) {
     return pair;
 }
 
-// The number stands in the first cell of the room that is nothing but floor.
+// The number stands in the first cell of the room that is nothing but floor. `pairs` are those of
+// the map's cells.
 void PutNumbers(const LevelMap& map, std::vector<Pair>& pairs) {
     std::vector<bool> numbered(map.rooms.size() + 1, false);
     numbered[0] = true;
@@ -218,17 +220,20 @@ void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
         pairs.push_back(PairOf(map, cell));
     }
     PutNumbers(map, pairs);
-    const auto width = static_cast<std::size_t>(map.width);
-    std::size_t drawn = pairs.size();
-    while (drawn > 0 && map.cells[drawn - 1].tile == MapTile::Empty &&
-           map.cells[drawn - 1].contents.empty()) {
-        --drawn;
+    std::size_t rows = 0; // up to the last with something in it
+    for (const MapCell& cell : map.cells) {
+        if (cell.tile != MapTile::Empty || !cell.contents.empty()) {
+            rows = static_cast<std::size_t>(cell.place.y) + 1;
+        }
     }
-    for (std::size_t start = 0; start < drawn; start += width) {
+    std::size_t next = 0;
+    for (std::size_t y = 0; y < rows; ++y) {
         std::vector<Glyph> row;
-        for (std::size_t i = start; i < start + width; ++i) {
-            row.push_back(pairs[i].left);
-            row.push_back(pairs[i].right);
+        for (; next < pairs.size() && static_cast<std::size_t>(map.cells[next].place.y) == y;
+             ++next) {
+            row.resize(2 * static_cast<std::size_t>(map.cells[next].place.x));
+            row.push_back(std::move(pairs[next].left));
+            row.push_back(std::move(pairs[next].right));
         }
         PrintRow(row, colour, out);
     }

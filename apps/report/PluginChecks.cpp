@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <utility>
 
 namespace Tarnex::Report {
@@ -108,7 +109,8 @@ void Checker::CheckCell(const PluginCell& cell) {
         Report(cell.offset, owner, "has the name of another");
     }
     CheckCount(cell, owner);
-    std::unordered_set<std::uint32_t> numbers;
+    // Ordered: a table could be filled with numbers that all collide in it.
+    std::set<std::uint32_t> numbers;
     for (const PluginRef& ref : cell.refs) {
         const std::string refOwner = owner + ", reference " + RefNumber(ref) + ' ' + Quoted(ref.id);
         if (!numbers.insert(ref.index).second) {

@@ -195,12 +195,10 @@ Value Median(std::vector<Value> values) {
 
 class PluginLevel {
 public:
-    PluginLevel(const PluginCell& pluginCell, const PluginFile& file, const PieceIndex& pieceIndex)
-        : cell(pluginCell), pieces(pieceIndex) {
-        for (const PluginContainer& container : file.containers) {
-            containers.emplace(ToUpper(container.id), &container);
-        }
-    }
+    PluginLevel(const PluginCell& pluginCell,
+                PluginChests& pluginChests,
+                const PieceIndex& pieceIndex)
+        : cell(pluginCell), chests(pluginChests), pieces(pieceIndex) {}
 
     LevelMap Draw() {
         map.name = Shown(cell.name);
@@ -215,7 +213,7 @@ public:
         SetBounds();
         DrawTiles();
         for (const PlacedThing& thing : things) {
-            AddThing(At(thing.cell), *thing.ref);
+            AddThing(Held(thing.cell), *thing.ref);
         }
         FindLooseEnds(map);
         NumberAreas(map);
@@ -282,13 +280,18 @@ private:
         };
         extend(tiles);
         extend(things);
-        map.width = high.x - low.x + 1;
-        map.height = high.y - low.y + 1;
-        map.cells.resize(static_cast<std::size_t>(map.width) *
-                         static_cast<std::size_t>(map.height));
+        std::vector<DiPos> places;
+        const auto collect = [&](const auto& list) {
+            for (const auto& placed : list) {
+                places.emplace_back(placed.cell.x - low.x, placed.cell.y - low.y, 0);
+            }
+        };
+        collect(tiles);
+        collect(things);
+        map.SetGrid(high.x - low.x + 1, high.y - low.y + 1, places);
     }
 
-    MapCell& At(const DiPos& place) { return map.At(place.x - low.x, place.y - low.y); }
+    MapCell& Held(const DiPos& place) { return map.Held(place.x - low.x, place.y - low.y); }
 
     // The floor on which most of the level stands. [cells]
     double MainHeight() const {
@@ -306,7 +309,7 @@ private:
         const double main = MainHeight();
         std::vector<double> nearest(map.cells.size(), std::numeric_limits<double>::max());
         const auto index = [this](const PlacedTile& tile) {
-            return static_cast<std::size_t>(&At(tile.cell) - map.cells.data());
+            return static_cast<std::size_t>(&Held(tile.cell) - map.cells.data());
         };
         for (const PlacedTile& tile : tiles) {
             double& height = nearest[index(tile)];
@@ -329,7 +332,9 @@ private:
         }
         for (std::size_t i = 0; i < elements.size(); ++i) {
             if (elements[i]) {
+                const DiPos place = map.cells[i].place;
                 map.cells[i] = DrawnCell(*elements[i]);
+                map.cells[i].place = place;
                 map.cells[i].sameFloor = std::abs(nearest[i] - main) <= kSameFloor;
                 Lead(map.cells[i], doors[i]);
             }
@@ -349,13 +354,10 @@ private:
             place.platform = true;
             return;
         }
-        MapContent content{sort, Shown(ref.id), "", {}};
-        const auto container = containers.find(ToUpper(ref.id));
-        if (container != containers.end()) {
-            content.label = Shown(container->second->name);
-            for (const PluginItem& item : container->second->items) {
-                content.items.push_back({Shown(item.id), item.count});
-            }
+        MapContent content{sort, Shown(ref.id)};
+        content.chest = chests.Find(ref.id);
+        if (content.chest) {
+            content.label = content.chest->name;
         }
         if (ref.destination) {
             content.label =
@@ -365,11 +367,11 @@ private:
         place.contents.push_back(std::move(content));
     }
 
-    RefSort SortOf(const PluginRef& ref) const {
+    RefSort SortOf(const PluginRef& ref) {
         if (ref.destination) {
             return RefSort::Door;
         }
-        if (containers.contains(ToUpper(ref.id)) || IsContainerId(ref.id)) {
+        if (chests.Find(ref.id) || IsContainerId(ref.id)) {
             return RefSort::Container;
         }
         const std::optional<RefSort> known = pieces.SortOf(ref.id);
@@ -377,8 +379,8 @@ private:
     }
 
     const PluginCell& cell;
+    PluginChests& chests;
     const PieceIndex& pieces;
-    std::map<std::string, const PluginContainer*> containers;
     const TilePieces* set = nullptr;
     GridFrame frame;
     std::vector<PlacedTile> tiles;
@@ -389,8 +391,42 @@ private:
 
 } // namespace
 
-LevelMap MapOf(const PluginCell& cell, const PluginFile& file, const PieceIndex& pieces) {
-    return PluginLevel(cell, file, pieces).Draw();
+PluginChests::PluginChests(const PluginFile& file) {
+    for (const PluginContainer& container : file.containers) {
+        entries.emplace(ToUpper(container.id), Entry{&container, nullptr});
+    }
+}
+
+std::shared_ptr<const MapChest> PluginChests::Find(const std::string& id) {
+    const auto found = entries.find(ToUpper(id));
+    if (found == entries.end()) {
+        return nullptr;
+    }
+    Entry& entry = found->second;
+    if (!entry.chest) {
+        auto chest = std::make_shared<MapChest>();
+        chest->name = Shown(entry.container->name);
+        for (const PluginItem& item : entry.container->items) {
+            chest->items.push_back({Shown(item.id), item.count});
+        }
+        entry.chest = std::move(chest);
+    }
+    return entry.chest;
+}
+
+LevelMap MapOf(const PluginCell& cell, PluginChests& chests, const PieceIndex& pieces) {
+    return PluginLevel(cell, chests, pieces).Draw();
+}
+
+PluginLevels::PluginLevels(std::vector<const PluginCell*> pluginCells,
+                           const PluginFile& file,
+                           const PieceIndex& pieceIndex)
+    : cells(std::move(pluginCells)), chests(file), pieces(pieceIndex) {}
+
+const LevelMap& PluginLevels::Level(std::size_t number) {
+    map = {}; // before the next is made
+    map = MapOf(*cells[number], chests, pieces);
+    return map;
 }
 
 std::size_t CountKnownTiles(const std::vector<const PluginCell*>& cells, const PieceIndex& pieces) {

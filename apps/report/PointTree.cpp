@@ -170,7 +170,7 @@ std::size_t PointTree::TakeNearest(const Di3Point& place) {
     }
     // From nowhere all are equally far.
     Best best{std::numeric_limits<double>::infinity(), kNone};
-    if (IsFinite(coordinates)) {
+    if (IsFinite(coordinates) && work < kMostWork * points.size()) {
         Search(0, coordinates, best);
     } else {
         best.index = nodes.front().first;

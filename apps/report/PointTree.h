@@ -12,10 +12,13 @@
 namespace Tarnex::Report {
 
 /// Points in space, of which the nearest to a place can be taken out, one after the other. Points
-/// with a coordinate that is no finite number come last.
+/// with a coordinate that is no finite number come last. Where the points lie so that the nearest
+/// is found only by looking at nearly all, as on a sphere around the place, it gives up after
+/// kMostWork for each point: from then on it takes those that were given first.
 class PointTree {
 public:
     static constexpr std::size_t kNone = ~std::size_t{0};
+    static constexpr std::uint64_t kMostWork = 500; ///< on average [boxes and points]
 
     explicit PointTree(const std::vector<Di3Point>& points);
 

@@ -108,7 +108,7 @@ private:
         }
         AddTreasure(maps->Maps(), manager.mod);
         try {
-            mapFiles.Write(maps->Maps(), CaptionOf(options));
+            mapFiles.Write(maps, CaptionOf(options));
             manager.mod.Write(output.Open(&CancelSignals::Status()));
             output.Finish();
         } catch (const FileError& e) {

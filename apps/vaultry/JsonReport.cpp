@@ -5,9 +5,6 @@
 
 #include <vaultry/gen/ReportJson.h>
 
-#include <algorithm>
-#include <bit>
-
 namespace Tarnex::Cli {
 
 namespace {
@@ -75,23 +72,16 @@ Json FilesJson(const RunReport& report) {
     return files;
 }
 
-std::size_t CountLooseEnds(const Report::LevelMap& map) {
-    std::size_t count = 0;
-    for (const Report::MapCell& cell : map.cells) {
-        count += static_cast<std::size_t>(std::popcount(cell.loose));
-    }
-    return count;
-}
-
-Json MapJson(const Report::LevelMap& map) {
+Json LevelJson(const Report::SurveyedLevel& level) {
+    const Report::MapOutline& map = level.outline;
     return {{"name", map.name},
             {"tileset", map.tileSet.empty() ? Json(nullptr) : Json(map.tileSet)},
             {"width", map.width},
             {"height", map.height},
             {"cell-size", map.tileSize},
-            {"rooms", map.rooms.size()},
-            {"reachable-rooms", std::ranges::count(map.rooms, true, &Report::MapRoom::reachable)},
-            {"openings-onto-nothing", CountLooseEnds(map)},
+            {"rooms", level.rooms},
+            {"reachable-rooms", level.reachableRooms},
+            {"openings-onto-nothing", level.looseEnds},
             {"references-left-out", map.leftOut}};
 }
 
@@ -143,8 +133,8 @@ std::string ToJson(const PluginMapReport& report) {
     json["config"] = report.config;
     AddFiles(json["files"] = Json::array(), report.files);
     Json& levels = json["levels"] = Json::array();
-    for (const Report::LevelMap& map : report.maps) {
-        levels.push_back(MapJson(map));
+    for (const Report::SurveyedLevel& level : report.levels) {
+        levels.push_back(LevelJson(level));
     }
     return Report::JsonText(json);
 }

@@ -2,7 +2,7 @@
 // Reports for programs: one JSON object, valid UTF-8 whatever the names hold.
 #pragma once
 
-#include "apps/report/LevelMap.h"
+#include "apps/report/MapSurvey.h"
 #include "apps/vaultry/Offer.h"
 #include "apps/vaultry/RunReport.h"
 
@@ -15,7 +15,7 @@ namespace Tarnex::Cli {
 struct PluginMapReport {
     std::string plugin; ///< as it was given
     std::string config; ///< that told what the references are
-    std::vector<Report::LevelMap> maps;
+    std::vector<Report::SurveyedLevel> levels;
     std::vector<WrittenFile> files;
 };
 

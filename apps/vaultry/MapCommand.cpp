@@ -64,10 +64,10 @@ void SayWarnings(RunReport& report, const Console& console) {
 
 void DrawFiles(RunReport& report,
                MapFiles& files,
-               const Report::MapCollector& maps,
+               const std::shared_ptr<Report::MapCollector>& maps,
                const CancelSignals& signals) {
     try {
-        files.Write(maps.Maps(), CaptionOf(report.options));
+        files.Write(maps, CaptionOf(report.options));
         if (!signals.Requested()) {
             report.maps = files.Commit();
             return;
@@ -104,7 +104,7 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
     console.Show(report.errors);
     SayWarnings(report, console);
     if (report.result == RunResult::Drawn) {
-        DrawFiles(report, files, *maps, *signals);
+        DrawFiles(report, files, maps, *signals);
     }
     if (report.result == RunResult::Canceled) {
         KeepToTheEnd(manager);
@@ -114,7 +114,7 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
     const bool printed =
         report.result == RunResult::Drawn && !files.AreWanted() && !report.options.json;
     if (printed) {
-        PrintMaps(maps->Maps(), console);
+        PrintMaps(*maps, console);
         console.out << "seed " << std::to_string(report.options.seed.value()) << '\n';
     }
     const bool spoken = report.result != RunResult::Drawn || files.AreWanted();
@@ -133,9 +133,9 @@ Report::MapCaption CaptionOf(const GenerateOptions& options) {
     return {options.seed.value_or(0), LevelWords(options), options.config};
 }
 
-void PrintMaps(const std::vector<Report::LevelMap>& maps, const Console& console) {
-    for (const Report::LevelMap& map : maps) {
-        Report::PrintMap(map, console.outInColour, console.out);
+void PrintMaps(Report::MapLevels& levels, const Console& console) {
+    for (std::size_t i = 0; i < levels.Count(); ++i) {
+        Report::PrintMap(levels.Level(i), console.outInColour, console.out);
         console.out << '\n';
     }
     Report::PrintMapLegend(console.out);

@@ -22,7 +22,7 @@ ExitStatus RunMap(const MapOptions& options, const Console& console);
 Report::MapCaption CaptionOf(const GenerateOptions& options);
 
 /// Prints every level, and what the characters mean.
-void PrintMaps(const std::vector<Report::LevelMap>& maps, const Console& console);
+void PrintMaps(Report::MapLevels& levels, const Console& console);
 
 /// Says which maps were written.
 void SayWritten(const std::vector<WrittenFile>& files, const Console& console);

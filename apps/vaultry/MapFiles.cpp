@@ -2,6 +2,7 @@
 #include "apps/vaultry/MapFiles.h"
 
 #include "apps/report/UsageError.h"
+#include "apps/vaultry/Aside.h"
 #include "apps/vaultry/CancelSignals.h"
 
 namespace Tarnex::Cli {
@@ -30,7 +31,8 @@ void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files) 
     }
 }
 
-MapFiles::MapFiles(const MapFileOptions& options) : settings{options.look, options.scale} {
+MapFiles::MapFiles(const MapFileOptions& options) {
+    drawing->settings = {options.look, options.scale};
     if (options.map) {
         files.emplace_back(*options.map,
                            Report::PictureFormatOf(*options.map).value_or(Report::MapFormat::Svg));
@@ -40,10 +42,23 @@ MapFiles::MapFiles(const MapFileOptions& options) : settings{options.look, optio
     }
 }
 
-void MapFiles::Write(const std::vector<Report::LevelMap>& maps, const Report::MapCaption& caption) {
+void MapFiles::Drawing::Write(Report::MapFormat format, std::ostream& out) {
+    if (!surveyed) {
+        survey = Report::SurveyOf(*levels);
+        surveyed = true;
+    }
+    Report::WriteMaps(*levels, survey, caption, format, settings, out);
+}
+
+void MapFiles::Write(const std::shared_ptr<Report::MapLevels>& levels,
+                     const Report::MapCaption& caption) {
+    drawing->levels = levels;
+    drawing->caption = caption;
     for (File& file : files) {
-        Report::WriteMaps(
-            maps, caption, file.format, settings, file.output.Open(&CancelSignals::Status()));
+        const auto draw = [shared = drawing, format = file.format](std::ostream& out) {
+            shared->Write(format, out);
+        };
+        WriteAside(draw, file.output.Open(&CancelSignals::Status()));
         file.output.Finish();
     }
 }

@@ -9,6 +9,7 @@
 #include <vaultry/run/SafeFile.h>
 
 #include <list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,9 +29,12 @@ public:
 
     bool AreWanted() const { return !files.empty(); }
 
-    /// Draws into the temporary files. Throws Report::MapError, and FileError when a file could not
-    /// be written whole or a signal asked to stop.
-    void Write(const std::vector<Report::LevelMap>& maps, const Report::MapCaption& caption);
+    /// Draws into the temporary files, see WriteAside. Throws Report::MapError, and FileError when
+    /// a file could not be written whole or a signal asked to stop.
+    void Write(const std::shared_ptr<Report::MapLevels>& levels, const Report::MapCaption& caption);
+
+    /// What is known of the levels that were written.
+    const Report::MapSurvey& Survey() const { return drawing->survey; }
 
     /// Gives the files their names and returns what was written. Throws FileError.
     std::vector<WrittenFile> Commit();
@@ -45,7 +49,18 @@ private:
         SafeFile output;
     };
 
-    Report::MapSettings settings;
+    // What the thread that draws uses.
+    struct Drawing {
+        std::shared_ptr<Report::MapLevels> levels;
+        Report::MapCaption caption;
+        Report::MapSettings settings;
+        Report::MapSurvey survey;
+        bool surveyed = false;
+
+        void Write(Report::MapFormat format, std::ostream& out);
+    };
+
+    std::shared_ptr<Drawing> drawing = std::make_shared<Drawing>();
     std::list<File> files; // an output stays where it was made
 };
 

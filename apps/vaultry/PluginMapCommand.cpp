@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "apps/vaultry/PluginMapCommand.h"
 
+#include "apps/report/MapLabels.h"
 #include "apps/report/PluginLoad.h"
 #include "apps/report/PluginMap.h"
 #include "apps/report/UsageError.h"
@@ -16,6 +17,8 @@
 #include <vaultry/foundation/Text.h>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 namespace Tarnex::Cli {
 
@@ -78,6 +81,13 @@ struct ChosenPieces {
     std::size_t known = 0;
 };
 
+// A plug-in with what it is drawn from, for the thread that draws.
+struct PluginDrawing {
+    Report::LoadedPlugin plugin;
+    std::optional<ChosenPieces> chosen;
+    std::optional<Report::PluginLevels> levels;
+};
+
 // The one that knows the most of what is placed.
 ChosenPieces ChoosePieces(const GenerateOptions& options,
                           const std::vector<const PluginCell*>& cells) {
@@ -92,15 +102,30 @@ ChosenPieces ChoosePieces(const GenerateOptions& options,
     return *std::move(best);
 }
 
+void WarnOfLabels(const PluginMapReport& report, const Console& console) {
+    for (const Report::SurveyedLevel& level : report.levels) {
+        if (level.teleports > Report::kMostLabels) {
+            console.Warn("\"" + level.outline.name + "\" has " + std::to_string(level.teleports) +
+                         " doors to other levels, of which " + std::to_string(Report::kMostLabels) +
+                         " are labelled");
+        }
+    }
+}
+
 // Until the files have their names, Ctrl-C leaves nothing of them behind.
-ExitStatus DrawFiles(MapFiles& files, PluginMapReport& report, const Console& console) {
+ExitStatus DrawFiles(MapFiles& files,
+                     const std::shared_ptr<Report::MapLevels>& levels,
+                     PluginMapReport& report,
+                     const Console& console) {
     const CancelSignals signals;
     const Report::MapCaption caption{0, "", report.config, report.plugin};
     std::string fault;
     try {
-        files.Write(report.maps, caption);
+        files.Write(levels, caption);
         if (!signals.Requested()) {
             report.files = files.Commit();
+            report.levels = files.Survey().levels;
+            WarnOfLabels(report, console);
             return ExitStatus::Success;
         }
     } catch (const FileError& e) {
@@ -121,30 +146,35 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     const ConfigSource source(shared.config);
     MapFiles files(shared.maps);
     RequireDistinctFiles({path, source.Path(), shared.log, shared.maps.map, shared.maps.html});
-    const Report::LoadedPlugin plugin = Report::LoadPlugin(path);
-    if (!plugin.file.complete) {
+    const auto drawing = std::make_shared<PluginDrawing>();
+    drawing->plugin = Report::LoadPlugin(path);
+    const PluginFile& file = drawing->plugin.file;
+    if (!file.complete) {
         console.Warn('"' + path + "\" cannot be read to its end; \"vaultry inspect\" tells why");
     }
-    const std::vector<const PluginCell*> cells = ChooseCells(options, plugin.file);
+    const std::vector<const PluginCell*> cells = ChooseCells(options, file);
     const LibraryLog log(shared.log);
-    const ChosenPieces chosen = ChoosePieces(shared, cells);
+    const ChosenPieces& chosen = drawing->chosen.emplace(ChoosePieces(shared, cells));
     console.Show(log.Errors());
     if (chosen.known == 0) {
         console.Warn("the configuration \"" + shared.config +
                      "\" knows no tile of the plug-in; everything is drawn as marks");
     }
+    const std::shared_ptr<Report::MapLevels> levels(
+        drawing, &drawing->levels.emplace(cells, file, chosen.pieces));
     PluginMapReport report{path, chosen.config, {}, {}};
-    for (const PluginCell* cell : cells) {
-        report.maps.push_back(Report::MapOf(*cell, plugin.file, chosen.pieces));
-    }
-    const ExitStatus drawn = DrawFiles(files, report, console);
-    if (drawn != ExitStatus::Success) {
-        return drawn;
+    if (files.AreWanted()) {
+        const ExitStatus drawn = DrawFiles(files, levels, report, console);
+        if (drawn != ExitStatus::Success) {
+            return drawn;
+        }
+    } else if (shared.json) {
+        report.levels = Report::SurveyOf(*levels).levels;
+    } else {
+        PrintMaps(*levels, console);
     }
     if (shared.json) {
         console.out << ToJson(report);
-    } else if (!files.AreWanted()) {
-        PrintMaps(report.maps, console);
     }
     if (!shared.quiet) {
         SayWritten(report.files, console);

@@ -275,8 +275,8 @@ public:
 
 private:
     void DrawSeed(const std::string& path) {
-        Report::MapCollector maps;
-        manager.SetLevelObserver(&maps);
+        const auto maps = std::make_shared<Report::MapCollector>();
+        manager.SetLevelObserver(maps.get());
         run.Generate(*options.seed);
         manager.SetLevelObserver(nullptr);
         for (const char* end : ends) {
@@ -284,7 +284,7 @@ private:
             file.map = path + end;
             file.scale = kScale;
             MapFiles files(file);
-            files.Write(maps.Maps(), CaptionOf(options));
+            files.Write(maps, CaptionOf(options));
             files.Commit();
         }
     }

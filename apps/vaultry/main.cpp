@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The program's entry.
+#include "apps/vaultry/Aside.h"
 #include "apps/vaultry/CommandLine.h"
 #include "apps/vaultry/ExitStatus.h"
 #include "apps/vaultry/ProgramArguments.h"
@@ -56,7 +57,10 @@ int main(int argc, char** argv) try {
                                        std::cerr,
                                        Tarnex::Cli::StandardErrorIsTerminal(),
                                        Tarnex::Cli::StandardOutputTakesColour()};
-    return Tarnex::Cli::RunCommandLine(Tarnex::Cli::ProgramArguments(argc, argv), console);
+    const int status =
+        Tarnex::Cli::RunCommandLine(Tarnex::Cli::ProgramArguments(argc, argv), console);
+    Tarnex::Cli::EndProcessBesideThreads(status);
+    return status;
 } catch (const std::bad_alloc&) {
     EndWithoutMemory();
 }

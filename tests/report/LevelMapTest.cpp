@@ -35,6 +35,11 @@ protected:
         return Report::MapOf({*layout, cell, tileSet, report});
     }
 
+    static std::string Words(const Report::LevelMap& map, const Report::MapCell& cell) {
+        Report::ListedItems listed;
+        return Report::CellWords(map, cell, listed);
+    }
+
     DiPtr<Layout> layout = Layout::Create(DiPos(1, 3, 0));
     Tarnex::Cell cell{"Vault"};
     TileSet tileSet;
@@ -67,7 +72,7 @@ TEST_F(LevelMapTest, NumbersRoomsAndTellsWhichCannotBeReached) {
     EXPECT_EQ(map.At(0, 0).room, 1U);
     EXPECT_EQ(map.At(0, 1).room, 0U);
     EXPECT_FALSE(map.IsReachable(map.At(0, 0)));
-    EXPECT_EQ(Report::CellWords(map, map.At(0, 0)), "Room 1 (cannot be reached)\nDoorwayS, DoorS");
+    EXPECT_EQ(Words(map, map.At(0, 0)), "Room 1 (cannot be reached)\nDoorwayS, DoorS");
 }
 
 TEST_F(LevelMapTest, PartsAtOtherHeightsAreDrawnWhereTheLevelIsEmpty) {

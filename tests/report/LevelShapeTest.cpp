@@ -31,12 +31,10 @@ char Lower(char c) {
 // as all cells of rooms here; "-", "|", "+" are halls, "=" stairs to east and west, "." nothing.
 LevelMap Drawn(const Rows& rows) {
     LevelMap map;
-    map.width = static_cast<std::int32_t>(rows.front().size());
-    map.height = static_cast<std::int32_t>(rows.size());
-    for (std::int32_t y = 0; y < map.height; ++y) {
-        for (std::int32_t x = 0; x < map.width; ++x) {
-            const char c = rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)];
-            Report::MapCell& cell = map.cells.emplace_back();
+    std::vector<Report::MapCell> cells;
+    for (const std::string& row : rows) {
+        for (const char c : row) {
+            Report::MapCell& cell = cells.emplace_back();
             if (c == '-' || c == '|' || c == '+') {
                 cell = Cell(MapTile::Hall, c == '-' ? "EW" : c == '|' ? "NS" : "NSEW");
             } else if (c == '=') {
@@ -48,6 +46,10 @@ LevelMap Drawn(const Rows& rows) {
             }
         }
     }
+    SetCells(map,
+             static_cast<std::int32_t>(rows.front().size()),
+             static_cast<std::int32_t>(rows.size()),
+             std::move(cells));
     // A room's wall stands wherever the neighbour is no part of it, but for doorways.
     const auto at = [&rows, &map](std::int32_t x, std::int32_t y) {
         return map.IsInside(x, y) ? rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)]
@@ -68,9 +70,9 @@ LevelMap Drawn(const Rows& rows) {
                     continue;
                 }
                 if (c != Lower(c)) {
-                    map.At(x, y).doorway = side;
+                    map.Held(x, y).doorway = side;
                 } else {
-                    map.At(x, y).open = static_cast<SideBits>(map.At(x, y).open & ~side);
+                    map.Held(x, y).open = static_cast<SideBits>(map.At(x, y).open & ~side);
                 }
             }
         }
@@ -147,7 +149,7 @@ TEST(LevelShapeTest, StairsAreWaysButNoDeadEnds) {
 
 TEST(LevelShapeTest, OtherHeightsCountForTheAreaAlone) {
     LevelMap map = Drawn({"A--B"});
-    map.At(1, 0).sameFloor = false;
+    map.Held(1, 0).sameFloor = false;
     const LevelShape shape = Report::ShapeOf(map);
     EXPECT_EQ(shape.area, 4U);
     EXPECT_EQ(shape.halls, 1U);

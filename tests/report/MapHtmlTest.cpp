@@ -12,10 +12,19 @@ namespace Tarnex::Test {
 
 namespace {
 
-std::string Page(const Report::LevelMap& map) {
+std::string Page(std::vector<Report::LevelMap> maps) {
+    Report::MapCollector levels = Levels(std::move(maps));
     std::ostringstream out;
-    Report::WriteHtml({map}, {7, "--size \"tiny\"", "a&b.xml"}, Report::MapLook::Auto, out);
+    Report::WriteHtml(levels,
+                      Report::SurveyOf(levels),
+                      {7, "--size \"tiny\"", "a&b.xml"},
+                      Report::MapLook::Auto,
+                      out);
     return out.str();
+}
+
+std::string Page(const Report::LevelMap& map) {
+    return Page(std::vector{map});
 }
 
 std::size_t Count(const std::string& text, const std::string& part) {
@@ -45,16 +54,13 @@ TEST(MapHtmlTest, LeadsNowhereButToItself) {
 }
 
 TEST(MapHtmlTest, LevelsAreListedWhenThereAreSeveral) {
-    std::ostringstream two;
-    Report::WriteHtml({SampleMap(), SampleMap()}, {7, "", "a.xml"}, Report::MapLook::Auto, two);
-    EXPECT_TRUE(Contains(two.str(), "<li><a href=\"#level-2\">"));
+    const std::string two = Page({SampleMap(), SampleMap()});
+    EXPECT_TRUE(Contains(two, "<li><a href=\"#level-2\">"));
     EXPECT_FALSE(Contains(Page(SampleMap()), "<nav"));
 }
 
 TEST(MapHtmlTest, SaysThatThereIsNoLevel) {
-    std::ostringstream none;
-    Report::WriteHtml({}, {7, "", "a.xml"}, Report::MapLook::Auto, none);
-    EXPECT_TRUE(Contains(none.str(), "<p>No level was made.</p>"));
+    EXPECT_TRUE(Contains(Page(std::vector<Report::LevelMap>()), "<p>No level was made.</p>"));
 }
 
 TEST(MapHtmlTest, EveryLinkHasItsTarget) {
@@ -80,14 +86,15 @@ TEST(MapHtmlTest, RoomsAndHallsHaveARowEach) {
 
 TEST(MapHtmlTest, ContainersAreListedWithWhatIsInThem) {
     Report::LevelMap map = SampleMap();
-    map.At(0, 0).contents[1] = {
-        RefSort::Container, "Ctr1_1", "Chest & lid", {{"gold_001", 25}, {"cup", -2}}};
+    const Report::MapChest chest{"Chest & lid", {{"gold_001", 25}, {"cup", -2}}};
+    map.Held(0, 0).contents[1] = {
+        RefSort::Container, "Ctr1_1", "Chest & lid", std::make_shared<Report::MapChest>(chest)};
     const std::string page = Page(map);
     EXPECT_TRUE(Contains(page,
                          "<td><a href=\"#level-1-room-1\">room 1</a></td><td>Chest &amp; lid</td>"
                          "<td><code>Ctr1_1</code></td>"
                          "<td><ul><li>25 x gold_001</li><li>-2 x cup</li></ul></td>"));
-    map.At(0, 0).contents.clear();
+    map.Held(0, 0).contents.clear();
     EXPECT_TRUE(Contains(Page(map), "<p>No containers.</p>"));
 }
 

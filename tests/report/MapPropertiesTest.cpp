@@ -171,7 +171,8 @@ TEST_P(MapPropertiesTest, ThePluginGivesTheSameMap) {
         const PluginFile file = ReadBack(manager.mod);
         ASSERT_EQ(file.cells.size(), drawn.size());
         for (std::size_t i = 0; i < drawn.size(); ++i) {
-            const LevelMap read = Report::MapOf(file.cells[i], file, pieces);
+            Report::PluginChests chests(file);
+            const LevelMap read = Report::MapOf(file.cells[i], chests, pieces);
             EXPECT_EQ(read.name, drawn[i].name);
             EXPECT_EQ(read.tileSet, drawn[i].tileSet);
             EXPECT_EQ(read.leftOut, 0U);

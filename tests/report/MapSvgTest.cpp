@@ -14,7 +14,9 @@ namespace {
 
 std::string Svg(const Report::LevelMap& map) {
     std::ostringstream out;
-    Report::WriteSvg({map}, {7, "--size \"tiny\"", "a&b.xml"}, Report::MapLook::Auto, out);
+    Report::MapCollector levels = Levels({map});
+    Report::SvgDocument(Report::SurveyOf(levels), {7, "--size \"tiny\"", "a&b.xml"})
+        .Write(levels, Report::MapLook::Auto, Report::MapTitles::Yes, out);
     return out.str();
 }
 
@@ -105,8 +107,8 @@ TEST(MapSvgTest, EscapesNames) {
 TEST(MapSvgTest, MarksRoomsOutOfReachAndDoorsToOtherLevels) {
     Report::LevelMap map = SampleMap();
     map.rooms[0].reachable = false;
-    map.At(1, 2).teleport = true;
-    map.At(1, 2).leadsTo = "Level 2";
+    map.Held(1, 2).teleport = true;
+    map.Held(1, 2).leadsTo = "Level 2";
     const std::string svg = Svg(map);
     EXPECT_TRUE(Contains(svg, "class=\"num warning\""));
     EXPECT_TRUE(Contains(PathOf(svg, "cut", "warnings"), "M24 24h24v24h-24z"));
@@ -117,7 +119,7 @@ TEST(MapSvgTest, MarksRoomsOutOfReachAndDoorsToOtherLevels) {
 TEST(MapSvgTest, AHallOutOfReachKeepsItsShapeAndItsWalls) {
     Report::LevelMap map = SampleMap();
     map.rooms[0].reachable = false;
-    map.At(1, 3).room = 1;
+    map.Held(1, 3).room = 1;
     const std::string svg = Svg(map);
     EXPECT_TRUE(PathOf(svg, "cut", "warnings")
                     .ends_with("M30 78h12v12h-12zM30 72h12v6h-12zM42 78h6v12h-6z"))
@@ -152,7 +154,9 @@ TEST(MapSvgTest, TextThatIsNoUtf8IsReplaced) {
 
 TEST(MapSvgTest, SaysThatThereIsNoLevel) {
     std::ostringstream out;
-    Report::WriteSvg({}, {7, "", "a.xml"}, Report::MapLook::Auto, out);
+    Report::MapCollector levels;
+    Report::SvgDocument({}, {7, "", "a.xml"})
+        .Write(levels, Report::MapLook::Auto, Report::MapTitles::Yes, out);
     EXPECT_TRUE(IsBalanced(out.str()));
     EXPECT_TRUE(Contains(out.str(), ">No level was made.</text>"));
 }

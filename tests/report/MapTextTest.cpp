@@ -30,8 +30,8 @@ TEST(MapTextTest, DrawsRoomsHallsStairsDoorsAndContents) {
 TEST(MapTextTest, NamesLevelsBehindDoorsAndRoomsOutOfReach) {
     Report::LevelMap map = SampleMap();
     map.rooms[0].reachable = false;
-    map.At(1, 2).teleport = true;
-    map.At(1, 2).leadsTo = "Level 2";
+    map.Held(1, 2).teleport = true;
+    map.Held(1, 2).leadsTo = "Level 2";
     EXPECT_EQ(Printed(map, false),
               "Vault <1> & more (Stone, north is up, a cell is 256 units)\n"
               "┏$t━━┓≡≡\n"
@@ -45,9 +45,9 @@ TEST(MapTextTest, NamesLevelsBehindDoorsAndRoomsOutOfReach) {
 
 TEST(MapTextTest, DoorwaysWithoutDoorAndPlatformsHaveMarksOfTheirOwn) {
     Report::LevelMap map = SampleMap();
-    map.At(1, 2).door = false;
-    map.At(1, 1).platform = true;
-    map.At(1, 1).room = 0;
+    map.Held(1, 2).door = false;
+    map.Held(1, 1).platform = true;
+    map.Held(1, 1).room = 0;
     const std::string text = Printed(map, false);
     EXPECT_NE(text.find("┃ ▒ &┃"), std::string::npos);
     EXPECT_NE(text.find("┗━'━*┛"), std::string::npos);

@@ -46,9 +46,11 @@ protected:
         cell->AddRef(PlacedAt(id, x, y, z, quarters));
     }
 
-    LevelMap Map() {
-        const PluginFile file = ReadBack(mod);
-        return Report::MapOf(file.cells.at(0), file, Report::PieceIndex(config));
+    LevelMap Map() { return MapOfFirst(ReadBack(mod)); }
+
+    LevelMap MapOfFirst(const PluginFile& file) const {
+        Report::PluginChests chests(file);
+        return Report::MapOf(file.cells.at(0), chests, Report::PieceIndex(config));
     }
 
     ConfigMgr config;
@@ -104,14 +106,14 @@ TEST_F(PluginMapTest, ContainersHaveNamesAndTreasure) {
     Mod sample;
     FillSample(sample);
     const PluginFile file = ReadBack(sample);
-    const LevelMap map = Report::MapOf(file.cells.at(0), file, Report::PieceIndex(config));
+    const LevelMap map = MapOfFirst(file);
     std::size_t containers = 0;
     for (const Report::MapCell& place : map.cells) {
         for (const Report::MapContent& content : place.contents) {
             if (content.sort == RefSort::Container) {
                 ++containers;
                 EXPECT_EQ(content.label, Report::Shown(file.containers.at(0).name));
-                EXPECT_EQ(content.items.size(), file.containers.at(0).items.size());
+                EXPECT_EQ(content.chest->items.size(), file.containers.at(0).items.size());
             }
         }
     }

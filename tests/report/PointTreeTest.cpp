@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 namespace Tarnex::Report {
@@ -105,6 +106,30 @@ TEST(PointTreeTest, AHundredThousandPointsAtOnePlaceTakeFewStepsEach) {
         ASSERT_EQ(tree.TakeNearest(At(0, 0, 0)), i);
     }
     EXPECT_LT(tree.Work(), std::uint64_t{kCount} * 200);
+}
+
+// From its middle all points of a sphere are equally near but for roundings.
+TEST(PointTreeTest, ASphereAroundThePlaceTakesFewStepsForEachPoint) {
+    constexpr std::size_t kCount = 50'000;
+    std::vector<Di3Point> points;
+    for (std::size_t i = 0; i < kCount; ++i) {
+        const double height = 2.0 * static_cast<double>(i) / kCount - 1.0;
+        const double radius = std::sqrt(1.0 - height * height);
+        const double turn = 2.4 * static_cast<double>(i);
+        points.push_back(At(static_cast<float>(9999.0 * radius * std::cos(turn)),
+                            static_cast<float>(9999.0 * radius * std::sin(turn)),
+                            static_cast<float>(9999.0 * height)));
+    }
+    PointTree tree(points);
+    std::vector<bool> taken(points.size());
+    for (std::size_t i = 0; i < kCount; ++i) {
+        const std::size_t point = tree.TakeNearest(At(0, 0, 0));
+        ASSERT_NE(point, PointTree::kNone);
+        ASSERT_FALSE(taken[point]);
+        taken[point] = true;
+    }
+    // The last search may look at everything.
+    EXPECT_LT(tree.Work(), kCount * (PointTree::kMostWork + 3));
 }
 
 } // namespace

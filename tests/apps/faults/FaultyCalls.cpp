@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Loaded in front of the program's libraries: makes allocations fail and files vanish, as the
-// environment says. What libraries allocate before the program itself begins is left out.
+// Loaded in front of the program's libraries: makes allocations fail, files vanish and drawings
+// last for ever, as the environment says. What libraries allocate before the program itself begins
+// is left out.
 //   VAULTRY_FAIL_AT=n        the n-th allocation fails
 //   VAULTRY_FAIL_ON=1        and all after it
 //   VAULTRY_FAIL_EVERY=n     each n-th allocation fails in a copy of the process made for it, which
@@ -12,7 +13,10 @@
 //   VAULTRY_SYNC_FAILS=1     nothing can be forced onto the disk
 //   VAULTRY_CALLS_IN=file    what is forced onto the disk and renamed is written there, line by
 //   line
+//   VAULTRY_DRAWS_TILL=n     a picture in pixels is never done; the process is sent signal n as
+//   soon as it is begun
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -218,4 +222,20 @@ extern "C" __attribute__((visibility("default"))) int rename(const char* from, c
     static const auto next = reinterpret_cast<Rename>(dlsym(RTLD_NEXT, "rename"));
     Note("rename to", basename(to));
     return next(from, to);
+}
+
+// How the module for pictures in pixels draws. It is never done, as a hostile picture may be.
+extern "C" __attribute__((visibility("default"))) int
+rsvg_handle_render_document(void* handle, void* context, const void* area, void** fault) {
+    using Render = int (*)(void*, void*, const void*, void**);
+    const long signal = NumberIn("VAULTRY_DRAWS_TILL");
+    if (signal != 0) {
+        kill(getpid(), static_cast<int>(signal));
+        while (true) {
+            pause();
+        }
+    }
+    static const auto next =
+        reinterpret_cast<Render>(dlsym(RTLD_NEXT, "rsvg_handle_render_document"));
+    return next(handle, context, area, fault);
 }
