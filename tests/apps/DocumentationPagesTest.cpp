@@ -34,6 +34,30 @@ TEST(DocumentationPagesTest, CommandsAreFound) {
     EXPECT_GE(count, 30U);
 }
 
+TEST(DocumentationPagesTest, DotsStandForAnyNumberOfLines) {
+    const Session session = {"", {"a", "...", "b", "...", "b", "c"}};
+    EXPECT_TRUE(session.Shows({"a", "b", "b", "c"}));
+    EXPECT_TRUE(session.Shows({"a", "x", "b", "y", "b", "z", "b", "c"}));
+    EXPECT_TRUE(session.Shows({"a", "...", "b", "b", "c", "b", "c"}));
+    EXPECT_FALSE(session.Shows({"a", "b", "c"}));
+    EXPECT_FALSE(session.Shows({"x", "b", "b", "c"}));
+    EXPECT_FALSE(session.Shows({"a", "b", "b", "c", "x"}));
+    EXPECT_FALSE(session.Shows({}));
+    EXPECT_TRUE((Session{"", {"a", "..."}}.Shows({"a"})));
+    EXPECT_TRUE((Session{"", {"..."}}.Shows({})));
+    EXPECT_FALSE((Session{"", {}}.Shows({"a"})));
+}
+
+// Trying every way to share the lines out would take longer than anybody has.
+TEST(DocumentationPagesTest, ManyDotsAreComparedSoon) {
+    Session session;
+    for (int i = 0; i < 40; ++i) {
+        session.printed.insert(session.printed.end(), {"...", "a"});
+    }
+    session.printed.emplace_back("b");
+    EXPECT_FALSE(session.Shows(std::vector<std::string>(400, "a")));
+}
+
 TEST(DocumentationPagesTest, LinksLeadSomewhere) {
     for (const Page& page : Pages()) {
         for (const std::string& link : page.Links()) {

@@ -37,22 +37,6 @@ std::string BrowserCommand(const std::string& command) {
 
 using Lines = std::vector<std::string>;
 
-// Whether the lines are as expected, where "..." stands for any number of them.
-bool Match(Lines::const_iterator expected,
-           Lines::const_iterator expectedEnd,
-           Lines::const_iterator printed,
-           Lines::const_iterator printedEnd) {
-    if (expected == expectedEnd) {
-        return printed == printedEnd;
-    }
-    if (*expected == "...") {
-        return Match(expected + 1, expectedEnd, printed, printedEnd) ||
-               (printed != printedEnd && Match(expected, expectedEnd, printed + 1, printedEnd));
-    }
-    return printed != printedEnd && *expected == *printed &&
-           Match(expected + 1, expectedEnd, printed + 1, printedEnd);
-}
-
 Lines LinesOf(const std::string& text) {
     Lines lines;
     std::istringstream stream(text);
@@ -98,11 +82,8 @@ protected:
             const std::string runnable = ProgramCommand(session.command);
             ASSERT_FALSE(runnable.empty()) << session.command;
             Execute(runnable);
-            const Lines printed = LinesOf(Read("printed"));
-            EXPECT_TRUE(Match(
-                session.printed.begin(), session.printed.end(), printed.begin(), printed.end()))
-                << session.command << '\n'
-                << Read("printed");
+            EXPECT_TRUE(session.Shows(LinesOf(Read("printed")))) << session.command << '\n'
+                                                                 << Read("printed");
         }
     }
 

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdio>
 #include <filesystem>
 #include <sstream>
 #include <string>
@@ -32,16 +31,11 @@ protected:
     std::string Complete(const std::string& words) const {
         Write("completion", Run({"completion", "bash"}).out);
         Write("ask",
-              "cd '" + File("") + "'\nsource ./completion\nCOMP_WORDS=(" + words +
+              "source ./completion\nCOMP_WORDS=(" + words +
                   ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_vaultry\n"
                   "printf '%s\\n' \"${COMPREPLY[@]}\"\n");
-        std::string answers;
-        std::FILE* bash = popen(("bash " + File("ask")).c_str(), "r");
-        for (int c = std::fgetc(bash); c != EOF; c = std::fgetc(bash)) {
-            answers += static_cast<char>(c);
-        }
-        EXPECT_EQ(pclose(bash), 0);
-        return answers;
+        EXPECT_EQ(RunAfter("bash ./ask >answers", {"--version"}).status, 0);
+        return Read("answers");
     }
 #endif
 };

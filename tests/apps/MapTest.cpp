@@ -209,9 +209,10 @@ TEST_F(MapTest, AnOldMapStaysWhenNothingIsGenerated) {
 class MapTerminalTest : public MapTest {
 protected:
     std::string OnTerminal(const std::string& preparation, const std::string& arguments) const {
-        const Outcome shown = RunAfter(preparation + " && script -qec \"'" VAULTRY_PROGRAM "' " +
-                                           arguments + "\" /dev/null >shown.txt </dev/null",
-                                       {"--version"});
+        const Outcome shown = RunAfter(
+            preparation + " && export SHELL=/bin/sh && script -qec \"'" VAULTRY_PROGRAM "' " +
+                arguments + "\" /dev/null >shown.txt </dev/null",
+            {"--version"});
         EXPECT_EQ(shown.status, 0);
         return Read("shown.txt");
     }

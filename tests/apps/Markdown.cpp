@@ -13,6 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kFence = "```";
+constexpr const char* kAnyLines = "...";
 
 bool StartsWith(const std::string& text, const std::string& start) {
     return text.rfind(start, 0) == 0;
@@ -88,6 +89,30 @@ std::string CodeBlock::Text() const {
         text += line + '\n';
     }
     return text;
+}
+
+bool Session::Shows(const std::vector<std::string>& lines) const {
+    auto expected = printed.begin();
+    auto line = lines.begin();
+    auto gap = printed.end(); // the last "..." met, which takes the lines up to `taken`
+    auto taken = lines.begin();
+    for (;;) {
+        if (expected != printed.end() && *expected == kAnyLines) {
+            gap = expected++;
+            taken = line;
+        } else if (line == lines.end()) {
+            return expected == printed.end();
+        } else if (expected != printed.end() && *expected == *line) {
+            ++expected;
+            ++line;
+        } else if (gap != printed.end()) {
+            // Giving an earlier gap more lines would only leave fewer for what stands behind it.
+            expected = gap + 1;
+            line = ++taken;
+        } else {
+            return false;
+        }
+    }
 }
 
 std::vector<Session> Sessions(const CodeBlock& block) {

@@ -28,6 +28,9 @@ struct CodeBlock {
 struct Session {
     std::string command;
     std::vector<std::string> printed;
+
+    /// Whether these lines are as shown, where "..." stands for any number of them.
+    bool Shows(const std::vector<std::string>& lines) const;
 };
 
 std::vector<Session> Sessions(const CodeBlock& block);

@@ -6,6 +6,10 @@
 #include <tests/support/LeftOut.h>
 #include <vector>
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
 namespace Tarnex::Test {
 
 namespace {
@@ -47,7 +51,8 @@ TEST_F(OutputTest, TakesNamesBeyondAsciiAndFolders) {
 
 #ifndef _WIN32
 TEST_F(OutputTest, TakesTheLongestNameOfTheSystem) {
-    const std::string name = std::string(251, 'n') + ".esp";
+    const auto longest = static_cast<std::size_t>(pathconf(File("").c_str(), _PC_NAME_MAX));
+    const std::string name = std::string(longest - 4, 'n') + ".esp";
     EXPECT_EQ(Generate({"-o", name}).status, 0);
     EXPECT_EQ(Files(), Lines{name});
 }

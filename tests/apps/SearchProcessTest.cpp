@@ -2,10 +2,14 @@
 // Searches that are interrupted, lose workers or are split among processes.
 #ifndef _WIN32
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
@@ -18,7 +22,36 @@ namespace Tarnex::Test {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 using Lines = std::vector<std::string>;
+
+// A search that is lost ends nevertheless, and the test with it [s].
+constexpr unsigned kLongest = 300;
+
+// Not every system lists the children of a process.
+pid_t ParentOf(const fs::path& process) {
+    std::ifstream stat(process / "stat");
+    const std::string text(std::istreambuf_iterator<char>(stat), {});
+    // Number (name) state parent: the name may hold anything.
+    std::istringstream behind(text.substr(std::min(text.rfind(')') + 1, text.size())));
+    char state = 0;
+    pid_t parent = 0;
+    behind >> state >> parent;
+    return parent;
+}
+
+std::vector<pid_t> ChildrenOf(pid_t process) {
+    std::vector<pid_t> children;
+    for (const auto& entry : fs::directory_iterator("/proc")) {
+        const std::string name = entry.path().filename();
+        if (std::isdigit(static_cast<unsigned char>(name.front())) != 0 &&
+            ParentOf(entry.path()) == process) {
+            children.push_back(static_cast<pid_t>(std::stol(name)));
+        }
+    }
+    return children;
+}
 
 // A search of all seeds there are, which comes to no end by itself.
 class EndlessSearchTest : public ProgramTest {
@@ -47,14 +80,18 @@ protected:
         err = errPipe[0];
     }
 
-    // The first worker, once there is one: then the search is on its way.
+    // The first worker, once there is one: then the search is on its way. 0 when it ended before.
     pid_t Worker() const {
-        const std::string file =
-            "/proc/" + std::to_string(child) + "/task/" + std::to_string(child) + "/children";
         for (;;) {
-            pid_t worker = 0;
-            if (std::ifstream(file) >> worker) {
-                return worker;
+            const std::vector<pid_t> workers = ChildrenOf(child);
+            if (!workers.empty()) {
+                return workers.front();
+            }
+            siginfo_t ended{};
+            if (waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+                ended.si_pid == child) {
+                ADD_FAILURE() << "the search ended before it had a worker";
+                return 0;
             }
             std::this_thread::yield();
         }
@@ -92,6 +129,7 @@ private:
     [[noreturn]] static void Become(std::vector<std::string>& words, int outEnd, int errEnd) {
         std::signal(SIGINT, SIG_DFL);
         std::signal(SIGTERM, SIG_DFL);
+        alarm(kLongest);
         dup2(outEnd, STDOUT_FILENO);
         dup2(errEnd, STDERR_FILENO);
         std::vector<char*> arguments;
@@ -107,7 +145,7 @@ private:
 TEST_F(EndlessSearchTest, InterruptEndsItWithWhatItHas) {
     Write("found.csv", "old");
     Start();
-    Worker();
+    ASSERT_NE(Worker(), 0);
     kill(child, SIGINT);
     const std::string listed = Rest(out);
     EXPECT_EQ(Wait(), 130);
@@ -125,7 +163,9 @@ TEST_F(EndlessSearchTest, InterruptEndsItWithWhatItHas) {
 
 TEST_F(EndlessSearchTest, AKilledWorkerIsReplacedAndItsSeedNamed) {
     Start();
-    kill(Worker(), SIGKILL);
+    const pid_t worker = Worker();
+    ASSERT_NE(worker, 0);
+    kill(worker, SIGKILL);
     const std::string line = ErrLine();
     EXPECT_EQ(line.find("vaultry: warning: seed "), 0U) << line;
     EXPECT_TRUE(Contains(line, " is tried again: its worker was ended by signal 9")) << line;
@@ -138,7 +178,7 @@ TEST_F(EndlessSearchTest, AKilledWorkerIsReplacedAndItsSeedNamed) {
 TEST_F(EndlessSearchTest, AKilledSearchLeavesNoWorkersAndTheOldTable) {
     Write("found.csv", "old");
     Start();
-    Worker();
+    ASSERT_NE(Worker(), 0);
     kill(child, SIGKILL);
     // It ends only when every worker has closed its side.
     EXPECT_EQ(Rest(out), "");
@@ -200,8 +240,9 @@ protected:
 
 // The progress is for terminals, and this is one.
 TEST_F(SearchProcessTest, ATerminalShowsHowFarItIs) {
-    const Outcome outcome = RunAfter("script -qec \"'" VAULTRY_PROGRAM
-                                     "' search --seeds 1..5 --fixed\" /dev/null > shown.txt",
+    const Outcome outcome = RunAfter("export SHELL=/bin/sh && script -qec \"'" VAULTRY_PROGRAM
+                                     "' search --seeds 1..5 --fixed\" /dev/null >shown.txt "
+                                     "</dev/null",
                                      {"--version"});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_TRUE(Contains(Read("shown.txt"), " of 5 seeds, ")) << Read("shown.txt");
@@ -212,7 +253,7 @@ TEST_F(SearchProcessTest, TheDocumentedParallelSearchFindsWhatOneSearchFinds) {
     std::string script = Documented("parallel --sshlogin");
     Replace(script, "host1,host2,:", "2/:");
     Replace(script, "ranges 0 1000000 100000", "ranges 0 100 25");
-    Write("split.sh", "export PARALLEL=--will-cite HOME=\"$PWD\"\n" + script);
+    Write("split.sh", "export PARALLEL=--will-cite HOME=\"$PWD\" SHELL=/bin/sh\n" + script);
     const Outcome outcome = RunAfter("bash -e split.sh", {"--version"});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     ExpectTheWhole("best.csv");

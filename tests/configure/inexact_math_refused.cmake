@@ -2,6 +2,9 @@
 # the flag's name; flags that change nothing pass. SOURCE, FOLDER and CXX come from the command line.
 cmake_minimum_required(VERSION 3.25)
 
+# The default build type of whoever runs the tests is not that of these.
+unset(ENV{CMAKE_BUILD_TYPE})
+
 # Configures in a fresh folder; the environment and further arguments carry the flags.
 function(configure name)
   file(REMOVE_RECURSE "${FOLDER}/${name}")

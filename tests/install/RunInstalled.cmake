@@ -1,7 +1,14 @@
 # Installs the project into an empty folder, moves it to another, and uses it from there as strangers
 # would: a C++ project through find_package, a C program through pkg-config, a Python program through
 # the shared library, and the program itself; PNG if it was built with that. Arguments: BUILD, SOURCE,
-# WORK, CXX, CC, LIBDIR, PYTHON, PKG_CONFIG, HARDENED, PNG.
+# WORK, GENERATOR, CXX, CC, LIBDIR, PYTHON, PKG_CONFIG, HARDENED, PNG.
+
+# What whoever runs the tests has set for builds of their own.
+foreach(variable DESTDIR CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_GENERATOR CMAKE_BUILD_TYPE
+    CMAKE_PREFIX_PATH CMAKE_INSTALL_PREFIX PKG_CONFIG_SYSROOT_DIR PYTHONHOME PYTHONPATH)
+  unset(ENV{${variable}})
+endforeach()
+
 function(run)
   execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${WORK}
     RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -41,8 +48,8 @@ if(PNG)
   run(${PREFIX}/bin/vaultry map --seed 7 --map program.png)
 endif()
 
-run(${CMAKE_COMMAND} -S ${SOURCE}/examples/embed -B embed -DCMAKE_CXX_COMPILER=${CXX}
-  -DCMAKE_PREFIX_PATH=${PREFIX})
+run(${CMAKE_COMMAND} -S ${SOURCE}/examples/embed -B embed -G ${GENERATOR}
+  -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_PREFIX_PATH=${PREFIX})
 run(${CMAKE_COMMAND} --build embed)
 run(embed/embed embedded.esp)
 if(NOT OUTPUT MATCHES "Generating Layouts\n.*step 3 of 3.*level 3: [0-9]+ of [0-9]+ rooms")

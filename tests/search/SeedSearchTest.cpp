@@ -27,6 +27,10 @@ using Search::Verdict;
 using Seeds = std::set<std::uint32_t>;
 using Reasons = std::set<std::pair<std::uint32_t, std::string>>;
 
+// Asked at least ten times a second, the listener ends a search that has long come no further: a
+// seed that nobody judges fails a test instead of keeping it for ever.
+constexpr int kLongestStandstill = 600;
+
 // Keeps account of everything that it hears.
 class Listener : public Search::SearchListener {
 public:
@@ -39,12 +43,20 @@ public:
         triedAgain.emplace(seed, why);
     }
     void Lost(std::uint32_t seed, const std::string& why) override { lost.emplace(seed, why); }
-    bool GoesOn(std::uint64_t done) override { return done < stopAt; }
+    bool GoesOn(std::uint64_t done) override {
+        standstill = done == lastDone ? standstill + 1 : 0;
+        lastDone = done;
+        return done < stopAt && standstill < kLongestStandstill;
+    }
 
     std::uint64_t stopAt = UINT64_MAX;
     Seeds found;
     Reasons triedAgain;
     Reasons lost;
+
+private:
+    std::uint64_t lastDone = 0;
+    int standstill = 0;
 };
 
 Verdict Wanted(std::uint32_t seed) {

@@ -14,6 +14,8 @@ TempDir::TempDir() {
         const std::string name = "vaultry-test-" + std::to_string(chance());
         path = std::filesystem::temp_directory_path() / name;
     } while (!std::filesystem::create_directory(path));
+    // Tests that step back to another user must get in whatever the umask is.
+    std::filesystem::permissions(path, std::filesystem::perms(0755));
 }
 
 TempDir::~TempDir() {

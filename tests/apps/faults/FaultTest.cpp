@@ -64,10 +64,12 @@ Outcome FaultTest::RunAsNobody(const Lines& arguments) const {
     if (child == 0) {
         std::ofstream err(errName);
         std::ostringstream out;
+        // Folders above this one may be closed to others.
+        const bool entered = chdir(File("").c_str()) == 0;
         const bool isRoot = geteuid() == 0;
         const bool dropped =
             !isRoot || (setgroups(0, nullptr) == 0 && setgid(kNobody) == 0 && setuid(kNobody) == 0);
-        if (chdir(File("").c_str()) != 0 || !dropped) {
+        if (!entered || !dropped) {
             _exit(kNotStarted);
         }
         const int status = Cli::RunCommandLine(arguments, {out, err});

@@ -33,6 +33,16 @@ protected:
         whole = Read("dungeon.esp");
     }
 
+    void SetUp() override {
+        if (all == 0) {
+            GTEST_SKIP()
+                << "no process may be traced here, so none can be stopped at a system call";
+        }
+        // The moments are chosen among more than are tried.
+        ASSERT_GT(all, 300);
+        ASSERT_EQ(whole.substr(0, 4), "TES3");
+    }
+
     static const Lines& Generating() {
         static const Lines run = {"generate", "--seed", "3", "--stamp", "1", "--levels", "2"};
         return run;
@@ -84,7 +94,6 @@ protected:
 };
 
 TEST_F(KillTest, KilledRunLeavesTheOldFileOrTheWholeNewOne) {
-    ASSERT_EQ(whole.substr(0, 4), "TES3");
     int old = 0;
     for (const int moment : Moments(170, 50)) {
         SCOPED_TRACE(moment);
