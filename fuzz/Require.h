@@ -14,9 +14,9 @@ inline void Require(bool truth) {
     }
 }
 
-/// Ends the process when one input, from here to the end of the scope, takes more than 15 seconds of
-/// processor time: several times what the limits of the library allow in these slow programs, which
-/// take any shorter input in thousandths. A loaded machine changes nothing about it.
+/// Ends the process when one input, from here to the end of the scope, takes more than 15 seconds
+/// of processor time: several times what the limits of the library allow in these slow programs,
+/// which take any shorter input in thousandths. A loaded machine changes nothing about it.
 class Brief {
 public:
     Brief() = default;

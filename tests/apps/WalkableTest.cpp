@@ -115,6 +115,26 @@ TEST_F(WalkableTest, EnsureWalkableKeepsASeedThatIsWalkable) {
     EXPECT_EQ(Read("ensured.esp"), Read("plain.esp"));
 }
 
+// What an earlier try chose by chance is not left to the next.
+TEST_F(WalkableTest, EnsureWalkableFindsRandomThemesThatRepeatByThemselves) {
+    const Lines random = {"--random-theme", "--random-creature-theme", "--random-treasure-theme"};
+    const auto with = [&random, this](const char* out, bool ensured) {
+        Lines arguments = GivenUp({"-o", out, "--json"});
+        arguments.insert(arguments.end(), random.begin(), random.end());
+        if (ensured) {
+            arguments.emplace_back("--ensure-walkable");
+        }
+        return arguments;
+    };
+    const Json report = Json::parse(Run(with("found.esp", true)).out);
+    EXPECT_GT(report["tries"], 1);
+    const std::uint32_t seed = report["seed"];
+    Lines again = with("again.esp", false);
+    *std::ranges::find(again, "128") = std::to_string(seed);
+    EXPECT_EQ(Run(again).status, 0);
+    EXPECT_EQ(Read("again.esp"), Read("found.esp"));
+}
+
 TEST_F(WalkableTest, EnsureWalkableGivesUpAfterAThousandTries) {
     // Rooms without walls can never be joined.
     Write("closed.xml", R"(<OstrelData>

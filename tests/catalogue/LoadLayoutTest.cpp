@@ -248,6 +248,18 @@ TEST_F(LoadLayoutTest, AfterAChildTheGridStartsOver) {
     EXPECT_TRUE(LogLines().empty());
 }
 
+TEST_F(LoadLayoutTest, TheRowsOfAChildDoNotCountForItsParent) {
+    LoadGrid(1,
+             2,
+             "<Row><Col>a</Col></Row>"
+             "<Layout LayoutName='Child' Width='1' Height='2'>"
+             "<Row><Col>x</Col></Row><Row><Col>y</Col></Row></Layout>"
+             "<Row><Col>b</Col></Row><Row><Col>c</Col></Row>");
+    EXPECT_EQ(GridText(RoomLayout()), "[b]\n[c]\n");
+    EXPECT_EQ(GridText(*RoomLayout().GetChildren()[0]), "[x]\n[y]\n");
+    EXPECT_TRUE(LogLines().empty());
+}
+
 TEST_F(LoadLayoutTest, AChildInsideACellDropsTheCell) {
     LoadGrid(2, 1, "<Row><Col>a<Layout Width='1' Height='1'/>b</Col><Col>c</Col></Row>");
     EXPECT_EQ(GridText(RoomLayout()), "[c] -\n");

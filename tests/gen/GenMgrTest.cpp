@@ -376,6 +376,17 @@ TEST_F(GenMgrTest, FileThatCannotBeOpenedIsNotLogged) {
     EXPECT_EQ(LogLines().size(), 1U);
 }
 
+#ifndef _WIN32
+// The plug-in is small enough to wait in memory until the file is closed.
+TEST_F(GenMgrTest, FileThatTheDiskDoesNotTakeIsNotWritten) {
+    Load(kFull);
+    EXPECT_EQ(mgr.Generate("Hall", true), ModResult::Written);
+    EXPECT_EQ(mgr.WriteMod("/dev/full"), ModResult::NotWritten);
+    EXPECT_EQ(mgr.WriteMod(dir.File("a.esp").c_str()), ModResult::Written);
+    EXPECT_EQ(mgr.CreateMod("/dev/full", "Hall", true), ModResult::NotWritten);
+}
+#endif
+
 TEST_F(GenMgrTest, PathThatIsNotUtf8IsOneThatCannotBeOpened) {
     Load(kFull);
     EXPECT_EQ(mgr.CreateMod("no\xFF\xFEsuch/a.esp", "Hall", true), ModResult::NotWritten);

@@ -155,6 +155,26 @@ TEST_F(LimitsTest, ALevelThatWouldNotFitIntoMemoryIsGivenUp) {
     EXPECT_TRUE(info.mod.GetCells().empty());
 }
 
+// Else levels that come to nothing would take what is left for those that do.
+TEST_F(LimitsTest, TheMemoryOfAGivenUpFloorPlanNoLongerCounts) {
+    info.config.roomLayouts = {ToTemplate("c", "Spot")};
+    info.defTileSet = MakeDi<TileSet>(); // without tiles no rooms are joined
+    info.randomInfo.roomSpacing = RandomGenInfo::Tight;
+    info.randomInfo.numLevels = 2;
+    SeedRandom(1);
+    GenIntRandom(info).Gen();
+    ASSERT_EQ(info.report.levels.size(), 2U);
+    for (const LevelReport& level : info.report.levels) {
+        EXPECT_FALSE(level.made);
+        EXPECT_EQ(level.attempts, 3U);
+        EXPECT_GT(level.size.x, 0);
+    }
+    EXPECT_EQ(info.meter.GetMemory(), 0U);
+    info.defTileSet = tiles;
+    GenIntRandom(info).Gen();
+    EXPECT_GT(info.meter.GetMemory(), 0U);
+}
+
 } // namespace
 
 } // namespace Tarnex::Test

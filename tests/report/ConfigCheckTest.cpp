@@ -246,6 +246,30 @@ TEST_F(ConfigCheckTest, NumbersWithSignsAndExponentsAreFine) {
               "Nothing is wrong.\n");
 }
 
+class ConfigBoundTest : public ConfigCheckTest,
+                        public ::testing::WithParamInterface<const char*> {};
+
+// What is said of other things, as that a theme places nothing, is not asked here.
+TEST_P(ConfigBoundTest, ANumberEqualToItsBoundMakesSense) {
+    const std::string printed = Check(GetParam() + std::string("\n"));
+    EXPECT_EQ(printed.find("is less than"), std::string::npos) << printed;
+    EXPECT_EQ(printed.find("lies outside"), std::string::npos) << printed;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Numbers,
+    ConfigBoundTest,
+    ::testing::Values(
+        "<TileSet TsName='S' TsType='Room' TsSize='1' WallThickness='0'/>",
+        "<TileSet TsName='S' TsType='Room'><WallN Scale='0.5'>a</WallN></TileSet>",
+        "<TileSet TsName='S' TsType='Room'><WallN Scale='2'>a</WallN></TileSet>",
+        "<Platform Name='P'><Floor SizeX='0' SizeY='0' SizeZ='0'>f</Floor></Platform>",
+        "<Theme Name='T' Level='0'><ThemeItem Type='Rug' Min='-1' Ratio='0'/></Theme>",
+        "<Theme Name='T' Level='1'><ThemeItem Type='Rug' Chance='0'/></Theme>",
+        "<Theme Name='T' Level='1'><ThemeItem Type='Rug' Chance='1'/></Theme>",
+        "<Treasure UniqueName='t' Type='Gem' Max='1' Level='0' Value='0'/>",
+        "<Container UniqueName='c' Weight='0' SizeX='0' SizeY='0' SizeZ='0'/>"));
+
 TEST_F(ConfigCheckTest, AMinAboveTheMaxIsTold) {
     EXPECT_EQ(Check("<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Rug\" "
                     "Min=\"5\" Max=\"3\"/></Theme>\n"

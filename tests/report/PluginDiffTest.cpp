@@ -145,6 +145,22 @@ TEST_F(PluginDiffTest, NamesDoorsThatLeadElsewhere) {
                      "-256, 0) facing 270"}));
 }
 
+TEST_F(PluginDiffTest, ADoorThatFacesAnotherWayOnArrivalIsADifference) {
+    Door().destination->arrival.rotation.z = 0.0F;
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-retargeted | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) "
+                     "leads to \"Café\" at (512, -256, 0) facing 0 instead of to \"Café\" at "
+                     "(512, -256, 0) facing 270"}));
+}
+
+TEST_F(PluginDiffTest, ADoorThatLeadsToAnotherPlaceOfItsCellIsADifference) {
+    Door().destination->arrival.position.y = -255.0F;
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-retargeted | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) "
+                     "leads to \"Café\" at (512, -255, 0) facing 270 instead of to \"Café\" at "
+                     "(512, -256, 0) facing 270"}));
+}
+
 TEST_F(PluginDiffTest, NamesReferencesThatAreDeleted) {
     Rug().deleted = true;
     EXPECT_EQ(Differences(),
