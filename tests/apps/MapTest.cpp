@@ -176,6 +176,12 @@ TEST_F(MapTest, RefusesScalesAndLooksThatThereAreNot) {
     EXPECT_TRUE(Contains(Run({"map", "--look", "pink"}).err, "is none of Auto, Light, Dark"));
 }
 
+TEST_F(MapTest, TakesTheSmallestAndTheLargestScale) {
+    for (const char* scale : {"0.1", "10"}) {
+        EXPECT_EQ(Run({"map", "--seed", "7", "--scale", scale}).status, 0) << scale;
+    }
+}
+
 // Of rooms of one cell without doorways no level can be joined.
 TEST_F(MapTest, WithoutALevelNothingIsDrawn) {
     Write("closed.xml",

@@ -54,6 +54,8 @@ TEST(NameCheckTest, OfferCutsALongList) {
     const Names names(13, "Stone");
     const std::string offer = OfferNames("xyzzy", names);
     EXPECT_EQ(offer.substr(offer.size() - 9), " and more");
+    const std::string whole = OfferNames("xyzzy", Names(12, "Stone"));
+    EXPECT_EQ(whole.substr(whole.size() - 9), ", \"Stone\"");
 }
 
 TEST(NameCheckTest, KnownNameIsGivenInTheCodePage) {

@@ -233,6 +233,7 @@ TEST_F(SearchTest, MistakesAreToldBeforeAnythingIsDone) {
     ExpectMistake({"--seeds", "1", "--sort", "lops"}, "did you mean \"loops\"?");
     ExpectMistake({"--seeds", "1", "--top", "0"}, "--top: \"0\" is not a whole number from 1");
     ExpectMistake({"--seeds", "1", "--jobs", "1025"}, "from 1 to 1024");
+    EXPECT_EQ(Search("1", {"--top", "1", "--jobs", "1024"}).status, 0);
     ExpectMistake({"--seeds", "1", "--ensure-walkable"}, "--ensure-walkable");
     ExpectMistake({"--seeds", "1", "--tileset", "Velothy"}, "did you mean \"Velothi\"");
     ExpectMistake({"--seeds", "1", "--csv", "no/such.csv"}, "its folder does not exist");

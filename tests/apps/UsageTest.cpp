@@ -204,6 +204,25 @@ INSTANTIATE_TEST_SUITE_P(Numbers,
                                            WrongNumber{"--stamp", "-1"},
                                            WrongNumber{"--stamp", "9223372036854775808"}));
 
+using RightNumberTest = WrongNumberTest;
+
+// The least and the greatest that there is.
+TEST_P(RightNumberTest, IsTaken) {
+    const Outcome outcome = Generate({GetParam().option, GetParam().text});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Numbers,
+                         RightNumberTest,
+                         ::testing::Values(WrongNumber{"--seed", "0"},
+                                           WrongNumber{"--seed", "4294967295"},
+                                           WrongNumber{"--levels", "1"},
+                                           WrongNumber{"--levels", "1000"},
+                                           WrongNumber{"--min-level", "0"},
+                                           WrongNumber{"--max-level", "4294967295"},
+                                           WrongNumber{"--stamp", "0"},
+                                           WrongNumber{"--stamp", "9007199254740991"}));
+
 } // namespace
 
 } // namespace Tarnex::Test

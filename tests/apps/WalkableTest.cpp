@@ -42,6 +42,14 @@ protected:
     }
 };
 
+int Count(const std::string& text, const std::string& part) {
+    int count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
 TEST_F(WalkableTest, EachLevelHasALine) {
     const Outcome outcome =
         Run({"generate", "--seed", "3", "--levels", "2", "--size", "tiny", "--spacing", "tight"});
@@ -141,9 +149,11 @@ TEST_F(WalkableTest, EnsureWalkableGivesUpAfterAThousandTries) {
         <TileSet TsName="Bare" TsType="Room" TsSize="256"><Center>floor</Center></TileSet>
         <Layout LayoutName="Spot" Type="Room" Width="1" Height="1"/>
         </OstrelData>)");
-    const Outcome outcome = Run({"generate", "-c", File("closed.xml"), "--ensure-walkable"});
+    const Outcome outcome =
+        Run({"generate", "-c", File("closed.xml"), "--ensure-walkable", "--log", "run.log"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(Files(), Lines{"closed.xml"});
+    EXPECT_EQ(Files(), (Lines{"closed.xml", "run.log"}));
+    EXPECT_EQ(Count(Read("run.log"), "Giving up.  Failed to connect rooms"), 1000);
     EXPECT_TRUE(Contains(outcome.err, "none of 1000 seeds made every room of every level"));
     EXPECT_TRUE(Contains(outcome.err, "the tile set \"Bare\" lacks \"HallNS\""));
 }

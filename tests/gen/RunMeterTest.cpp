@@ -202,6 +202,17 @@ TEST_F(RunMeterTest, ARunMakesAThousandLevelsAtMost) {
               "Error : Generator : The run asks for 4000000000 levels; 1000 are made.");
 }
 
+TEST_F(RunMeterTest, AThousandLevelsAreNotTooMany) {
+    info.defTileSet = MakeDi<TileSet>();
+    info.randomInfo.numLevels = 1000;
+    info.randomInfo.levelSize = RandomGenInfo::Tiny;
+    GenIntRandom(info).Gen();
+    EXPECT_EQ(info.report.levels.size(), 1000U);
+    for (const std::string& error : ErrorLines()) {
+        EXPECT_EQ(error.find("levels;"), std::string::npos) << error;
+    }
+}
+
 TEST_F(RunMeterTest, ALayoutOfTooManyPartsMakesNoRoom) {
     const DiPtr<LayoutTemplate> plan = ToTemplate("wN", "Maze");
     for (int i = 0; i < 65; ++i) {
@@ -218,6 +229,21 @@ TEST_F(RunMeterTest, ALayoutOfTooManyPartsMakesNoRoom) {
                                 "no room.  Max = 64."),
               errors.end());
     EXPECT_EQ(info.mod.GetCells().size(), 1U);
+}
+
+TEST_F(RunMeterTest, ALayoutOfSixtyFourPartsMakesARoom) {
+    const DiPtr<LayoutTemplate> plan = ToTemplate("wN", "Maze");
+    for (int i = 0; i < 64; ++i) {
+        plan->AddChild(ToTemplate("c"));
+    }
+    info.config.roomLayouts = {plan};
+    info.randomInfo.levelSize = RandomGenInfo::Large;
+    info.randomInfo.roomSpacing = RandomGenInfo::Tight;
+    SeedRandom(1);
+    GenIntRandom(info).Gen();
+    for (const std::string& error : ErrorLines()) {
+        EXPECT_EQ(error.find("it makes no room"), std::string::npos) << error;
+    }
 }
 
 TEST_F(RunMeterTest, PlatformsOfAllWallsTogetherAreLimited) {

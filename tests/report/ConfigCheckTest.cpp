@@ -313,6 +313,13 @@ TEST_F(ConfigCheckTest, AMinBeyondTheLimitIsTold) {
               "0 errors, 1 warning, 0 notes.\n");
 }
 
+TEST_F(ConfigCheckTest, AMinOfTheLimitIsFine) {
+    EXPECT_EQ(Check("<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Rug\" "
+                    "Min=\"100000\" Max=\"100000\"/></Theme>\n"
+                    "<Rug UniqueName=\"r\"/>\n"),
+              "Nothing is wrong.\n");
+}
+
 TEST_F(ConfigCheckTest, AChanceInHundredthsIsTold) {
     EXPECT_EQ(Check("<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Rug\" "
                     "Chance=\"25\"/></Theme>\n"
@@ -374,6 +381,11 @@ TEST_F(ConfigCheckTest, AMaxThatTheValueForbidsIsNoted) {
 
 TEST_F(ConfigCheckTest, AMaxThatTheValueAllowsIsFine) {
     EXPECT_EQ(Check("<Treasure Type=\"Gem\" UniqueName=\"g\" Max=\"6\" Value=\"833\"/>\n"),
+              "Nothing is wrong.\n");
+}
+
+TEST_F(ConfigCheckTest, AMaxOfFiveMayBeOfAnyValue) {
+    EXPECT_EQ(Check("<Treasure Type=\"Gem\" UniqueName=\"g\" Max=\"5\" Value=\"30000\"/>\n"),
               "Nothing is wrong.\n");
 }
 
@@ -958,6 +970,26 @@ TEST_F(ConfigCheckTest, NamesOfAMegabyteAreCut) {
               "my.xml:2:49: error: no Rug has the unique name \"" + std::string(200, 'n') +
                   "...\"\n    The item places nothing more when this name is drawn.\n"
                   "1 error, 0 warnings, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, ANameOf200LettersIsShownWhole) {
+    const std::string name(200, 'n');
+    const std::string printed =
+        Check("<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Rug\" UniqueName=\"" + name +
+              "\"/></Theme>\n<Rug UniqueName=\"r\"/>\n");
+    EXPECT_NE(printed.find('"' + name + "\"\n"), std::string::npos) << printed;
+}
+
+// A hundred by a hundred are laid, one more are not.
+TEST_F(ConfigCheckTest, OnlyMoreFloorPiecesThanTheLimitAreTold) {
+    const auto warned = [](const char* size) {
+        return Check(std::string("<TileSet TsName='C' TsType='Cave' TsSize='1000'/>"
+                                 "<Platform Name='P'><Floor UniqueName='f' SizeX='10' SizeY='") +
+                     size + "' SizeZ='1'/></Platform>\n")
+                   .find("pieces of this floor") != std::string::npos;
+    };
+    EXPECT_FALSE(warned("10"));
+    EXPECT_TRUE(warned("9.9"));
 }
 
 } // namespace

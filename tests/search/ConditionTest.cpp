@@ -101,6 +101,13 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Mistaken{"", "position 1: a fact or a number is expected, not the end"},
         Mistaken{"romms>=12", "position 1: \"romms\" is no fact; did you mean \"rooms\"?"},
+        Mistaken{"quetzalcoatlquetzalcoatlquetzalcoatlquet",
+                 "position 1: \"quetzalcoatlquetzalcoatlquetzalcoatlquet\" is no fact; \"vaultry "
+                 "search --help\" lists them"},
+        Mistaken{"rooms>1234567890123456789012345678901234567890",
+                 "position 7: \"1234567890123456789012345678901234567890\" is too large"},
+        Mistaken{"rooms>12345678901234567890123456789012345678901",
+                 "position 7: \"1234567890123456789012345678901234567890...\" is too large"},
         Mistaken{"rooms>=12 and lops>2",
                  "position 15: \"lops\" is no fact; did you mean \"loops\"?"},
         Mistaken{"quetzalcoatl",
@@ -141,6 +148,18 @@ TEST(ConditionLimitsTest, NestsAHundredDeepAndNoDeeper) {
         negations += "not ";
     }
     EXPECT_THROW(Condition(negations + "walkable"), UsageError);
+}
+
+// What is closed is no longer nested.
+TEST(ConditionLimitsTest, NestingOnceEndedDoesNotCount) {
+    std::string groups = "(walkable)";
+    std::string negations = "not openings";
+    for (int i = 0; i < 200; ++i) {
+        groups += " and (walkable)";
+        negations += " and not openings";
+    }
+    EXPECT_TRUE(Condition(groups).Holds(Values({{"walkable", 1}})));
+    EXPECT_TRUE(Condition(negations).Holds(Values({})));
 }
 
 TEST(ConditionLimitsTest, LongChainsAreNotNested) {

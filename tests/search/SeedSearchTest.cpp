@@ -155,6 +155,19 @@ TEST_F(SeedSearchTest, FaultsAreTold) {
     EXPECT_EQ(listener.lost, (Reasons{{4, "no tiles"}}));
 }
 
+TEST_F(SeedSearchTest, TwentyFaultySeedsAreBorne) {
+    const SeedRange range{1, 60};
+    const auto judge = [](std::uint32_t faulty) {
+        return [faulty](std::uint32_t seed) {
+            return seed <= faulty ? Verdict{std::nullopt, "no tiles"} : Wanted(seed);
+        };
+    };
+    EXPECT_EQ(Run(range, 1, judge(20)).end, SearchEnd::Complete);
+    EXPECT_EQ(listener.lost.size(), 20U);
+    listener = Listener();
+    EXPECT_EQ(Run(range, 1, judge(21)).end, SearchEnd::Failed);
+}
+
 TEST_F(SeedSearchTest, IsGivenUpWhenNothingWorks) {
     const SearchOutcome faults = Run({0, 1'000'000}, 2, [](std::uint32_t) {
         return Verdict{std::nullopt, "no tiles"};
