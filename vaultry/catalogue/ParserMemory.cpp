@@ -28,7 +28,9 @@ constexpr bool IsReader(XMLSize_t size) {
 
 ParserMemory::~ParserMemory() {
     while (last != nullptr) {
-        Free(last);
+        BlockHead* const head = last;
+        last = head->previous;
+        ::operator delete(head);
     }
 }
 
