@@ -57,6 +57,6 @@ private:
 /// Gives the file `from` the name `to` of the same folder, in place of a file that has it, and
 /// forces that onto the disk where the system can. Nobody ever sees another file there than the old
 /// or the new one.
-std::error_code ReplaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
+std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to);
 
 } // namespace Tarnex

@@ -186,7 +186,7 @@ std::error_code SystemFile::Wait(short events) const {
     }
 }
 
-std::error_code ReplaceFile(const fs::path& from, const fs::path& to) {
+std::error_code RenameOver(const fs::path& from, const fs::path& to) {
     if (rename(from.c_str(), to.c_str()) != 0) {
         return LastFault();
     }

@@ -77,7 +77,7 @@ std::error_code SystemFile::Close() {
     return closed ? std::error_code() : LastFault();
 }
 
-std::error_code ReplaceFile(const fs::path& from, const fs::path& to) {
+std::error_code RenameOver(const fs::path& from, const fs::path& to) {
     constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     if (MoveFileExW(from.c_str(), to.c_str(), kHow) == 0) {
         return {static_cast<int>(GetLastError()), std::system_category()};

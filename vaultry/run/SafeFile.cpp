@@ -206,7 +206,7 @@ void SafeFile::Finish() {
 }
 
 void SafeFile::Commit() {
-    if (const std::error_code fault = ReplaceFile(temporary, destination)) {
+    if (const std::error_code fault = RenameOver(temporary, destination)) {
         Throw(fault);
     }
     temporary.clear();
