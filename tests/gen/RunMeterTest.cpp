@@ -213,9 +213,10 @@ TEST_F(RunMeterTest, AThousandLevelsAreNotTooMany) {
     }
 }
 
-TEST_F(RunMeterTest, ALayoutOfTooManyPartsMakesNoRoom) {
+// The only room to choose is a maze of that many layouts inside one.
+void MakeLevelOfMazes(GenInfo& info, int parts) {
     const DiPtr<LayoutTemplate> plan = ToTemplate("wN", "Maze");
-    for (int i = 0; i < 65; ++i) {
+    for (int i = 0; i < parts; ++i) {
         plan->AddChild(ToTemplate("c"));
     }
     info.config.roomLayouts = {plan};
@@ -223,6 +224,10 @@ TEST_F(RunMeterTest, ALayoutOfTooManyPartsMakesNoRoom) {
     info.randomInfo.roomSpacing = RandomGenInfo::Tight;
     SeedRandom(1);
     GenIntRandom(info).Gen();
+}
+
+TEST_F(RunMeterTest, ALayoutOfTooManyPartsMakesNoRoom) {
+    MakeLevelOfMazes(info, 65);
     const Lines errors = ErrorLines();
     EXPECT_NE(std::ranges::find(errors,
                                 "Error : Generator : Layout 'Maze' has 65 layouts inside; it makes "
@@ -232,15 +237,7 @@ TEST_F(RunMeterTest, ALayoutOfTooManyPartsMakesNoRoom) {
 }
 
 TEST_F(RunMeterTest, ALayoutOfSixtyFourPartsMakesARoom) {
-    const DiPtr<LayoutTemplate> plan = ToTemplate("wN", "Maze");
-    for (int i = 0; i < 64; ++i) {
-        plan->AddChild(ToTemplate("c"));
-    }
-    info.config.roomLayouts = {plan};
-    info.randomInfo.levelSize = RandomGenInfo::Large;
-    info.randomInfo.roomSpacing = RandomGenInfo::Tight;
-    SeedRandom(1);
-    GenIntRandom(info).Gen();
+    MakeLevelOfMazes(info, 64);
     for (const std::string& error : ErrorLines()) {
         EXPECT_EQ(error.find("it makes no room"), std::string::npos) << error;
     }
