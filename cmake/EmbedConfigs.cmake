@@ -22,7 +22,7 @@ foreach(file IN LISTS FILES)
   math(EXPR number "${number} + 1")
 endforeach()
 
-set(source "// Made by the build; do not edit.\n#include \"apps/vaultry/BuiltinConfigs.h\"\n\n")
+set(source "// Made by the build; do not edit.\n#include \"cli/BuiltinConfigs.h\"\n\n")
 if(rows STREQUAL "")
   string(APPEND source
     "std::span<const Tarnex::Cli::BuiltinConfig> Tarnex::Cli::BuiltinConfigs() {\n"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Reads any bytes as a configuration, checks it and prints what is wrong with it.
-#include "apps/report/ConfigCheck.h"
 #include "fuzz/Require.h"
+#include "tools/check/ConfigCheck.h"
 
 #include <vaultry/foundation/Logger.h>
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Reads any bytes as a plug-in, makes every report of it and draws it.
-#include "apps/report/DiffReport.h"
-#include "apps/report/InspectReport.h"
-#include "apps/report/MapHtml.h"
-#include "apps/report/MapSvg.h"
-#include "apps/report/MapText.h"
-#include "apps/report/PluginChecks.h"
-#include "apps/report/PluginMap.h"
 #include "fuzz/Require.h"
+#include "tools/maps/MapHtml.h"
+#include "tools/maps/MapSvg.h"
+#include "tools/maps/MapText.h"
+#include "tools/maps/PluginMap.h"
+#include "tools/plugins/DiffReport.h"
+#include "tools/plugins/InspectReport.h"
+#include "tools/plugins/PluginChecks.h"
 
 #include <vaultry/output/PluginReader.h>
 

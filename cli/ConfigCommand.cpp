@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include "cli/ConfigCommand.h"
+
+#include "cli/ConfigSource.h"
+
+namespace Tarnex::Cli {
+
+ExitStatus RunConfig(const ConfigOptions& options, const Console& console) {
+    console.out << FindBuiltin(options.name).text;
+    return ExitStatus::Success;
+}
+
+} // namespace Tarnex::Cli

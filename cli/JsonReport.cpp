@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "cli/JsonReport.h"
+
+#include "tools/text/Json.h"
+
+#include <vaultry/gen/ReportJson.h>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+using Report::Json;
+
+template <typename T>
+Json OrNull(const std::optional<T>& value) {
+    return value ? Json(*value) : Json(nullptr);
+}
+
+// Every option that decides what is generated, under the name of its switch.
+Json OptionsJson(const GenerateOptions& options) {
+    const RandomGenInfo& random = options.random;
+    const auto size = static_cast<std::size_t>(random.levelSize);
+    const auto spacing = static_cast<std::size_t>(random.roomSpacing);
+    return {
+        {"cell", options.cell},
+        {"fixed", options.fixed},
+        {"tileset", OrNull(options.tileSet)},
+        {"cave-tileset", OrNull(options.caveTileSet)},
+        {"template", OrNull(options.layout)},
+        {"cave-template", OrNull(options.caveLayout)},
+        {"theme", OrNull(options.theme)},
+        {"creature-theme", OrNull(options.creatureTheme)},
+        {"treasure-theme", OrNull(options.treasureTheme)},
+        {"levels", random.numLevels},
+        {"min-level", random.minLevel},
+        {"max-level", random.maxLevel},
+        {"size", RandomGenInfo::GetLevelSizeStrings().at(size)},
+        {"spacing", RandomGenInfo::GetRoomSpacingStrings().at(spacing)},
+        {"random-tileset", random.randomTileSet},
+        {"random-theme", random.randomTheme},
+        {"random-creature-theme", random.randomCreatureTheme},
+        {"random-treasure-theme", random.randomTreasureTheme},
+        {"ensure-walkable", options.ensureWalkable},
+        {"platforms", options.platforms},
+        {"master", OrNull(options.master)},
+        {"master-size", OrNull(options.masterSize)},
+        {"strict", options.strict},
+        {"keep-going", options.keepGoing},
+    };
+}
+
+Json CellJson(const CellReport& cell) {
+    Json references = Json::object();
+    for (std::size_t sort = 0; sort < kRefSorts; ++sort) {
+        references[SortWord(sort)] = cell.references[sort];
+    }
+    return {{"name", cell.name}, {"references", references}, {"teleports", cell.teleports}};
+}
+
+void AddFiles(Json& list, const std::vector<WrittenFile>& files) {
+    for (const WrittenFile& file : files) {
+        list.push_back({{"path", file.path}, {"bytes", file.bytes}});
+    }
+}
+
+Json FilesJson(const RunReport& report) {
+    Json files = Json::array();
+    if (report.result == RunResult::Written) {
+        files.push_back({{"path", report.options.out}, {"bytes", report.bytes}});
+    }
+    AddFiles(files, report.maps);
+    return files;
+}
+
+Json LevelJson(const Report::SurveyedLevel& level) {
+    const Report::MapOutline& map = level.outline;
+    return {{"name", map.name},
+            {"tileset", map.tileSet.empty() ? Json(nullptr) : Json(map.tileSet)},
+            {"width", map.width},
+            {"height", map.height},
+            {"cell-size", map.tileSize},
+            {"rooms", level.rooms},
+            {"reachable-rooms", level.reachableRooms},
+            {"openings-onto-nothing", level.looseEnds},
+            {"references-left-out", map.leftOut}};
+}
+
+Json CellsJson(const RunReport& report) {
+    Json cells = Json::array();
+    for (const CellReport& cell : report.cells) {
+        cells.push_back(CellJson(cell));
+    }
+    return cells;
+}
+
+Json NamesJson(const OfferedList& list) {
+    Json names = Json::array();
+    for (const OfferedName& offered : list.names) {
+        Json& entry = names.emplace_back(Json{{"name", offered.name}});
+        entry["default"] = offered.isDefault;
+        if (list.levelled) {
+            entry["level"] = offered.level;
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+std::string ToJson(const RunReport& report) {
+    Json json = Report::JsonHeader();
+    json["result"] = ResultWord(report.result);
+    json["seed"] = OrNull(report.options.seed);
+    json["stamp"] = OrNull(report.options.stamp);
+    json["config"] = report.options.config;
+    json["options"] = OptionsJson(report.options);
+    json["files"] = FilesJson(report);
+    json["cells"] = CellsJson(report);
+    json["levels"] = Json::parse(LevelsToJson(report.levels));
+    if (!report.options.fixed) {
+        json["walkable"] = report.levels.IsWalkable();
+        json["tries"] = report.tries;
+    }
+    json["containers"] = {{"count", report.containers}, {"entries", report.entries}};
+    json["errors"] = report.errors;
+    json["warnings"] = report.warnings;
+    return Report::JsonText(json);
+}
+
+std::string ToJson(const PluginMapReport& report) {
+    Json json = Report::JsonHeader();
+    json["plugin"] = report.plugin;
+    json["config"] = report.config;
+    AddFiles(json["files"] = Json::array(), report.files);
+    Json& levels = json["levels"] = Json::array();
+    for (const Report::SurveyedLevel& level : report.levels) {
+        levels.push_back(LevelJson(level));
+    }
+    return Report::JsonText(json);
+}
+
+std::string ToJson(const Offer& offer) {
+    Json json = Report::JsonHeader();
+    json["config"] = offer.config;
+    for (const OfferedList& list : offer.lists) {
+        json[std::string(list.option) + 's'] = NamesJson(list);
+    }
+    json["errors"] = offer.errors;
+    return Report::JsonText(json);
+}
+
+} // namespace Tarnex::Cli

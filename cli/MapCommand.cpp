@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "cli/MapCommand.h"
+
+#include "cli/CancelSignals.h"
+#include "cli/ConfigSource.h"
+#include "cli/ConsoleStatus.h"
+#include "cli/GenerateWords.h"
+#include "cli/JsonReport.h"
+#include "cli/Leftover.h"
+#include "cli/LevelLines.h"
+#include "cli/LibraryLog.h"
+#include "cli/MapFiles.h"
+#include "cli/PluginMapCommand.h"
+#include "cli/RunSetup.h"
+#include "cli/WalkableSearch.h"
+#include "tools/maps/MapText.h"
+#include "tools/text/Words.h"
+
+#include <memory>
+#include <optional>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+ExitStatus StatusOf(const RunReport& report) {
+    switch (report.result) {
+    case RunResult::Drawn:
+        return report.logged ? ExitStatus::Success : ExitStatus::Failure;
+    case RunResult::Canceled:
+        return ExitStatus::Canceled;
+    default:
+        return ExitStatus::Failure;
+    }
+}
+
+RunResult Generate(GenMgr& manager,
+                   RunReport& report,
+                   LibraryLog& log,
+                   Report::MapCollector& maps,
+                   const CancelSignals& signals,
+                   const Console& console) {
+    const GenerateOptions& options = report.options;
+    const bool shown = console.errIsTerminal && !options.quiet;
+    ConsoleStatus status(
+        shown ? &console.err : nullptr, signals, options.fixed ? 1 : options.random.numLevels);
+    manager.SetJobStatus(&status);
+    log.StartTries();
+    const RunResult result = GenerateLevels(manager, report, log, &maps);
+    manager.SetJobStatus(nullptr);
+    if (result != RunResult::Written) {
+        return result;
+    }
+    AddTreasure(maps.Maps(), manager.mod);
+    return maps.Maps().empty() ? RunResult::Refused : RunResult::Drawn;
+}
+
+void SayWarnings(RunReport& report, const Console& console) {
+    report.warnings = LevelWarnings(report.levels);
+    for (const std::string& warning : report.warnings) {
+        console.Warn(warning);
+    }
+}
+
+void DrawFiles(RunReport& report,
+               MapFiles& files,
+               const std::shared_ptr<Report::MapCollector>& maps,
+               const CancelSignals& signals) {
+    try {
+        files.Write(maps, CaptionOf(report.options));
+        if (!signals.Requested()) {
+            report.maps = files.Commit();
+            return;
+        }
+    } catch (const FileError& e) {
+        report.fault = e.what();
+    }
+    report.result = signals.Requested() ? RunResult::Canceled : RunResult::NotWritten;
+}
+
+} // namespace
+
+ExitStatus RunMap(const MapOptions& options, const Console& console) {
+    if (options.plugin) {
+        return RunPluginMap(options, console);
+    }
+    CheckText(options.generate);
+    const ConfigSource source(options.generate.config);
+    RunReport report;
+    report.options = options.generate;
+    report.options.out.clear();
+    FixChance(report.options);
+    const MapFileOptions& wanted = options.generate.maps;
+    std::optional<CancelSignals> signals(std::in_place);
+    MapFiles files(wanted);
+    RequireDistinctFiles({source.Path(), options.generate.log, wanted.map, wanted.html});
+    LibraryLog log(options.generate.log);
+    const auto manager = std::make_shared<GenMgr>();
+    const auto maps = std::make_shared<Report::MapCollector>();
+    const bool configured = Configure(*manager, report.options, source, *signals, log, console);
+    report.result = configured ? Generate(*manager, report, log, *maps, *signals, console)
+                               : RunResult::Canceled;
+    report.errors = log.Errors();
+    console.Show(report.errors);
+    SayWarnings(report, console);
+    if (report.result == RunResult::Drawn) {
+        DrawFiles(report, files, maps, *signals);
+    }
+    if (report.result == RunResult::Canceled) {
+        KeepToTheEnd(manager);
+        KeepToTheEnd(maps);
+    }
+    signals.reset(); // nothing is left that could stay half done
+    const bool printed =
+        report.result == RunResult::Drawn && !files.AreWanted() && !report.options.json;
+    if (printed) {
+        PrintMaps(*maps, console);
+        console.out << "seed " << std::to_string(report.options.seed.value()) << '\n';
+    }
+    const bool spoken = report.result != RunResult::Drawn || files.AreWanted();
+    if (spoken && (!report.options.quiet || report.result != RunResult::Drawn)) {
+        SayWritten(report.maps, console);
+        console.Say(Summary(report));
+    }
+    SayLogFault(log, report, console);
+    if (report.options.json) {
+        console.out << ToJson(report);
+    }
+    return StatusOf(report);
+}
+
+Report::MapCaption CaptionOf(const GenerateOptions& options) {
+    return {options.seed.value_or(0), LevelWords(options), options.config};
+}
+
+void PrintMaps(Report::MapLevels& levels, const Console& console) {
+    for (std::size_t i = 0; i < levels.Count(); ++i) {
+        Report::PrintMap(levels.Level(i), console.outInColour, console.out);
+        console.out << '\n';
+    }
+    Report::PrintMapLegend(console.out);
+}
+
+void SayLogFault(const LibraryLog& log, RunReport& report, const Console& console) {
+    if (const auto fault = log.Fault()) {
+        report.logged = false;
+        report.warnings.push_back(*fault);
+        console.Say(*fault);
+    }
+}
+
+void SayWritten(const std::vector<WrittenFile>& files, const Console& console) {
+    for (const WrittenFile& file : files) {
+        console.Say("drew \"" + file.path + "\": " + Report::Counted(file.bytes, "byte"));
+    }
+}
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "cli/MapFiles.h"
+
+#include "cli/Aside.h"
+#include "cli/CancelSignals.h"
+#include "tools/text/UsageError.h"
+
+namespace Tarnex::Cli {
+
+void CheckMapOptions(const MapFileOptions& options) {
+    if (!options.map) {
+        return;
+    }
+    const auto format = Report::PictureFormatOf(*options.map);
+    if (!format) {
+        throw UsageError("--map: \"" + *options.map +
+                         "\" ends neither in .svg nor in .png; pages are written with --html");
+    }
+    if (format == Report::MapFormat::Png) {
+        Report::RequirePngModule();
+    }
+}
+
+void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files) {
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            if (files[i] && files[j] && SameFile(*files[i], *files[j])) {
+                throw UsageError("\"" + *files[i] + "\" is named for two files");
+            }
+        }
+    }
+}
+
+MapFiles::MapFiles(const MapFileOptions& options) {
+    drawing->settings = {options.look, options.scale};
+    if (options.map) {
+        files.emplace_back(*options.map,
+                           Report::PictureFormatOf(*options.map).value_or(Report::MapFormat::Svg));
+    }
+    if (options.html) {
+        files.emplace_back(*options.html, Report::MapFormat::Html);
+    }
+}
+
+void MapFiles::Drawing::Write(Report::MapFormat format, std::ostream& out) {
+    if (!surveyed) {
+        survey = Report::SurveyOf(*levels);
+        surveyed = true;
+    }
+    Report::WriteMaps(*levels, survey, caption, format, settings, out);
+}
+
+void MapFiles::Write(const std::shared_ptr<Report::MapLevels>& levels,
+                     const Report::MapCaption& caption) {
+    drawing->levels = levels;
+    drawing->caption = caption;
+    for (File& file : files) {
+        const auto draw = [shared = drawing, format = file.format](std::ostream& out) {
+            shared->Write(format, out);
+        };
+        WriteAside(draw, file.output.Open(&CancelSignals::Status()));
+        file.output.Finish();
+    }
+}
+
+std::vector<WrittenFile> MapFiles::Commit() {
+    std::vector<WrittenFile> written;
+    for (File& file : files) {
+        file.output.Commit();
+        written.push_back({file.path, file.output.Size()});
+    }
+    return written;
+}
+
+} // namespace Tarnex::Cli

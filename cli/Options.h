@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+// What each verb was asked for. All text is UTF-8.
+#pragma once
+
+#include "tools/maps/MapFile.h"
+
+#include <vaultry/gen/RandomGenInfo.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+inline constexpr const char* kBuiltin = "builtin";
+
+/// The maps of generate and map, besides that on the terminal.
+struct MapFileOptions {
+    std::optional<std::string> map;  ///< a path that ends in .svg or .png
+    std::optional<std::string> html; ///< a path
+    Report::MapLook look = Report::MapLook::Auto;
+    double scale = Report::MapSettings().scale; ///< see Report::MapSettings
+};
+
+/// A file that a run left behind.
+struct WrittenFile {
+    std::string path;
+    std::uint64_t bytes = 0;
+};
+
+/// vaultry generate
+struct GenerateOptions {
+    std::string config = kBuiltin;   ///< a path, "builtin" or "builtin:NAME"
+    bool keepGoing = false;          ///< use what was read of a broken one, unless strict
+    std::string out = "dungeon.esp"; ///< a path; empty when no plug-in is written
+    std::string cell = "Vaultry Dungeon";
+    bool fixed = false; ///< one cell from a layout template
+    std::optional<std::string> tileSet;
+    std::optional<std::string> caveTileSet;
+    std::optional<std::string> layout;
+    std::optional<std::string> caveLayout;
+    std::optional<std::string> theme;
+    std::optional<std::string> creatureTheme;
+    std::optional<std::string> treasureTheme;
+    RandomGenInfo random;
+    bool platforms = false;
+    bool ensureWalkable = false; ///< try further seeds until every room can be reached
+    std::optional<std::string> master;
+    std::optional<std::uint32_t> masterSize; ///< [bytes]
+    std::optional<std::uint32_t> seed;
+    std::optional<std::int64_t> stamp; ///< the number in container identifiers
+    std::optional<std::string> log;    ///< a path
+    MapFileOptions maps;
+    bool strict = false; ///< write nothing if anything was wrong
+    bool quiet = false;
+    bool json = false;
+};
+
+/// vaultry map: generates without writing a plug-in, or draws one
+struct MapOptions {
+    GenerateOptions generate;
+    std::optional<std::string> plugin;   ///< a path; only config, maps, log, quiet, json go with it
+    std::optional<std::string> onlyCell; ///< the cell, or the dungeon, that is drawn of it
+};
+
+/// vaultry search
+struct SearchOptions {
+    GenerateOptions generate;              ///< what is generated from each seed
+    std::optional<std::string> seeds;      ///< "A..B"
+    std::vector<std::string> merge;        ///< paths of tables to merge instead
+    std::string where;                     ///< a condition; empty: none
+    std::string sort;                      ///< keys; empty: by seed
+    std::uint64_t top = 0;                 ///< the most hits that are kept; 0: all
+    std::optional<std::string> csv;        ///< a path
+    std::optional<std::string> thumbnails; ///< a folder
+    std::uint32_t jobs = 0;                ///< worker processes; 0: one per processor
+    bool quiet = false;
+    bool json = false;
+};
+
+/// vaultry list
+struct ListOptions {
+    std::string config = kBuiltin;
+    bool keepGoing = false; ///< use what was read of a broken one
+    bool json = false;
+};
+
+/// vaultry config
+struct ConfigOptions {
+    std::string name = "default";
+};
+
+/// vaultry inspect
+struct InspectOptions {
+    std::string plugin; ///< a path
+    bool refs = false;  ///< show every reference
+    bool json = false;
+};
+
+/// vaultry diff
+struct DiffOptions {
+    std::string a; ///< a path
+    std::string b; ///< a path
+    bool json = false;
+};
+
+/// vaultry check
+struct CheckOptions {
+    std::string config; ///< a path, "builtin" or "builtin:NAME"
+    bool json = false;
+};
+
+/// A text asked for, such as the help.
+struct PrintText {
+    std::string text;
+};
+
+/// A call without a verb: the help is shown, and it is a mistake.
+struct NoVerb {
+    std::string help;
+};
+
+using Request = std::variant<GenerateOptions,
+                             MapOptions,
+                             SearchOptions,
+                             ListOptions,
+                             ConfigOptions,
+                             InspectOptions,
+                             DiffOptions,
+                             CheckOptions,
+                             PrintText,
+                             NoVerb>;
+
+} // namespace Tarnex::Cli

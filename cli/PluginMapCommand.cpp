@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "cli/PluginMapCommand.h"
+
+#include "cli/CancelSignals.h"
+#include "cli/ConfigSource.h"
+#include "cli/JsonReport.h"
+#include "cli/LibraryLog.h"
+#include "cli/MapCommand.h"
+#include "cli/MapFiles.h"
+#include "tools/maps/MapLabels.h"
+#include "tools/maps/PluginMap.h"
+#include "tools/plugins/PluginLoad.h"
+#include "tools/text/UsageError.h"
+#include "tools/text/Words.h"
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Text.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+constexpr std::size_t kMostCells = 100; // in one drawing
+
+// A dungeon's levels are found by the name of the whole dungeon too.
+bool IsNamed(const PluginCell& cell, const std::string& name) {
+    const std::string levels = name + ", ";
+    return EqualsNoCase(cell.name, name) ||
+           EqualsNoCase(std::string_view(cell.name).substr(0, levels.size()), levels);
+}
+
+std::vector<const PluginCell*> ChooseCells(const MapOptions& options, const PluginFile& file) {
+    std::vector<const PluginCell*> cells;
+    for (const PluginCell& cell : file.cells) {
+        if (!cell.deleted && (!options.onlyCell || IsNamed(cell, FromUtf8(*options.onlyCell)))) {
+            cells.push_back(&cell);
+        }
+    }
+    const std::string where = '"' + options.plugin.value() + '"';
+    if (cells.empty()) {
+        throw UsageError(where + (options.onlyCell
+                                      ? " has no interior cell \"" + *options.onlyCell + '"'
+                                      : std::string(" has no interior cells")));
+    }
+    if (cells.size() > kMostCells) {
+        throw UsageError(where + " has " + std::to_string(cells.size()) +
+                         " interior cells, too many for one drawing; choose with --cell NAME");
+    }
+    return cells;
+}
+
+Report::PieceIndex ReadPieces(const std::string& config, bool keepGoing) {
+    const ConfigSource source(config);
+    GenMgr manager;
+    source.Load(manager);
+    if (!keepGoing) {
+        source.RequireWhole(manager);
+    }
+    return Report::PieceIndex(manager.config);
+}
+
+// The configurations that may have been used.
+std::vector<std::string> Candidates(const std::string& config) {
+    if (config != kBuiltin) {
+        return {config};
+    }
+    std::vector<std::string> names;
+    for (const BuiltinConfig& builtin : BuiltinConfigs()) {
+        names.push_back(std::string(kBuiltin) + ':' + std::string(builtin.name));
+    }
+    return names;
+}
+
+struct ChosenPieces {
+    std::string config;
+    Report::PieceIndex pieces;
+    std::size_t known = 0;
+};
+
+// A plug-in with what it is drawn from, for the thread that draws.
+struct PluginDrawing {
+    Report::LoadedPlugin plugin;
+    std::optional<ChosenPieces> chosen;
+    std::optional<Report::PluginLevels> levels;
+};
+
+// The one that knows the most of what is placed.
+ChosenPieces ChoosePieces(const GenerateOptions& options,
+                          const std::vector<const PluginCell*>& cells) {
+    std::optional<ChosenPieces> best;
+    for (const std::string& name : Candidates(options.config)) {
+        Report::PieceIndex pieces = ReadPieces(name, options.keepGoing);
+        const std::size_t known = Report::CountKnownTiles(cells, pieces);
+        if (!best || known > best->known) {
+            best = {name, std::move(pieces), known};
+        }
+    }
+    return *std::move(best);
+}
+
+void WarnOfLabels(const PluginMapReport& report, const Console& console) {
+    for (const Report::SurveyedLevel& level : report.levels) {
+        if (level.teleports > Report::kMostLabels) {
+            console.Warn("\"" + level.outline.name + "\" has " + std::to_string(level.teleports) +
+                         " doors to other levels, of which " + std::to_string(Report::kMostLabels) +
+                         " are labelled");
+        }
+    }
+}
+
+// Until the files have their names, Ctrl-C leaves nothing of them behind.
+ExitStatus DrawFiles(MapFiles& files,
+                     const std::shared_ptr<Report::MapLevels>& levels,
+                     PluginMapReport& report,
+                     const Console& console) {
+    const CancelSignals signals;
+    const Report::MapCaption caption{0, "", report.config, report.plugin};
+    std::string fault;
+    try {
+        files.Write(levels, caption);
+        if (!signals.Requested()) {
+            report.files = files.Commit();
+            report.levels = files.Survey().levels;
+            WarnOfLabels(report, console);
+            return ExitStatus::Success;
+        }
+    } catch (const FileError& e) {
+        fault = e.what();
+    }
+    const bool canceled = signals.Requested();
+    console.Say(canceled ? "cancelled, the map was not written" : fault);
+    return canceled ? ExitStatus::Canceled : ExitStatus::Failure;
+}
+
+} // namespace
+
+ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
+    const EndingSignals ending;
+    const GenerateOptions& shared = options.generate;
+    const std::string& path = options.plugin.value();
+    CheckMapOptions(shared.maps);
+    const ConfigSource source(shared.config);
+    MapFiles files(shared.maps);
+    RequireDistinctFiles({path, source.Path(), shared.log, shared.maps.map, shared.maps.html});
+    const auto drawing = std::make_shared<PluginDrawing>();
+    drawing->plugin = Report::LoadPlugin(path);
+    const PluginFile& file = drawing->plugin.file;
+    if (!file.complete) {
+        console.Warn('"' + path + "\" cannot be read to its end; \"vaultry inspect\" tells why");
+    }
+    const std::vector<const PluginCell*> cells = ChooseCells(options, file);
+    const LibraryLog log(shared.log);
+    const ChosenPieces& chosen = drawing->chosen.emplace(ChoosePieces(shared, cells));
+    console.Show(log.Errors());
+    if (chosen.known == 0) {
+        console.Warn("the configuration \"" + shared.config +
+                     "\" knows no tile of the plug-in; everything is drawn as marks");
+    }
+    const std::shared_ptr<Report::MapLevels> levels(
+        drawing, &drawing->levels.emplace(cells, file, chosen.pieces));
+    PluginMapReport report{path, chosen.config, {}, {}};
+    if (files.AreWanted()) {
+        const ExitStatus drawn = DrawFiles(files, levels, report, console);
+        if (drawn != ExitStatus::Success) {
+            return drawn;
+        }
+    } else if (shared.json) {
+        report.levels = Report::SurveyOf(*levels).levels;
+    } else {
+        PrintMaps(*levels, console);
+    }
+    if (shared.json) {
+        console.out << ToJson(report);
+    }
+    if (!shared.quiet) {
+        SayWritten(report.files, console);
+    }
+    if (const auto fault = log.Fault()) {
+        console.Say(*fault);
+        return ExitStatus::Failure;
+    }
+    return ExitStatus::Success;
+}
+
+} // namespace Tarnex::Cli

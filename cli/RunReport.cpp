@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "cli/RunReport.h"
+
+#include "tools/text/Words.h"
+
+#include <vaultry/foundation/CodePage.h>
+
+#include <numeric>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+using Report::Counted;
+
+constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
+                                                           "tile",
+                                                           "door",
+                                                           "platform",
+                                                           "container",
+                                                           "creature",
+                                                           "furniture",
+                                                           "rug",
+                                                           "tapestry",
+                                                           "other"};
+
+constexpr std::array<const char*, 7> kResultWords = {
+    "written", "drawn", "refused", "not-written", "strict", "unwalkable", "cancelled"};
+
+std::uint64_t ReferenceCount(const RunReport& report) {
+    std::uint64_t count = 0;
+    for (const CellReport& cell : report.cells) {
+        count = std::accumulate(cell.references.begin(), cell.references.end(), count);
+    }
+    return count;
+}
+
+std::string Outcome(const RunReport& report) {
+    const std::string& out = report.options.out;
+    const std::string file = out.empty() ? "the map" : '"' + out + '"';
+    switch (report.result) {
+    case RunResult::Written:
+        return "wrote " + file + ": " + Counted(report.bytes, "byte") + ", " +
+               Counted(report.cells.size(), "cell") + ", " +
+               Counted(ReferenceCount(report), "reference") + ", " +
+               Counted(report.containers, "container");
+    case RunResult::Drawn:
+        return Counted(report.maps.size(), "map") + " drawn";
+    case RunResult::Refused:
+        return "nothing was generated";
+    case RunResult::NotWritten:
+        return report.fault;
+    case RunResult::Strict:
+        return file + " was not written because of " + Counted(report.errors.size(), "error");
+    case RunResult::Unwalkable:
+        return file + " was not written: none of " + Counted(report.tries, "seed") +
+               " made every room of every level reachable; try another --tileset, --spacing or " +
+               "--size";
+    case RunResult::Canceled:
+        return "cancelled, " + file + " was not written";
+    }
+    return {};
+}
+
+} // namespace
+
+const char* ResultWord(RunResult result) {
+    return kResultWords.at(static_cast<std::size_t>(result));
+}
+
+const char* SortWord(std::size_t sort) {
+    return kSortWords.at(sort);
+}
+
+void CountContent(const Mod& mod, RunReport& report) {
+    for (const DiPtr<Cell>& cell : mod.GetCells()) {
+        CellReport& counted = report.cells.emplace_back();
+        counted.name = ToUtf8(cell->GetName());
+        for (const Ref& ref : cell->GetRefs()) {
+            ++counted.references.at(static_cast<std::size_t>(ref.sort));
+            counted.teleports += ref.GetDestination() ? 1 : 0;
+        }
+    }
+    report.containers = mod.GetContainers().size();
+    for (const DiPtr<Container>& container : mod.GetContainers()) {
+        report.entries += container->GetInventory().size();
+    }
+}
+
+std::string Summary(const RunReport& report) {
+    std::string line = Outcome(report) + "; seed " + std::to_string(report.options.seed.value());
+    if (report.tries > 1 &&
+        (report.result == RunResult::Written || report.result == RunResult::Drawn)) {
+        line += " (found in " + std::to_string(report.tries) + " tries)";
+    }
+    if (report.stampGiven) {
+        line += ", stamp " + std::to_string(report.options.stamp.value());
+    }
+    return line;
+}
+
+} // namespace Tarnex::Cli

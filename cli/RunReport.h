@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// What a run made, and how to repeat it.
+#pragma once
+
+#include "cli/Options.h"
+
+#include <vaultry/gen/GenReport.h>
+#include <vaultry/output/Mod.h>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+/// How a run of the verbs generate and map ended.
+enum class RunResult {
+    Written,    ///< the plug-in stands at its destination
+    Drawn,      ///< generated for maps alone
+    Refused,    ///< nothing was generated
+    NotWritten, ///< generated, but the file could not be written
+    Strict,     ///< not written because of an error, as asked
+    Unwalkable, ///< not written: no seed that was tried made every room reachable
+    Canceled,
+};
+
+/// One cell of the plug-in.
+struct CellReport {
+    std::string name; ///< UTF-8
+    std::array<std::uint64_t, kRefSorts> references{};
+    std::uint64_t teleports = 0; ///< doors that lead elsewhere
+};
+
+/// Everything that is said about a run. All text is UTF-8.
+struct RunReport {
+    GenerateOptions options; ///< with seed and stamp as they were used
+    bool stampGiven = false;
+    RunResult result = RunResult::Refused;
+    std::string fault;       ///< why NotWritten, a sentence that names the file
+    std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
+    std::vector<WrittenFile> maps;
+    std::vector<CellReport> cells;
+    GenReport levels;        ///< of random levels; without any for a fixed interior
+    std::uint32_t tries = 1; ///< seeds tried
+    std::uint64_t containers = 0;
+    std::uint64_t entries = 0; ///< inventory entries of all containers
+    bool logged = true;        ///< nothing is missing in the log
+    std::vector<std::string> errors;
+    std::vector<std::string> warnings;
+};
+
+/// The word of a result, and of a sort of reference, in reports.
+const char* ResultWord(RunResult result);
+const char* SortWord(std::size_t sort);
+
+/// Counts what the plug-in holds.
+void CountContent(const Mod& mod, RunReport& report);
+
+/// One line: what was written, with the seed, and the stamp when it was given.
+std::string Summary(const RunReport& report);
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,387 @@
+// SPDX-License-Identifier: MIT
+#include "cli/SearchCommand.h"
+
+#include "cli/CancelSignals.h"
+#include "cli/ConfigSource.h"
+#include "cli/ConsoleStatus.h"
+#include "cli/GenerateWords.h"
+#include "cli/Leftover.h"
+#include "cli/LibraryLog.h"
+#include "cli/MapCommand.h"
+#include "cli/MapFiles.h"
+#include "cli/MergedTables.h"
+#include "cli/RunSetup.h"
+#include "cli/SearchReport.h"
+#include "cli/SeedRun.h"
+#include "tools/maps/LevelMap.h"
+#include "tools/maps/PngModule.h"
+#include "tools/search/Condition.h"
+#include "tools/search/HitTable.h"
+#include "tools/search/Ranking.h"
+#include "tools/search/SeedRange.h"
+#include "tools/search/SeedSearch.h"
+#include "tools/text/UsageError.h"
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/run/SafeFile.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+// As long as most stamps that are drawn, since the size of a plug-in depends on that.
+constexpr std::int64_t kUsualStamp = 9'007'199'254'740'991;
+
+// What was asked for, understood.
+struct Query {
+    explicit Query(const SearchOptions& options)
+        : where(options.where.empty() ? Search::Condition() : Search::Condition(options.where)),
+          order(options.sort.empty() ? Search::Order() : Search::Order(options.sort)) {}
+
+    std::vector<std::size_t> Columns() const {
+        std::vector<std::size_t> facts = order.FactsUsed();
+        facts.insert(facts.end(), where.FactsUsed().begin(), where.FactsUsed().end());
+        return ListedFacts(facts);
+    }
+
+    Search::Condition where;
+    Search::Order order;
+};
+
+void CheckChoice(const SearchOptions& options) {
+    if (options.seeds.has_value() != options.merge.empty()) {
+        throw UsageError("search needs --seeds A..B, or --merge with the tables of other searches");
+    }
+    if (options.thumbnails && !options.merge.empty()) {
+        throw UsageError("--thumbnails is for --seeds, not for --merge");
+    }
+}
+
+// The table that is written in the end. Whether it can be is found out beforehand.
+class CsvFile {
+public:
+    explicit CsvFile(const std::optional<std::string>& csv) {
+        if (csv) {
+            file.emplace(*csv);
+        }
+    }
+
+    // False when it could not be written.
+    bool Write(const std::vector<Search::Hit>& hits, const Console& console) {
+        if (!file) {
+            return true;
+        }
+        try {
+            Search::WriteCsv(hits, file->Open());
+            file->Finish();
+            file->Commit();
+            return true;
+        } catch (const FileError& e) {
+            console.Say(e.what());
+            return false;
+        }
+    }
+
+private:
+    std::optional<SafeFile> file;
+};
+
+ExitStatus Merge(const SearchOptions& options, const Query& query, const Console& console) {
+    // Watched until the temporary file is gone.
+    const CancelSignals signals;
+    CsvFile table(options.csv);
+    // Millions take a while to be given up one by one, which nobody who cancels waits for.
+    const auto all = std::make_shared<MergedHits>(ReadTables(options.merge, query.where, signals));
+    KeepToTheEnd(all);
+    Search::Ranking ranking(query.order, options.top);
+    while (!all->empty() && !signals.Requested()) {
+        ranking.Add(std::move(all->extract(all->begin()).value()));
+    }
+    if (signals.Requested()) {
+        console.Say("cancelled, nothing was merged");
+        return ExitStatus::Canceled;
+    }
+    SearchReport report;
+    report.options = options;
+    report.columns = query.Columns();
+    report.found = ranking.Added();
+    report.hits = ranking.Take();
+    const bool written = table.Write(report.hits, console);
+    if (options.json) {
+        console.out << ToJson(report);
+    } else {
+        PrintHits(report, console.out);
+    }
+    if (!options.quiet) {
+        console.Say(Summary(report));
+    }
+    return written ? ExitStatus::Success : ExitStatus::Failure;
+}
+
+// Generates and judges one seed after another, in a worker.
+class SeedJudge {
+public:
+    SeedJudge(GenMgr& configured,
+              const GenerateOptions& options,
+              const Search::Condition& condition)
+        : manager(configured), where(condition), run(manager, options),
+          worth(*manager.config.contentMgr) {}
+
+    Search::Verdict operator()(std::uint32_t seed) {
+        Logger::ResetErrors();
+        manager.SetLevelObserver(&shapes);
+        const ModResult result = run.Generate(seed);
+        manager.SetLevelObserver(nullptr);
+        std::vector<Report::LevelShape> levels = shapes.Take();
+        if (result != ModResult::Written) {
+            const std::vector<std::string>& errors = Logger::GetErrors();
+            return {std::nullopt, errors.empty() ? "no reason known" : ToUtf8(errors.back())};
+        }
+        Report::DungeonTally tally =
+            Report::Tally(manager.mod, manager.report, std::move(levels), worth);
+        tally.seed = seed;
+        tally.errors = Logger::GetErrors().size();
+        Report::FactValues values = Report::ValuesOf(tally);
+        if (!where.Holds(values)) {
+            return {};
+        }
+        return {std::move(values), {}};
+    }
+
+private:
+    GenMgr& manager;
+    const Search::Condition& where;
+    SeedRun run;
+    Report::ContentWorth worth;
+    Report::ShapeCollector shapes;
+};
+
+// Shows how far the search is and passes Ctrl-C on.
+class Watcher : public Search::SearchListener {
+public:
+    Watcher(SearchReport& searchReport,
+            Search::Ranking& searchRanking,
+            const CancelSignals& cancelSignals,
+            const Console& searchConsole)
+        : report(searchReport), ranking(searchRanking), signals(cancelSignals),
+          console(searchConsole), start(Clock::now()),
+          line(
+              console.errIsTerminal && !report.options.quiet ? &console.err : nullptr, signals, 1) {
+    }
+
+    void Found(Report::FactValues values) override {
+        const auto seed = static_cast<std::uint32_t>(values.front());
+        ranking.Add({std::move(values), GenerateCommandLine(report.options.generate, seed)});
+    }
+
+    void TriedAgain(std::uint32_t seed, const std::string& why) override {
+        line.SetText("");
+        console.Warn("seed " + std::to_string(seed) + " is tried again: " + why);
+    }
+
+    void Lost(std::uint32_t seed, const std::string& why) override {
+        line.SetText("");
+        console.Warn("seed " + std::to_string(seed) + " could not be judged: " + why);
+        report.lost.push_back({seed, why});
+    }
+
+    bool GoesOn(std::uint64_t done) override {
+        if (signals.Requested()) {
+            return false;
+        }
+        constexpr std::chrono::milliseconds kPause(200);
+        const auto now = Clock::now();
+        if (now - shown >= kPause) {
+            shown = now;
+            line.SetText(Progress(done));
+        }
+        return true;
+    }
+
+    double Seconds() const { return std::chrono::duration<double>(Clock::now() - start).count(); }
+
+private:
+    std::string Progress(std::uint64_t done) const {
+        const std::uint64_t count = report.range->Count();
+        const double seconds = Seconds();
+        std::string text = std::to_string(done) + " of " + std::to_string(count) + " seeds, " +
+                           std::to_string(ranking.Added()) + " found";
+        if (done > 0 && seconds >= 1) {
+            const double each = seconds / static_cast<double>(done);
+            text +=
+                ", " + Duration(std::max(1.0, each * static_cast<double>(count - done))) + " left";
+        }
+        return text;
+    }
+
+    SearchReport& report;
+    Search::Ranking& ranking;
+    const CancelSignals& signals;
+    const Console& console;
+    Clock::time_point start;
+    Clock::time_point shown;
+    ConsoleStatus line;
+};
+
+// The formats that can be drawn: PNG needs a module that may not be installed.
+std::vector<const char*> PictureEnds() {
+    try {
+        Report::RequirePngModule();
+        return {".svg", ".png"};
+    } catch (const Report::MapError&) {
+        return {".svg"};
+    }
+}
+
+// Draws the hits, as long as nobody wants to stop; false when a map could not be written.
+class Thumbnails {
+public:
+    Thumbnails(GenMgr& configured, const GenerateOptions& fixedChance, std::string folderPath)
+        : manager(configured), options(fixedChance), folder(std::move(folderPath)),
+          run(manager, options) {}
+
+    bool Draw(const std::vector<Search::Hit>& hits,
+              const CancelSignals& signals,
+              const Console& console) {
+        for (const Search::Hit& hit : hits) {
+            if (signals.Requested()) {
+                return true;
+            }
+            options.seed = static_cast<std::uint32_t>(hit.values.front());
+            const std::string name = "seed-" + std::to_string(*options.seed);
+            try {
+                DrawSeed(folder + '/' + name);
+            } catch (const std::runtime_error& e) {
+                if (signals.Requested()) {
+                    return true;
+                }
+                console.Say("the map of " + name + ": " + e.what());
+                return false;
+            }
+        }
+        return true;
+    }
+
+private:
+    void DrawSeed(const std::string& path) {
+        const auto maps = std::make_shared<Report::MapCollector>();
+        manager.SetLevelObserver(maps.get());
+        run.Generate(*options.seed);
+        manager.SetLevelObserver(nullptr);
+        for (const char* end : ends) {
+            MapFileOptions file;
+            file.map = path + end;
+            file.scale = kScale;
+            MapFiles files(file);
+            files.Write(maps, CaptionOf(options));
+            files.Commit();
+        }
+    }
+
+    static constexpr double kScale = 1.0; // smaller than a map that stands alone
+
+    GenMgr& manager;
+    GenerateOptions options;
+    std::string folder;
+    SeedRun run;
+    std::vector<const char*> ends = PictureEnds();
+};
+
+void CheckFiles(const SearchOptions& options, const ConfigSource& source) {
+    const std::optional<std::string> config = source.Path();
+    if (options.csv && config && SameFile(*options.csv, *config)) {
+        throw UsageError("\"" + *options.csv + "\" is named for two files");
+    }
+}
+
+void MakeFolder(const std::optional<std::string>& folder) {
+    if (!folder) {
+        return;
+    }
+    std::error_code fault;
+    fs::create_directories(PathFromUtf8(*folder), fault);
+    if (!fs::is_directory(PathFromUtf8(*folder), fault)) {
+        throw UsageError("the folder \"" + *folder + "\" cannot be made: " + fault.message());
+    }
+}
+
+std::size_t JobsOf(const SearchOptions& options) {
+    return options.jobs > 0 ? options.jobs : std::max(1U, std::thread::hardware_concurrency());
+}
+
+ExitStatus StatusOf(const SearchReport& report, bool written) {
+    if (report.outcome.end == Search::SearchEnd::Stopped) {
+        return ExitStatus::Canceled;
+    }
+    const bool whole = report.outcome.end == Search::SearchEnd::Complete && report.lost.empty();
+    return whole && written ? ExitStatus::Success : ExitStatus::Failure;
+}
+
+ExitStatus SearchRange(const SearchOptions& options, const Query& query, const Console& console) {
+    SearchReport report;
+    report.options = options;
+    report.range = Search::ParseSeedRange(*options.seeds);
+    report.columns = query.Columns();
+    CheckText(options.generate);
+    const ConfigSource source(options.generate.config);
+    CheckFiles(options, source);
+    CsvFile table(options.csv);
+    const CancelSignals signals;
+    const LibraryLog log(std::nullopt);
+    GenMgr manager;
+    GenerateOptions fixedChance = options.generate;
+    fixedChance.stamp = fixedChance.stamp.value_or(kUsualStamp);
+    FixChance(fixedChance);
+    const bool configured = Configure(manager, fixedChance, source, signals, log, console);
+    report.errors = log.Errors();
+    console.Show(report.errors);
+    MakeFolder(options.thumbnails);
+    Search::Ranking ranking(query.order, options.top);
+    if (configured) {
+        Watcher watcher(report, ranking, signals, console);
+        report.outcome = Search::SearchSeeds(
+            *report.range, JobsOf(options), SeedJudge(manager, fixedChance, query.where), watcher);
+        report.seconds = watcher.Seconds();
+    } else {
+        report.outcome = {Search::SearchEnd::Stopped, 0, report.range->first};
+    }
+    std::ranges::sort(report.lost, {}, &LostSeed::seed);
+    report.found = ranking.Added();
+    report.hits = ranking.Take();
+    // A search that never began has found nothing that an earlier table should give way to.
+    bool written = !configured || table.Write(report.hits, console);
+    if (options.json) {
+        console.out << ToJson(report);
+    } else {
+        PrintHits(report, console.out);
+    }
+    if (!options.quiet || StatusOf(report, written) != ExitStatus::Success) {
+        console.Say(Summary(report));
+    }
+    if (options.thumbnails) {
+        Thumbnails thumbnails(manager, fixedChance, *options.thumbnails);
+        written = thumbnails.Draw(report.hits, signals, console) && written;
+    }
+    return StatusOf(report, written);
+}
+
+} // namespace
+
+ExitStatus RunSearch(const SearchOptions& options, const Console& console) {
+    CheckChoice(options);
+    const Query query(options);
+    return options.seeds ? SearchRange(options, query, console) : Merge(options, query, console);
+}
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// The program's entry.
+#include "cli/Aside.h"
+#include "cli/CommandLine.h"
+#include "cli/ExitStatus.h"
+#include "cli/ProgramArguments.h"
+#include "cli/Terminal.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <new>
+
+namespace {
+
+// Said as it stands, since composing a line would take memory.
+[[noreturn]] void EndWithoutMemory() {
+    std::cerr << "vaultry: out of memory\n";
+    std::cerr.flush();
+    std::_Exit(static_cast<int>(Tarnex::Cli::ExitStatus::Failure));
+}
+
+bool IsLackOfMemory(const std::exception_ptr& fault) {
+    try {
+        if (fault) {
+            std::rethrow_exception(fault);
+        }
+    } catch (const std::bad_alloc&) {
+        return true;
+    } catch (...) {
+        return false;
+    }
+    return false;
+}
+
+std::terminate_handler usualEnd = nullptr;
+
+// Where memory runs out while the objects of another library are destroyed, nothing can be caught.
+void EndWithoutUnwinding() {
+    if (IsLackOfMemory(std::current_exception())) {
+        EndWithoutMemory();
+    }
+    usualEnd();
+}
+
+} // namespace
+
+int main(int argc, char** argv) try {
+    usualEnd = std::set_terminate(EndWithoutUnwinding);
+#ifdef SIGXFSZ
+    // A file that may not grow further is a failure to write like any other.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+    const Tarnex::Cli::StreamSetup streams;
+    const Tarnex::Cli::Console console{std::cout,
+                                       std::cerr,
+                                       Tarnex::Cli::StandardErrorIsTerminal(),
+                                       Tarnex::Cli::StandardOutputTakesColour()};
+    const int status =
+        Tarnex::Cli::RunCommandLine(Tarnex::Cli::ProgramArguments(argc, argv), console);
+    Tarnex::Cli::EndProcessBesideThreads(status);
+    return status;
+} catch (const std::bad_alloc&) {
+    EndWithoutMemory();
+}

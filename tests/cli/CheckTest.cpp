@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <tests/cli/Program.h>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using CheckTest = ProgramTest;
+
+TEST_F(CheckTest, TheBuiltInConfigurationIsClean) {
+    const Outcome outcome = Run({"check", "builtin"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "Nothing is wrong.\n");
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(CheckTest, TheBuiltInCavesHaveNothingOfWeight) {
+    EXPECT_EQ(Run({"check", "builtin:caves"}).status, 0);
+    EXPECT_EQ(Run({"check", "builtin:grottoes"}).status, 0);
+}
+
+TEST_F(CheckTest, AFindingIsAFailureWithItsPlace) {
+    Write("my.xml", "<OstrelData>\n<Container UniqueName=\"c\" ModelFile=\"m\"/>\n</OstrelData>\n");
+    const Outcome outcome = Run({"check", "my.xml"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out,
+              "my.xml:1:1: error: there is no tile set\n"
+              "    Nothing can be generated.\n"
+              "my.xml:1:1: error: there is no layout\n"
+              "    Nothing can be generated.\n"
+              "my.xml:2:1: warning: Container \"c\" has no capacity\n"
+              "    It takes only what weighs nothing.\n"
+              "2 errors, 1 warning, 0 notes.\n");
+}
+
+TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
+    Write("my.xml", "<OstrelData>\n<Rug UniqueName=\"r\" Stak=\"No\"/>\n</OstrelData>\n");
+    const Outcome outcome = Run({"check", "my.xml", "--json"});
+    EXPECT_EQ(outcome.status, 1);
+    const auto json = nlohmann::json::parse(outcome.out);
+    EXPECT_EQ(json.at("config"), "my.xml");
+    EXPECT_EQ(json.at("usable"), true);
+    EXPECT_EQ(json.at("clean"), false);
+    const auto& finding = json.at("findings").at(2);
+    EXPECT_EQ(finding.at("weight"), "warning");
+    EXPECT_EQ(finding.at("line"), 2);
+    EXPECT_EQ(finding.at("message"), "Rug has no attribute \"Stak\"");
+    EXPECT_EQ(finding.at("meaning"), "It is ignored.");
+    EXPECT_EQ(finding.at("column"), 21);
+    EXPECT_EQ(finding.at("nearest"), "Stack");
+}
+
+TEST_F(CheckTest, AMissingFileIsNamed) {
+    const Outcome outcome = Run({"check", "none.xml"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "vaultry: the configuration \"none.xml\" does not exist\n");
+}
+
+TEST_F(CheckTest, WhatIsNoXmlIsUnusable) {
+    Write("my.xml", "<OstrelData>\n<Rug>\n</OstrelData>\n");
+    const Outcome outcome = Run({"check", "my.xml"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_NE(outcome.out.find("my.xml:3:"), std::string::npos) << outcome.out;
+    EXPECT_NE(outcome.out.find("Fatal Error parsing XML"), std::string::npos) << outcome.out;
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "cli/NameCheck.h"
+
+#include "tools/text/UsageError.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(NameCheckTest, DistanceCountsInsertedRemovedAndReplacedLetters) {
+    EXPECT_EQ(EditDistance("Stone", "Stone"), 0U);
+    EXPECT_EQ(EditDistance("Stone", "Stones"), 1U);
+    EXPECT_EQ(EditDistance("Stone", "tone"), 1U);
+    EXPECT_EQ(EditDistance("Stone", "Store"), 1U);
+    EXPECT_EQ(EditDistance("kitten", "sitting"), 3U);
+    EXPECT_EQ(EditDistance("", "abc"), 3U);
+    EXPECT_EQ(EditDistance("abc", ""), 3U);
+}
+
+TEST(NameCheckTest, DistanceLeavesCaseAside) {
+    EXPECT_EQ(EditDistance("STONE", "stone"), 0U);
+}
+
+TEST(NameCheckTest, NearestNamesComeFirst) {
+    EXPECT_EQ(NearestNames("cave", {"Grave", "Cave", "Caves"}), (Names{"Cave", "Caves", "Grave"}));
+}
+
+TEST(NameCheckTest, OffersThreeAtMostAndEachOnce) {
+    EXPECT_EQ(NearestNames("a1", {"a2", "a2", "a3", "a4", "a5"}), (Names{"a2", "a3", "a4"}));
+}
+
+TEST(NameCheckTest, OffersNothingThatIsFarOff) {
+    EXPECT_EQ(NearestNames("Dungeon", {"Cave", "Keep"}), Names{});
+}
+
+TEST(NameCheckTest, LongNamesMayHaveMoreSlips) {
+    EXPECT_EQ(NearestNames("Imperial big rooms", {"Imperial small rooms"}),
+              Names{"Imperial small rooms"});
+}
+
+TEST(NameCheckTest, OfferFallsBackOnAllNames) {
+    EXPECT_EQ(OfferNames("xyzzy", {"Stone", "Brick"}), "there are \"Stone\", \"Brick\"");
+    EXPECT_EQ(OfferNames("xyzzy", {}), "there are none");
+}
+
+TEST(NameCheckTest, OfferCutsALongList) {
+    const Names names(13, "Stone");
+    const std::string offer = OfferNames("xyzzy", names);
+    EXPECT_EQ(offer.substr(offer.size() - 9), " and more");
+    const std::string whole = OfferNames("xyzzy", Names(12, "Stone"));
+    EXPECT_EQ(whole.substr(whole.size() - 9), ", \"Stone\"");
+}
+
+TEST(NameCheckTest, KnownNameIsGivenInTheCodePage) {
+    EXPECT_EQ(RequireName("theme", "H\xC3\xB6hle", {"H\xF6hle"}), "H\xF6hle");
+}
+
+TEST(NameCheckTest, LostLetterMatchesNoQuestionMark) {
+    EXPECT_THROW(RequireName("theme", "\xCE\xA9", {"?"}), UsageError);
+}
+
+} // namespace
+
+} // namespace Tarnex::Cli

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+// What is copied from a finished level.
+#include "tools/maps/LevelMap.h"
+
+#include <gtest/gtest.h>
+
+#include <tests/tools/maps/SampleMap.h>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Report::MapTile;
+
+// A room cell with a doorway to the south and a hall below it that goes on into nothing.
+class LevelMapTest : public ::testing::Test {
+protected:
+    LevelMapTest() {
+        Put(0, {"DoorwayS", "DoorS"});
+        Put(1, {"HallNS"});
+    }
+
+    DiPtr<GridElmt> Put(std::int32_t row, const std::vector<const char*>& kinds) {
+        DiPtr<GridElmt> elmt(new GridElmt);
+        for (const char* kind : kinds) {
+            DiPtr<Tile> tile(new Tile);
+            tile->kindName = kind;
+            elmt->AddTile(tile);
+        }
+        layout->SetElmt(elmt, row, 0);
+        return elmt;
+    }
+
+    Report::LevelMap Map(const LevelReport* report = nullptr) const {
+        return Report::MapOf({*layout, cell, tileSet, report});
+    }
+
+    static std::string Words(const Report::LevelMap& map, const Report::MapCell& cell) {
+        Report::ListedItems listed;
+        return Report::CellWords(map, cell, listed);
+    }
+
+    DiPtr<Layout> layout = Layout::Create(DiPos(1, 3, 0));
+    Tarnex::Cell cell{"Vault"};
+    TileSet tileSet;
+};
+
+TEST_F(LevelMapTest, CopiesSizeNameTilesAndOpenings) {
+    const Report::LevelMap map = Map();
+    EXPECT_EQ(map.name, "Vault");
+    EXPECT_EQ(map.tileSize, 256);
+    EXPECT_EQ(map.width, 1);
+    EXPECT_EQ(map.height, 3);
+    EXPECT_EQ(map.At(0, 0).tile, MapTile::Room);
+    EXPECT_EQ(map.At(0, 0).doorway, Open("S"));
+    EXPECT_TRUE(map.At(0, 0).door);
+    EXPECT_EQ(map.At(0, 1).tile, MapTile::Hall);
+    EXPECT_EQ(map.At(0, 1).open, Open("NS"));
+    EXPECT_EQ(map.At(0, 2).tile, MapTile::Empty);
+}
+
+TEST_F(LevelMapTest, MarksOpeningsOntoNothing) {
+    const Report::LevelMap map = Map();
+    EXPECT_EQ(map.At(0, 0).loose, 0);
+    EXPECT_EQ(map.At(0, 1).loose, Open("S"));
+}
+
+TEST_F(LevelMapTest, NumbersRoomsAndTellsWhichCannotBeReached) {
+    LevelReport report;
+    report.rooms = {{{}, DiPos(0, 0, 0), DiPos(1, 1, 0), false}};
+    const Report::LevelMap map = Map(&report);
+    EXPECT_EQ(map.At(0, 0).room, 1U);
+    EXPECT_EQ(map.At(0, 1).room, 0U);
+    EXPECT_FALSE(map.IsReachable(map.At(0, 0)));
+    EXPECT_EQ(Words(map, map.At(0, 0)), "Room 1 (cannot be reached)\nDoorwayS, DoorS");
+}
+
+TEST_F(LevelMapTest, PartsAtOtherHeightsAreDrawnWhereTheLevelIsEmpty) {
+    const DiPtr<Layout> part = Layout::Create(DiPos(1, 2, 0));
+    part->SetOffset(Di3Point(0.0F, 1.0F, -3.0F));
+    for (std::int32_t row = 0; row < 2; ++row) {
+        part->SetElmt(layout->GetElmt(0, 0), row, 0);
+    }
+    layout->AddChild(part);
+    const Report::LevelMap map = Map();
+    EXPECT_EQ(map.At(0, 1).tile, MapTile::Hall);
+    EXPECT_EQ(map.At(0, 2).tile, MapTile::Room);
+    EXPECT_EQ(map.At(0, 1).loose, Open("S"));
+    layout->Dissolve();
+}
+
+TEST_F(LevelMapTest, NamesTheLevelBehindATeleportingDoor) {
+    const DiPtr<Layout> other = Layout::Create(DiPos(1, 1, 0));
+    other->SetName("Level 2");
+    layout->GetElmt(0, 0)->isTeleport = true;
+    layout->GetElmt(0, 0)->teleLayout = other;
+    EXPECT_EQ(Map().At(0, 0).leadsTo, "Level 2");
+}
+
+TEST(MainContentTest, CreaturesComeBeforeFurniture) {
+    const Report::LevelMap map = SampleMap();
+    EXPECT_EQ(Report::MainContent(map.At(2, 1))->name, "rat");
+    EXPECT_EQ(Report::MainContent(map.At(0, 0))->name, "chest <big>");
+    EXPECT_EQ(Report::MainContent(map.At(1, 1)), nullptr);
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// Maps for the terminal.
+#include "tools/maps/MapText.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <tests/tools/maps/SampleMap.h>
+
+namespace Tarnex::Test {
+
+namespace {
+
+std::string Printed(const Report::LevelMap& map, bool colour) {
+    std::ostringstream out;
+    Report::PrintMap(map, colour, out);
+    return out.str();
+}
+
+TEST(MapTextTest, DrawsRoomsHallsStairsDoorsAndContents) {
+    EXPECT_EQ(Printed(SampleMap(), false),
+              "Vault <1> & more (Stone, north is up, a cell is 256 units)\n"
+              "┏$t━━┓≡≡\n"
+              "┃ 1 &┃\n"
+              "┗━+━*┛\n"
+              "  └──!\n"
+              "! onto nothing: 1 opening\n");
+}
+
+TEST(MapTextTest, NamesLevelsBehindDoorsAndRoomsOutOfReach) {
+    Report::LevelMap map = SampleMap();
+    map.rooms[0].reachable = false;
+    map.Held(1, 2).teleport = true;
+    map.Held(1, 2).leadsTo = "Level 2";
+    EXPECT_EQ(Printed(map, false),
+              "Vault <1> & more (Stone, north is up, a cell is 256 units)\n"
+              "┏$t━━┓≡≡\n"
+              "┃ 1 &┃\n"
+              "┗━»━*┛\n"
+              "  └──!\n"
+              "» leads to Level 2\n"
+              "! room 1 cannot be reached\n"
+              "! onto nothing: 1 opening\n");
+}
+
+TEST(MapTextTest, DoorwaysWithoutDoorAndPlatformsHaveMarksOfTheirOwn) {
+    Report::LevelMap map = SampleMap();
+    map.Held(1, 2).door = false;
+    map.Held(1, 1).platform = true;
+    map.Held(1, 1).room = 0;
+    const std::string text = Printed(map, false);
+    EXPECT_NE(text.find("┃ ▒ &┃"), std::string::npos);
+    EXPECT_NE(text.find("┗━'━*┛"), std::string::npos);
+}
+
+TEST(MapTextTest, ColoursOnlyWhenAskedTo) {
+    EXPECT_EQ(Printed(SampleMap(), false).find('\x1B'), std::string::npos);
+    const std::string text = Printed(SampleMap(), true);
+    EXPECT_NE(text.find("\x1B[0m\x1B[1;31m&"), std::string::npos);
+    EXPECT_NE(text.find("\x1B[1;97;41m!\x1B[0m\n"), std::string::npos);
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

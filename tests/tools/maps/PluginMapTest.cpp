@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+// Maps of plug-ins, whoever wrote them.
+#include "tools/maps/PluginMap.h"
+#include "tools/text/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <tests/tools/maps/SampleMap.h>
+#include <tests/tools/plugins/SamplePlugin.h>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Report::LevelMap;
+using Report::MapTile;
+
+// A tile set of three tiles and a chair, and a cell to place them in.
+class PluginMapTest : public ::testing::Test {
+protected:
+    PluginMapTest() {
+        DiPtr<TileSet> set(new TileSet);
+        set->SetName("Stone");
+        set->SetType("Room");
+        set->SetTileSize(256);
+        AddTile(*set, "Center", "floor");
+        AddTile(*set, "DoorwayN", "doorway");
+        AddTile(*set, "DoorN", "gate");
+        config.roomTileSets.push_back(set);
+        auto chair = MakeDi<ContentTemplate>();
+        chair->contentKind = "Furniture";
+        chair->uniqueName = "chair";
+        config.contentMgr->Add(chair);
+        cell = mod.CreateCell("Hall");
+    }
+
+    static void AddTile(TileSet& set, const char* kind, const char* id) {
+        Tile tile;
+        tile.kindName = kind;
+        tile.id = id;
+        set.Set(tile);
+    }
+
+    void Put(const char* id, float x, float y, float z = 0.0F, int quarters = 0) {
+        cell->AddRef(PlacedAt(id, x, y, z, quarters));
+    }
+
+    LevelMap Map() { return MapOfFirst(ReadBack(mod)); }
+
+    LevelMap MapOfFirst(const PluginFile& file) const {
+        Report::PluginChests chests(file);
+        return Report::MapOf(file.cells.at(0), chests, Report::PieceIndex(config));
+    }
+
+    ConfigMgr config;
+    Mod mod;
+    DiPtr<Tarnex::Cell> cell;
+};
+
+TEST_F(PluginMapTest, KnownTilesBecomeFloorsAndDoors) {
+    Put("FLOOR", 256, -512);
+    Put("doorway", 256, -256);
+    Put("gate", 256, -256);
+    Put("Chair", 200, -500);
+    const LevelMap map = Map();
+    EXPECT_EQ(map.tileSet, "Stone");
+    EXPECT_EQ(map.width, 1);
+    EXPECT_EQ(map.height, 2);
+    EXPECT_TRUE(map.At(0, 0).door);
+    EXPECT_EQ(map.At(0, 0).doorway, Open("N"));
+    EXPECT_EQ(map.At(0, 1).tile, MapTile::Room);
+    EXPECT_EQ(map.At(0, 1).contents.at(0).sort, RefSort::Furniture);
+    EXPECT_EQ(map.rooms.size(), 1U);
+}
+
+TEST_F(PluginMapTest, TheGridLiesWhereTheTilesSay) {
+    Put("floor", 1100, -60);
+    Put("floor", 1356, -60);
+    Put("chair", 1400, -100);
+    const LevelMap map = Map();
+    EXPECT_EQ(map.width, 2);
+    EXPECT_EQ(map.height, 1);
+    EXPECT_EQ(map.At(1, 0).contents.size(), 1U);
+}
+
+TEST_F(PluginMapTest, TurnedTilesAreTheOtherSides) {
+    Put("doorway", 0, 0, 0, 1);
+    EXPECT_EQ(Map().At(0, 0).doorway, Open("E"));
+}
+
+TEST_F(PluginMapTest, UnknownObjectsAreMarks) {
+    Put("somebody's statue", 0, 0);
+    Put("ex_wooden_door_02", 600, 0);
+    Put("in_doorway_arch", 600, 0);
+    const LevelMap map = Map();
+    EXPECT_TRUE(map.tileSet.empty());
+    EXPECT_EQ(map.At(0, 0).tile, MapTile::Empty);
+    EXPECT_EQ(map.At(0, 0).contents.at(0).sort, RefSort::Other);
+    EXPECT_EQ(map.At(2, 0).contents.at(0).sort, RefSort::Door);
+    EXPECT_EQ(map.At(2, 0).contents.at(1).sort, RefSort::Other);
+    EXPECT_TRUE(map.rooms.empty());
+}
+
+TEST_F(PluginMapTest, ContainersHaveNamesAndTreasure) {
+    Mod sample;
+    FillSample(sample);
+    const PluginFile file = ReadBack(sample);
+    const LevelMap map = MapOfFirst(file);
+    std::size_t containers = 0;
+    for (const Report::MapCell& place : map.cells) {
+        for (const Report::MapContent& content : place.contents) {
+            if (content.sort == RefSort::Container) {
+                ++containers;
+                EXPECT_EQ(content.label, Report::Shown(file.containers.at(0).name));
+                EXPECT_EQ(content.chest->items.size(), file.containers.at(0).items.size());
+            }
+        }
+    }
+    EXPECT_EQ(containers, 1U);
+}
+
+TEST_F(PluginMapTest, WhatIsFarAwayOrNowhereIsCountedAndLeftOut) {
+    Put("floor", 0, 0);
+    Put("floor", 256, 0);
+    Put("floor", 1e30F, 0);
+    Put("chair", 0, -3e38F);
+    Put("chair", std::numeric_limits<float>::quiet_NaN(), 0);
+    Put("chair", 0, std::numeric_limits<float>::infinity());
+    const LevelMap map = Map();
+    EXPECT_EQ(map.leftOut, 4U);
+    EXPECT_EQ(map.width, 2);
+    EXPECT_EQ(map.height, 1);
+}
+
+TEST_F(PluginMapTest, ACellOfNothingIsAnEmptyMap) {
+    const LevelMap map = Map();
+    EXPECT_EQ(map.width, 0);
+    EXPECT_EQ(map.height, 0);
+}
+
+TEST_F(PluginMapTest, OtherFloorsAreDrawnWhereTheMainFloorIsEmpty) {
+    Put("floor", 0, 0);
+    Put("floor", 256, 0);
+    Put("doorway", 256, 0, 1024);
+    Put("floor", 512, 0, 1024);
+    const LevelMap map = Map();
+    EXPECT_EQ(map.At(1, 0).doorway, 0);
+    EXPECT_EQ(map.At(2, 0).tile, MapTile::Room);
+    EXPECT_FALSE(map.At(2, 0).sameFloor);
+}
+
+TEST_F(PluginMapTest, RoomsThatHangTogetherByNothingAreOutOfReach) {
+    Put("floor", 0, 0);
+    Put("floor", 1024, 0);
+    const LevelMap map = Map();
+    ASSERT_EQ(map.rooms.size(), 2U);
+    EXPECT_TRUE(map.rooms[0].reachable);
+    EXPECT_FALSE(map.rooms[1].reachable);
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

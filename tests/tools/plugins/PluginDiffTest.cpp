@@ -1,0 +1,316 @@
+// SPDX-License-Identifier: MIT
+#include "tests/tools/plugins/SamplePlugin.h"
+#include "tools/plugins/DiffReport.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <limits>
+#include <sstream>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class PluginDiffTest : public ::testing::Test {
+protected:
+    PluginDiffTest() {
+        FillSample(mod);
+        a = ReadBack(mod);
+        b = a;
+    }
+
+    // The differences as "KIND | SUBJECT | TEXT".
+    Lines Differences() const {
+        Lines lines;
+        for (const Report::Difference& d : Report::ComparePlugins(a, b)) {
+            lines.push_back(d.kind + " | " + d.subject + " | " + d.text);
+        }
+        return lines;
+    }
+
+    PluginCell& Crypt() { return b.cells.at(0); }
+    PluginRef& Door() { return Crypt().refs.at(1); }
+    PluginRef& Rug() { return Crypt().refs.at(4); }
+    PluginContainer& Chest() { return b.containers.at(0); }
+
+    Mod mod;
+    PluginFile a;
+    PluginFile b;
+};
+
+TEST_F(PluginDiffTest, APluginIsTheSameAsItself) {
+    EXPECT_EQ(Differences(), Lines{});
+}
+
+TEST_F(PluginDiffTest, NamesWhatIsOtherInTheHeader) {
+    b.header.version = 1.3F;
+    b.header.type = 1;
+    b.header.author = "Somebody";
+    b.header.description = "";
+    b.header.recordCount = 3;
+    EXPECT_EQ(Differences(),
+              (Lines{"header-changed | header | version is 1.3 instead of 1.2",
+                     "header-changed | header | type is master instead of plug-in",
+                     "header-changed | header | author is \"Somebody\" instead of \"Ostrel\"",
+                     "header-changed | header | description is \"\" instead of \"Auto-generated "
+                     "mod\"",
+                     "header-changed | header | number of records in the header is 3 instead of "
+                     "0"}));
+}
+
+TEST_F(PluginDiffTest, NamesMastersThatAreNewGoneOrOfAnotherSize) {
+    a.header.masters.push_back({"Old.esm", 1});
+    b.header.masters.push_back({"New.esm", 1});
+    b.header.masters[0] = {"MORROWIND.esm", 5};
+    EXPECT_EQ(Differences(),
+              (Lines{"master-changed | master \"Morrowind.esm\" | has 5 bytes instead of 79821084",
+                     "master-removed | master \"Old.esm\" | is missing",
+                     "master-added | master \"New.esm\" | is new"}));
+}
+
+TEST_F(PluginDiffTest, NamesCellsThatAreNewOrGone) {
+    b.cells[1].name = "Cellar";
+    EXPECT_EQ(Differences(),
+              (Lines{"cell-removed | cell \"Café\" | is missing",
+                     "cell-added | cell \"Cellar\" | is new"}));
+}
+
+TEST_F(PluginDiffTest, NamesWhatIsOtherInACell) {
+    Crypt().name = "CRYPT";
+    Crypt().flags = 3;
+    Crypt().ambient = 0x00030201;
+    Crypt().fogDensity = 0.5F;
+    Crypt().waterHeight = -2.0F;
+    EXPECT_EQ(Differences(),
+              (Lines{"cell-changed | cell \"Crypt\" | name is \"CRYPT\" instead of \"Crypt\"",
+                     "cell-changed | cell \"Crypt\" | flags is 3 instead of 1",
+                     "cell-changed | cell \"Crypt\" | ambient light is 1 2 3 instead of 71 71 71",
+                     "cell-changed | cell \"Crypt\" | fog density is 0.5 instead of 1",
+                     "cell-changed | cell \"Crypt\" | water height is -2 instead of 0"}));
+}
+
+TEST_F(PluginDiffTest, CellsOfOneNameAreComparedInTheirOrder) {
+    a.cells.push_back(a.cells[0]);
+    b.cells.push_back(b.cells[0]);
+    b.cells.back().refs.pop_back();
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-removed | cell \"Crypt\" | \"rug\" removed from (64, -64, -128)"}));
+}
+
+TEST_F(PluginDiffTest, NamesReferencesThatAreNewOrGone) {
+    Rug().id = "mat";
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-removed | cell \"Crypt\" | \"rug\" removed from (64, -64, -128)",
+                     "reference-added | cell \"Crypt\" | \"mat\" added at (64, -64, -128)"}));
+}
+
+TEST_F(PluginDiffTest, NamesReferencesThatWereMovedTurnedAndRescaled) {
+    Rug().place.position = Di3Point(65.5F, -64.0F, -128.0F);
+    Rug().place.rotation = Di3Point(0.5235988F, 0.0F, 1.5707964F);
+    Rug().scale = 2.0F;
+    EXPECT_EQ(
+        Differences(),
+        (Lines{"reference-moved | cell \"Crypt\" | \"rug\" moved from (64, -64, -128) to "
+               "(65.5, -64, -128)",
+               "reference-turned | cell \"Crypt\" | \"rug\" at (65.5, -64, -128) turned about "
+               "x from 0 to 30 degrees and about z from 0 to 90 degrees",
+               "reference-rescaled | cell \"Crypt\" | \"rug\" at (65.5, -64, -128) scaled "
+               "from 0.75 to 2"}));
+}
+
+TEST_F(PluginDiffTest, ATurnTooSmallForDegreesIsToldInRadians) {
+    Door().place.rotation.z = 1.5707965F;
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-turned | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) turned "
+                     "about z from 1.5707964 to 1.5707965 radians"}));
+}
+
+TEST_F(PluginDiffTest, NamesDoorsThatLeadElsewhere) {
+    Door().destination->cell = "Crypt";
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-retargeted | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) "
+                     "leads to \"Crypt\" at (512, -256, 0) facing 270 instead of to \"Café\" at "
+                     "(512, -256, 0) facing 270"}));
+    Door().destination.reset();
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-retargeted | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) "
+                     "leads nowhere instead of to \"Café\" at (512, -256, 0) facing 270"}));
+    Door().destination.emplace();
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-retargeted | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) "
+                     "leads to the outside at (0, 0, 0) facing 0 instead of to \"Café\" at (512, "
+                     "-256, 0) facing 270"}));
+}
+
+TEST_F(PluginDiffTest, ADoorThatFacesAnotherWayOnArrivalIsADifference) {
+    Door().destination->arrival.rotation.z = 0.0F;
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-retargeted | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) "
+                     "leads to \"Café\" at (512, -256, 0) facing 0 instead of to \"Café\" at "
+                     "(512, -256, 0) facing 270"}));
+}
+
+TEST_F(PluginDiffTest, ADoorThatLeadsToAnotherPlaceOfItsCellIsADifference) {
+    Door().destination->arrival.position.y = -255.0F;
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-retargeted | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) "
+                     "leads to \"Café\" at (512, -255, 0) facing 270 instead of to \"Café\" at "
+                     "(512, -256, 0) facing 270"}));
+}
+
+TEST_F(PluginDiffTest, NamesReferencesThatAreDeleted) {
+    Rug().deleted = true;
+    EXPECT_EQ(Differences(),
+              (Lines{"reference-deleted | cell \"Crypt\" | \"rug\" at (64, -64, -128) deleted"}));
+}
+
+TEST_F(PluginDiffTest, OfSeveralLikeObjectsTheNearestIsTheOneThatMoved) {
+    const auto addRugs = [](PluginFile& file, std::initializer_list<float> places) {
+        for (const float x : places) {
+            PluginRef rug = file.cells[0].refs[4];
+            rug.place.position = Di3Point(x, 0.0F, 0.0F);
+            file.cells[0].refs.push_back(rug);
+        }
+    };
+    addRugs(a, {100.0F, 200.0F, 300.0F});
+    addRugs(b, {310.0F, 400.0F, 100.0F, 205.0F});
+    EXPECT_EQ(
+        Differences(),
+        (Lines{"reference-moved | cell \"Crypt\" | \"rug\" moved from (200, 0, 0) to (205, 0, "
+               "0)",
+               "reference-moved | cell \"Crypt\" | \"rug\" moved from (300, 0, 0) to (310, 0, "
+               "0)",
+               "reference-added | cell \"Crypt\" | \"rug\" added at (400, 0, 0)"}));
+}
+
+TEST_F(PluginDiffTest, AnObjectThatOnlyTurnedIsNotTakenForItsNeighbour) {
+    PluginRef second = Rug();
+    second.place.position.x = 65.0F;
+    a.cells[0].refs.push_back(second);
+    second.place.rotation.z = 3.1415927F;
+    Crypt().refs.push_back(second);
+    std::swap(Crypt().refs[4], Crypt().refs[5]);
+    EXPECT_EQ(
+        Differences(),
+        (Lines{"reference-turned | cell \"Crypt\" | \"rug\" at (65, -64, -128) turned about z "
+               "from 0 to 180 degrees"}));
+}
+
+TEST_F(PluginDiffTest, NamesAnotherOrderWhenNothingElseDiffers) {
+    std::swap(Crypt().refs[0], Crypt().refs[2]);
+    EXPECT_EQ(Differences(),
+              (Lines{"order | cell \"Crypt\" | its references stand in another order"}));
+}
+
+TEST_F(PluginDiffTest, PlacesThatAreNoNumbersEqualThemselves) {
+    a.cells[0].refs[4].place.position.x = std::numeric_limits<float>::quiet_NaN();
+    Rug() = a.cells[0].refs[4];
+    EXPECT_EQ(Differences(), Lines{});
+}
+
+TEST_F(PluginDiffTest, NamesWhatIsOtherInAContainer) {
+    Chest().model = "o\\urn.nif";
+    Chest().name = "Urn";
+    Chest().capacity = 40.0F;
+    Chest().flags = 10;
+    EXPECT_EQ(
+        Differences(),
+        (Lines{"container-changed | container \"Ctr5_1\" | model is \"o\\urn.nif\" instead of "
+               "\"o\\chest.nif\"",
+               "container-changed | container \"Ctr5_1\" | name is \"Urn\" instead of \"Chest\"",
+               "container-changed | container \"Ctr5_1\" | capacity is 40 instead of 40.5",
+               "container-changed | container \"Ctr5_1\" | flags is 10 instead of 8"}));
+}
+
+TEST_F(PluginDiffTest, NamesWhatContainersHoldMoreOrLessOf) {
+    Chest().items = {{"Gold_001", 20}, {"gem", 1}, {"gold_001", 2}};
+    EXPECT_EQ(
+        Differences(),
+        (Lines{"items-changed | container \"Ctr5_1\" | holds 0 \"cup\" instead of 2",
+               "items-changed | container \"Ctr5_1\" | holds 1 \"gem\" instead of 0",
+               "items-changed | container \"Ctr5_1\" | holds 22 \"gold_001\" instead of 25"}));
+}
+
+TEST_F(PluginDiffTest, NamesOtherStacksOfTheSame) {
+    Chest().items = {{"gold_001", 20}, {"cup", 2}, {"gold_001", 5}};
+    EXPECT_EQ(Differences(),
+              (Lines{"items-changed | container \"Ctr5_1\" | holds the same in 3 stacks instead of "
+                     "2"}));
+}
+
+TEST_F(PluginDiffTest, ContainersOfAnotherRunAreKnownByTheirCounter) {
+    Chest().id = "Ctr77_1";
+    Crypt().refs[3].id = "Ctr77_1";
+    Chest().items[0].count = 3;
+    EXPECT_EQ(Differences(),
+              (Lines{"stamp | containers | their ids begin with Ctr77_ instead of Ctr5_",
+                     "items-changed | container \"Ctr5_1\" | holds 3 \"gold_001\" instead of 25"}));
+}
+
+TEST_F(PluginDiffTest, ContainersOfSeveralRunsKeepTheirStamps) {
+    b.containers.push_back(Chest());
+    b.containers[1].id = "Ctr77_1";
+    EXPECT_EQ(Differences(), (Lines{"container-added | container \"Ctr77_1\" | is new"}));
+}
+
+TEST_F(PluginDiffTest, NamesWhatIsOnlyCounted) {
+    b.exteriorCells = 2;
+    a.otherRecords = {{"LIGH", 3}, {"STAT", 1}};
+    b.otherRecords = {{"STAT", 2}};
+    b.skippedSubRecords = {{"ANAM", 1}};
+    EXPECT_EQ(Differences(),
+              (Lines{"other | file | 2 exterior cells instead of 0",
+                     "other | file | 0 records of LIGH instead of 3",
+                     "other | file | 2 records of STAT instead of 1",
+                     "other | file | 1 sub-record of ANAM instead of 0"}));
+}
+
+TEST_F(PluginDiffTest, BytesThatStandForTheSameAreADifference) {
+    std::string bytes = BytesOf(mod);
+    bytes[8] = 1; // the header's reserved word
+    const Report::LoadedPlugin first{"a", BytesOf(mod), a};
+    const Report::LoadedPlugin second{"b", bytes, ReadPlugin(bytes)};
+    EXPECT_EQ(Report::Diff(first, first).differences, (std::vector<Report::Difference>{}));
+    EXPECT_EQ(Report::Diff(first, second).differences,
+              (std::vector<Report::Difference>{
+                  {"bytes", "file", "other bytes that stand for the same or are not compared"}}));
+}
+
+TEST_F(PluginDiffTest, IsPrintedUnderWhatDiffers) {
+    const Report::DiffResult result{
+        "a.esp",
+        "b.esp",
+        {{"header-changed", "header", "version is 2 instead of 1"},
+         {"reference-added", "cell \"A\"", "\"b\" added at (0, 0, 0)"},
+         {"reference-added", "cell \"A\"", "\"c\" added at (0, 0, 0)"}}};
+    std::ostringstream text;
+    Report::PrintDiff(result, text);
+    EXPECT_EQ(text.str(),
+              "Header\n"
+              "  version is 2 instead of 1\n"
+              "Cell \"A\"\n"
+              "  \"b\" added at (0, 0, 0)\n"
+              "  \"c\" added at (0, 0, 0)\n"
+              "3 differences.\n");
+}
+
+TEST_F(PluginDiffTest, IsJsonToo) {
+    const Report::DiffResult result{
+        "a\xFF.esp", "b.esp", {{"header-changed", "header", "version is 2 instead of 1"}}};
+    const auto json = nlohmann::json::parse(Report::ToJson(result));
+    EXPECT_EQ(json.at("schema"), 1);
+    EXPECT_EQ(json.at("a"), "a\uFFFD.esp");
+    EXPECT_EQ(json.at("b"), "b.esp");
+    EXPECT_EQ(json.at("same"), false);
+    ASSERT_EQ(json.at("differences").size(), 1U);
+    EXPECT_EQ(json["differences"][0].at("kind"), "header-changed");
+    EXPECT_EQ(json["differences"][0].at("subject"), "header");
+    EXPECT_EQ(json["differences"][0].at("text"), "version is 2 instead of 1");
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

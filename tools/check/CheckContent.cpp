@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "tools/check/ConfigRules.h"
+
+#include <vaultry/catalogue/Vocabulary.h>
+
+#include <algorithm>
+
+namespace Tarnex::Report {
+
+namespace {
+
+// The containers that some theme places, and the greatest capacity of them.
+struct Containers {
+    bool placed = false;
+    double capacity = 0;
+};
+
+Containers PlacedContainers(const ConfigTree& tree) {
+    bool any = false;
+    NameSet names;
+    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
+        const ConfigElement* theme = tree.Around(*item);
+        if (theme == nullptr || !Is(*theme, Theme_Theme) ||
+            !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Container})) {
+            continue;
+        }
+        const auto listed = ListedNames(AttributeText(*item, Attrib_UniqueName));
+        any |= listed.empty();
+        names.insert(listed.begin(), listed.end());
+    }
+    Containers containers;
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        const bool chosen = any || names.contains(AttributeText(*content, Attrib_UniqueName));
+        if (Is(*content, Content_Container) && chosen) {
+            containers.placed = true;
+            containers.capacity = std::max(containers.capacity, RealOr(*content, Attrib_Weight, 0));
+        }
+    }
+    return containers;
+}
+
+// Stacks of more are brought down to a total value of this at most.
+constexpr int kLargestFreeStack = 5;
+constexpr int kMostTotalValue = 5000;
+
+void CheckStack(const ConfigElement& content, Findings& findings) {
+    const int max = WholeOr(content, Attrib_Max, 1);
+    const int value = WholeOr(content, Attrib_Value, 0);
+    if (max > kLargestFreeStack && value > kMostTotalValue / (kLargestFreeStack + 1)) {
+        findings.Add(Weight::Note,
+                     PlaceOf(content, Attrib_Max),
+                     Titled(content, Attrib_UniqueName) + " is too dear for a Max of " +
+                         std::to_string(max),
+                     "Stacks are limited by their total value; it never lies in stacks of more "
+                     "than 5.");
+    }
+}
+
+void CheckCarried(const ConfigElement& content, const Containers& containers, Findings& findings) {
+    CheckStack(content, findings);
+    if (containers.placed && RealOr(content, Attrib_Weight, 0) > containers.capacity) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(content, Attrib_Weight),
+                     Titled(content, Attrib_UniqueName) +
+                         " is heavier than any container can carry",
+                     "It is never placed.");
+    }
+}
+
+void CheckPlaced(const ConfigElement& content, Findings& findings) {
+    const ConfigAttribute* max = FindAttribute(content, Attrib_Max);
+    if (max != nullptr) {
+        findings.Add(Weight::Note,
+                     max->place,
+                     "Max has no use for " + Titled(content, Attrib_UniqueName),
+                     "Only what lies in containers has stacks.");
+    }
+    if (Is(content, Content_Container) && RealOr(content, Attrib_Weight, 0) <= 0) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(content, Attrib_Weight),
+                     Titled(content, Attrib_UniqueName) + " has no capacity",
+                     "It takes only what weighs nothing.");
+    }
+}
+
+void CheckTreasureType(const ConfigElement& treasure, Findings& findings) {
+    const std::vector<std::string_view> types = {Treasure_Book,
+                                                 Treasure_Gem,
+                                                 Treasure_Gold,
+                                                 Treasure_Ingredient,
+                                                 Treasure_Misc,
+                                                 Treasure_Tool};
+    const std::string type = AttributeText(treasure, Attrib_Type);
+    if (!IsAnyOf(type, types)) {
+        findings.Add(Weight::Error,
+                     PlaceOf(treasure, Attrib_Type),
+                     Titled(treasure, Attrib_UniqueName) + " has the unknown type " +
+                         InQuotes(type),
+                     "It is dropped without a message.",
+                     findings.Nearest(type, {types.begin(), types.end()}));
+    }
+}
+
+void CheckTreasureThemes(const ConfigTree& tree, const Containers& containers, Findings& findings) {
+    for (const ConfigElement* theme : tree.OfClass(ElementClass::Theme)) {
+        if (Is(*theme, Theme_TreasureTheme) && !containers.placed) {
+            findings.Add(Weight::Warning,
+                         theme->place,
+                         "there is no container that a Theme places for " +
+                             Titled(*theme, Attrib_Name),
+                         "Treasure lies in containers only: none is placed.");
+        }
+    }
+}
+
+} // namespace
+
+bool IsCarried(const ConfigElement& content) {
+    return IsAnyOf(content.name,
+                   {Content_Armor, Content_Clothing, Content_Treasure, Content_Weapon});
+}
+
+void CheckContent(const ConfigTree& tree, Findings& findings) {
+    const Containers containers = PlacedContainers(tree);
+    CheckTreasureThemes(tree, containers, findings);
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        if (IsCarried(*content)) {
+            CheckCarried(*content, containers, findings);
+        } else {
+            CheckPlaced(*content, findings);
+        }
+        if (Is(*content, Content_Treasure)) {
+            CheckTreasureType(*content, findings);
+        }
+    }
+}
+
+} // namespace Tarnex::Report

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "tools/check/ConfigRules.h"
+
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Text.h>
+#include <vaultry/gen/Limits.h>
+
+#include <algorithm>
+#include <array>
+
+namespace Tarnex::Report {
+
+namespace {
+
+struct ThemeRow {
+    std::string_view theme;
+    std::vector<std::string_view> types;
+    const char* otherwise;
+};
+
+const std::array<ThemeRow, 3>& ThemeRows() {
+    static const std::array<ThemeRow, 3> kRows = {{
+        {Theme_Theme,
+         {Content_Container, Content_Furniture, Content_Rug, Content_Tapestry},
+         "The item is skipped."},
+        {Theme_CreatureTheme, {Content_Creature}, "The item is skipped."},
+        {Theme_TreasureTheme,
+         {Treasure_Armor,
+          Treasure_Book,
+          Treasure_Clothing,
+          Treasure_Gem,
+          Treasure_Gold,
+          Treasure_Ingredient,
+          Treasure_Misc,
+          Treasure_Tool,
+          Treasure_Weapon},
+         "Containers get objects that are no treasure."},
+    }};
+    return kRows;
+}
+
+// The content of one kind.
+struct Choice {
+    std::vector<std::string> placed; // unique names
+    NameSet known;                   // likewise
+    NameSet neverPlaced;             // birds and fish
+};
+
+using Choices = std::map<std::string, Choice, LessNoCase>;
+
+Choices ChoicesOf(const ConfigTree& tree) {
+    Choices choices;
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        Choice& choice = choices[ContentKind(*content)];
+        const std::string name = AttributeText(*content, Attrib_UniqueName);
+        const bool never =
+            Is(*content, Content_Creature) &&
+            IsAnyOf(AttributeText(*content, Attrib_Type), {Creature_Bird, Creature_Fish});
+        if (never) {
+            choice.neverPlaced.insert(name);
+        } else {
+            choice.placed.push_back(name);
+            choice.known.insert(name);
+        }
+    }
+    return choices;
+}
+
+void CheckAnyContent(const ConfigElement& item, const Choice& choice, Findings& findings) {
+    if (!choice.placed.empty()) {
+        return;
+    }
+    const std::string type = AttributeText(item, Attrib_Type);
+    findings.Add(Weight::Error,
+                 PlaceOf(item, Attrib_Type),
+                 choice.neverPlaced.empty()
+                     ? "there is no content of the type " + InQuotes(type)
+                     : "all creatures are birds and fish, which are never placed",
+                 "The item places nothing.");
+}
+
+void CheckName(const ConfigElement& item,
+               const std::string& name,
+               const Choice& choice,
+               Findings& findings) {
+    if (choice.known.contains(name)) {
+        return;
+    }
+    const std::string type = AttributeText(item, Attrib_Type);
+    const bool never = choice.neverPlaced.contains(name);
+    findings.Add(Weight::Error,
+                 PlaceOf(item, Attrib_UniqueName),
+                 never ? "the " + type + ' ' + InQuotes(name) + " is a bird or fish"
+                       : "no " + type + " has the unique name " + InQuotes(name),
+                 never ? "Birds and fish are never placed; the item places nothing more when this "
+                         "name is drawn."
+                       : "The item places nothing more when this name is drawn.",
+                 never ? "" : findings.Nearest(name, choice.placed));
+}
+
+void CheckItem(const ConfigElement& item,
+               const ThemeRow& row,
+               const Choices& choices,
+               Findings& findings) {
+    const std::string type = AttributeText(item, Attrib_Type);
+    if (!IsAnyOf(type, row.types)) {
+        findings.Add(Weight::Error,
+                     PlaceOf(item, Attrib_Type),
+                     "a " + std::string(row.theme) + " has no items of the type " + InQuotes(type),
+                     row.otherwise,
+                     findings.Nearest(type, {row.types.begin(), row.types.end()}));
+        return;
+    }
+    static const Choice kNone;
+    const auto found = choices.find(type);
+    const Choice& choice = found == choices.end() ? kNone : found->second;
+    const std::vector<std::string> names = ListedNames(AttributeText(item, Attrib_UniqueName));
+    if (names.empty()) {
+        CheckAnyContent(item, choice, findings);
+    }
+    for (const std::string& name : names) {
+        CheckName(item, name, choice, findings);
+    }
+}
+
+constexpr int kNotGiven = -1;
+
+void CheckMinAndMax(const ConfigElement& item, Findings& findings) {
+    const int min = WholeOr(item, Attrib_Min, kNotGiven);
+    const int max = WholeOr(item, Attrib_Max, kNotGiven);
+    if (max != kNotGiven && max < 1) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(item, Attrib_Max),
+                     "Max is " + std::to_string(max),
+                     "The item places nothing.");
+    } else if (max != kNotGiven && min > max) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(item, Attrib_Min),
+                     "Min " + std::to_string(min) + " is greater than Max " + std::to_string(max),
+                     "No more than Max are placed.");
+    }
+    for (const std::string_view name : {Attrib_Min, Attrib_Max}) {
+        if (WholeOr(item, name, kNotGiven) > kMaxTurns) {
+            findings.Add(Weight::Warning,
+                         PlaceOf(item, name),
+                         std::string(name) + " is greater than " + std::to_string(kMaxTurns),
+                         "The item gets no more turns than these in a cell.");
+        }
+    }
+}
+
+void CheckChance(const ConfigElement& item, Findings& findings) {
+    if (RealOr(item, Attrib_Chance, 1) <= 0 && WholeOr(item, Attrib_Min, kNotGiven) < 1) {
+        findings.Add(Weight::Warning,
+                     PlaceOf(item, Attrib_Chance),
+                     "the item has no Chance and no Min",
+                     "It places nothing.");
+    }
+}
+
+// What random creature themes choose from: any creature, or those that are named.
+struct Wanted {
+    bool any = false;
+    NameSet names;
+};
+
+Wanted WantedCreatures(const ConfigTree& tree) {
+    Wanted wanted;
+    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
+        const ConfigElement* theme = tree.Around(*item);
+        const bool random = theme != nullptr && Is(*theme, Theme_CreatureTheme) &&
+                            WholeOr(*theme, Attrib_Level, 0) > 0;
+        if (!random || !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Creature})) {
+            continue;
+        }
+        const auto names = ListedNames(AttributeText(*item, Attrib_UniqueName));
+        wanted.any |= names.empty();
+        wanted.names.insert(names.begin(), names.end());
+    }
+    return wanted;
+}
+
+void CheckCreatures(const ConfigTree& tree, Findings& findings) {
+    const Wanted wanted = WantedCreatures(tree);
+    for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+        const std::string name = AttributeText(*content, Attrib_UniqueName);
+        if (Is(*content, Content_Creature) && !wanted.any && !wanted.names.contains(name)) {
+            findings.Add(Weight::Note,
+                         content->place,
+                         "no CreatureTheme with a Level of 1 or more chooses Creature " +
+                             InQuotes(name),
+                         "Random creature themes never place it.");
+        }
+    }
+}
+
+} // namespace
+
+void CheckThemes(const ConfigTree& tree, Findings& findings) {
+    CheckCreatures(tree, findings);
+    const Choices choices = ChoicesOf(tree);
+    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
+        const ConfigElement* theme = tree.Around(*item);
+        for (const ThemeRow& row : ThemeRows()) {
+            if (theme != nullptr && Is(*theme, row.theme)) {
+                CheckItem(*item, row, choices, findings);
+                CheckMinAndMax(*item, findings);
+                CheckChance(*item, findings);
+            }
+        }
+    }
+}
+
+} // namespace Tarnex::Report

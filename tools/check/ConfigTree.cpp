@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "tools/check/ConfigTree.h"
+
+#include <vaultry/catalogue/Mirroring.h>
+#include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Text.h>
+
+#include <algorithm>
+
+namespace Tarnex::Report {
+
+bool LessNoCase::operator()(const std::string& a, const std::string& b) const {
+    return ToUpper(a) < ToUpper(b);
+}
+
+ConfigTree::ConfigTree(const ConfigRecord& record_)
+    : record(record_), children(record_.elements.size()) {
+    for (const ConfigElement& element : record.elements) {
+        const bool outermost = element.parent == ConfigElement::kNone;
+        const ElementClass parent = outermost ? ElementClass::Unknown : classes[element.parent];
+        classes.push_back(ClassifyElement(element.name, parent));
+        byClass[classes.back()].push_back(&element);
+        if (!outermost) {
+            children[element.parent].push_back(&element);
+        }
+    }
+}
+
+std::size_t ConfigTree::Index(const ConfigElement& element) const {
+    return static_cast<std::size_t>(&element - record.elements.data());
+}
+
+ElementClass ConfigTree::ClassOf(const ConfigElement& element) const {
+    return classes[Index(element)];
+}
+
+const Elements& ConfigTree::OfClass(ElementClass wanted) const {
+    static const Elements none;
+    const auto found = byClass.find(wanted);
+    return found == byClass.end() ? none : found->second;
+}
+
+const Elements& ConfigTree::Inside(const ConfigElement& element) const {
+    return children[Index(element)];
+}
+
+const ConfigElement* ConfigTree::Around(const ConfigElement& element) const {
+    return element.parent == ConfigElement::kNone ? nullptr : &record.elements[element.parent];
+}
+
+const ConfigAttribute* FindAttribute(const ConfigElement& element, std::string_view name) {
+    const auto found =
+        std::find_if(element.attributes.rbegin(),
+                     element.attributes.rend(),
+                     [name](const ConfigAttribute& a) { return EqualsNoCase(a.name, name); });
+    return found == element.attributes.rend() ? nullptr : &*found;
+}
+
+std::string AttributeText(const ConfigElement& element, std::string_view name) {
+    const ConfigAttribute* attribute = FindAttribute(element, name);
+    return attribute == nullptr ? "" : attribute->value;
+}
+
+int WholeOr(const ConfigElement& element, std::string_view name, int otherwise) {
+    const ConfigAttribute* attribute = FindAttribute(element, name);
+    return attribute == nullptr ? otherwise : ParseInt(attribute->value);
+}
+
+double RealOr(const ConfigElement& element, std::string_view name, double otherwise) {
+    const ConfigAttribute* attribute = FindAttribute(element, name);
+    return attribute == nullptr ? otherwise : ParseReal(attribute->value);
+}
+
+ConfigPlace PlaceOf(const ConfigElement& element, std::string_view name) {
+    const ConfigAttribute* attribute = FindAttribute(element, name);
+    return attribute == nullptr ? element.place : attribute->place;
+}
+
+bool Is(const ConfigElement& element, std::string_view name) {
+    return EqualsNoCase(element.name, name);
+}
+
+bool IsAnyOf(std::string_view word, const std::vector<std::string_view>& words) {
+    return std::ranges::any_of(
+        words, [word](std::string_view other) { return EqualsNoCase(word, other); });
+}
+
+std::vector<std::string> ListedNames(const std::string& text) {
+    const auto parts = SplitList(text);
+    return {parts.begin(), parts.end()};
+}
+
+std::string ContentKind(const ConfigElement& content) {
+    return Is(content, Content_Treasure) ? AttributeText(content, Attrib_Type) : content.name;
+}
+
+NameSet TileNames(const ConfigTree& tree, const ConfigElement& tileSet) {
+    NameSet names;
+    for (const ConfigElement* element : tree.Inside(tileSet)) {
+        Tile tile;
+        tile.kindName = element->name;
+        for (const Tile& derived : MirrorTile(tile)) {
+            names.insert(derived.kindName.Text());
+        }
+        names.insert(element->name);
+    }
+    return names;
+}
+
+} // namespace Tarnex::Report

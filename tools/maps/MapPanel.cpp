@@ -1,0 +1,334 @@
+// SPDX-License-Identifier: MIT
+#include "tools/maps/MapPanel.h"
+
+#include "tools/maps/MapLabels.h"
+#include "tools/maps/MapStyle.h"
+#include "tools/maps/SvgText.h"
+
+#include <vaultry/foundation/HarmlessText.h>
+
+#include <algorithm>
+
+namespace Tarnex::Report {
+
+namespace {
+
+constexpr std::int32_t kTitle = 76; // above a grid
+constexpr std::int32_t kNarrowest = 330;
+constexpr std::int32_t kTitleLetter = 13; // width of a letter of the title
+constexpr SideBits kAllSides = 0xF;
+
+// A line or area of a cell in path commands, relative to the cell's corner.
+struct Piece {
+    double x;
+    double y;
+    std::string_view rest;
+};
+
+using BySide = std::array<Piece, 4>; // N, S, E, W
+
+constexpr BySide kWalls = {{{0, 0, "h24"}, {0, 24, "h24"}, {24, 0, "v24"}, {0, 0, "v24"}}};
+constexpr BySide kDoorwayWalls = {
+    {{0, 0, "h6m12 0h6"}, {0, 24, "h6m12 0h6"}, {24, 0, "v6m0 12v6"}, {0, 0, "v6m0 12v6"}}};
+constexpr BySide kHallFloors = {
+    {{6, 0, "h12v6h-12z"}, {6, 18, "h12v6h-12z"}, {18, 6, "h6v12h-6z"}, {0, 6, "h6v12h-6z"}}};
+constexpr BySide kHallOpen = {
+    {{6, 0, "v6m12 -6v6"}, {6, 18, "v6m12 -6v6"}, {18, 6, "h6m-6 12h6"}, {0, 6, "h6m-6 12h6"}}};
+constexpr BySide kHallClosed = {{{6, 6, "h12"}, {6, 18, "h12"}, {18, 6, "v12"}, {6, 6, "v12"}}};
+// Outside, where no door covers them.
+constexpr BySide kWarnings = {
+    {{6, -4.2, "h12"}, {6, 28.2, "h12"}, {28.2, 6, "v12"}, {-4.2, 6, "v12"}}};
+constexpr BySide kDoors = {{{6, -2.5, "h12v5h-12z"},
+                            {6, 21.5, "h12v5h-12z"},
+                            {21.5, 6, "h5v12h-5z"},
+                            {-2.5, 6, "h5v12h-5z"}}};
+constexpr Piece kWholeFloor = {0, 0, "h24v24h-24z"};
+constexpr Piece kHallMiddle = {6, 6, "h12v12h-12z"};
+constexpr Piece kStepsNS = {3, 4, "h18m-18 4h18m-18 4h18m-18 4h18m-18 4h18"};
+constexpr Piece kStepsEW = {4, 3, "v18m4 -18v18m4 -18v18m4 -18v18m4 -18v18"};
+
+bool Has(SideBits sides, std::size_t side) {
+    return (sides >> side & 1U) != 0;
+}
+
+// The commands of all cells of one kind: one element draws them, without seams.
+class PathData {
+public:
+    void Add(const DiPos& cell, const Piece& piece) {
+        data += 'M' + Coordinate(cell.x * kCell + piece.x) + ' ' +
+                Coordinate(cell.y * kCell + piece.y) + std::string(piece.rest);
+    }
+    void Add(const DiPos& cell, const BySide& pieces, SideBits sides) {
+        for (std::size_t side = 0; side < pieces.size(); ++side) {
+            if (Has(sides, side)) {
+                Add(cell, pieces[side]);
+            }
+        }
+    }
+    const std::string& Text() const { return data; }
+
+private:
+    std::string data;
+};
+
+template <typename Visitor>
+void ForEachCell(const LevelMap& map, const Visitor& visit) {
+    for (const MapCell& cell : map.cells) {
+        visit(cell.place, cell);
+    }
+}
+
+std::string Layer(std::string_view name, const std::string& content) {
+    return SvgGroup("layer-" + std::string(name), content);
+}
+
+std::string Grid(const LevelMap& map) {
+    std::string data;
+    for (std::int32_t x = 0; x <= map.width; ++x) {
+        data += 'M' + std::to_string(x * kCell) + " 0V" + std::to_string(map.height * kCell);
+    }
+    for (std::int32_t y = 0; y <= map.height; ++y) {
+        data += "M0 " + std::to_string(y * kCell) + 'H' + std::to_string(map.width * kCell);
+    }
+    return SvgPath("grid", data);
+}
+
+bool IsRoomLike(const MapCell& cell) {
+    return cell.tile == MapTile::Room || cell.tile == MapTile::Stairs;
+}
+
+// Walls are drawn over every floor, of whatever colour.
+std::string RoomWalls(const LevelMap& map) {
+    PathData walls;
+    PathData steps;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        if (!IsRoomLike(cell)) {
+            return;
+        }
+        walls.Add(at, kWalls, static_cast<SideBits>(~cell.open & ~cell.doorway & kAllSides));
+        walls.Add(at, kDoorwayWalls, cell.doorway);
+        if (cell.tile == MapTile::Stairs) {
+            steps.Add(at, (cell.open & SideBit(DirN)) != 0 ? kStepsNS : kStepsEW);
+        }
+    });
+    return SvgPath("step", steps.Text()) + SvgPath("wall", walls.Text());
+}
+
+std::string HallWalls(const LevelMap& map) {
+    PathData walls;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        if (cell.tile == MapTile::Hall) {
+            walls.Add(at, kHallOpen, cell.open);
+            walls.Add(at, kHallClosed, static_cast<SideBits>(~cell.open & kAllSides));
+        }
+    });
+    return SvgPath("wall", walls.Text());
+}
+
+void AddFloor(PathData& floor, const DiPos& at, const MapCell& cell) {
+    if (IsRoomLike(cell)) {
+        floor.Add(at, kWholeFloor);
+    } else if (cell.tile == MapTile::Hall) {
+        floor.Add(at, kHallMiddle);
+        floor.Add(at, kHallFloors, cell.open);
+    }
+}
+
+// The floors of the cells that are chosen.
+template <typename Chosen>
+std::string Floors(const LevelMap& map, std::string_view type, const Chosen& chosen) {
+    PathData floor;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        if (chosen(cell)) {
+            AddFloor(floor, at, cell);
+        }
+    });
+    return SvgPath(type, floor.Text());
+}
+
+std::string RoomFloors(const LevelMap& map) {
+    return Floors(map, "floor", IsRoomLike);
+}
+
+std::string HallFloors(const LevelMap& map) {
+    return Floors(map, "hallfloor", [](const MapCell& cell) { return cell.tile == MapTile::Hall; });
+}
+
+std::string CutFloors(const LevelMap& map) {
+    return Floors(map, "cut", [&map](const MapCell& cell) { return !map.IsReachable(cell); });
+}
+
+// Floors of another colour lie on the rooms' own and below the walls.
+std::string Platforms(const LevelMap& map) {
+    PathData floor;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        if (cell.platform) {
+            floor.Add(at, {2.5, 2.5, "h19v19h-19z"});
+        }
+    });
+    return SvgPath("raised", floor.Text());
+}
+
+std::string LooseEnds(const LevelMap& map) {
+    PathData warnings;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        warnings.Add(at, kWarnings, cell.loose);
+    });
+    return SvgPath("warn", warnings.Text());
+}
+
+std::string Labels(const LevelMap& map) {
+    std::string text;
+    for (const MapLabel& label : PlaceLabels(map)) {
+        const MapBox& box = label.box;
+        if (label.distant) {
+            text +=
+                SvgPath("leader",
+                        'M' + Coordinate(label.doorX) + ' ' + Coordinate(label.doorY) + 'L' +
+                            Coordinate(std::clamp(label.doorX, box.x, box.x + box.width)) + ' ' +
+                            Coordinate(std::clamp(label.doorY, box.y, box.y + box.height)));
+        }
+        text += R"(<rect class="label")" + Attribute("x", Coordinate(box.x)) +
+                Attribute("y", Coordinate(box.y)) + Attribute("width", Coordinate(box.width)) +
+                Attribute("height", Coordinate(box.height)) + "/>\n" +
+                SvgTextAt("lead", box.x + 1.5, box.y + 10.0, label.text);
+    }
+    return text;
+}
+
+std::string Doors(const LevelMap& map) {
+    PathData doors;
+    PathData teleports;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        if (cell.door) {
+            (cell.teleport ? teleports : doors).Add(at, kDoors, cell.doorway);
+        }
+    });
+    return SvgPath("door", doors.Text()) + SvgPath("tele", teleports.Text()) + Labels(map);
+}
+
+std::string Numbers(const LevelMap& map) {
+    std::string text;
+    std::size_t number = 0;
+    for (const DiPos& place : RoomNumberPlaces(map)) {
+        const std::string type = number + 1 < 10 ? "num" : "num wide";
+        text += SvgTextAt(map.rooms[number].reachable ? type : type + " warning",
+                          place.x * kCell + kCell / 2.0,
+                          place.y * kCell + kCell / 2.0 + 6.0,
+                          std::to_string(number + 1));
+        ++number;
+    }
+    return text;
+}
+
+// Halls are narrower than rooms: what stands alone in one stands in its middle.
+std::string MarkAt(const DiPos& at, const MapCell& cell, const MapMark& mark) {
+    const bool alone = std::ranges::all_of(
+        cell.contents, [&mark](const MapContent& content) { return content.sort == mark.sort; });
+    const bool centred = cell.tile == MapTile::Hall && alone;
+    return SvgUse(mark.name,
+                  at.x * kCell + (centred ? kCell / 2.0 - mark.middleX : 0.0),
+                  at.y * kCell + (centred ? kCell / 2.0 - mark.middleY : 0.0));
+}
+
+std::string Marks(const LevelMap& map, const MapMark& mark) {
+    std::string text;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        if (std::ranges::find(cell.contents, mark.sort, &MapContent::sort) != cell.contents.end()) {
+            text += MarkAt(at, cell, mark);
+        }
+    });
+    return text;
+}
+
+std::string AllMarks(const LevelMap& map) {
+    std::string text;
+    for (const MapMark& mark : kMapMarks) {
+        text += Layer(mark.sort == RefSort::Door ? "doors" : mark.name, Marks(map, mark));
+    }
+    return text;
+}
+
+// Invisible areas that tell what is there.
+std::string Hits(const LevelMap& map, ListedItems& listed) {
+    std::string text;
+    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        const std::string words = CellWords(map, cell, listed);
+        if (words.empty()) {
+            return;
+        }
+        text += R"(<rect class="hit" width="24" height="24")" +
+                Attribute("x", std::to_string(at.x * kCell)) +
+                Attribute("y", std::to_string(at.y * kCell)) + "><title>" + ForMarkup(words) +
+                "</title></rect>\n";
+    });
+    return text;
+}
+
+// A bar as long as some whole cells.
+std::string Scale(const LevelMap& map) {
+    constexpr std::int32_t kBar = 4;
+    return SvgMoved(0,
+                    map.height * kCell + 32,
+                    SvgPath("wall", "M0 -4V4M0 0H96M96 -4V4M24 -3V3M48 -3V3M72 -3V3") +
+                        SvgTextAt("",
+                                  106,
+                                  4,
+                                  std::to_string(std::int64_t{kBar} * map.tileSize) +
+                                      " units = " + std::to_string(kBar) + " cells"));
+}
+
+std::string Heading(const LevelMap& map) {
+    const std::string size = std::to_string(map.width) + " x " + std::to_string(map.height) +
+                             " cells of " + std::to_string(map.tileSize) + " units";
+    return SvgTextAt("title", 0, -42, map.name) +
+           SvgTextAt("small", 0, -25, map.tileSet.empty() ? size : map.tileSet + ", " + size) +
+           NorthArrow(PanelWidth(map) - 2 * kPanelMargin - 24, -60);
+}
+
+} // namespace
+
+const std::array<MapLayer, 13> kMapLayers = {{
+    {"grid", "Grid"},
+    {"rooms", "Rooms"},
+    {"halls", "Halls"},
+    {"doors", "Doors"},
+    {"platforms", "Platforms"},
+    {"numbers", "Room numbers"},
+    {"rug", "Rugs"},
+    {"tapestry", "Tapestries"},
+    {"furniture", "Furniture"},
+    {"container", "Containers"},
+    {"creature", "Creatures"},
+    {"other", "Other content"},
+    {"warnings", "Warnings"},
+}};
+
+std::int32_t PanelWidth(const MapOutline& map) {
+    const auto letters = static_cast<std::int32_t>(map.name.size());
+    return std::max({map.width * kCell, letters * kTitleLetter + kCell, kNarrowest}) +
+           2 * kPanelMargin;
+}
+
+std::int32_t PanelHeight(const MapOutline& map) {
+    return kTitle + map.height * kCell + kPanelFoot;
+}
+
+std::string NorthArrow(double x, double y) {
+    return SvgMoved(x, y, SvgPath("wall", "M0 34V4M-5 11L0 3L5 11") + SvgTextAt("", 9, 16, "N"));
+}
+
+std::string MapDrawing(const LevelMap& map, ListedItems* listed) {
+    return Layer("grid", Grid(map)) + Layer("halls", HallFloors(map)) +
+           Layer("rooms", RoomFloors(map)) + Layer("warnings", CutFloors(map)) +
+           Layer("platforms", Platforms(map)) + Layer("halls", HallWalls(map)) +
+           Layer("rooms", RoomWalls(map)) + Layer("numbers", Numbers(map)) + AllMarks(map) +
+           Layer("warnings", LooseEnds(map)) + Layer("doors", Doors(map)) +
+           (listed == nullptr ? std::string() : Hits(map, *listed)) + Scale(map);
+}
+
+std::string MapPanel(const LevelMap& map, ListedItems* listed) {
+    return SvgMoved(kPanelMargin, kTitle, Heading(map) + MapDrawing(map, listed));
+}
+
+} // namespace Tarnex::Report

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "tools/maps/MapText.h"
+
+#include "tools/text/Words.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Tarnex::Report {
+
+namespace {
+
+using Glyphs = std::array<std::string_view, 16>;
+
+// By open sides: bit 0 north, 1 south, 2 east, 3 west.
+constexpr Glyphs kHalls = {
+    "·", "╵", "╷", "│", "╶", "└", "┌", "├", "╴", "┘", "┐", "┤", "─", "┴", "┬", "┼"};
+
+enum class Ink { Plain, Wall, Hall, Number, Door, Teleport, Creature, Container, Thing, Warning };
+
+constexpr std::array<std::string_view, 10> kInks = {"",
+                                                    "",
+                                                    "\x1B[36m",
+                                                    "\x1B[1m",
+                                                    "\x1B[33m",
+                                                    "\x1B[1;35m",
+                                                    "\x1B[1;31m",
+                                                    "\x1B[1;33m",
+                                                    "\x1B[32m",
+                                                    "\x1B[1;97;41m"};
+constexpr std::string_view kNoInk = "\x1B[0m";
+
+struct Glyph {
+    std::string text = " ";
+    Ink ink = Ink::Plain;
+};
+
+struct TextMark {
+    RefSort sort;
+    std::string_view text;
+    Ink ink;
+};
+
+constexpr std::array<TextMark, 7> kMarks = {{{RefSort::Creature, "&", Ink::Creature},
+                                             {RefSort::Container, "$", Ink::Container},
+                                             {RefSort::Door, "+", Ink::Door},
+                                             {RefSort::Furniture, "f", Ink::Thing},
+                                             {RefSort::Rug, "~", Ink::Thing},
+                                             {RefSort::Tapestry, "t", Ink::Thing},
+                                             {RefSort::Other, "*", Ink::Thing}}};
+
+// The two characters of a cell.
+struct Pair {
+    Glyph left;
+    Glyph right;
+};
+
+bool Closed(const MapCell& cell, TileDirT side) {
+    return ((cell.open | cell.doorway) & SideBit(side)) == 0;
+}
+
+std::string_view WallGlyph(bool north, bool south, bool side, bool west) {
+    if (side && north) {
+        return west ? "┏" : "┓";
+    }
+    if (side && south) {
+        return west ? "┗" : "┛";
+    }
+    if (side) {
+        return "┃";
+    }
+    return north || south ? "━" : " ";
+}
+
+Pair RoomPair(const MapCell& cell) {
+    // A wall with a doorway goes on beside it.
+    const bool north = Closed(cell, DirN) || (cell.doorway & SideBit(DirN)) != 0;
+    const bool south = Closed(cell, DirS) || (cell.doorway & SideBit(DirS)) != 0;
+    Pair pair;
+    pair.left = {std::string(WallGlyph(north, south, Closed(cell, DirW), true)), Ink::Wall};
+    pair.right = {std::string(WallGlyph(north, south, Closed(cell, DirE), false)), Ink::Wall};
+    if (pair.left.text == " ") {
+        pair.left.text = cell.platform ? "▒" : "·";
+    }
+    return pair;
+}
+
+Pair HallPair(const MapCell& cell) {
+    const bool east = (cell.open & SideBit(DirE)) != 0;
+    return {{std::string(kHalls[cell.open & 0xFU]), Ink::Hall}, {east ? "─" : " ", Ink::Hall}};
+}
+
+// The character that a mark may take: beside a wall to the west the one further in.
+Glyph& Free(Pair& pair, const MapCell& cell) {
+    return cell.tile == MapTile::Room && Closed(cell, DirW) ? pair.right : pair.left;
+}
+
+void PutDoor(Pair& pair, const MapCell& cell) {
+    if (cell.doorway == 0) {
+        return;
+    }
+    Glyph& place = (cell.doorway & SideBit(DirE)) != 0 ? pair.right : pair.left;
+    if (cell.teleport) {
+        place = {"»", Ink::Teleport};
+    } else {
+        place = {cell.door ? "+" : "'", Ink::Door};
+    }
+}
+
+void PutContent(Pair& pair, const MapCell& cell) {
+    const MapContent* content = MainContent(cell);
+    if (content == nullptr) {
+        return;
+    }
+    const bool besideDoor = cell.doorway != 0 && (cell.doorway & SideBit(DirE)) == 0;
+    for (const TextMark& mark : kMarks) {
+        if (mark.sort == content->sort) {
+            Glyph& place = besideDoor ? pair.right : Free(pair, cell);
+            place = Glyph{std::string(mark.text), mark.ink};
+        }
+    }
+}
+
+Pair PairOf(const LevelMap& map, const MapCell& cell) {
+    Pair pair;
+    switch (cell.tile) {
+    case MapTile::Empty:
+        break;
+    case MapTile::Room:
+        pair = RoomPair(cell);
+        break;
+    case MapTile::Hall:
+        pair = HallPair(cell);
+        break;
+    case MapTile::Stairs:
+        pair.left = pair.right = {"≡", Ink::Wall};
+        break;
+    }
+    PutDoor(pair, cell);
+    PutContent(pair, cell);
+    if (cell.loose != 0) {
+        pair.right = {"!", Ink::Warning};
+    }
+    if (!map.IsReachable(cell)) {
+        pair.left.ink = pair.right.ink = Ink::Warning;
+    }
+    return pair;
+}
+
+// The number stands in the first cell of the room that is nothing but floor. `pairs` are those of
+// the map's cells.
+void PutNumbers(const LevelMap& map, std::vector<Pair>& pairs) {
+    std::vector<bool> numbered(map.rooms.size() + 1, false);
+    numbered[0] = true;
+    for (std::size_t i = 0; i < map.cells.size(); ++i) {
+        const MapCell& cell = map.cells[i];
+        if (numbered[cell.room] || cell.open != 0xF || cell.doorway != 0 ||
+            !cell.contents.empty() || cell.tile != MapTile::Room) {
+            continue;
+        }
+        numbered[cell.room] = true;
+        const Ink ink = map.IsReachable(cell) ? Ink::Number : Ink::Warning;
+        const std::string number = std::to_string(cell.room);
+        pairs[i].left = {number.substr(0, 1), ink};
+        pairs[i].right = {number.size() > 1 ? number.substr(1) : " ", ink};
+    }
+}
+
+void PrintRow(const std::vector<Glyph>& row, bool colour, std::ostream& out) {
+    std::size_t length = row.size();
+    while (length > 0 && row[length - 1].text == " ") {
+        --length;
+    }
+    Ink ink = Ink::Plain;
+    for (std::size_t i = 0; i < length; ++i) {
+        const Ink next = row[i].ink;
+        if (colour &&
+            kInks[static_cast<std::size_t>(next)] != kInks[static_cast<std::size_t>(ink)]) {
+            out << kNoInk << kInks[static_cast<std::size_t>(next)];
+        }
+        ink = next;
+        out << row[i].text;
+    }
+    out << (colour && !kInks[static_cast<std::size_t>(ink)].empty() ? kNoInk : "") << '\n';
+}
+
+void PrintRemarks(const LevelMap& map, std::ostream& out) {
+    std::size_t loose = 0;
+    for (const MapCell& cell : map.cells) {
+        if (cell.teleport) {
+            out << "» leads to " << (cell.leadsTo.empty() ? "the outside" : cell.leadsTo) << '\n';
+        }
+        for (unsigned side = 0; side < 4; ++side) {
+            loose += cell.loose >> side & 1U;
+        }
+    }
+    for (std::size_t i = 0; i < map.rooms.size(); ++i) {
+        if (!map.rooms[i].reachable) {
+            out << "! room " << std::to_string(i + 1) << " cannot be reached\n";
+        }
+    }
+    if (map.leftOut > 0) {
+        out << "! too far away to be drawn: " << Counted(map.leftOut, "reference") << '\n';
+    }
+    if (loose > 0) {
+        out << "! onto nothing: " << Counted(loose, "opening") << '\n';
+    }
+}
+
+} // namespace
+
+void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
+    out << map.name << " (" << map.tileSet << (map.tileSet.empty() ? "" : ", ")
+        << "north is up, a cell is " << std::to_string(map.tileSize) << " units)\n";
+    std::vector<Pair> pairs;
+    for (const MapCell& cell : map.cells) {
+        pairs.push_back(PairOf(map, cell));
+    }
+    PutNumbers(map, pairs);
+    std::size_t rows = 0; // up to the last with something in it
+    for (const MapCell& cell : map.cells) {
+        if (cell.tile != MapTile::Empty || !cell.contents.empty()) {
+            rows = static_cast<std::size_t>(cell.place.y) + 1;
+        }
+    }
+    std::size_t next = 0;
+    for (std::size_t y = 0; y < rows; ++y) {
+        std::vector<Glyph> row;
+        for (; next < pairs.size() && static_cast<std::size_t>(map.cells[next].place.y) == y;
+             ++next) {
+            row.resize(2 * static_cast<std::size_t>(map.cells[next].place.x));
+            row.push_back(std::move(pairs[next].left));
+            row.push_back(std::move(pairs[next].right));
+        }
+        PrintRow(row, colour, out);
+    }
+    PrintRemarks(map, out);
+}
+
+void PrintMapLegend(std::ostream& out) {
+    out << "━┃ wall  ─│ hall  ' doorway  + door  » door to a level  ≡ stairs  ▒ platform\n"
+           "& creature  $ container  f furniture  ~ rug  t tapestry  * other  ! warning\n";
+}
+
+} // namespace Tarnex::Report

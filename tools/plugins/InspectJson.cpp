@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "tools/plugins/InspectReport.h"
+#include "tools/plugins/PluginIndex.h"
+#include "tools/text/Json.h"
+#include "tools/text/Words.h"
+
+#include <vaultry/foundation/CodePage.h>
+
+#include <charconv>
+
+namespace Tarnex::Report {
+
+namespace {
+
+// The number that is written as the float would be, 1.2 rather than 1.2000000476837158.
+double Widened(float value) {
+    const std::string text = ExactNumber(value);
+    double wide = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), wide);
+    return wide;
+}
+
+double RoundedDegrees(float radians) {
+    const std::string text = Number(Degrees(radians), 4);
+    double degrees = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), degrees);
+    return degrees;
+}
+
+Json PointJson(const Di3Point& point) {
+    return Json::array({Widened(point.x), Widened(point.y), Widened(point.z)});
+}
+
+Json DegreesJson(const Di3Point& point) {
+    return Json::array({RoundedDegrees(point.x), RoundedDegrees(point.y), RoundedDegrees(point.z)});
+}
+
+Json ColorJson(PluginColor color) {
+    return Json::array({color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF});
+}
+
+void SetPlace(Json& json, const PluginPlace& place) {
+    json["position"] = PointJson(place.position);
+    json["rotation"] = PointJson(place.rotation);
+    json["degrees"] = DegreesJson(place.rotation);
+}
+
+Json DestinationJson(const PluginRef& ref, const PluginIndex& index) {
+    if (!ref.destination) {
+        return nullptr;
+    }
+    const std::string& cell = ref.destination->cell;
+    Json json = {{"cell", ToUtf8(cell)}, {"in-plugin", !cell.empty() && index.HasCell(cell)}};
+    SetPlace(json, ref.destination->arrival);
+    return json;
+}
+
+Json RefJson(const PluginRef& ref, const PluginIndex& index) {
+    Json json = {{"number", ref.index}, {"id", ToUtf8(ref.id)}, {"scale", Widened(ref.scale)}};
+    SetPlace(json, ref.place);
+    json["destination"] = DestinationJson(ref, index);
+    json["deleted"] = ref.deleted;
+    return json;
+}
+
+Json BoundsJson(const CellSummary& summary) {
+    if (!summary.bounds) {
+        return nullptr;
+    }
+    return {{"low", PointJson(summary.bounds->low)}, {"high", PointJson(summary.bounds->high)}};
+}
+
+Json CellJson(const PluginCell& cell, const PluginIndex& index) {
+    const CellSummary summary = Summarise(cell, index);
+    Json json = {
+        {"name", ToUtf8(cell.name)},
+        {"offset", cell.offset},
+        {"flags", cell.flags},
+        {"deleted", cell.deleted},
+        {"ambient", ColorJson(cell.ambient)},
+        {"sunlight", ColorJson(cell.sunlight)},
+        {"fog", ColorJson(cell.fog)},
+        {"fog-density", Widened(cell.fogDensity)},
+        {"water-height", Widened(cell.waterHeight)},
+        {"declared-references", cell.refCount ? Json(*cell.refCount) : Json(nullptr)},
+        {"bounds", BoundsJson(summary)},
+        {"doors", summary.doors},
+        {"teleports", summary.teleports},
+        {"containers", summary.containers},
+    };
+    Json& refs = json["references"] = Json::array();
+    for (const PluginRef& ref : cell.refs) {
+        refs.push_back(RefJson(ref, index));
+    }
+    return json;
+}
+
+Json ContainerJson(const PluginContainer& container) {
+    Json json = {
+        {"id", ToUtf8(container.id)},
+        {"offset", container.offset},
+        {"name", ToUtf8(container.name)},
+        {"model", ToUtf8(container.model)},
+        {"capacity", Widened(container.capacity)},
+        {"flags", container.flags},
+        {"deleted", container.deleted},
+    };
+    Json& items = json["items"] = Json::array();
+    for (const PluginItem& item : container.items) {
+        items.push_back({{"id", ToUtf8(item.id)}, {"count", item.count}});
+    }
+    return json;
+}
+
+Json HeaderJson(const PluginHeader& header) {
+    Json json = {
+        {"version", Widened(header.version)},
+        {"type", header.type},
+        {"author", ToUtf8(header.author)},
+        {"description", ToUtf8(header.description)},
+        {"records", header.recordCount},
+    };
+    Json& masters = json["masters"] = Json::array();
+    for (const PluginMaster& master : header.masters) {
+        masters.push_back({{"name", ToUtf8(master.name)}, {"bytes", master.size}});
+    }
+    return json;
+}
+
+Json FindingsJson(const std::vector<PluginFinding>& findings) {
+    Json json = Json::array();
+    for (const PluginFinding& finding : findings) {
+        json.push_back({{"offset", finding.offset}, {"text", finding.text}});
+    }
+    return json;
+}
+
+} // namespace
+
+std::string ToJson(const Inspection& inspection) {
+    const PluginFile& file = inspection.file;
+    const PluginIndex index(file);
+    Json json = JsonHeader();
+    json["path"] = inspection.path;
+    json["bytes"] = file.size;
+    json["complete"] = file.complete;
+    json["header"] = HeaderJson(file.header);
+    json["records"] = file.records;
+    json["exterior-cells"] = file.exteriorCells;
+    json["other-records"] = file.otherRecords;
+    json["skipped-sub-records"] = file.skippedSubRecords;
+    Json& cells = json["cells"] = Json::array();
+    for (const PluginCell& cell : file.cells) {
+        cells.push_back(CellJson(cell, index));
+    }
+    Json& containers = json["containers"] = Json::array();
+    for (const PluginContainer& container : file.containers) {
+        containers.push_back(ContainerJson(container));
+    }
+    json["findings"] = FindingsJson(inspection.findings);
+    json["findings-left-out"] = file.findingsLeftOut;
+    return JsonText(json);
+}
+
+} // namespace Tarnex::Report

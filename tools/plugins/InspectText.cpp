@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "tools/plugins/InspectReport.h"
+#include "tools/plugins/PluginIndex.h"
+#include "tools/text/TextTable.h"
+#include "tools/text/Words.h"
+
+#include <vaultry/foundation/HarmlessText.h>
+#include <vaultry/foundation/Text.h>
+
+#include <array>
+#include <charconv>
+#include <unordered_map>
+
+namespace Tarnex::Report {
+
+namespace {
+
+constexpr std::uint32_t kHasWater = 2;
+constexpr auto kLeft = TextTable::Align::Left;
+constexpr auto kRight = TextTable::Align::Right;
+
+// The cell in which each container stands, by its upper-case id.
+using ContainerPlaces = std::unordered_map<std::string, const PluginCell*>;
+
+void PrintFact(std::ostream& out, std::string_view label, const std::string& text) {
+    constexpr std::size_t kLabelWidth = 13;
+    out << "  " << label << std::string(kLabelWidth - label.size(), ' ') << text << '\n';
+}
+
+std::string RangeWords(const char* axis, float low, float high) {
+    std::string text = axis;
+    text += ' ' + Number(low) + " to " + Number(high);
+    return text;
+}
+
+void PrintSkipped(const PluginFile& file, std::ostream& out) {
+    std::string text;
+    const auto add = [&text](std::uint64_t count, const char* noun, const std::string& tags) {
+        if (count > 0) {
+            text += text.empty() ? "" : ", ";
+            text += Counted(count, noun);
+            text += tags.empty() ? "" : " (" + tags + ')';
+        }
+    };
+    add(file.exteriorCells, "exterior cell", "");
+    add(Total(file.otherRecords), "other record", TagWords(file.otherRecords));
+    add(Total(file.skippedSubRecords), "sub-record", TagWords(file.skippedSubRecords));
+    if (!text.empty()) {
+        PrintFact(out, "Not shown", text);
+    }
+}
+
+void PrintHeader(const Inspection& inspection, std::ostream& out) {
+    const PluginFile& file = inspection.file;
+    const PluginHeader& header = file.header;
+    out << ForTerminal(inspection.path) << ": " << TypeWords(header.type) << ", "
+        << Counted(file.size, "byte") << ", version " << ExactNumber(header.version) << '\n';
+    PrintFact(out, "Author", Shown(header.author));
+    PrintFact(out, "Description", Shown(header.description));
+    for (const PluginMaster& master : header.masters) {
+        PrintFact(out, "Master", Shown(master.name) + ", " + Counted(master.size, "byte"));
+    }
+    PrintFact(out,
+              "Records",
+              std::to_string(file.records) + " (" + Counted(file.cells.size(), "interior") + ", " +
+                  Counted(file.containers.size(), "container") + "); the header says " +
+                  std::to_string(header.recordCount));
+    PrintSkipped(file, out);
+}
+
+std::string DestinationWords(const PluginDestination& destination, const PluginIndex& index) {
+    if (destination.cell.empty()) {
+        return "the outside";
+    }
+    return Quoted(destination.cell) +
+           (index.HasCell(destination.cell) ? "" : ", not in this plug-in");
+}
+
+void PrintTeleports(const PluginCell& cell, const PluginIndex& index, std::ostream& out) {
+    for (const PluginRef& ref : cell.refs) {
+        if (ref.destination) {
+            const PluginPlace& arrival = ref.destination->arrival;
+            PrintFact(out,
+                      "Leads to",
+                      DestinationWords(*ref.destination, index) + ", at " +
+                          PointWords(arrival.position) + " facing " +
+                          Number(Degrees(arrival.rotation.z)) + ", by reference " + RefNumber(ref));
+        }
+    }
+}
+
+void PrintRefs(const PluginCell& cell, const PluginIndex& index, std::ostream& out) {
+    TextTable table({kRight, kLeft, kRight, kRight, kRight, kRight, kRight, kRight, kRight, kLeft});
+    table.Add({"No.", "Object", "x", "y", "z", "about x", "y", "z", "scale", ""});
+    for (const PluginRef& ref : cell.refs) {
+        const auto& [position, rotation] = ref.place;
+        std::string remark = ref.deleted ? "deleted" : "";
+        if (ref.destination) {
+            remark += "to " + DestinationWords(*ref.destination, index);
+        }
+        table.Add({RefNumber(ref),
+                   Shown(ref.id),
+                   Number(position.x),
+                   Number(position.y),
+                   Number(position.z),
+                   Number(Degrees(rotation.x)),
+                   Number(Degrees(rotation.y)),
+                   Number(Degrees(rotation.z)),
+                   Number(ref.scale),
+                   remark});
+    }
+    table.Print(out, 2);
+}
+
+void PrintCell(const PluginCell& cell, const PluginIndex& index, bool refs, std::ostream& out) {
+    const CellSummary summary = Summarise(cell, index);
+    out << "\nCell " << Quoted(cell.name) << ": " << Counted(cell.refs.size(), "reference") << ", "
+        << Counted(summary.doors, "door") << ", " << Counted(summary.teleports, "teleport") << ", "
+        << Counted(summary.containers, "container") << (cell.deleted ? ", deleted" : "") << '\n';
+    if (summary.bounds) {
+        const auto& [low, high] = *summary.bounds;
+        PrintFact(out,
+                  "Bounds",
+                  RangeWords("x", low.x, high.x) + ", " + RangeWords("y", low.y, high.y) + ", " +
+                      RangeWords("z", low.z, high.z));
+    }
+    PrintFact(out,
+              "Light",
+              "ambient " + ColorWords(cell.ambient) + ", sun " + ColorWords(cell.sunlight) +
+                  ", fog " + ColorWords(cell.fog) + " density " + Number(cell.fogDensity));
+    if ((cell.flags & kHasWater) != 0) {
+        PrintFact(out, "Water", "at height " + Number(cell.waterHeight));
+    }
+    PrintTeleports(cell, index, out);
+    if (refs && !cell.refs.empty()) {
+        PrintRefs(cell, index, out);
+    }
+}
+
+ContainerPlaces FindContainers(const PluginFile& file, const PluginIndex& index) {
+    ContainerPlaces places;
+    for (const PluginCell& cell : file.cells) {
+        for (const PluginRef& ref : cell.refs) {
+            if (index.HasContainer(ref.id)) {
+                places.emplace(ToUpper(ref.id), &cell);
+            }
+        }
+    }
+    return places;
+}
+
+void PrintContainer(const PluginContainer& container,
+                    const ContainerPlaces& places,
+                    std::ostream& out) {
+    const auto place = places.find(ToUpper(container.id));
+    out << "\nContainer " << Shown(container.id) << ": " << Quoted(container.name) << ", "
+        << Shown(container.model) << ", capacity " << Number(container.capacity)
+        << (place == places.end() ? "" : ", in " + Quoted(place->second->name))
+        << (container.deleted ? ", deleted" : "") << '\n';
+    TextTable items({kRight, kLeft});
+    for (const PluginItem& item : container.items) {
+        items.Add({std::to_string(item.count), Shown(item.id)});
+    }
+    items.Print(out, 4);
+}
+
+std::string Hexadecimal(std::uint64_t offset) {
+    std::array<char, 16> digits{};
+    const auto [end, fault] =
+        std::to_chars(digits.data(), digits.data() + digits.size(), offset, 16);
+    std::string text(digits.data(), end);
+    return "0x" + ToUpper(text);
+}
+
+void PrintFindings(const Inspection& inspection, std::ostream& out) {
+    if (inspection.findings.empty()) {
+        out << "\nNo inconsistencies.\n";
+        return;
+    }
+    const std::uint64_t leftOut = inspection.file.findingsLeftOut;
+    out << '\n' << Counted(inspection.findings.size() + leftOut, "finding") << ":\n";
+    TextTable table({kRight, kLeft});
+    for (const PluginFinding& finding : inspection.findings) {
+        table.Add({Hexadecimal(finding.offset), finding.text});
+    }
+    table.Print(out, 2);
+    if (leftOut > 0) {
+        out << "  and " << leftOut << " more\n";
+    }
+}
+
+} // namespace
+
+void PrintInspection(const Inspection& inspection, bool refs, std::ostream& out) {
+    const PluginFile& file = inspection.file;
+    const PluginIndex index(file);
+    PrintHeader(inspection, out);
+    for (const PluginCell& cell : file.cells) {
+        PrintCell(cell, index, refs, out);
+    }
+    const ContainerPlaces places = FindContainers(file, index);
+    for (const PluginContainer& container : file.containers) {
+        PrintContainer(container, places, out);
+    }
+    PrintFindings(inspection, out);
+}
+
+} // namespace Tarnex::Report

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "tools/plugins/PluginIndex.h"
+
+#include <vaultry/foundation/Text.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace Tarnex::Report {
+
+namespace {
+
+constexpr std::string_view kContainerStart = "CTR";
+constexpr std::string_view kDoor = "DOOR";
+// What comes before the end of words such as doorway and doorjamb.
+constexpr std::array<std::string_view, 3> kAroundDoors = {"WAY", "JAM", "FRAME"};
+
+bool AreDigits(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+void Extend(std::optional<Bounds>& bounds, const Di3Point& point) {
+    if (!bounds) {
+        bounds = {point, point};
+        return;
+    }
+    bounds->low = {std::min(bounds->low.x, point.x),
+                   std::min(bounds->low.y, point.y),
+                   std::min(bounds->low.z, point.z)};
+    bounds->high = {std::max(bounds->high.x, point.x),
+                    std::max(bounds->high.y, point.y),
+                    std::max(bounds->high.z, point.z)};
+}
+
+} // namespace
+
+PluginIndex::PluginIndex(const PluginFile& file) {
+    for (const PluginCell& cell : file.cells) {
+        cells.insert(ToUpper(cell.name));
+    }
+    for (const PluginContainer& container : file.containers) {
+        containers.insert(ToUpper(container.id));
+    }
+}
+
+bool PluginIndex::HasCell(std::string_view name) const {
+    return cells.contains(ToUpper(name));
+}
+
+bool PluginIndex::HasContainer(std::string_view id) const {
+    return containers.contains(ToUpper(id));
+}
+
+bool IsContainerId(std::string_view id) {
+    if (!EqualsNoCase(id.substr(0, kContainerStart.size()), kContainerStart)) {
+        return false;
+    }
+    const std::string_view numbers = id.substr(kContainerStart.size());
+    const std::size_t middle = std::min(numbers.find('_'), numbers.size());
+    return AreDigits(numbers.substr(0, middle)) && middle < numbers.size() &&
+           AreDigits(numbers.substr(middle + 1));
+}
+
+bool IsDoorId(std::string_view id) {
+    const std::string upper = ToUpper(id);
+    const std::size_t place = upper.find(kDoor);
+    if (place == std::string::npos) {
+        return false;
+    }
+    const std::string_view rest = std::string_view(upper).substr(place + kDoor.size());
+    return std::ranges::none_of(kAroundDoors,
+                                [rest](std::string_view word) { return rest.starts_with(word); });
+}
+
+bool IsFinite(const Di3Point& point) {
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
+CellSummary Summarise(const PluginCell& cell, const PluginIndex& index) {
+    CellSummary summary;
+    for (const PluginRef& ref : cell.refs) {
+        if (ref.deleted) {
+            continue;
+        }
+        if (IsFinite(ref.place.position)) {
+            Extend(summary.bounds, ref.place.position);
+        }
+        summary.doors += ref.destination || IsDoorId(ref.id) ? 1 : 0;
+        summary.teleports += ref.destination ? 1 : 0;
+        summary.containers += index.HasContainer(ref.id) || IsContainerId(ref.id) ? 1 : 0;
+    }
+    return summary;
+}
+
+} // namespace Tarnex::Report
