@@ -30,9 +30,21 @@ bool IsDrawn(const MapCell& cell) {
     return cell.tile != MapTile::Empty || !cell.contents.empty();
 }
 
+bool BeginsLetter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
+}
+
 std::size_t Letters(const std::string& text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; }));
+    return static_cast<std::size_t>(std::ranges::count_if(text, BeginsLetter));
+}
+
+// The start of a text that is longer than that many letters.
+std::string FirstLetters(const std::string& text, std::size_t count) {
+    std::size_t end = 0;
+    while (!BeginsLetter(text[end]) || count-- > 0) {
+        ++end;
+    }
+    return text.substr(0, end);
 }
 
 // The start that the names of all levels of a dungeon share is left out.
@@ -44,11 +56,7 @@ std::string LabelText(const LevelMap& map, const MapCell& cell) {
         level.erase(0, end + kBreak.size());
     }
     if (Letters(level) > kMostLetters) {
-        std::size_t cut = kMostLetters - 1;
-        while (cut > 0 && (static_cast<unsigned char>(level[cut]) & 0xC0U) == 0x80) {
-            --cut;
-        }
-        level = level.substr(0, cut) + "…";
+        level = FirstLetters(level, kMostLetters - 1) + "…";
     }
     return "→ " + level;
 }

@@ -259,6 +259,24 @@ TEST(MapLabelsTest, TheFirstHundredDoorsAreLabelled) {
     EXPECT_EQ(Report::PlaceLabels(map).size(), Report::kMostLabels - 1);
 }
 
+// A letter may take several bytes.
+TEST(MapLabelsTest, NamesOfMoreThanThirtyLettersAreCutBetweenLetters) {
+    const auto letters = [](std::size_t count) {
+        std::string text;
+        for (std::size_t i = 0; i < count; ++i) {
+            text += "\u00E9";
+        }
+        return text;
+    };
+    Report::LevelMap map;
+    map.SetGrid(1, 1, {DiPos(0, 0, 0)});
+    map.cells[0].teleport = true;
+    map.cells[0].leadsTo = letters(30);
+    EXPECT_EQ(Report::PlaceLabels(map)[0].text, "\u2192 " + letters(30));
+    map.cells[0].leadsTo = letters(31);
+    EXPECT_EQ(Report::PlaceLabels(map)[0].text, "\u2192 " + letters(29) + "\u2026");
+}
+
 } // namespace
 
 } // namespace Tarnex::Test
