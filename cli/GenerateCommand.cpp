@@ -6,7 +6,6 @@
 #include "cli/ConfigSource.h"
 #include "cli/ConsoleStatus.h"
 #include "cli/JsonReport.h"
-#include "cli/Leftover.h"
 #include "cli/LevelLines.h"
 #include "cli/LibraryLog.h"
 #include "cli/MapCommand.h"
@@ -77,9 +76,6 @@ public:
         log.StartTries();
         report.result = CreateMod(manager, log, signals);
         report.errors = log.Errors();
-        if (report.result == RunResult::Canceled) {
-            KeepToTheEnd(maps);
-        }
         if (report.result != RunResult::Written) {
             return;
         }
@@ -152,16 +148,13 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     RequireDistinctFiles(
         {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
     LibraryLog log(options.log);
-    const auto manager = std::make_shared<GenMgr>();
-    if (Configure(*manager, report.options, source, *signals, log, console)) {
+    GenMgr manager;
+    if (Configure(manager, report.options, source, *signals, log, console)) {
         WarnOfNames(report, console);
-        run->Generate(*manager, log, *signals);
+        run->Generate(manager, log, *signals);
     } else {
         report.result = RunResult::Canceled;
         report.errors = log.Errors();
-    }
-    if (report.result == RunResult::Canceled) {
-        KeepToTheEnd(manager);
     }
     // The temporary files are gone: nothing is left that could stay half done.
     run.reset();

@@ -6,7 +6,6 @@
 #include "cli/ConsoleStatus.h"
 #include "cli/GenerateWords.h"
 #include "cli/JsonReport.h"
-#include "cli/Leftover.h"
 #include "cli/LevelLines.h"
 #include "cli/LibraryLog.h"
 #include "cli/MapFiles.h"
@@ -95,20 +94,16 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
     MapFiles files(wanted);
     RequireDistinctFiles({source.Path(), options.generate.log, wanted.map, wanted.html});
     LibraryLog log(options.generate.log);
-    const auto manager = std::make_shared<GenMgr>();
+    GenMgr manager;
     const auto maps = std::make_shared<Report::MapCollector>();
-    const bool configured = Configure(*manager, report.options, source, *signals, log, console);
-    report.result = configured ? Generate(*manager, report, log, *maps, *signals, console)
-                               : RunResult::Canceled;
+    const bool configured = Configure(manager, report.options, source, *signals, log, console);
+    report.result =
+        configured ? Generate(manager, report, log, *maps, *signals, console) : RunResult::Canceled;
     report.errors = log.Errors();
     console.Show(report.errors);
     SayWarnings(report, console);
     if (report.result == RunResult::Drawn) {
         DrawFiles(report, files, maps, *signals);
-    }
-    if (report.result == RunResult::Canceled) {
-        KeepToTheEnd(manager);
-        KeepToTheEnd(maps);
     }
     signals.reset(); // nothing is left that could stay half done
     const bool printed =

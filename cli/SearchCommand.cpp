@@ -5,7 +5,6 @@
 #include "cli/ConfigSource.h"
 #include "cli/ConsoleStatus.h"
 #include "cli/GenerateWords.h"
-#include "cli/Leftover.h"
 #include "cli/LibraryLog.h"
 #include "cli/MapCommand.h"
 #include "cli/MapFiles.h"
@@ -101,12 +100,10 @@ ExitStatus Merge(const SearchOptions& options, const Query& query, const Console
     // Watched until the temporary file is gone.
     const CancelSignals signals;
     CsvFile table(options.csv);
-    // Millions take a while to be given up one by one, which nobody who cancels waits for.
-    const auto all = std::make_shared<MergedHits>(ReadTables(options.merge, query.where, signals));
-    KeepToTheEnd(all);
+    MergedHits all = ReadTables(options.merge, query.where, signals);
     Search::Ranking ranking(query.order, options.top);
-    while (!all->empty() && !signals.Requested()) {
-        ranking.Add(std::move(all->extract(all->begin()).value()));
+    while (!all.empty() && !signals.Requested()) {
+        ranking.Add(std::move(all.extract(all.begin()).value()));
     }
     if (signals.Requested()) {
         console.Say("cancelled, nothing was merged");
