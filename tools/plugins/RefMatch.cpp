@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/plugins/RefMatch.h"
 
-#include "tools/plugins/PointTree.h"
-
 #include <algorithm>
 #include <bit>
 #include <limits>
@@ -50,6 +48,13 @@ Words WholeWords(const PluginRef& ref) {
     return words;
 }
 
+double SquaredDistance(const Di3Point& a, const Di3Point& b) {
+    const double x = double{a.x} - b.x;
+    const double y = double{a.y} - b.y;
+    const double z = double{a.z} - b.z;
+    return x * x + y * y + z * z;
+}
+
 // The references of one object that have no partner yet, each by its place in its cell.
 struct Group {
     std::vector<std::size_t> a;
@@ -82,6 +87,8 @@ private:
     }
     void PairEqual(Group& group, Words (*wordsOf)(const PluginRef&));
     void PairNearest(Group& group);
+    std::ptrdiff_t NearestOf(const std::vector<std::size_t>& candidates,
+                             const Di3Point& position) const;
 
     const std::vector<PluginRef>& a;
     const std::vector<PluginRef>& b;
@@ -115,22 +122,38 @@ void Matcher::PairEqual(Group& group, Words (*wordsOf)(const PluginRef&)) {
     DropPaired(group);
 }
 
+// To look at every pair would take a plug-in made for it hours.
 void Matcher::PairNearest(Group& group) {
-    if (group.a.empty() || group.b.empty()) {
-        return;
-    }
-    std::vector<Di3Point> positions;
-    for (const std::size_t place : group.b) {
-        positions.push_back(b[place].place.position);
-    }
-    PointTree left(positions);
+    const auto later =
+        group.b.begin() + static_cast<std::ptrdiff_t>(std::min(group.b.size(), kMostCompared));
+    std::vector<std::size_t> candidates(group.b.begin(), later);
+    std::size_t next = candidates.size();
     for (const std::size_t place : group.a) {
-        const std::size_t nearest = left.TakeNearest(a[place].place.position);
-        if (nearest == PointTree::kNone) {
+        if (candidates.empty()) {
             return;
         }
-        Pair(place, group.b[nearest]);
+        const auto nearest = candidates.begin() + NearestOf(candidates, a[place].place.position);
+        Pair(place, *nearest);
+        candidates.erase(nearest);
+        if (next < group.b.size()) {
+            candidates.push_back(group.b[next++]);
+        }
     }
+}
+
+// Of equally near ones the first; what has no place is never nearer.
+std::ptrdiff_t Matcher::NearestOf(const std::vector<std::size_t>& candidates,
+                                  const Di3Point& position) const {
+    std::size_t nearest = 0;
+    double least = std::numeric_limits<double>::infinity();
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        const double distance = SquaredDistance(b[candidates[i]].place.position, position);
+        if (distance < least) {
+            least = distance;
+            nearest = i;
+        }
+    }
+    return static_cast<std::ptrdiff_t>(nearest);
 }
 
 std::vector<RefPair> Matcher::Pairs() const {

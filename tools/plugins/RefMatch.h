@@ -4,6 +4,7 @@
 
 #include <vaultry/output/PluginFile.h>
 
+#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -18,9 +19,12 @@ struct RefPair {
 /// The text that references of the same object share.
 using RefKey = std::function<std::string(const PluginRef&)>;
 
+/// Among so many references each looks for the nearest.
+inline constexpr std::size_t kMostCompared = 1000;
+
 /// Pairs the references of two cells: among those of one key first the equal ones, then those at
-/// the same position, then each with the nearest that is left. The pairs stand in the order of `a`;
-/// those of `b` that are left follow in their own.
+/// the same position, then each with the nearest of the first kMostCompared that are left. The
+/// pairs stand in the order of `a`; those of `b` that are left follow in their own.
 std::vector<RefPair>
 MatchRefs(const std::vector<PluginRef>& a, const std::vector<PluginRef>& b, const RefKey& keyOf);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/tools/plugins/SamplePlugin.h"
 #include "tools/plugins/DiffReport.h"
+#include "tools/plugins/RefMatch.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -184,6 +185,50 @@ TEST_F(PluginDiffTest, OfSeveralLikeObjectsTheNearestIsTheOneThatMoved) {
                "reference-moved | cell \"Crypt\" | \"rug\" moved from (300, 0, 0) to (310, 0, "
                "0)",
                "reference-added | cell \"Crypt\" | \"rug\" added at (400, 0, 0)"}));
+}
+
+// The partner of the first stands behind so many that are further away.
+TEST_F(PluginDiffTest, ThePartnerIsLookedForAmongAThousand) {
+    const auto differences = [this](std::size_t others) {
+        PluginRef rug = Rug();
+        rug.place.position = Di3Point(0.0F, 0.0F, 0.0F);
+        a.cells[0].refs = {rug};
+        b.cells[0].refs.clear();
+        for (std::size_t i = 0; i <= others; ++i) {
+            rug.place.position.x = static_cast<float>(10 + others - i);
+            b.cells[0].refs.push_back(rug);
+        }
+        return Report::ComparePlugins(a, b).at(0).text;
+    };
+    EXPECT_EQ(differences(Report::kMostCompared - 1), "\"rug\" moved from (0, 0, 0) to (10, 0, 0)");
+    EXPECT_EQ(differences(Report::kMostCompared), "\"rug\" moved from (0, 0, 0) to (11, 0, 0)");
+}
+
+// The one behind the thousand is looked at as soon as one of them has its partner.
+TEST_F(PluginDiffTest, EachPartnerMakesRoomForTheNext) {
+    const auto refs = [this](float first) {
+        std::vector<PluginRef> rugs(Report::kMostCompared + 1, Rug());
+        for (std::size_t i = 0; i < rugs.size(); ++i) {
+            rugs[i].place.position = Di3Point(first + static_cast<float>(i) * 8.0F, 0.0F, 0.0F);
+        }
+        return rugs;
+    };
+    a.cells[0].refs = refs(0.0F);
+    b.cells[0].refs = refs(1.0F);
+    const std::vector<Report::Difference> found = Report::ComparePlugins(a, b);
+    ASSERT_EQ(found.size(), Report::kMostCompared + 1);
+    EXPECT_EQ(found.back().text, "\"rug\" moved from (8000, 0, 0) to (8001, 0, 0)");
+}
+
+TEST_F(PluginDiffTest, WhatHasNoPlaceIsNeverTheNearest) {
+    PluginRef rug = Rug();
+    rug.place.position = Di3Point(0.0F, 0.0F, 0.0F);
+    a.cells[0].refs = {rug};
+    PluginRef lost = rug;
+    lost.place.position.x = std::numeric_limits<float>::quiet_NaN();
+    rug.place.position.x = 5.0F;
+    b.cells[0].refs = {lost, rug};
+    EXPECT_EQ(Report::ComparePlugins(a, b).at(0).text, "\"rug\" moved from (0, 0, 0) to (5, 0, 0)");
 }
 
 TEST_F(PluginDiffTest, AnObjectThatOnlyTurnedIsNotTakenForItsNeighbour) {
