@@ -6,6 +6,12 @@
 
 #include <tests/support/TextGrid.h>
 
+#include <array>
+#include <functional>
+#include <set>
+#include <thread>
+#include <vector>
+
 namespace Tarnex::Test {
 
 namespace {
@@ -125,6 +131,68 @@ TEST_F(GridElmtTest, CopyOwnsItsLists) {
     EXPECT_TRUE(elmt->contents.empty());
     EXPECT_TRUE(elmt->platforms.empty());
 }
+
+#if !defined(__SANITIZE_ADDRESS__) // which wants memory of its own for each element
+using Elements = std::vector<DiPtr<GridElmt>>;
+
+constexpr std::size_t kMoreThanABlock = 1000;
+
+Elements NewElements() {
+    Elements elements;
+    for (std::size_t i = 0; i < kMoreThanABlock; ++i) {
+        elements.push_back(MakeDi<GridElmt>());
+    }
+    return elements;
+}
+
+std::set<const GridElmt*> PlacesOf(const Elements& elements) {
+    std::set<const GridElmt*> places;
+    for (const DiPtr<GridElmt>& elmt : elements) {
+        places.insert(elmt.get());
+    }
+    return places;
+}
+
+TEST_F(GridElmtTest, MemoryServesTheNextElements) {
+    const std::set<const GridElmt*> first = PlacesOf(NewElements());
+    EXPECT_EQ(first.size(), kMoreThanABlock);
+    EXPECT_EQ(PlacesOf(NewElements()), first);
+}
+
+// Two threads, one after the other; the elements of the first are let go of by the second.
+TEST_F(GridElmtTest, SharedMemoryServesOtherThreads) {
+    Elements elements;
+    std::thread([&elements] {
+        elements = NewElements();
+        GridElmt::ShareMemory();
+    }).join();
+    const std::set<const GridElmt*> first = PlacesOf(elements);
+    std::thread([&elements] {
+        elements.clear();
+        GridElmt::ShareMemory();
+        GridElmt::ShareMemory(); // nothing is left to share
+    }).join();
+    std::thread([&elements] { elements = NewElements(); }).join();
+    EXPECT_EQ(PlacesOf(elements), first);
+}
+
+TEST_F(GridElmtTest, ThreadsGetMemoryOfTheirOwn) {
+    std::array<Elements, 2> elements;
+    const auto work = [](Elements& mine) {
+        for (int round = 0; round < 20; ++round) {
+            mine.clear();
+            GridElmt::ShareMemory();
+            mine = NewElements();
+        }
+    };
+    std::thread other(work, std::ref(elements[1]));
+    work(elements[0]);
+    other.join();
+    std::set<const GridElmt*> all = PlacesOf(elements[0]);
+    all.merge(PlacesOf(elements[1]));
+    EXPECT_EQ(all.size(), 2 * kMoreThanABlock);
+}
+#endif
 
 } // namespace
 
