@@ -3,7 +3,7 @@
 
 #include "tools/text/Json.h"
 
-#include <vaultry/gen/ReportJson.h>
+#include <vaultry/run/ReportJson.h>
 
 namespace Tarnex::Cli {
 
@@ -116,7 +116,7 @@ std::string ToJson(const RunReport& report) {
     json["options"] = OptionsJson(report.options);
     json["files"] = FilesJson(report);
     json["cells"] = CellsJson(report);
-    json["levels"] = Json::parse(LevelsToJson(report.levels));
+    json["levels"] = LevelsJson(report.levels);
     if (!report.options.fixed) {
         json["walkable"] = report.levels.IsWalkable();
         json["tries"] = report.tries;

@@ -7,8 +7,8 @@
 #include <vaultry/foundation/Random.h>
 #include <vaultry/foundation/RunState.h>
 #include <vaultry/gen/ContainerIds.h>
-#include <vaultry/gen/ReportJson.h>
 #include <vaultry/run/KeptDefaults.h>
+#include <vaultry/run/ReportJson.h>
 #include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
@@ -270,11 +270,11 @@ int64_t vaultry_last_stamp(const vaultry_generator* generator) {
 const char* vaultry_walkability_json(vaultry_generator* generator) {
     const vaultry_result result = Enter(*generator, [generator](RunState*) {
         const GenReport& report = generator->manager.report;
-        const char* walkable = report.levels.empty() ? "null"
-                               : report.IsWalkable() ? "true"
-                                                     : "false";
-        generator->json =
-            "{\"walkable\":" + std::string(walkable) + ",\"levels\":" + LevelsToJson(report) + "}";
+        nlohmann::ordered_json json = {{"walkable", nullptr}, {"levels", LevelsJson(report)}};
+        if (!report.levels.empty()) {
+            json["walkable"] = report.IsWalkable();
+        }
+        generator->json = json.dump();
         return VAULTRY_OK;
     });
     return result == VAULTRY_OK ? generator->json.c_str() : nullptr;
