@@ -74,15 +74,16 @@ void ConfigSource::Load(GenMgr& manager, const JobStatus& status) const {
 }
 
 void ConfigSource::RequireWhole(const GenMgr& manager) const {
-    const std::optional<ConfigFault>& fault = manager.GetConfigFault();
+    const std::optional<Problem>& fault = manager.GetConfigFault();
     if (!fault) {
         return;
     }
-    const std::string cause = Report::ProbableCause(fault->message);
+    const std::string cause = Report::ProbableCause(fault->names.front());
     std::string text = "the configuration \"" + name + "\" cannot be read ";
-    text += fault->line > 0 ? "beyond line " + std::to_string(fault->line) + ": " : "at all: ";
-    text +=
-        Tarnex::ToUtf8(fault->message) + (cause.empty() ? "" : " (probably " + cause + ")") + "; ";
+    text += fault->place.line > 0 ? "beyond line " + std::to_string(fault->place.line) + ": "
+                                  : "at all: ";
+    text += Tarnex::ToUtf8(fault->names.front()) +
+            (cause.empty() ? "" : " (probably " + cause + ")") + "; ";
     std::error_code unknown;
     // What was read of a pipe is gone.
     if (fs::is_regular_file(PathFromUtf8(name), unknown)) {

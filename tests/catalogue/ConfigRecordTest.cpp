@@ -17,7 +17,7 @@ using ConfigRecordTest = Test::LogTest;
 // Each element and attribute with its place, in document order.
 std::string Places(const ConfigRecord& record) {
     std::ostringstream places;
-    const auto add = [&places](const std::string& name, const ConfigPlace& place) {
+    const auto add = [&places](const std::string& name, const DocumentPlace& place) {
         places << (places.tellp() > 0 ? " " : "") << name << '@' << place.line << ':'
                << place.column;
     };
@@ -119,13 +119,16 @@ TEST_F(ConfigRecordTest, TheFirstRunOfTextIsKept) {
     EXPECT_EQ(record.elements.at(2).text, "ab");
 }
 
-TEST_F(ConfigRecordTest, ALogLineBelongsToItsElement) {
+TEST_F(ConfigRecordTest, AProblemBelongsToItsElement) {
     const ConfigRecord record = RecordConfigText(
         "<OstrelData>\n <TileSet TsType=\"Roon\">\n </TileSet></OstrelData>", "my.xml");
-    ASSERT_EQ(record.errors.size(), 1U);
-    EXPECT_EQ(record.errors.front().element, 1U);
-    EXPECT_EQ(record.errors.front().place.line, 2U);
-    EXPECT_EQ(record.errors.front().place.column, 2U);
+    ASSERT_EQ(record.problems.size(), 1U);
+    const ConfigProblem& found = record.problems.front();
+    EXPECT_EQ(found.element, 1U);
+    EXPECT_EQ(found.problem.kind, ProblemKind::UnknownTileSetType);
+    EXPECT_EQ(found.problem.names, std::vector<std::string>({"Roon", ""}));
+    EXPECT_EQ(found.problem.place.line, 2U);
+    EXPECT_EQ(found.problem.place.column, 2U);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <xercesc/sax/SAXParseException.hpp>
 
+#include <optional>
 #include <tests/catalogue/LoaderTest.h>
 
 namespace Tarnex::Test {
@@ -22,7 +23,7 @@ protected:
                 static_cast<XMLFileLoc>(column)};
     }
 
-    ConfigLoader loader{config};
+    ConfigLoader loader{config, "config.xml"};
 };
 
 } // namespace
@@ -108,6 +109,34 @@ TEST_F(LoadErrorTest, APathThatIsNotUtf8IsFatal) {
     ReadConfigFile("no\xFF\xFEsuch.xml", config);
     EXPECT_EQ(ErrorLines().size(), 1U);
     EXPECT_NE(FatalLine(), "");
+}
+
+TEST_F(LoadErrorTest, ProblemsCarryFileAndPlace) {
+    const ProblemList list;
+    Load("\n<Rugg/>\n<TileSet TsType='Room'><WallN>a</WallN>\n<WallN>b</WallN></TileSet>");
+    ASSERT_EQ(list.Get().size(), 2U);
+    const Problem& unknown = list.Get().front();
+    EXPECT_EQ(unknown.kind, ProblemKind::UnknownElement);
+    EXPECT_EQ(unknown.file, dir.File("config.xml"));
+    EXPECT_EQ(unknown.place.line, 3U);
+    const Problem& twice = list.Get().back();
+    EXPECT_EQ(twice.kind, ProblemKind::TileTwice);
+    EXPECT_EQ(twice.names, Names({"WallN", ""}));
+    EXPECT_EQ(twice.file, dir.File("config.xml"));
+    EXPECT_EQ(twice.place.line, 5U);
+}
+
+TEST_F(LoadErrorTest, TheFaultIsTheProblemThatEndsTheLoad) {
+    const ProblemList list;
+    const std::string path = dir.Write("broken.xml", "<OstrelData>\n<Rug></Tapestry>\n");
+    const std::optional<Problem> fault = ReadConfigFile(path.c_str(), config);
+    ASSERT_TRUE(fault);
+    ASSERT_EQ(list.Get().size(), 1U);
+    EXPECT_EQ(fault->kind, ProblemKind::Broken);
+    EXPECT_EQ(fault->place.line, 2U);
+    EXPECT_EQ(fault->file, path);
+    EXPECT_EQ(TextOf(*fault), TextOf(list.Get().front()));
+    EXPECT_EQ(ErrorLines(), Lines({"Error : " + TextOf(*fault)}));
 }
 
 } // namespace Tarnex::Test

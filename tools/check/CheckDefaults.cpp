@@ -40,7 +40,7 @@ void CheckNeeded(const ConfigTree& tree, const Needed& needed, Findings& finding
     if (tree.All().empty() || HasType(tree, needed, Tile_Room)) {
         return;
     }
-    const ConfigPlace& root = tree.All().front().place;
+    const DocumentPlace& root = tree.All().front().place;
     const std::string what = needed.what;
     if (HasType(tree, needed, Tile_Cave)) {
         findings.Add(Weight::Note, root, "there is no Room " + what, needed.withoutRooms);

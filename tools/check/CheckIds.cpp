@@ -24,7 +24,7 @@ std::string Bytes(const std::string& text) {
 
 struct Id {
     const ConfigElement& element;
-    ConfigPlace place;
+    DocumentPlace place;
     std::string text;
     bool carried = false; // in containers, where the field has that length
 };

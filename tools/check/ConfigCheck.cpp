@@ -35,79 +35,71 @@ const char* WeightName(Weight weight) {
     return kWeightNames.at(static_cast<std::size_t>(weight));
 }
 
-// What the loader's lines mean, by a part of their text that no other has, and the attribute that
-// they are about.
-struct LogRow {
-    std::string_view part;
+// What the loader's problems mean, and the attribute that they are about.
+struct MeaningRow {
+    ProblemKind kind;
     Weight weight;
     const char* meaning;
     std::string_view attribute;
 };
 
-constexpr std::array<LogRow, 9> kLogRows = {{
-    {"Unrecognized tag", Weight::Error, "The element is ignored.", {}},
-    {"Unusual tile set size", Weight::Warning, "The size is used as it is.", Tile_TsSize},
-    {"Unrecognized TileSet Type", Weight::Error, "The tile set is dropped.", Tile_TsType},
-    {"Unrecognized Layout Type", Weight::Error, "The layout is dropped.", Attrib_Type},
-    {"Layout size too large", Weight::Error, "The layout is refused.", {}},
-    {"Layouts too large together", Weight::Error, "The layout is refused.", {}},
-    {"no more are kept", Weight::Error, "What else is wrong is not told.", {}},
-    {"Too many rows/cols", Weight::Error, "The cell is dropped.", {}},
-    {"Duplicate tile",
-     Weight::Warning,
-     "The later one is used, and nothing is derived from it.",
-     {}},
+constexpr const char* kTwice = "The later one is used, and nothing is derived from it.";
+
+// clang-format off
+constexpr std::array<MeaningRow, 10> kMeanings = {{
+    {ProblemKind::UnknownElement,     Weight::Error,   "The element is ignored.",        {}},
+    {ProblemKind::UnusualTileSize,    Weight::Warning, "The size is used as it is.",     Tile_TsSize},
+    {ProblemKind::UnknownTileSetType, Weight::Error,   "The tile set is dropped.",       Tile_TsType},
+    {ProblemKind::UnknownLayoutType,  Weight::Error,   "The layout is dropped.",         Attrib_Type},
+    {ProblemKind::LayoutTooLarge,     Weight::Error,   "The layout is refused.",         {}},
+    {ProblemKind::LayoutsTooLarge,    Weight::Error,   "The layout is refused.",         {}},
+    {ProblemKind::CellOutside,        Weight::Error,   "The cell is dropped.",           {}},
+    {ProblemKind::TileTwice,          Weight::Warning, kTwice,                           {}},
+    {ProblemKind::PieceTwice,         Weight::Warning, kTwice,                           {}},
+    {ProblemKind::TooMany,            Weight::Error,   "What else is wrong is not told.", {}},
 }};
+// clang-format on
 
-// The word in the first pair of apostrophes.
-std::string NamedWord(const std::string& text) {
-    const std::size_t start = text.find('\'');
-    const std::size_t end = text.find('\'', start + 1);
-    return end == std::string::npos ? "" : text.substr(start + 1, end - start - 1);
-}
-
-std::string NearestInLine(const std::string& line, Findings& findings) {
-    if (line.find("Unrecognized tag") != std::string::npos) {
+// The words that may stand where an unknown one does.
+std::vector<std::string> Offered(ProblemKind kind) {
+    if (kind == ProblemKind::UnknownElement) {
         const std::vector<std::string_view> names = ElementNames();
-        return findings.Nearest(NamedWord(line), {names.begin(), names.end()});
+        return {names.begin(), names.end()};
     }
-    if (line.find(" Type '") != std::string::npos) {
-        return findings.Nearest(NamedWord(line), {std::string(Tile_Room), std::string(Tile_Cave)});
+    if (kind == ProblemKind::UnknownTileSetType || kind == ProblemKind::UnknownLayoutType) {
+        return {std::string(Tile_Room), std::string(Tile_Cave)};
     }
     return {};
 }
 
-// An element that is known and yet not recognised stands in the wrong place.
-const char* MeaningOf(const LogRow& row, const std::string& nearest, const std::string& line) {
-    return !nearest.empty() && EqualsNoCase(nearest, NamedWord(line))
-               ? "It is ignored: it stands outside the element that it belongs to."
-               : row.meaning;
+void AddFault(const Problem& problem, Findings& findings) {
+    const std::string cause = ProbableCause(problem.names.front());
+    findings.Add(Weight::Error,
+                 problem.place,
+                 TextOf(problem),
+                 "Everything after this place is missing." +
+                     (cause.empty() ? cause : " Probably " + cause + '.'));
 }
 
-void AddLogLine(const ConfigRecord& record, const ConfigLogLine& line, Findings& findings) {
-    constexpr std::string_view kPrefix = "Error : ";
-    const std::string text =
-        line.text.starts_with(kPrefix) ? line.text.substr(kPrefix.size()) : line.text;
-    const auto* const row = std::ranges::find_if(kLogRows, [&text](const LogRow& candidate) {
-        return text.find(candidate.part) != std::string::npos;
-    });
-    if (row == kLogRows.end()) {
-        const std::string cause = ProbableCause(line.text);
-        findings.Add(Weight::Error,
-                     line.place,
-                     text,
-                     "Everything after this place is missing." +
-                         (cause.empty() ? cause : " Probably " + cause + '.'));
-        return;
+void AddProblem(const ConfigRecord& record, const ConfigProblem& found, Findings& findings) {
+    const Problem& problem = found.problem;
+    const auto* const row = std::ranges::find(kMeanings, problem.kind, &MeaningRow::kind);
+    if (row == kMeanings.end()) {
+        return AddFault(problem, findings);
     }
-    const bool placed = line.element != ConfigElement::kNone && !row->attribute.empty();
-    const std::string nearest = NearestInLine(text, findings);
-    const char* meaning = MeaningOf(*row, nearest, text);
-    findings.Add(row->weight,
-                 placed ? PlaceOf(record.elements[line.element], row->attribute) : line.place,
-                 text,
-                 meaning,
-                 meaning == row->meaning ? nearest : "");
+    const bool placed = found.element != ConfigElement::kNone && !row->attribute.empty();
+    const DocumentPlace place =
+        placed ? PlaceOf(record.elements[found.element], row->attribute) : problem.place;
+    const std::string& name = problem.names.front();
+    const std::string nearest = findings.Nearest(name, Offered(problem.kind));
+    if (!nearest.empty() && EqualsNoCase(nearest, name)) {
+        findings.Add(row->weight,
+                     place,
+                     TextOf(problem),
+                     "It is ignored: it stands outside the element that it belongs to.");
+    } else {
+        findings.Add(row->weight, place, TextOf(problem), row->meaning, nearest);
+    }
 }
 
 std::size_t CountOf(const ConfigCheck& check, Weight weight) {
@@ -120,8 +112,8 @@ std::size_t CountOf(const ConfigCheck& check, Weight weight) {
 ConfigCheck CheckConfig(const std::string& name, const ConfigRecord& record) {
     ConfigCheck check{name, !record.fatal, {}};
     Findings findings(check.findings);
-    for (const ConfigLogLine& line : record.errors) {
-        AddLogLine(record, line, findings);
+    for (const ConfigProblem& problem : record.problems) {
+        AddProblem(record, problem, findings);
     }
     if (check.usable) {
         const ConfigTree tree(record);

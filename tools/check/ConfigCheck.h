@@ -16,7 +16,7 @@ enum class Weight { Error, Warning, Note };
 /// One finding. All text is UTF-8.
 struct ConfigFinding {
     Weight weight = Weight::Error;
-    ConfigPlace place; ///< of the start tag or attribute concerned
+    DocumentPlace place; ///< of the start tag or attribute concerned
     std::string message;
     std::string meaning; ///< for generation
     std::string nearest; ///< the word that was probably meant; empty when none comes near
@@ -29,7 +29,7 @@ struct ConfigCheck {
     std::vector<ConfigFinding> findings; ///< in the order of their places
 };
 
-/// Finds everything that the loader logs and what shows only when levels are generated.
+/// Finds everything that the loader reports and what shows only when levels are generated.
 ConfigCheck CheckConfig(const std::string& name, const ConfigRecord& record);
 
 /// True when something was found that is more than a note.

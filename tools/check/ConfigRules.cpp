@@ -19,7 +19,7 @@ constexpr std::size_t kShortestBeginning = 3;
 } // namespace
 
 void Findings::Add(Weight weight,
-                   const ConfigPlace& place,
+                   const DocumentPlace& place,
                    const std::string& message,
                    std::string meaning,
                    const std::string& nearest) {

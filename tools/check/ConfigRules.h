@@ -15,7 +15,7 @@ public:
     explicit Findings(std::vector<ConfigFinding>& list_) : list(list_) {}
 
     void Add(Weight weight,
-             const ConfigPlace& place,
+             const DocumentPlace& place,
              const std::string& message,
              std::string meaning,
              const std::string& nearest = {});

@@ -71,7 +71,7 @@ double RealOr(const ConfigElement& element, std::string_view name, double otherw
     return attribute == nullptr ? otherwise : ParseReal(attribute->value);
 }
 
-ConfigPlace PlaceOf(const ConfigElement& element, std::string_view name) {
+DocumentPlace PlaceOf(const ConfigElement& element, std::string_view name) {
     const ConfigAttribute* attribute = FindAttribute(element, name);
     return attribute == nullptr ? element.place : attribute->place;
 }

@@ -54,7 +54,7 @@ std::string AttributeText(const ConfigElement& element, std::string_view name);
 int WholeOr(const ConfigElement& element, std::string_view name, int otherwise);
 double RealOr(const ConfigElement& element, std::string_view name, double otherwise);
 /// The place of an attribute, or of its element when it is not given.
-ConfigPlace PlaceOf(const ConfigElement& element, std::string_view name);
+DocumentPlace PlaceOf(const ConfigElement& element, std::string_view name);
 
 bool Is(const ConfigElement& element, std::string_view name);
 bool IsAnyOf(std::string_view word, const std::vector<std::string_view>& words);

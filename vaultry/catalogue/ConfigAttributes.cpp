@@ -4,7 +4,7 @@
 #include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Text.h>
 
 #include <array>
@@ -101,10 +101,7 @@ void SetTileSize(TileSet& tileSet, const std::string& value) {
     constexpr std::int32_t kLargest = 1024;
     const std::int32_t size = ParseInt(value);
     if (size < kSmallest || size > kLargest) {
-        Logger::WriteError("XML Parser",
-                           "Unusual tile set size (%d) for tile set '%s'.",
-                           size,
-                           tileSet.GetName().c_str());
+        ReportProblem({ProblemKind::UnusualTileSize, {std::to_string(size), tileSet.GetName()}});
     }
     tileSet.SetTileSize(size);
 }

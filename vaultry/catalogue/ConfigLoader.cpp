@@ -5,19 +5,17 @@
 #include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
-#include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Text.h>
 
 #include <xercesc/sax/SAXParseException.hpp>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace Tarnex {
 
 namespace {
-
-constexpr const char* kLogSource = "XML Parser";
 
 using Of = LoadBudget::Of;
 
@@ -37,10 +35,22 @@ void FileIn(std::vector<DiPtr<T>>& list, DiPtr<T>& object) {
     }
 }
 
+Problem ProblemOf(ProblemKind kind, const xercesc::SAXParseException& e) {
+    return {kind, {Narrow(e.getMessage())}, {e.getLineNumber(), e.getColumnNumber()}};
+}
+
+void ReportSize(ProblemKind kind, const LayoutHead& head, std::uint64_t most) {
+    ReportProblem({kind,
+                   {std::to_string(head.height),
+                    std::to_string(head.width),
+                    head.name,
+                    std::to_string(most)}});
+}
+
 } // namespace
 
-ConfigLoader::ConfigLoader(ConfigMgr& config_, const JobStatus* status_)
-    : config(config_), budget(status_) {}
+ConfigLoader::ConfigLoader(ConfigMgr& config_, std::string file_, const JobStatus* status_)
+    : config(config_), file(std::move(file_)), budget(status_) {}
 
 // Here, since the linker for Windows, optimising the whole, fails on copies of it in several
 // objects.
@@ -108,7 +118,7 @@ void ConfigLoader::StartTag(const std::string& tag, const Attributes& attrs) {
         return OnStartContent(tag, attrs);
     }
     if (!is(Config_Root)) {
-        Logger::WriteError(kLogSource, "Unrecognized tag in XML:  '%s'", tag.c_str());
+        ReportProblem({ProblemKind::UnknownElement, {tag}});
     }
 }
 
@@ -201,23 +211,12 @@ bool ConfigLoader::IsTooLarge(const LayoutHead& head) {
     const auto height = static_cast<std::uint32_t>(head.height);
     const auto width = static_cast<std::uint32_t>(head.width);
     if (height > kMax || width > kMax) {
-        Logger::WriteError(kLogSource,
-                           "Layout size too large (H=%d, W=%d) for Layout set '%s'.  Max = %d.",
-                           head.height,
-                           head.width,
-                           head.name.c_str(),
-                           LayoutTemplate::kMaxSize);
+        ReportSize(ProblemKind::LayoutTooLarge, head, LayoutTemplate::kMaxSize);
         return true;
     }
     const std::uint64_t cells = std::uint64_t{height} * width;
     if (!budget.Affords(Of::LayoutCells, cells)) {
-        Logger::WriteError(kLogSource,
-                           "Layouts too large together (H=%d, W=%d) for Layout set '%s'.  "
-                           "Max = %d cells in all.",
-                           head.height,
-                           head.width,
-                           head.name.c_str(),
-                           static_cast<int>(LoadBudget::Most(Of::LayoutCells)));
+        ReportSize(ProblemKind::LayoutsTooLarge, head, LoadBudget::Most(Of::LayoutCells));
         return true;
     }
     budget.Count(Of::LayoutCells, cells);
@@ -266,10 +265,7 @@ void ConfigLoader::OnEndTileSet() {
     } else if (EqualsNoCase(type, Tile_Room)) {
         config.roomTileSets.push_back(tileSet);
     } else {
-        Logger::WriteError(kLogSource,
-                           "Unrecognized TileSet Type '%s' in TileSet '%s'.",
-                           type.c_str(),
-                           tileSet->GetName().c_str());
+        ReportProblem({ProblemKind::UnknownTileSetType, {type, tileSet->GetName()}});
     }
 }
 
@@ -315,10 +311,7 @@ void ConfigLoader::FileLayout() {
     } else if (EqualsNoCase(type, Tile_Room)) {
         config.roomLayouts.push_back(curLayout);
     } else {
-        Logger::WriteError(kLogSource,
-                           "Unrecognized Layout Type '%s' in Layout '%s'.",
-                           type.c_str(),
-                           curLayout->GetName().c_str());
+        ReportProblem({ProblemKind::UnknownLayoutType, {type, curLayout->GetName()}});
     }
 }
 
@@ -336,11 +329,9 @@ void ConfigLoader::OnEndCol() {
             curLayout->SetElmt(
                 curCol, static_cast<std::int32_t>(row), static_cast<std::int32_t>(col));
         } else {
-            Logger::WriteError(kLogSource,
-                               "Too many rows/cols in Layout '%s' at Row %d Col %d.",
-                               curLayout->GetName().c_str(),
-                               static_cast<int>(row + 1),
-                               static_cast<int>(col + 1));
+            ReportProblem(
+                {ProblemKind::CellOutside,
+                 {curLayout->GetName(), std::to_string(row + 1), std::to_string(col + 1)}});
         }
     }
     curCol = nullptr;
@@ -417,41 +408,43 @@ void ConfigLoader::internalEntityDecl(const XMLCh* const /*name*/, const XMLCh* 
 }
 
 void ConfigLoader::error(const xercesc::SAXParseException& e) {
-    Logger::WriteError(kLogSource,
-                       "Error parsing XML line %d col %d:  %s",
-                       static_cast<int>(e.getLineNumber()),
-                       static_cast<int>(e.getColumnNumber()),
-                       Narrow(e.getMessage()).c_str());
+    ReportProblem(ProblemOf(ProblemKind::Invalid, e));
 }
 
 void ConfigLoader::fatalError(const xercesc::SAXParseException& e) {
-    FatalErrorAt({e.getLineNumber(), e.getColumnNumber(), Narrow(e.getMessage())});
+    Break(ProblemOf(ProblemKind::Broken, e));
 }
 
 void ConfigLoader::warning(const xercesc::SAXParseException& e) {
-    Logger::WriteInfo(kLogSource,
-                      "XML Warning at line %d col %d:  %s",
-                      static_cast<int>(e.getLineNumber()),
-                      static_cast<int>(e.getColumnNumber()),
-                      Narrow(e.getMessage()).c_str());
+    ReportProblem(ProblemOf(ProblemKind::Odd, e));
 }
 
 void ConfigLoader::FatalError(const std::string& message) {
-    const xercesc::Locator* place = budget.Place();
-    FatalErrorAt(place == nullptr
-                     ? ConfigFault{0, 0, message}
-                     : ConfigFault{place->getLineNumber(), place->getColumnNumber(), message});
+    Break({ProblemKind::Broken, {message}, Reached()});
 }
 
-void ConfigLoader::FatalErrorAt(const ConfigFault& where) {
-    Logger::WriteError(kLogSource,
-                       "Fatal Error parsing XML line %d col %d:  %s",
-                       static_cast<int>(where.line),
-                       static_cast<int>(where.column),
-                       where.message.c_str());
+void ConfigLoader::Break(Problem problem) {
+    problem.file = file;
+    ReportProblem(problem);
     if (!fault) {
-        fault = where;
+        fault = std::move(problem);
     }
+}
+
+DocumentPlace ConfigLoader::Reached() const {
+    const xercesc::Locator* place = budget.Place();
+    return place == nullptr ? DocumentPlace{}
+                            : DocumentPlace{place->getLineNumber(), place->getColumnNumber()};
+}
+
+// What the store's own objects report has no place.
+void ConfigLoader::Hear(const Problem& problem) {
+    Problem placed = problem;
+    placed.file = file;
+    if (problem.place.line == 0) {
+        placed.place = Reached();
+    }
+    PassOn(placed);
 }
 
 } // namespace Tarnex

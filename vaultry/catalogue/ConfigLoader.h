@@ -2,9 +2,9 @@
 // The event handler that turns a configuration file into objects. Not installed.
 #pragma once
 
-#include <vaultry/catalogue/ConfigFault.h>
 #include <vaultry/catalogue/ConfigMgr.h>
 #include <vaultry/catalogue/LoadBudget.h>
+#include <vaultry/foundation/Problem.h>
 
 #include <xercesc/sax2/DefaultHandler.hpp>
 
@@ -22,11 +22,13 @@ struct LayoutHead;
 /// Serves one parse. Each start tag creates or fills one object under construction, each matching
 /// end tag files it in the store. Elements are recognised by name alone, wherever they stand; names
 /// and keywords compare without regard to case. Nothing is fatal to the load but what is fatal to
-/// the parser: every problem is logged under "XML Parser" and the load goes on.
-class ConfigLoader : public xercesc::DefaultHandler {
+/// the parser: every problem is reported and the load goes on. Listeners around the loader hear of
+/// it with its place.
+class ConfigLoader : public xercesc::DefaultHandler, public ProblemListener {
 public:
-    /// The store is filled, not owned; neither is `status`, which may be null.
-    explicit ConfigLoader(ConfigMgr& config, const JobStatus* status = nullptr);
+    /// The store is filled, not owned; neither is `status`, which may be null. `file` (UTF-8) names
+    /// the document in problems.
+    ConfigLoader(ConfigMgr& config, std::string file, const JobStatus* status = nullptr);
     ~ConfigLoader() override;
     ConfigLoader(const ConfigLoader&) = delete;
     ConfigLoader& operator=(const ConfigLoader&) = delete;
@@ -51,14 +53,16 @@ public:
     void warning(const xercesc::SAXParseException& e) override;
     void resetErrors() override {}
 
+    void Hear(const Problem& problem) override;
+
     /// What the document may still cost.
     LoadBudget& Budget() { return budget; }
 
-    /// Logs a fatal error that carries no place of its own at the place the parser has reached.
+    /// Reports a fatal error that carries no place of its own at the place the parser has reached.
     void FatalError(const std::string& message);
 
     /// The first fatal error; nothing when the document was read to its end.
-    const std::optional<ConfigFault>& Fault() const { return fault; }
+    const std::optional<Problem>& Fault() const { return fault; }
 
 private:
     using Attributes = xercesc::Attributes;
@@ -93,11 +97,13 @@ private:
     bool IsTooLarge(const LayoutHead& head);
     void SpendNames(std::u16string_view list);
     void SpendAttributes(const Attributes& attrs);
-    void FatalErrorAt(const ConfigFault& where);
+    void Break(Problem problem);
+    DocumentPlace Reached() const;
 
     ConfigMgr& config;
+    std::string file;
     LoadBudget budget;
-    std::optional<ConfigFault> fault;
+    std::optional<Problem> fault;
     std::uint32_t row = 0; // of the next cell of the current layout
     std::uint32_t col = 0;
     std::stack<DiPtr<LayoutTemplate>> layoutStack; // the open layouts, innermost on top

@@ -239,9 +239,9 @@ void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy) {
     Read(loader, [&] { return XmlFileSource(path, copy, loader.Budget().Status()); });
 }
 
-std::optional<ConfigFault>
+std::optional<Problem>
 ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status) {
-    ConfigLoader loader(config, status);
+    ConfigLoader loader(config, path, status);
     ReadConfigFile(path, loader);
     return loader.Fault();
 }
@@ -250,9 +250,8 @@ void ReadConfigText(std::string_view text, const char* name, ConfigLoader& loade
     Read(loader, [text, name] { return MemorySource(text, name); });
 }
 
-std::optional<ConfigFault>
-ReadConfigText(std::string_view text, const char* name, ConfigMgr& config) {
-    ConfigLoader loader(config);
+std::optional<Problem> ReadConfigText(std::string_view text, const char* name, ConfigMgr& config) {
+    ConfigLoader loader(config, name);
     ReadConfigText(text, name, loader);
     return loader.Fault();
 }

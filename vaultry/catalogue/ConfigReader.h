@@ -2,8 +2,8 @@
 // Reading a configuration into the store.
 #pragma once
 
-#include <vaultry/catalogue/ConfigFault.h>
 #include <vaultry/catalogue/ConfigMgr.h>
+#include <vaultry/foundation/Problem.h>
 
 #include <optional>
 #include <string>
@@ -19,17 +19,16 @@ class JobStatus;
 std::string StartXmlParser();
 
 /// Reads the configuration file at `path` (UTF-8) into `config`. The parser must have been started.
-/// Every problem is logged under "XML Parser"; what was filed before a fatal one stays. No external
+/// Every problem is reported; what was filed before a fatal one stays. No external
 /// entity, DTD or schema is opened; nesting, entity expansion, text and memory are limited. No
 /// exception of the parser leaves the function; std::bad_alloc does when the machine's memory runs
 /// out, and LoadCanceled when `status`, which may be null, says so.
 /// Returns the first fatal problem, or nothing.
-std::optional<ConfigFault>
+std::optional<Problem>
 ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status = nullptr);
 
 /// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.
-std::optional<ConfigFault>
-ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
+std::optional<Problem> ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
 
 /// Likewise with a loader of the caller's, which hears every event of the parser. What is read of
 /// the file is appended to `copy` before the parser sees it; null copies nothing.

@@ -5,9 +5,8 @@
 #include <vaultry/catalogue/ConfigReader.h>
 #include <vaultry/catalogue/TagFinder.h>
 #include <vaultry/catalogue/XmlText.h>
-#include <vaultry/foundation/Logger.h>
 
-#include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax2/Attributes.hpp>
 
 #include <algorithm>
@@ -17,17 +16,19 @@ namespace Tarnex {
 namespace {
 
 // The parser keeps declarations of namespaces to itself.
-bool IsNoDeclaration(const std::pair<std::string, ConfigPlace>& attribute) {
+bool IsNoDeclaration(const std::pair<std::string, DocumentPlace>& attribute) {
     const std::string& name = attribute.first;
     return name != "xmlns" && !name.starts_with("xmlns:");
 }
 
-// Every event goes to the loader first, so that its limits hold and what it logs belongs to the
-// place that the parser has reached.
+// An element is recorded before the loader hears of it, so that what it reports belongs to it.
 class ConfigRecorder : public ConfigLoader {
 public:
-    ConfigRecorder(ConfigMgr& config, ConfigRecord& record_, const std::string& bytes)
-        : ConfigLoader(config), record(record_), finder(bytes) {}
+    ConfigRecorder(ConfigMgr& config,
+                   const char* name,
+                   ConfigRecord& record_,
+                   const std::string& bytes)
+        : ConfigLoader(config, name), record(record_), finder(bytes) {}
 
     void setDocumentLocator(const xercesc::Locator* const locator) override {
         here = locator;
@@ -38,17 +39,16 @@ public:
                       const XMLCh* const localname,
                       const XMLCh* const qname,
                       const xercesc::Attributes& attrs) override {
-        ConfigLoader::startElement(uri, localname, qname, attrs);
+        const std::size_t around = open.empty() ? ConfigElement::kNone : open.back();
         open.push_back(record.elements.size());
-        record.elements.push_back(Recorded(qname, attrs));
-        PlaceErrorsAtElement();
+        record.elements.push_back(Recorded(around, qname, attrs));
+        ConfigLoader::startElement(uri, localname, qname, attrs);
     }
 
     void endElement(const XMLCh* const uri,
                     const XMLCh* const localname,
                     const XMLCh* const qname) override {
         ConfigLoader::endElement(uri, localname, qname);
-        PlaceErrorsAtElement();
         open.pop_back();
     }
 
@@ -65,77 +65,60 @@ public:
         }
     }
 
-    void error(const xercesc::SAXParseException& e) override {
-        ConfigLoader::error(e);
-        PlaceErrors({e.getLineNumber(), e.getColumnNumber()});
-    }
-
-    void fatalError(const xercesc::SAXParseException& e) override {
-        ConfigLoader::fatalError(e);
-        record.fatal = true;
-        PlaceErrors({e.getLineNumber(), e.getColumnNumber()});
-    }
-
-    // What is logged after the last event, such as a file that cannot be opened, ends the reading.
-    void Finish() {
-        record.fatal |= Logger::GetErrors().size() > placed;
-        PlaceErrors({});
+    // The parser's own have a place, and end or stand outside of any element.
+    void Hear(const Problem& problem) override {
+        ConfigProblem& heard = record.problems.emplace_back(ConfigProblem{problem});
+        if (problem.place.line == 0 && !open.empty()) {
+            heard.problem.place = record.elements[open.back()].place;
+            heard.element = open.back();
+        }
     }
 
 private:
-    ConfigPlace Here() const {
-        return here == nullptr ? ConfigPlace{}
-                               : ConfigPlace{here->getLineNumber(), here->getColumnNumber()};
+    DocumentPlace Here() const {
+        return here == nullptr ? DocumentPlace{}
+                               : DocumentPlace{here->getLineNumber(), here->getColumnNumber()};
     }
 
-    ConfigElement Recorded(const XMLCh* qname, const xercesc::Attributes& attrs) {
-        const ConfigPlace end = Here();
+    ConfigElement
+    Recorded(std::size_t around, const XMLCh* qname, const xercesc::Attributes& attrs) {
+        const DocumentPlace end = Here();
         const TagPlaces tag = finder.Find(end).value_or(TagPlaces{end, {}});
         ConfigElement element;
         element.name = Narrow(qname);
-        element.parent = open.size() < 2 ? ConfigElement::kNone : open[open.size() - 2];
+        element.parent = around;
         element.place = tag.start;
         // The parser tells the written ones in their order, then those of the document type.
         auto next = tag.attributes.begin();
         for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
             next = std::find_if(next, tag.attributes.end(), IsNoDeclaration);
             const bool written = next != tag.attributes.end();
-            const ConfigPlace place = written ? (next++)->second : tag.start;
+            const DocumentPlace place = written ? (next++)->second : tag.start;
             element.attributes.push_back(
                 {Narrow(attrs.getQName(i)), Narrow(attrs.getValue(i)), place});
         }
         return element;
     }
 
-    void PlaceErrorsAtElement() { PlaceErrors(record.elements[open.back()].place, open.back()); }
-
-    void PlaceErrors(const ConfigPlace& place, std::size_t element = ConfigElement::kNone) {
-        const std::vector<std::string>& errors = Logger::GetErrors();
-        for (; placed < errors.size(); ++placed) {
-            record.errors.push_back({place, errors[placed], element});
-        }
-    }
-
     ConfigRecord& record;
     TagFinder finder;
     const xercesc::Locator* here = nullptr;
-    std::size_t placed = Logger::GetErrors().size();
     std::vector<std::size_t> open; // the elements around the current place
 };
 
 template <typename ReadInto>
-ConfigRecord Record(const std::string& bytes, ReadInto readInto) {
+ConfigRecord Record(const char* name, const std::string& bytes, ReadInto readInto) {
     ConfigRecord record;
     const std::string fault = StartXmlParser();
     if (!fault.empty()) {
         record.fatal = true;
-        record.errors.push_back({{}, fault});
+        record.problems.push_back({{ProblemKind::ParserUnavailable, {fault}}});
         return record;
     }
     ConfigMgr config;
-    ConfigRecorder recorder(config, record, bytes);
+    ConfigRecorder recorder(config, name, record, bytes);
     readInto(recorder);
-    recorder.Finish();
+    record.fatal = recorder.Fault().has_value();
     return record;
 }
 
@@ -143,14 +126,15 @@ ConfigRecord Record(const std::string& bytes, ReadInto readInto) {
 
 ConfigRecord RecordConfigFile(const char* path) {
     std::string bytes;
-    return Record(bytes,
-                  [path, &bytes](ConfigLoader& loader) { ReadConfigFile(path, loader, &bytes); });
+    return Record(path, bytes, [path, &bytes](ConfigLoader& loader) {
+        ReadConfigFile(path, loader, &bytes);
+    });
 }
 
 ConfigRecord RecordConfigText(std::string_view text, const char* name) {
     const std::string bytes(text);
-    return Record(bytes,
-                  [&bytes, name](ConfigLoader& loader) { ReadConfigText(bytes, name, loader); });
+    return Record(
+        name, bytes, [&bytes, name](ConfigLoader& loader) { ReadConfigText(bytes, name, loader); });
 }
 
 } // namespace Tarnex

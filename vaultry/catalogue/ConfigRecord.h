@@ -3,7 +3,7 @@
 #pragma once
 
 #include <vaultry/catalogue/ConfigMgr.h>
-#include <vaultry/foundation/Export.h>
+#include <vaultry/foundation/Problem.h>
 
 #include <cstdint>
 #include <string>
@@ -12,17 +12,11 @@
 
 namespace Tarnex {
 
-/// A place in the document, both counted from 1; 0 where it is not known.
-struct ConfigPlace {
-    std::uint64_t line = 0;
-    std::uint64_t column = 0;
-};
-
 /// One attribute. All text is Windows-1252.
 struct ConfigAttribute {
     std::string name;
     std::string value;
-    ConfigPlace place; ///< of its name; that of the element when it is given by the document type
+    DocumentPlace place; ///< of its name; that of the element when it is given by the document type
 };
 
 /// One element. All text is Windows-1252.
@@ -34,25 +28,24 @@ struct ConfigElement {
     std::string text;           ///< of the element itself, without that of its children
     std::string firstText;      ///< its first run, of which the id of a tile is made
     std::size_t parent = kNone; ///< index of the element around it
-    ConfigPlace place;          ///< of the "<" of its start tag; behind the entity that it is from
+    DocumentPlace place;        ///< of the "<" of its start tag; behind the entity that it is from
 };
 
-/// A line that loading the document logged as an error.
-struct ConfigLogLine {
-    ConfigPlace place;
-    std::string text;
+/// What loading the document reported.
+struct ConfigProblem {
+    Problem problem; ///< at the start tag of the element, if there is one
     std::size_t element = ConfigElement::kNone; ///< index of the one that it is about
 };
 
 /// What a document holds, in document order.
 struct ConfigRecord {
     std::vector<ConfigElement> elements;
-    std::vector<ConfigLogLine> errors;
+    std::vector<ConfigProblem> problems;
     bool fatal = false; ///< reading ended early
 };
 
 /// Loads the configuration at `path` (UTF-8) into a store of its own and records its elements and
-/// what the loader logs, with the loader's limits.
+/// what the loader reports, with the loader's limits.
 VAULTRY_API ConfigRecord RecordConfigFile(const char* path);
 
 /// Likewise from a document held in memory. `name` (UTF-8) stands for the file.

@@ -2,7 +2,7 @@
 #include <vaultry/catalogue/ContentMgr.h>
 
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Text.h>
 
 #include <string_view>
@@ -42,8 +42,7 @@ void ContentMgr::Add(DiPtr<ContentTemplate>& content) {
         }
     }
     if (!isTreasure) {
-        Logger::WriteError(
-            "Content", "Unrecognized content type '%s'", content->contentKind.c_str());
+        ReportProblem({ProblemKind::UnknownContentKind, {content->contentKind}});
     }
 }
 
@@ -53,7 +52,7 @@ const ContentList& ContentMgr::GetList(const char* kind) const {
             return lists[i];
         }
     }
-    Logger::WriteError("Internal", "Unrecognized content type '%s'.", kind);
+    ReportProblem({ProblemKind::UnknownContentList, {kind}});
     return lists[Furniture];
 }
 

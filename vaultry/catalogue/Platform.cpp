@@ -3,7 +3,7 @@
 
 #include <vaultry/catalogue/Mirroring.h>
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Text.h>
 
 #include <array>
@@ -12,8 +12,6 @@
 namespace Tarnex {
 
 namespace {
-
-constexpr const char* kLogSource = "Platform";
 
 constexpr std::array<std::pair<std::string_view, std::int32_t>, 3> kStairTurns = {{
     {Tile_sStairsUp, 180},
@@ -36,10 +34,7 @@ DiPtr<PlatformTile> Platform::GetCopyOf(std::string_view kindName) const {
 void Platform::Set(const PlatformTile& piece) {
     DiPtr<PlatformTile>& slot = pieces[ToUpper(piece.kindName)];
     if (slot) {
-        Logger::WriteError(kLogSource,
-                           "Duplicate tile '%s' encountered in Platform '%s.'",
-                           piece.kindName.c_str(),
-                           name.c_str());
+        ReportProblem({ProblemKind::PieceTwice, {piece.kindName, name}});
         *slot = piece;
         return;
     }

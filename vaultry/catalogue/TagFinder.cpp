@@ -12,7 +12,7 @@ namespace {
 
 constexpr unsigned kAscii = 0x80;
 
-bool Before(const ConfigPlace& a, const ConfigPlace& b) {
+bool Before(const DocumentPlace& a, const DocumentPlace& b) {
     return std::tie(a.line, a.column) < std::tie(b.line, b.column);
 }
 
@@ -93,15 +93,15 @@ std::string TagFinder::TakeUntil(Cursor& cursor, Stop stop) const {
 }
 
 // The parser has found the tag to be well formed.
-std::vector<std::pair<std::string, ConfigPlace>> TagFinder::Attributes(Cursor cursor) const {
-    std::vector<std::pair<std::string, ConfigPlace>> found;
+std::vector<std::pair<std::string, DocumentPlace>> TagFinder::Attributes(Cursor cursor) const {
+    std::vector<std::pair<std::string, DocumentPlace>> found;
     TakeUntil(cursor, [](unsigned c) { return IsSpace(c) || EndsTag(c); });
     while (true) {
         TakeUntil(cursor, [](unsigned c) { return !IsSpace(c); });
         if (EndsTag(Char(cursor))) {
             return found;
         }
-        const ConfigPlace place = cursor.place;
+        const DocumentPlace place = cursor.place;
         found.emplace_back(TakeUntil(cursor, [](unsigned c) { return IsSpace(c) || c == '='; }),
                            place);
         TakeUntil(cursor, [](unsigned c) { return c == '"' || c == '\''; });
@@ -112,7 +112,7 @@ std::vector<std::pair<std::string, ConfigPlace>> TagFinder::Attributes(Cursor cu
     }
 }
 
-std::optional<TagPlaces> TagFinder::Find(const ConfigPlace& end) {
+std::optional<TagPlaces> TagFinder::Find(const DocumentPlace& end) {
     if (width == 0) {
         DetectEncoding();
     }

@@ -14,8 +14,8 @@ namespace Tarnex {
 
 /// The places of a start tag.
 struct TagPlaces {
-    ConfigPlace start;                                           ///< of its "<"
-    std::vector<std::pair<std::string, ConfigPlace>> attributes; ///< by name, in document order
+    DocumentPlace start;                                           ///< of its "<"
+    std::vector<std::pair<std::string, DocumentPlace>> attributes; ///< by name, in document order
 };
 
 /// The parser tells where a start tag ends; the text before that place tells the rest. Walks
@@ -27,20 +27,20 @@ public:
 
     /// The places of the start tag that ends before `end`. Nothing when none ends there, as for an
     /// element that comes out of an entity, and for a place before that of an earlier call.
-    std::optional<TagPlaces> Find(const ConfigPlace& end);
+    std::optional<TagPlaces> Find(const DocumentPlace& end);
 
 private:
     // A character of the document and its place.
     struct Cursor {
         std::size_t at = 0; // of its first byte
-        ConfigPlace place{1, 1};
+        DocumentPlace place{1, 1};
     };
 
     void DetectEncoding();
     /// The character as a number of its first bytes, which tells all that is ASCII; 0 at the end.
     unsigned Char(const Cursor& cursor) const;
     void Advance(Cursor& cursor) const;
-    std::vector<std::pair<std::string, ConfigPlace>> Attributes(Cursor cursor) const;
+    std::vector<std::pair<std::string, DocumentPlace>> Attributes(Cursor cursor) const;
     template <typename Stop>
     std::string TakeUntil(Cursor& cursor, Stop stop) const;
 

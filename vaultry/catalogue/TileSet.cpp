@@ -3,14 +3,12 @@
 
 #include <vaultry/catalogue/Mirroring.h>
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Text.h>
 
 namespace Tarnex {
 
 namespace {
-
-constexpr const char* kLogSource = "TileSet";
 
 const DiPtr<Tile>& NoTile() {
     static const DiPtr<Tile> none;
@@ -43,10 +41,7 @@ DiPtr<Tile>& TileSet::Slot(const TileKindName& kindName) {
 void TileSet::Set(const Tile& tile) {
     DiPtr<Tile>& slot = Slot(tile.kindName);
     if (slot) {
-        Logger::WriteError(kLogSource,
-                           "Duplicate tile '%s' encountered in TileSet '%s.'",
-                           tile.kindName.c_str(),
-                           name.c_str());
+        ReportProblem({ProblemKind::TileTwice, {tile.kindName.c_str(), name}});
         *slot = tile;
         return;
     }

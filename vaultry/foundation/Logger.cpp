@@ -4,6 +4,7 @@
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/LogState.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/RunState.h>
 
 #include <cstdio>
@@ -13,7 +14,6 @@ namespace Tarnex {
 
 namespace {
 
-constexpr std::size_t kMaxMessage = 4096;
 constexpr const char* kDefaultFile = "Log.txt";
 
 LogState& State() {
@@ -21,7 +21,7 @@ LogState& State() {
 }
 
 std::string FormatMessage(const char* format, va_list args) {
-    std::vector<char> buffer(kMaxMessage + 1);
+    std::vector<char> buffer(Logger::kMaxMessage + 1);
     // The linter does not see that the callers start the list.
     // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
     const int needed = std::vsnprintf(buffer.data(), buffer.size(), format, args);
@@ -94,8 +94,7 @@ void Logger::WriteError(const char* source, const char* format, ...) {
         return;
     }
     if (errors.size() == kMaxErrors) {
-        line = "Error : Logger : There are more than " + std::to_string(kMaxErrors) +
-               " errors; no more are kept.";
+        line = "Error : " + TextOf({ProblemKind::TooMany, {std::to_string(kMaxErrors)}});
     }
     WriteLine(line);
     errors.push_back(std::move(line));

@@ -25,10 +25,10 @@ class JobStatus;
 ///
 /// The log is that of the state in use (RunState.h): one for the process unless a thread uses a
 /// state of its own, and written by one thread at a time. Texts are Windows-1252; each line ends
-/// with LF on every platform and is flushed. A message is cut after 4096 bytes. In the file, though
-/// not in the error list, "?" stands for what no configuration in XML 1.0 can hold, the escape of
-/// terminals for one. When the file cannot be opened or takes no more, lines are dropped silently
-/// and the error list still grows; GetFault tells of it.
+/// with LF on every platform and is flushed. A message is cut after kMaxMessage bytes. In the file,
+/// though not in the error list, "?" stands for what no configuration in XML 1.0 can hold, the
+/// escape of terminals for one. When the file cannot be opened or takes no more, lines are dropped
+/// silently and the error list still grows; GetFault tells of it.
 class VAULTRY_API Logger {
 public:
     /// Opens `fileName` (UTF-8) for writing, truncating it; null or empty means "Log.txt". Only the
@@ -49,6 +49,9 @@ public:
 
     /// Writes "Warning : source : message"; not kept in the error list.
     static void DebugError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
+
+    /// What a message is cut after. [bytes]
+    static constexpr std::size_t kMaxMessage = 4096;
 
     /// No more errors than these are kept and written; one more line says that there are more.
     static constexpr std::size_t kMaxErrors = 100'000;

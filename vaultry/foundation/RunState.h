@@ -21,6 +21,7 @@ struct ChanceState {
 };
 
 struct LogState;
+class ProblemListener;
 
 /// The identifiers of containers; see ContainerIds.h.
 struct ContainerNumbers {
@@ -35,10 +36,11 @@ struct ContainerNumbers {
 /// them. A UseRunState puts another in its place for a thread: threads that each use a state, a
 /// GenMgr and objects of their own do not disturb each other.
 struct VAULTRY_API RunState {
-    ChanceState chance;            ///< drawn from by RandomInt and RandomUnit
-    std::unique_ptr<LogState> log; ///< written by Logger; never null
-    ContainerNumbers containers;   ///< counted by NextContainerId
-    std::optional<DiPos> doorless; ///< where a hall last found no place for a door [cells]
+    ChanceState chance;                  ///< drawn from by RandomInt and RandomUnit
+    std::unique_ptr<LogState> log;       ///< written by Logger; never null
+    ProblemListener* problems = nullptr; ///< the innermost; see Problem.h
+    ContainerNumbers containers;         ///< counted by NextContainerId
+    std::optional<DiPos> doorless;       ///< where a hall last found no place for a door [cells]
 
     /// Unseeded, with a log that the first line opens.
     RunState();

@@ -129,7 +129,7 @@ void GenMgr::Read(ReadConfig readConfig) {
 bool GenMgr::StartReading() {
     const std::string fault = StartXmlParser();
     if (!fault.empty()) {
-        Logger::WriteError(kLogSource, "Error during XML parser initialization: %s", fault.c_str());
+        ReportProblem({ProblemKind::ParserUnavailable, {fault}});
     }
     return fault.empty();
 }

@@ -2,7 +2,7 @@
 // The library's entry.
 #pragma once
 
-#include <vaultry/catalogue/ConfigFault.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/gen/GenInfo.h>
 
 #include <optional>
@@ -57,7 +57,7 @@ public:
     /// Why the configuration was not read to its end; nothing when it was, or when that was
     /// cancelled. What stood before is there all the same: whether to use it is for the front end
     /// to say.
-    const std::optional<ConfigFault>& GetConfigFault() const { return configFault; }
+    const std::optional<Problem>& GetConfigFault() const { return configFault; }
 
     /// Generates a plug-in with cells named after `cellName` and writes it to `outPath`, truncating
     /// a file that is there. `fixedLayout`: one cell from the default template; otherwise random
@@ -134,7 +134,7 @@ private:
     bool RunGenerator(const char* name, bool fixedLayout);
 
     bool generated = false; // mod is whole
-    std::optional<ConfigFault> configFault;
+    std::optional<Problem> configFault;
 };
 
 } // namespace Tarnex

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/check/ConfigCheck.h"
 
+#include "tests/support/Contains.h"
+
 #include <vaultry/foundation/Logger.h>
 
 #include <gtest/gtest.h>
@@ -178,6 +180,26 @@ TEST_F(ConfigCheckTest, AMisspeltTypeOfALayoutIsTold) {
               "    The layout is dropped.\n"
               "    Nearest: Room\n"
               "1 error, 0 warnings, 0 notes.\n");
+}
+
+// What is wrong is told by what it is, whatever words the document names things with.
+TEST_F(ConfigCheckTest, NamesThatReadLikeMessagesChangeNoFinding) {
+    for (const std::string name :
+         {"Plain2", "Unusual tile set size", "Unrecognized tag", "a'b' Type '"}) {
+        EXPECT_EQ(Check(std::string(kWholeSet) + "<Layout LayoutName=\"" + name +
+                        "\"\n Type=\"Romo\"><Row><Col>Center</Col></Row></Layout>\n"),
+                  "my.xml:4:2: error: XML Parser : Unrecognized Layout Type 'Romo' in Layout '" +
+                      name +
+                      "'.\n"
+                      "    The layout is dropped.\n"
+                      "    Nearest: Room\n"
+                      "1 error, 0 warnings, 0 notes.\n");
+    }
+}
+
+TEST_F(ConfigCheckTest, AnApostropheBelongsToTheWord) {
+    EXPECT_TRUE(Tarnex::Test::Contains(Check("<TileSet TsName=\"S\" TsType=\"Roo'm\"></TileSet>\n"),
+                                       "    The tile set is dropped.\n    Nearest: Room\n"));
 }
 
 TEST_F(ConfigCheckTest, AMisspeltTypeOfAnItemIsTold) {
