@@ -106,12 +106,6 @@ TEST(DiDirectionTest, AssignmentCarriesTheStepAlone) {
     ExpectDistances(target, 2, 1);
 }
 
-TEST(DiDirectionTest, ABareStepHasNoDistances) {
-    const DiDirection step = DiDirection::Step(-1, 0);
-    ExpectStep(step, -1, 0);
-    ExpectDistances(step, 0, 0);
-}
-
 // At most one component of a step is not 0, whatever the target.
 TEST(DiDirectionTest, NeverStepsDiagonally) {
     for (std::int32_t x = -3; x <= 3; ++x) {

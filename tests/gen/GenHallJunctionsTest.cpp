@@ -40,9 +40,9 @@ protected:
     }
     static DiPos Beside(const SideOf& side) { return kHere + At(side.dx, side.dy); }
 
-    bool MoveOnto(TileDirT dir) { return halls->CvtElmt(*Elmt(kHere), dir, kHere); }
-    bool MayBeJunction() { return halls->Try4Way(*Elmt(kHere), kHere, true); }
-    bool MakeJunction() { return halls->Try4Way(*Elmt(kHere), kHere, false); }
+    bool MoveOnto(TileDirT dir) { return Halls().CvtElmt(*Elmt(kHere), dir, kHere); }
+    bool MayBeJunction() { return Halls().Try4Way(*Elmt(kHere), kHere, true); }
+    bool MakeJunction() { return Halls().Try4Way(*Elmt(kHere), kHere, false); }
 
     // The cell after a hall piece of that direction has moved onto it, or "no".
     std::string After(std::string_view cell, TileDirT dir) {
@@ -124,8 +124,8 @@ TEST_F(GenHallJunctionsTest, HallCrossedBecomesAJunction) {
 
 TEST_F(GenHallJunctionsTest, JunctionIsPassedAnyWay) {
     Level(". c . \n c + c \n . c .");
-    EXPECT_TRUE(halls->CvtElmt(*Elmt(At(1, 1)), DirNS, At(1, 1)));
-    EXPECT_TRUE(halls->CvtElmt(*Elmt(At(1, 1)), DirEW, At(1, 1)));
+    EXPECT_TRUE(Halls().CvtElmt(*Elmt(At(1, 1)), DirNS, At(1, 1)));
+    EXPECT_TRUE(Halls().CvtElmt(*Elmt(At(1, 1)), DirEW, At(1, 1)));
     EXPECT_EQ(Grid(), Map(". c . \n c + c \n . c ."));
 }
 
@@ -171,7 +171,7 @@ TEST_F(GenHallJunctionsTest, DoorwayGetsADoorAboveAFifth) {
         const DrawLog log;
         SeedFor({Above(0.2)});
         Alone(side.wall);
-        halls->CvtToDoorway(kHere);
+        Halls().CvtToDoorway(kHere);
         EXPECT_EQ(Cell(kHere), side.door);
         EXPECT_EQ(log.Bounds(), std::vector<std::int32_t>({kUnit}));
     }
@@ -182,7 +182,7 @@ TEST_F(GenHallJunctionsTest, DoorwayStaysAnArchUpToAFifth) {
         const DrawLog log;
         SeedFor({UpTo(0.2)});
         Alone(side.wall);
-        halls->CvtToDoorway(kHere);
+        Halls().CvtToDoorway(kHere);
         EXPECT_EQ(Cell(kHere), side.arch);
         EXPECT_EQ(log.Bounds(), std::vector<std::int32_t>({kUnit}));
     }
@@ -191,11 +191,11 @@ TEST_F(GenHallJunctionsTest, DoorwayStaysAnArchUpToAFifth) {
 TEST_F(GenHallJunctionsTest, FifthIsBetweenTwoNeighbouringDraws) {
     Alone("wN");
     SeedFor({Exactly(6553)});
-    halls->CvtToDoorway(kHere);
+    Halls().CvtToDoorway(kHere);
     EXPECT_EQ(Cell(kHere), "dN");
     Alone("wN");
     SeedFor({Exactly(6554)});
-    halls->CvtToDoorway(kHere);
+    Halls().CvtToDoorway(kHere);
     EXPECT_EQ(Cell(kHere), "DN");
 }
 
@@ -206,7 +206,7 @@ TEST_F(GenHallJunctionsTest, SecondOfTwoDoorwaysBackToBackGetsNoDoor) {
             SeedFor({Above(0.2)});
             Alone(side.wall);
             Put(Beside(side), outside);
-            halls->CvtToDoorway(kHere);
+            Halls().CvtToDoorway(kHere);
             EXPECT_EQ(Cell(kHere), side.arch);
             EXPECT_EQ(log.Bounds().size(), 1U);
         }
@@ -218,8 +218,8 @@ TEST_F(GenHallJunctionsTest, FirstOfTwoDoorwaysBackToBackGetsTheDoor) {
         SeedFor({Above(0.2), Above(0.2)});
         Alone(side.wall);
         Put(Beside(side), side.facingWall);
-        halls->CvtToDoorway(kHere);
-        halls->CvtToDoorway(Beside(side));
+        Halls().CvtToDoorway(kHere);
+        Halls().CvtToDoorway(Beside(side));
         EXPECT_EQ(Cell(kHere), side.door);
         EXPECT_EQ(Cell(Beside(side)), side.facingArch);
     }
@@ -235,25 +235,25 @@ TEST_F(GenHallJunctionsTest, OnlyTheCellOutsideKeepsADoorAway) {
         . . .  dN . . .
         . . .  .  . . .
         . . .  .  . . .)");
-    halls->CvtToDoorway(kHere);
+    Halls().CvtToDoorway(kHere);
     EXPECT_EQ(Cell(kHere), "DN");
 }
 
 TEST_F(GenHallJunctionsTest, DoorAtTheBorderNeedsNothingOutside) {
     SeedFor({Above(0.2)});
     Level("wN");
-    halls->CvtToDoorway(At(0, 0));
+    Halls().CvtToDoorway(At(0, 0));
     EXPECT_EQ(Cell(At(0, 0)), "DN");
 }
 
 TEST_F(GenHallJunctionsTest, FirstTileGivesTheFacingOfADoorway) {
     SeedFor({UpTo(0.2)});
     Alone("wE&wN");
-    halls->CvtToDoorway(kHere);
+    Halls().CvtToDoorway(kHere);
     EXPECT_EQ(Cell(kHere), "dE");
     SeedFor({Above(0.2)});
     Alone("c&wN");
-    halls->CvtToDoorway(kHere);
+    Halls().CvtToDoorway(kHere);
     EXPECT_EQ(Cell(kHere), "DW");
 }
 
@@ -261,10 +261,10 @@ TEST_F(GenHallJunctionsTest, OnlyWallsBecomeDoorways) {
     const DrawLog log;
     for (const char* cell : {"c", "dN", "NW", "|", "^", "o", "."}) {
         Alone(cell);
-        halls->CvtToDoorway(kHere);
+        Halls().CvtToDoorway(kHere);
         EXPECT_EQ(Cell(kHere), cell);
     }
-    halls->CvtToDoorway(At(-1, 9));
+    Halls().CvtToDoorway(At(-1, 9));
     EXPECT_TRUE(log.Bounds().empty());
 }
 
@@ -272,12 +272,12 @@ TEST_F(GenHallJunctionsTest, DoorwayTakesWhatTheTileSetHas) {
     SeedFor({Above(0.2)});
     UseTiles({"DoorwayN", "DoorN"});
     Alone("wS");
-    halls->CvtToDoorway(kHere);
+    Halls().CvtToDoorway(kHere);
     EXPECT_EQ(Cell(kHere), "dS&lS");
     UseTiles({"WallN"});
     SeedFor({Above(0.2)});
     Alone("wS");
-    halls->CvtToDoorway(kHere);
+    Halls().CvtToDoorway(kHere);
     EXPECT_EQ(Cell(kHere), "o");
 }
 
@@ -290,7 +290,7 @@ TEST_F(GenHallJunctionsTest, NoJunctionOnTheBorder) {
                 Level(5, 4);
                 Put(At(x, y), cell);
                 const bool inside = x >= 1 && x <= 3 && y >= 1 && y <= 2;
-                EXPECT_EQ(halls->Try4Way(*Elmt(At(x, y)), At(x, y), true), inside);
+                EXPECT_EQ(Halls().Try4Way(*Elmt(At(x, y)), At(x, y), true), inside);
             }
         }
     }
@@ -298,10 +298,10 @@ TEST_F(GenHallJunctionsTest, NoJunctionOnTheBorder) {
 
 TEST_F(GenHallJunctionsTest, JunctionThatIsThereFitsWhateverIsAround) {
     Level(". c . \n c +  c \n . NW .");
-    EXPECT_TRUE(halls->Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
+    EXPECT_TRUE(Halls().Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
     EXPECT_EQ(Grid(), Map(". c . \n c + c \n . NW ."));
     Put(At(1, 1), "|&+");
-    EXPECT_TRUE(halls->Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
+    EXPECT_TRUE(Halls().Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
     EXPECT_EQ(Cell(At(1, 1)), "|&+");
 }
 
@@ -368,7 +368,7 @@ TEST_F(GenHallJunctionsTest, RefusedJunctionChangesNothing) {
 
 TEST_F(GenHallJunctionsTest, HallRunningPastIsRefusedOnTheBorderOnly) {
     Level(". - . \n . | . \n . . .");
-    EXPECT_FALSE(halls->Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
+    EXPECT_FALSE(Halls().Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
     EXPECT_EQ(Grid(), Map(". - . \n . | . \n . . ."));
 
     Level(R"(
@@ -384,7 +384,7 @@ TEST_F(GenHallJunctionsTest, HallRunningPastIsRefusedOnTheBorderOnly) {
 
 TEST_F(GenHallJunctionsTest, HallLeadingToTheBorderIsAccepted) {
     Level(". | . \n - | - \n . | .");
-    EXPECT_TRUE(halls->Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
+    EXPECT_TRUE(Halls().Try4Way(*Elmt(At(1, 1)), At(1, 1), false));
     EXPECT_EQ(Grid(), Map(". | . \n - + - \n . | ."));
 }
 
@@ -411,7 +411,7 @@ TEST_F(GenHallJunctionsTest, WithoutAJunctionTileNoTrialLeadsToTheNext) {
     for (int y = 1; y <= kHalls; ++y) {
         Put(At(1, y), "-");
     }
-    EXPECT_FALSE(halls->Try4Way(*Elmt(At(1, kHalls)), At(1, kHalls), false));
+    EXPECT_FALSE(Halls().Try4Way(*Elmt(At(1, kHalls)), At(1, kHalls), false));
     EXPECT_EQ(Cell(At(1, kHalls - 1)), "-");
 }
 
@@ -419,45 +419,45 @@ TEST_F(GenHallJunctionsTest, WithoutAJunctionTileNoTrialLeadsToTheNext) {
 
 TEST_F(GenHallJunctionsTest, NoJunctionWithoutAnElement) {
     Level(3, 3);
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". . . \n . . . \n . . ."));
 }
 
 TEST_F(GenHallJunctionsTest, EmptyNeighboursBecomeHallEnds) {
     Level(". . . \n . ^&uN . \n . . .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". ^ . \n < + > \n . v ."));
 }
 
 TEST_F(GenHallJunctionsTest, PlacesOutsideTheLevelAreLeftAlone) {
     Level("| . \n . .");
-    halls->Place4Way(At(0, 0));
+    Halls().Place4Way(At(0, 0));
     EXPECT_EQ(Grid(), Map("+ > \n v ."));
     Level(". . \n . |");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". ^ \n < +"));
 }
 
 TEST_F(GenHallJunctionsTest, DoorwaysHallsThatLeadThereAndFloorsStay) {
     Level(". | . \n DE | - \n . dW .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". | . \n DE + - \n . dW ."));
     Level(". ,- . \n c | NW \n . + .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". ,- . \n c + NW \n . + ."));
 }
 
 TEST_F(GenHallJunctionsTest, WallsAreCutNorthSouthEastWest) {
     SeedFor({Above(0.2), UpTo(0.2), Above(0.2), UpTo(0.2)});
     Level(". wS . \n wE | wW \n . wN .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". DS . \n dE + DW \n . dN ."));
 }
 
 TEST_F(GenHallJunctionsTest, WallOfAnyFacingIsCut) {
     SeedFor({UpTo(0.2)});
     Level(". wW . \n . | . \n . . .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". dW . \n < + > \n . v ."));
 }
 
@@ -478,7 +478,7 @@ TEST_F(GenHallJunctionsTest, HallEndIsOpenedTowardsTheJunction) {
         for (std::size_t end = 0; end < ends.size(); ++end) {
             Alone("|");
             Put(Beside(side), ends[end]);
-            halls->Place4Way(kHere);
+            Halls().Place4Way(kHere);
             EXPECT_EQ(Cell(Beside(side)), row.ends[end])
                 << ends[end] << " at " << Show(Beside(side));
         }
@@ -487,7 +487,7 @@ TEST_F(GenHallJunctionsTest, HallEndIsOpenedTowardsTheJunction) {
 
 TEST_F(GenHallJunctionsTest, HallEndOpenTowardsTheJunctionStaysAsItIs) {
     Level(". ^&uN . \n <&uN | >&uN \n . v&uN .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". ^&uN . \n <&uN + >&uN \n . v&uN ."));
 }
 
@@ -539,7 +539,7 @@ TEST_F(GenHallJunctionsTest, JunctionsSpreadThroughAWholeLevel) {
     }
     const Asked asked;
     info.meter.Start(&asked);
-    halls->Place4Way(At(kEdge / 2, kEdge / 2));
+    Halls().Place4Way(At(kEdge / 2, kEdge / 2));
     EXPECT_GT(asked.times, 0);
     int junctions = 0;
     for (int y = 0; y < kEdge; ++y) {
@@ -574,14 +574,14 @@ TEST_F(GenHallJunctionsTest, SpreadingComesBeforeTheNextNeighbour) {
 TEST_F(GenHallJunctionsTest, ShadowNeighboursAreFittedLikeOthers) {
     SeedFor({UpTo(0.2)});
     Level(". wS~ . \n v~ | c~ \n . |~ .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". dS~ . \n `-~ + c~ \n . |~ ."));
 }
 
 TEST_F(GenHallJunctionsTest, MissingTilesLeaveElementsWithoutTiles) {
     UseTiles({"WallN"});
     Level(". . . \n v | - \n . . .");
-    halls->Place4Way(At(1, 1));
+    Halls().Place4Way(At(1, 1));
     EXPECT_EQ(Grid(), Map(". o . \n o o - \n . o ."));
 }
 

@@ -17,31 +17,33 @@ using Bounds = std::vector<std::int32_t>;
 
 class GenHallwayTest : public HallTest {
 protected:
+    // Starts anew with a level and a cursor that has not come anywhere.
+    template <typename... Parts>
+    void Level(Parts... parts) {
+        HallTest::Level(parts...);
+        cursor = {};
+    }
+    bool Connect(const DiPtr<Layout>& from, const DiPtr<Layout>& to) {
+        return Halls().ConnectRooms(*from, *to);
+    }
+    void Step() { Halls().NextStep(cursor); }
+    void Leave() { Halls().LeaveRoom(cursor); }
+
     // Where a walk stands in a hall, with the tile there.
     void StandAt(const DiPos& pos, const DiPos& dest) {
-        halls->curXY = pos;
-        halls->destXY = dest;
-        const DiPtr<GridElmt>& elmt = Elmt(pos);
-        halls->curTile = elmt && !elmt->tiles.empty() ? elmt->tiles.front() : nullptr;
+        cursor.place = pos;
+        cursor.dest = dest;
+        cursor.tile = Elmt(pos) ? Elmt(pos)->FirstTile() : nullptr;
     }
     // Where a walk stands inside a room.
     void StandInside(const DiPtr<Layout>& room, const DiPos& pos, const DiPos& dest) {
-        halls->insideRoom = room;
-        halls->curXY = pos;
-        halls->destXY = dest;
+        cursor.inside = room.get();
+        cursor.place = pos;
+        cursor.dest = dest;
     }
-    void CameFrom(int stepX, int stepY) {
-        halls->history.push_back(DiDirection::Step(stepX, stepY));
-    }
-    std::string LastStep() const {
-        if (halls->history.empty()) {
-            return "none";
-        }
-        const DiDirection step = halls->history.back();
-        return Show(At(step.stepX, step.stepY));
-    }
+    std::string LastStep() const { return Show(cursor.lastStep); }
     std::string CurTile() const {
-        return halls->curTile ? halls->curTile->kindName.Text() : "none";
+        return cursor.tile != nullptr ? cursor.tile->kindName.Text() : "none";
     }
     // The number of log lines with that text after the source.
     std::ptrdiff_t Warnings(const std::string& text) const {
@@ -56,6 +58,7 @@ protected:
         east = Room(0, 1, wall, 1);
     }
 
+    HallCursor cursor;
     DiPtr<Layout> west;
     DiPtr<Layout> east;
 };
@@ -70,7 +73,7 @@ TEST_F(GenHallwayTest, StraightHallJoinsTwoRooms) {
     Row(7);
     SeedFor({Any(), Above(0.2), UpTo(0.2)});
     const DrawLog log;
-    EXPECT_TRUE(halls->ConnectRooms(west, east));
+    EXPECT_TRUE(Connect(west, east));
     EXPECT_EQ(Grid(), Map(R"(
         . .  .  .  . . . .  .  .  .
         . NW wN NE . . . NW wN NE .
@@ -86,7 +89,7 @@ TEST_F(GenHallwayTest, StraightHallRunsSouthAndNorth) {
         const DiPtr<Layout> north = Room(0, 0, 1, 1);
         const DiPtr<Layout> south = Room(1, 0, 1, 6);
         SeedFor({Any(), UpTo(0.2), Above(0.2)});
-        EXPECT_TRUE(halls->ConnectRooms(southward ? north : south, southward ? south : north));
+        EXPECT_TRUE(Connect(southward ? north : south, southward ? south : north));
         EXPECT_EQ(Cell(At(2, 3)), southward ? "dS" : "DS");
         EXPECT_EQ(Cell(At(2, 4)), "|");
         EXPECT_EQ(Cell(At(2, 5)), "|");
@@ -100,7 +103,7 @@ TEST_F(GenHallwayTest, HallTurnsWhereTheOtherDistanceIsAtLeastAsLong) {
     const DiPtr<Layout> to = Room(1, 1, 7, 7);
     SeedFor({Pick(0, 2), Above(0.2), Above(0.2)});
     const DrawLog log;
-    EXPECT_TRUE(halls->ConnectRooms(from, to));
+    EXPECT_TRUE(Connect(from, to));
     // The corner next to the second room's own corner led nowhere and was undone.
     EXPECT_EQ(Grid(), Map(R"(
         . .  .  .  .  .  .  .  .  .  .
@@ -124,7 +127,7 @@ TEST_F(GenHallwayTest, HallPassesThroughARoomOnItsWay) {
     const DiPtr<Layout> to = Room(0, 2, 11, 1);
     SeedFor({Any(), UpTo(0.2), Above(0.2), Any(), UpTo(0.2), Above(0.2)});
     const DrawLog log;
-    EXPECT_TRUE(halls->ConnectRooms(from, to));
+    EXPECT_TRUE(Connect(from, to));
     EXPECT_EQ(Grid(), Map(R"(
         . .  .  .  . . .  .  .  . . .  .  .  .
         . NW wN NE . . NW wN NE . . NW wN NE .
@@ -143,7 +146,7 @@ TEST_F(GenHallwayTest, HallGoesRoundAShadow) {
     level->AddChild(pillar);
     level->AddShadows(-1.0F, 1.0F);
     SeedFor({Any(), Above(0.2), Above(0.2)});
-    EXPECT_TRUE(halls->ConnectRooms(from, to));
+    EXPECT_TRUE(Connect(from, to));
     EXPECT_EQ(Grid(), Map(R"(
         . .  .  .  . .  .  . .  .  .  .  .
         . .  .  .  . .  .  . .  .  .  .  .
@@ -163,7 +166,7 @@ TEST_F(GenHallwayTest, RoomsSideBySideAreJoinedFromTheEasternOne) {
     wishes.push_back(Above(0.2));
     SeedFor(wishes);
     const DrawLog log;
-    EXPECT_TRUE(halls->ConnectRooms(west, east));
+    EXPECT_TRUE(Connect(west, east));
     EXPECT_EQ(Grid(), Map(R"(
         . .  .  .  .  .  .  .
         . NW wN NE NW wN NE .
@@ -181,7 +184,7 @@ TEST_F(GenHallwayTest, DetourLeadsThroughANeighbourAndThenOnToTheDestination) {
     Room(0, 1, 1, 7, "NW wN NE \n c c wE \n c c c");
     SeedFor({UpTo(0.7), Any(), Any(), Above(0.2), Above(0.2), Pick(1, 2), UpTo(0.2), Above(0.2)});
     const DrawLog log;
-    EXPECT_TRUE(halls->ConnectRooms(from, to));
+    EXPECT_TRUE(Connect(from, to));
     EXPECT_EQ(Grid(), Map(R"(
         . .  .  .  .  .  .  .  .  .  .
         . c  c  c  .  .  .  NW wN NE .
@@ -201,7 +204,7 @@ TEST_F(GenHallwayTest, DetourLeadsThroughANeighbourAndThenOnToTheDestination) {
 
 TEST_F(GenHallwayTest, ThreeHundredStepsAreEnough) {
     Row(302);
-    EXPECT_TRUE(halls->ConnectRooms(west, east));
+    EXPECT_TRUE(Connect(west, east));
     EXPECT_EQ(Cell(At(4, 2)), "-");
     EXPECT_EQ(Cell(At(301, 2)), "-");
 }
@@ -209,9 +212,8 @@ TEST_F(GenHallwayTest, ThreeHundredStepsAreEnough) {
 TEST_F(GenHallwayTest, HallThatFinishesInTheStepTooManyIsTakenBackAndCounts) {
     Row(303);
     const std::string before = Grid();
-    EXPECT_TRUE(halls->ConnectRooms(west, east));
+    EXPECT_TRUE(Connect(west, east));
     EXPECT_EQ(Grid(), before);
-    EXPECT_EQ(halls->sourceRoom, east);
     EXPECT_TRUE(LogLines().empty());
 }
 
@@ -219,7 +221,7 @@ TEST_F(GenHallwayTest, HallTooLongIsGivenUpAfterFiveRuns) {
     Row(304);
     const std::string before = Grid();
     const DrawLog log;
-    EXPECT_FALSE(halls->ConnectRooms(west, east));
+    EXPECT_FALSE(Connect(west, east));
     EXPECT_EQ(Grid(), before);
     EXPECT_EQ(LogLines(),
               std::vector<std::string>(
@@ -235,13 +237,13 @@ TEST_F(GenHallwayTest, FailedHallLeavesEarlierHallsAlone) {
     const DiPtr<Layout> first = Room(0, 0, 1, 1);
     const DiPtr<Layout> second = Room(0, 1, 10, 1);
     const DiPtr<Layout> far = Room(0, 2, 320, 1);
-    ASSERT_TRUE(halls->ConnectRooms(first, second));
+    ASSERT_TRUE(Connect(first, second));
     const std::string before = Grid();
-    EXPECT_FALSE(halls->ConnectRooms(first, far));
+    EXPECT_FALSE(Connect(first, far));
     EXPECT_EQ(Grid(), before);
-    EXPECT_FALSE(halls->ConnectRooms(far, second));
+    EXPECT_FALSE(Connect(far, second));
     EXPECT_EQ(Grid(), before);
-    EXPECT_TRUE(halls->ConnectRooms(second, first));
+    EXPECT_TRUE(Connect(second, first));
     EXPECT_EQ(Grid(), before);
 }
 
@@ -254,7 +256,7 @@ TEST_F(GenHallwayTest, FailedHallTakesBackWhatItDidToOtherHalls) {
     Draw(*level, 4, 60, "- c", *tiles);               // followed, then left by a corner
     Draw(*level, 4, 80, ">", *tiles);                 // driven on
     const std::string before = Grid();
-    EXPECT_FALSE(halls->ConnectRooms(from, to));
+    EXPECT_FALSE(Connect(from, to));
     EXPECT_EQ(Grid(), before);
 }
 
@@ -262,13 +264,13 @@ TEST_F(GenHallwayTest, FailedHallTakesBackWhatItDidToOtherHalls) {
 TEST_F(GenHallwayTest, RoomsShareTheLevelsElementsUntilTheFirstRestore) {
     Row(7);
     SeedFor({Any(), Above(0.2), UpTo(0.2)});
-    ASSERT_TRUE(halls->ConnectRooms(west, east));
+    ASSERT_TRUE(Connect(west, east));
     EXPECT_EQ(west->GetElmt(1, 2), Elmt(At(3, 2)));
     EXPECT_EQ(ToText(west->GetElmt(1, 2)), "DE");
 
     Row(304);
     SeedFor({Any(), UpTo(0.2), Any(), UpTo(0.2), Any(), UpTo(0.2)});
-    ASSERT_FALSE(halls->ConnectRooms(west, east));
+    ASSERT_FALSE(Connect(west, east));
     EXPECT_EQ(Cell(At(3, 2)), "wE");
     EXPECT_EQ(ToText(west->GetElmt(1, 2)), "dE");
     EXPECT_EQ(Cell(At(304, 2)), "wW");
@@ -286,7 +288,7 @@ TEST_F(GenHallwayTest, RestoredElementsKeepEverythingButTheTilesCarved) {
     wall->platformHeight = 64;
     wall->isTeleport = true;
     wall->teleDest = DiPos(7, 8, 9);
-    ASSERT_FALSE(halls->ConnectRooms(west, east));
+    ASSERT_FALSE(Connect(west, east));
     EXPECT_EQ(Cell(At(3, 2)), "wE!");
     EXPECT_EQ(Elmt(At(3, 2))->platformHeight, 64);
     EXPECT_EQ(Elmt(At(3, 2))->teleDest, DiPos(7, 8, 9));
@@ -306,7 +308,7 @@ TEST_F(GenHallwayTest, HallBlockedTenTimesStartsAgainFromItsRoomTwiceInARun) {
     }
     SeedFor(wishes);
     const DrawLog log;
-    EXPECT_FALSE(halls->ConnectRooms(west, east));
+    EXPECT_FALSE(Connect(west, east));
     EXPECT_EQ(log.Bounds(), runs);
     EXPECT_EQ(Grid(), before);
     EXPECT_EQ(LogLines(),
@@ -321,7 +323,7 @@ TEST_F(GenHallwayTest, RoomWithoutADoorSeeksADetourAtOnce) {
     const DiPtr<Layout> to = Room(0, 1, 14, 13, "c c c \n c c c \n c c c");
     // Whatever was reported last, by another test even, was not one of the two rooms.
     StandInside(from, At(3, 3), At(3, 9));
-    halls->LeaveRoom();
+    Leave();
     SeedFor({UpTo(0.7),
              UpTo(0.7),
              UpTo(0.7),
@@ -333,7 +335,7 @@ TEST_F(GenHallwayTest, RoomWithoutADoorSeeksADetourAtOnce) {
              UpTo(0.7),
              UpTo(0.7)});
     const DrawLog log;
-    EXPECT_FALSE(halls->ConnectRooms(from, to));
+    EXPECT_FALSE(Connect(from, to));
     EXPECT_EQ(log.Bounds(), Bounds(10, kUnit));
     EXPECT_EQ(Warnings("Unable to complete hall.  CurXY=(11,14) DestXY=(15,14) "
                        "Blocked=2990 Stuck=300"),
@@ -350,13 +352,13 @@ TEST_F(GenHallwayTest, DetourToAnywhereIsDrawnFromThreeQuartersOn) {
     SeedFor({Exactly(24575), UpTo(0.7)});
     {
         const DrawLog log;
-        EXPECT_FALSE(halls->ConnectRooms(from, to));
+        EXPECT_FALSE(Connect(from, to));
         EXPECT_EQ(log.Bounds()[1], kUnit);
     }
     SeedFor({Exactly(24576), Pick(0, 20), Pick(16, 17)});
     {
         const DrawLog log;
-        EXPECT_FALSE(halls->ConnectRooms(from, to));
+        EXPECT_FALSE(Connect(from, to));
         EXPECT_EQ(Bounds(log.Bounds().begin(), log.Bounds().begin() + 4),
                   Bounds({kUnit, 20, 17, kUnit}));
     }
@@ -376,65 +378,23 @@ TEST_F(GenHallwayTest, SearchOfALargeRoomAsksWhetherTheRunIsStillWanted) {
     const DiPtr<Layout> to = withoutDoors(1, 105);
     const Asked asked;
     info.meter.Start(&asked);
-    EXPECT_FALSE(halls->ConnectRooms(from, to));
+    EXPECT_FALSE(Connect(from, to));
     EXPECT_GT(asked.times, 70);
 }
 
 // Starting and turning.
 
-TEST_F(GenHallwayTest, PreparingPutsTheCursorIntoTheSourceRoom) {
+TEST_F(GenHallwayTest, WalkBeginsInTheMiddleOfItsRoom) {
     Row(7);
-    halls->sourceRoom = west;
-    halls->destRoom = east;
-    halls->blocked = 7;
-    halls->finished = true;
-    halls->curTile = tiles->Get("HallNS");
-    CameFrom(1, 0);
-    halls->Prep();
-    EXPECT_EQ(halls->insideRoom, west);
-    EXPECT_EQ(halls->curXY, At(2, 2));
-    EXPECT_EQ(halls->destXY, At(8, 2));
+    cursor = Halls().Prep(*west, *east);
+    EXPECT_EQ(cursor.inside, west.get());
+    EXPECT_EQ(cursor.destRoom, east.get());
+    EXPECT_EQ(cursor.place, At(2, 2));
+    EXPECT_EQ(cursor.dest, At(8, 2));
     EXPECT_EQ(CurTile(), "none");
-    EXPECT_EQ(halls->blocked, 0U);
-    EXPECT_TRUE(halls->history.empty());
-    EXPECT_TRUE(halls->finished);
-}
-
-TEST_F(GenHallwayTest, ReversingStartsFromTheOtherEnd) {
-    Row(7);
-    halls->sourceRoom = west;
-    halls->destRoom = east;
-    halls->ReverseDir();
-    EXPECT_EQ(halls->sourceRoom, east);
-    EXPECT_EQ(halls->destRoom, west);
-    EXPECT_EQ(halls->insideRoom, east);
-    EXPECT_EQ(halls->curXY, At(8, 2));
-    EXPECT_EQ(halls->destXY, At(2, 2));
-}
-
-TEST_F(GenHallwayTest, BlockedWayTurnsOntoTheOtherAxis) {
-    struct Row {
-        DiPos way;
-        DiPos turned;
-    };
-    const std::array<Row, 12> rows = {{{At(0, -5), At(-1, 0)},
-                                       {At(-2, -5), At(-1, 0)},
-                                       {At(1, -5), At(1, 0)},
-                                       {At(0, 5), At(-1, 0)},
-                                       {At(-2, 5), At(-1, 0)},
-                                       {At(2, 5), At(1, 0)},
-                                       {At(5, 0), At(0, -1)},
-                                       {At(5, -2), At(0, -1)},
-                                       {At(5, 1), At(0, 1)},
-                                       {At(-5, 0), At(0, -1)},
-                                       {At(-5, 2), At(0, 1)},
-                                       {At(0, 0), At(-1, 0)}}};
-    for (const Row& row : rows) {
-        DiDirection way(At(0, 0), row.way);
-        Halls::GetBlockedDir(way);
-        EXPECT_EQ(At(way.stepX, way.stepY), row.turned) << Show(row.way);
-        EXPECT_EQ(At(way.distX, way.distY), row.way);
-    }
+    EXPECT_EQ(LastStep(), "0,0");
+    EXPECT_EQ(cursor.blocked, 0U);
+    EXPECT_FALSE(cursor.finished);
 }
 
 // Destinations.
@@ -442,29 +402,26 @@ TEST_F(GenHallwayTest, BlockedWayTurnsOntoTheOtherAxis) {
 TEST_F(GenHallwayTest, DestinationIsTheMiddleOfARoomWhereTheLevelHasIt) {
     Row(7);
     const DrawLog log;
-    EXPECT_EQ(halls->TrueDest(*east), At(8, 2));
+    EXPECT_EQ(Halls().TrueDest(*east, At(2, 2)), At(8, 2));
     Put(At(8, 2), "o");
-    EXPECT_EQ(halls->TrueDest(*east), At(8, 2));
+    EXPECT_EQ(Halls().TrueDest(*east, At(2, 2)), At(8, 2));
     EXPECT_TRUE(log.Bounds().empty());
 }
 
 TEST_F(GenHallwayTest, DestinationIsADoorwayWhereTheMiddleIsMissingOrAShadow) {
     Level(11, 5);
     const DiPtr<Layout> room = RoomApart(0, 0, 7, 1, kSmallRoom);
-    halls->curXY = At(2, 2);
-    EXPECT_EQ(halls->TrueDest(*room), At(9, 2));
+    EXPECT_EQ(Halls().TrueDest(*room, At(2, 2)), At(9, 2));
     Put(At(8, 2), "c~");
-    EXPECT_EQ(halls->TrueDest(*room), At(9, 2));
-    halls->curXY = At(10, 2);
-    EXPECT_EQ(halls->TrueDest(*room), At(7, 2));
+    EXPECT_EQ(Halls().TrueDest(*room, At(2, 2)), At(9, 2));
+    EXPECT_EQ(Halls().TrueDest(*room, At(10, 2)), At(7, 2));
 }
 
 TEST_F(GenHallwayTest, DestinationWithoutMiddleAndDoorwayIsTheMiddle) {
     Level(11, 5);
     const DiPtr<Layout> room = RoomApart(0, 0, 7, 1, ". . . \n . . . \n . . .");
-    halls->curXY = At(2, 2);
     const DrawLog log;
-    EXPECT_EQ(halls->TrueDest(*room), At(8, 2));
+    EXPECT_EQ(Halls().TrueDest(*room, At(2, 2)), At(8, 2));
     EXPECT_TRUE(log.Bounds().empty());
 }
 
@@ -476,7 +433,7 @@ TEST_F(GenHallwayTest, RandomDestinationIsDrawnColumnFirstAndStaysOffTheBorder) 
     for (int x = 0; x < 7; ++x) {
         for (int y = 0; y < 5; ++y) {
             SeedFor({Pick(x, 7), Pick(y, 5)});
-            EXPECT_EQ(halls->RandomDest(),
+            EXPECT_EQ(Halls().RandomDest(),
                       At(xs[static_cast<std::size_t>(x)], ys[static_cast<std::size_t>(y)]));
         }
     }
@@ -494,10 +451,12 @@ protected:
     // The slot, row and column, of the room that a detour from one room on the way to another
     // leads through, or "none" when the destination stays.
     std::string Detour(const DiPtr<Layout>& from, const DiPtr<Layout>& to) {
-        halls->destRoom = to;
-        halls->destXY = At(59, 59);
+        HallCursor cursor;
+        cursor.inside = from.get();
+        cursor.destRoom = to.get();
+        cursor.dest = At(59, 59);
         const DrawLog log;
-        const DiPos dest = halls->AltDest(*from);
+        const DiPos dest = Halls().AltDest(cursor);
         draws = log.Bounds();
         if (dest == At(59, 59)) {
             return "none";
@@ -597,9 +556,11 @@ TEST_F(DetourTest, NeighbourWhosePointIsTheOriginIsNoDetour) {
 TEST_F(DetourTest, DetourMayAimAtADoorwayOfTheNeighbour) {
     const DiPtr<Layout> from = InSlot(2, 2);
     const DiPtr<Layout> to = RoomApart(2, 3, 35, 25, kSmallRoom);
-    halls->curXY = At(26, 26);
-    halls->destRoom = to;
-    EXPECT_EQ(halls->AltDest(*from), At(37, 26));
+    HallCursor cursor;
+    cursor.inside = from.get();
+    cursor.place = At(26, 26);
+    cursor.destRoom = to.get();
+    EXPECT_EQ(Halls().AltDest(cursor), At(37, 26));
 }
 
 // Leaving a room.
@@ -618,37 +579,36 @@ TEST_F(GenHallwayTest, RoomIsLeftByADoorwayCutIntoItsWall) {
                            Row{At(0, 4), At(3, 4), "DW", "DoorwayW", "-1,0"}}) {
         Level(9, 9);
         StandInside(Room(0, 0, 3, 3), At(4, 4), row.dest);
-        CameFrom(1, 1);
-        halls->blocked = 3;
+        cursor.lastStep = At(1, 1);
+        cursor.blocked = 3;
         SeedFor({Any(), Above(0.2)});
-        halls->LeaveRoom();
-        EXPECT_EQ(halls->curXY, row.door);
+        Leave();
+        EXPECT_EQ(cursor.place, row.door);
         EXPECT_EQ(Cell(row.door), row.cell);
         EXPECT_EQ(CurTile(), row.tile);
-        EXPECT_EQ(halls->history.size(), 1U);
         EXPECT_EQ(LastStep(), row.step);
-        EXPECT_FALSE(halls->insideRoom);
-        EXPECT_EQ(halls->blocked, 3U);
+        EXPECT_EQ(cursor.inside, nullptr);
+        EXPECT_EQ(cursor.blocked, 3U);
     }
 }
 
 TEST_F(GenHallwayTest, RoomIsLeftByAnExistingDoorwayAsItIs) {
     Level(9, 9);
     StandInside(Room(0, 0, 3, 3, ". DN . \n . c ."), At(4, 4), At(4, 0));
-    CameFrom(1, 0);
+    cursor.lastStep = At(1, 0);
     const DrawLog log;
-    halls->LeaveRoom();
+    Leave();
     EXPECT_EQ(Cell(At(4, 3)), "DN");
     EXPECT_EQ(LastStep(), "0,-1");
     EXPECT_EQ(CurTile(), "DoorwayN");
-    EXPECT_FALSE(halls->insideRoom);
+    EXPECT_EQ(cursor.inside, nullptr);
     EXPECT_EQ(log.Bounds(), Bounds({1}));
 }
 
 TEST_F(GenHallwayTest, FirstTileOfTheElementBecomesTheCurrentOne) {
     Level(9, 9);
     StandInside(Room(0, 0, 3, 3, ". c&dN . \n . c ."), At(4, 4), At(4, 0));
-    halls->LeaveRoom();
+    Leave();
     EXPECT_EQ(CurTile(), "Center");
     EXPECT_EQ(LastStep(), "0,-1");
 }
@@ -659,13 +619,13 @@ TEST_F(GenHallwayTest, DoorwayMissingInTheLevelMovesTheCursorOnly) {
         const DiPtr<Layout> room = RoomApart(0, 0, 3, 3, kSmallRoom);
         Put(At(4, 3), cell);
         StandInside(room, At(4, 4), At(4, 0));
-        CameFrom(1, 0);
-        halls->LeaveRoom();
-        EXPECT_EQ(halls->curXY, At(4, 3));
-        EXPECT_EQ(halls->insideRoom, room);
+        cursor.lastStep = At(1, 0);
+        Leave();
+        EXPECT_EQ(cursor.place, At(4, 3));
+        EXPECT_EQ(cursor.inside, room.get());
         EXPECT_EQ(LastStep(), "1,0");
         EXPECT_EQ(CurTile(), "none");
-        EXPECT_EQ(halls->blocked, 0U);
+        EXPECT_EQ(cursor.blocked, 0U);
         EXPECT_EQ(Cell(At(4, 3)), cell);
     }
 }
@@ -674,12 +634,12 @@ TEST_F(GenHallwayTest, RoomWithoutADoorBlocksTenfold) {
     Level(9, 9);
     const DiPtr<Layout> room = Room(0, 0, 3, 3, "c c c \n c c c \n c c c");
     StandInside(room, At(4, 4), At(4, 0));
-    CameFrom(1, 0);
-    halls->blocked = 2;
-    halls->LeaveRoom();
-    EXPECT_EQ(halls->blocked, 12U);
-    EXPECT_EQ(halls->curXY, At(4, 4));
-    EXPECT_EQ(halls->insideRoom, room);
+    cursor.lastStep = At(1, 0);
+    cursor.blocked = 2;
+    Leave();
+    EXPECT_EQ(cursor.blocked, 12U);
+    EXPECT_EQ(cursor.place, At(4, 4));
+    EXPECT_EQ(cursor.inside, room.get());
     EXPECT_EQ(LastStep(), "1,0");
 }
 
@@ -688,14 +648,14 @@ TEST_F(GenHallwayTest, MissingDoorIsReportedOncePerNewPlace) {
     const DiPtr<Layout> room = Room(0, 0, 20, 20, "c c c \n c c c \n c c c");
     const auto leaveFrom = [&](int x, int y) {
         StandInside(room, At(x, y), At(23, 3));
-        halls->LeaveRoom();
+        Leave();
     };
     // The place reported last outlives its carver and its test.
     leaveFrom(22, 22);
     const std::size_t before = LogLines().size();
     leaveFrom(21, 22);
     leaveFrom(21, 22);
-    halls = MakeDi<Halls>(info, *level, rooms);
+    GenHallway(info, *level, rooms).LeaveRoom(cursor);
     leaveFrom(21, 22);
     EXPECT_EQ(LogLines().size(), before + 1);
     EXPECT_EQ(LogLines().back(),
@@ -710,8 +670,8 @@ TEST_F(GenHallwayTest, MissingDoorIsReportedOncePerNewPlace) {
 TEST_F(GenHallwayTest, DestinationWithoutAStepLeavesByTheWest) {
     Level(9, 9);
     StandInside(Room(0, 0, 3, 3), At(4, 4), At(4, 4));
-    halls->LeaveRoom();
-    EXPECT_EQ(halls->curXY, At(3, 4));
+    Leave();
+    EXPECT_EQ(cursor.place, At(3, 4));
     EXPECT_EQ(CurTile(), "DoorwayW");
 }
 
@@ -720,66 +680,65 @@ TEST_F(GenHallwayTest, DestinationWithoutAStepLeavesByTheWest) {
 TEST_F(GenHallwayTest, NothingHappensWithoutACurrentTile) {
     Level(9, 9);
     StandAt(At(4, 4), At(4, 0));
-    halls->NextStep();
-    EXPECT_EQ(halls->curXY, At(4, 4));
-    EXPECT_EQ(halls->blocked, 0U);
+    Step();
+    EXPECT_EQ(cursor.place, At(4, 4));
+    EXPECT_EQ(cursor.blocked, 0U);
 }
 
 TEST_F(GenHallwayTest, StepIntoAnEmptyCellLaysAHallThere) {
     Level(". . . . \n . - . . \n . . . .");
     StandAt(At(1, 1), At(3, 1));
-    CameFrom(1, 0);
-    halls->blocked = 1;
-    halls->NextStep();
+    cursor.lastStep = At(1, 0);
+    cursor.blocked = 1;
+    Step();
     EXPECT_EQ(Grid(), Map(". . . . \n . - - . \n . . . ."));
-    EXPECT_EQ(halls->curXY, At(2, 1));
+    EXPECT_EQ(cursor.place, At(2, 1));
     EXPECT_EQ(CurTile(), "HallEW");
     EXPECT_EQ(LastStep(), "1,0");
-    EXPECT_EQ(halls->history.size(), 2U);
-    EXPECT_EQ(halls->blocked, 0U);
+    EXPECT_EQ(cursor.blocked, 0U);
 }
 
 TEST_F(GenHallwayTest, TurnReplacesThePieceInPlace) {
     Level(". . . \n . |&uN . \n . | .");
     StandAt(At(1, 1), At(2, 1));
-    CameFrom(0, -1);
-    halls->blocked = 1;
-    halls->NextStep();
+    cursor.lastStep = At(0, -1);
+    cursor.blocked = 1;
+    Step();
     EXPECT_EQ(Grid(), Map(". . . \n . ,- . \n . | ."));
-    EXPECT_EQ(halls->curXY, At(1, 1));
+    EXPECT_EQ(cursor.place, At(1, 1));
     EXPECT_EQ(CurTile(), "HallCornerNW");
     EXPECT_EQ(LastStep(), "0,-1");
-    EXPECT_EQ(halls->blocked, 1U);
+    EXPECT_EQ(cursor.blocked, 1U);
 }
 
 TEST_F(GenHallwayTest, TurnOffAThroughHallMakesAJunction) {
     Level(". | . \n . | . \n . | .");
     StandAt(At(1, 1), At(2, 1));
-    halls->blocked = 1;
-    halls->NextStep();
+    cursor.blocked = 1;
+    Step();
     EXPECT_EQ(Grid(), Map(". | . \n < + > \n . | ."));
     EXPECT_EQ(CurTile(), "Hall4Way");
-    EXPECT_EQ(halls->blocked, 1U);
+    EXPECT_EQ(cursor.blocked, 1U);
 }
 
 TEST_F(GenHallwayTest, JunctionRefusedIsTheCurrentTileAllTheSame) {
     Level(". | . \n c | . \n . | .");
     StandAt(At(1, 1), At(2, 1));
-    halls->NextStep();
+    Step();
     EXPECT_EQ(Grid(), Map(". | . \n c | . \n . | ."));
     EXPECT_EQ(CurTile(), "Hall4Way");
-    EXPECT_EQ(halls->blocked, 1U);
+    EXPECT_EQ(cursor.blocked, 1U);
 }
 
 TEST_F(GenHallwayTest, JunctionRefusedAtItsDestinationIsTriedAgainAndLeavesTheHallWhole) {
     Level(". c . \n - - - \n . . .");
     StandAt(At(1, 1), At(1, 1));
-    halls->NextStep();
+    Step();
     EXPECT_EQ(CurTile(), "Hall4Way");
-    EXPECT_EQ(halls->blocked, 1U);
-    halls->NextStep();
+    EXPECT_EQ(cursor.blocked, 1U);
+    Step();
     EXPECT_EQ(CurTile(), "HallNS");
-    EXPECT_EQ(halls->blocked, 2U);
+    EXPECT_EQ(cursor.blocked, 2U);
     EXPECT_EQ(Grid(), Map(". c . \n - - - \n . . ."));
 }
 
@@ -790,18 +749,18 @@ TEST_F(GenHallwayTest, SecondFailureTurnsTheWalkAside) {
         . - - c .
         . . . . .)");
     StandAt(At(2, 2), At(4, 2));
-    CameFrom(1, 0);
-    halls->NextStep();
-    EXPECT_EQ(halls->blocked, 1U);
-    halls->NextStep();
-    EXPECT_EQ(halls->blocked, 2U);
+    cursor.lastStep = At(1, 0);
+    Step();
+    EXPECT_EQ(cursor.blocked, 1U);
+    Step();
+    EXPECT_EQ(cursor.blocked, 2U);
     EXPECT_EQ(Cell(At(2, 2)), "-");
-    halls->NextStep();
+    Step();
     EXPECT_EQ(Cell(At(2, 2)), "-'");
-    EXPECT_EQ(halls->blocked, 2U);
-    halls->NextStep();
+    EXPECT_EQ(cursor.blocked, 2U);
+    Step();
     EXPECT_EQ(Cell(At(2, 1)), "|");
-    EXPECT_EQ(halls->blocked, 0U);
+    EXPECT_EQ(cursor.blocked, 0U);
 }
 
 TEST_F(GenHallwayTest, FourthFailureStraightensACorner) {
@@ -811,14 +770,14 @@ TEST_F(GenHallwayTest, FourthFailureStraightensACorner) {
         . . `- c .
         . . |  . .)");
     StandAt(At(2, 2), At(4, 3));
-    CameFrom(0, -1);
-    halls->blocked = 3;
-    halls->NextStep();
+    cursor.lastStep = At(0, -1);
+    cursor.blocked = 3;
+    Step();
     EXPECT_EQ(Cell(At(2, 2)), "`-");
-    EXPECT_EQ(halls->blocked, 4U);
-    halls->NextStep();
+    EXPECT_EQ(cursor.blocked, 4U);
+    Step();
     EXPECT_EQ(Cell(At(2, 2)), "|");
-    EXPECT_EQ(halls->blocked, 4U);
+    EXPECT_EQ(cursor.blocked, 4U);
 }
 
 TEST_F(GenHallwayTest, StepOffTheLevelIsBlockedAndReported) {
@@ -834,11 +793,11 @@ TEST_F(GenHallwayTest, StepOffTheLevelIsBlockedAndReported) {
         Level(row.map);
         StandAt(row.pos, row.dest);
         const std::ptrdiff_t before = Warnings("Internal:  out of bounds in NextStep()");
-        halls->NextStep();
+        Step();
         EXPECT_EQ(Grid(), Map(row.map));
-        EXPECT_EQ(halls->curXY, row.pos);
-        EXPECT_EQ(halls->blocked, 1U);
-        EXPECT_TRUE(halls->history.empty());
+        EXPECT_EQ(cursor.place, row.pos);
+        EXPECT_EQ(cursor.blocked, 1U);
+        EXPECT_EQ(LastStep(), "0,0");
         EXPECT_EQ(Warnings("Internal:  out of bounds in NextStep()"), before + 1);
     }
     EXPECT_TRUE(ErrorLines().empty());
@@ -847,128 +806,111 @@ TEST_F(GenHallwayTest, StepOffTheLevelIsBlockedAndReported) {
 TEST_F(GenHallwayTest, DoorwayOfAnotherRoomLeadsIntoItsMiddle) {
     Level(12, 5);
     const DiPtr<Layout> room = Room(0, 0, 5, 1);
-    halls->destRoom = Room(0, 1, 9, 1);
+    cursor.destRoom = Room(0, 1, 9, 1).get();
     Put(At(4, 2), "-");
     StandAt(At(4, 2), At(10, 2));
     SeedFor({Above(0.2)});
-    halls->NextStep();
+    Step();
     EXPECT_EQ(Cell(At(5, 2)), "DW");
-    EXPECT_EQ(halls->insideRoom, room);
-    EXPECT_EQ(halls->curXY, At(6, 2));
+    EXPECT_EQ(cursor.inside, room.get());
+    EXPECT_EQ(cursor.place, At(6, 2));
     EXPECT_EQ(CurTile(), "DoorwayW");
     EXPECT_EQ(LastStep(), "1,0");
-    EXPECT_FALSE(halls->finished);
+    EXPECT_FALSE(cursor.finished);
 }
 
 TEST_F(GenHallwayTest, DoorwayOfNoRoomIsWalkedThrough) {
     Level(". . . . . \n . - wW . . \n . . . . .");
-    halls->destRoom = RoomApart(0, 0, 9, 9, kSmallRoom);
+    cursor.destRoom = RoomApart(0, 0, 9, 9, kSmallRoom).get();
     StandAt(At(1, 1), At(4, 1));
     SeedFor({UpTo(0.2)});
-    halls->NextStep();
-    EXPECT_FALSE(halls->insideRoom);
-    EXPECT_EQ(halls->curXY, At(2, 1));
-    halls->NextStep();
+    Step();
+    EXPECT_EQ(cursor.inside, nullptr);
+    EXPECT_EQ(cursor.place, At(2, 1));
+    Step();
     EXPECT_EQ(Grid(), Map(". . . . . \n . - dW - . \n . . . . ."));
 }
 
 TEST_F(GenHallwayTest, DoorwayOfTheDestinationFinishesTheHall) {
     Level(9, 5);
-    halls->destRoom = Room(0, 0, 5, 1);
+    cursor.destRoom = Room(0, 0, 5, 1).get();
     Put(At(4, 2), "-");
     StandAt(At(4, 2), At(6, 2));
-    halls->NextStep();
-    EXPECT_TRUE(halls->finished);
-    EXPECT_EQ(halls->curXY, At(5, 2));
-    EXPECT_FALSE(halls->insideRoom);
+    Step();
+    EXPECT_TRUE(cursor.finished);
+    EXPECT_EQ(cursor.place, At(5, 2));
+    EXPECT_EQ(cursor.inside, nullptr);
 }
 
 TEST_F(GenHallwayTest, JunctionPastTheDestinationsEdgeFinishesTheHall) {
     Level(9, 5);
-    halls->destRoom = Room(0, 0, 1, 1);
+    cursor.destRoom = Room(0, 0, 1, 1).get();
     Put(At(5, 2), "-");
     Put(At(4, 2), "-");
     StandAt(At(5, 2), At(2, 2));
-    halls->NextStep();
-    EXPECT_EQ(halls->curXY, At(4, 2));
-    EXPECT_FALSE(halls->finished);
+    Step();
+    EXPECT_EQ(cursor.place, At(4, 2));
+    EXPECT_FALSE(cursor.finished);
 
     Put(At(4, 2), "+");
     StandAt(At(5, 2), At(2, 2));
-    halls->NextStep();
-    EXPECT_EQ(halls->curXY, At(4, 2));
-    EXPECT_TRUE(halls->finished);
+    Step();
+    EXPECT_EQ(cursor.place, At(4, 2));
+    EXPECT_TRUE(cursor.finished);
 }
 
 TEST_F(GenHallwayTest, JunctionAwayFromTheDestinationIsPassed) {
     Level(9, 5);
-    halls->destRoom = Room(0, 0, 1, 1);
+    cursor.destRoom = Room(0, 0, 1, 1).get();
     Put(At(7, 2), "-");
     Put(At(6, 2), "+");
     StandAt(At(7, 2), At(2, 2));
-    halls->NextStep();
-    EXPECT_EQ(halls->curXY, At(6, 2));
-    EXPECT_FALSE(halls->finished);
-    halls->NextStep();
+    Step();
+    EXPECT_EQ(cursor.place, At(6, 2));
+    EXPECT_FALSE(cursor.finished);
+    Step();
     EXPECT_EQ(Cell(At(5, 2)), "-");
 }
 
 TEST_F(GenHallwayTest, JunctionNameIsComparedWithoutRegardToCase) {
     UseTiles({"HallEW", "hall4way"});
     Level(9, 5);
-    halls->destRoom = Room(0, 0, 1, 1);
+    cursor.destRoom = Room(0, 0, 1, 1).get();
     Put(At(5, 2), "-");
     level->SetElmt(MakeDi<GridElmt>(), 2, 4);
     Elmt(At(4, 2))->AddTile(info.defTileSet->Get("Hall4Way"));
     StandAt(At(5, 2), At(2, 2));
-    halls->NextStep();
-    EXPECT_TRUE(halls->finished);
+    Step();
+    EXPECT_TRUE(cursor.finished);
 }
 
 TEST_F(GenHallwayTest, ElementMovedOntoGivesItsFirstTile) {
     Level(". . . . \n . | c&dN . \n . . . .");
-    halls->destRoom = RoomApart(0, 0, 9, 9, kSmallRoom);
+    cursor.destRoom = RoomApart(0, 0, 9, 9, kSmallRoom).get();
     StandAt(At(1, 1), At(3, 1));
-    halls->curTile = tiles->Get("HallEW");
-    halls->NextStep();
-    EXPECT_EQ(halls->curXY, At(2, 1));
+    cursor.tile = tiles->Get("HallEW").get();
+    Step();
+    EXPECT_EQ(cursor.place, At(2, 1));
     EXPECT_EQ(CurTile(), "Center");
-    EXPECT_FALSE(halls->insideRoom);
+    EXPECT_EQ(cursor.inside, nullptr);
 }
 
 TEST_F(GenHallwayTest, ElementRefusedLeavesTheCursor) {
     Level(". . . . \n . - c . \n . . . .");
     StandAt(At(1, 1), At(3, 1));
-    halls->NextStep();
-    EXPECT_EQ(halls->curXY, At(1, 1));
-    EXPECT_EQ(halls->blocked, 1U);
-    EXPECT_TRUE(halls->history.empty());
+    Step();
+    EXPECT_EQ(cursor.place, At(1, 1));
+    EXPECT_EQ(cursor.blocked, 1U);
+    EXPECT_EQ(LastStep(), "0,0");
 }
 
 TEST_F(GenHallwayTest, JunctionAtItsDestinationBecomesAStraightHall) {
     Level(". | . \n - + - \n . | .");
     StandAt(At(1, 1), At(1, 1));
-    halls->NextStep();
+    Step();
     EXPECT_EQ(Grid(), Map(". | . \n - | - \n . | ."));
     EXPECT_EQ(CurTile(), "HallNS");
-    EXPECT_EQ(halls->blocked, 0U);
-}
-
-TEST_F(GenHallwayTest, FinishedNeedsAnElementOfTheDestination) {
-    Level(9, 9);
-    halls->destRoom = RoomApart(0, 0, 3, 3, kSmallRoom);
-    RoomApart(0, 1, 3, 7, kSmallRoom);
-    halls->curXY = At(4, 4);
-    EXPECT_FALSE(halls->CheckFinished());
-    Put(At(4, 7), "c");
-    halls->curXY = At(4, 7);
-    EXPECT_FALSE(halls->CheckFinished());
-    Put(At(6, 6), "|");
-    halls->curXY = At(6, 6);
-    EXPECT_TRUE(halls->CheckFinished());
-    EXPECT_TRUE(halls->finished);
-    halls->curXY = At(0, 0);
-    EXPECT_TRUE(halls->CheckFinished());
+    EXPECT_EQ(cursor.blocked, 0U);
 }
 
 // All halls of a level.
@@ -976,16 +918,16 @@ TEST_F(GenHallwayTest, FinishedNeedsAnElementOfTheDestination) {
 TEST_F(GenHallwayTest, NoRoomsNeedNoHallsAndNoDraws) {
     Level(9, 9);
     const DrawLog log;
-    EXPECT_TRUE(halls->Gen());
+    EXPECT_TRUE(Halls().Gen());
     EXPECT_TRUE(log.Bounds().empty());
-    EXPECT_TRUE(halls->GetFailedHalls().empty());
+    EXPECT_TRUE(Halls().GetFailedHalls().empty());
 }
 
 TEST_F(GenHallwayTest, TwoRoomsAreJoinedThereAndBack) {
     Row(7);
     SeedFor({UpTo(0.5), Any(), Above(0.2), UpTo(0.2)});
     const DrawLog log;
-    EXPECT_TRUE(halls->Gen());
+    EXPECT_TRUE(Halls().Gen());
     EXPECT_EQ(Grid(), Map(R"(
         . .  .  .  . . . .  .  .  .
         . NW wN NE . . . NW wN NE .
@@ -1007,7 +949,7 @@ TEST_F(GenHallwayTest, ShadowsAreSeenWhileHallsAreCarvedAndGoneAfterwards) {
     add(1.5F);
     add(-1.5F);
     add(1.0F);
-    EXPECT_TRUE(halls->Gen());
+    EXPECT_TRUE(Halls().Gen());
     EXPECT_EQ(Cell(At(6, 4)), ".");
     EXPECT_EQ(Grid().find('~'), std::string::npos);
 }
@@ -1019,7 +961,7 @@ TEST_F(GenHallwayTest, RoomsAboveAndBelowCastNoShadow) {
     const DiPtr<Layout> pillar = ToLayout("c", *tiles);
     pillar->SetOffset(Di3Point(6.0F, 4.0F, 1.5F));
     level->AddChild(pillar);
-    EXPECT_TRUE(halls->Gen());
+    EXPECT_TRUE(Halls().Gen());
     EXPECT_EQ(Cell(At(6, 4)), "-");
 }
 
@@ -1036,9 +978,9 @@ TEST_F(GenHallwayTest, RoomAloneIsToleratedWithoutAHall) {
     }
     SeedFor(wishes);
     const DrawLog log;
-    EXPECT_TRUE(halls->Gen());
+    EXPECT_TRUE(Halls().Gen());
     EXPECT_EQ(Grid(), before);
-    EXPECT_EQ(halls->GetFailedHalls().size(), 1U);
+    EXPECT_EQ(Halls().GetFailedHalls().size(), 1U);
     EXPECT_EQ(log.Bounds(), expected);
     EXPECT_EQ(Warnings("Unable to complete hall.  CurXY=(4,2) DestXY=(5,2) Blocked=278 Stuck=270"),
               1);
@@ -1050,10 +992,10 @@ TEST_F(GenHallwayTest, OneFailedHallIsTolerated) {
     Room(0, 1, 160, 1);
     Room(0, 2, 330, 1);
     SeedFor({UpTo(0.5)});
-    EXPECT_TRUE(halls->Gen());
-    ASSERT_EQ(halls->GetFailedHalls().size(), 1U);
-    EXPECT_EQ(halls->GetFailedHalls().front().from, At(2, 0));
-    EXPECT_EQ(halls->GetFailedHalls().front().to, At(0, 0));
+    EXPECT_TRUE(Halls().Gen());
+    ASSERT_EQ(Halls().GetFailedHalls().size(), 1U);
+    EXPECT_EQ(Halls().GetFailedHalls().front().from, At(2, 0));
+    EXPECT_EQ(Halls().GetFailedHalls().front().to, At(0, 0));
     for (int x = 4; x < 330; ++x) {
         EXPECT_TRUE(Elmt(At(x, 2))) << x;
     }
@@ -1063,11 +1005,11 @@ TEST_F(GenHallwayTest, TwoFailedHallsAreAFailure) {
     Row(320);
     const std::string before = Grid();
     SeedFor({UpTo(0.5)});
-    EXPECT_FALSE(halls->Gen());
-    ASSERT_EQ(halls->GetFailedHalls().size(), 2U);
-    EXPECT_EQ(halls->GetFailedHalls()[0].from, At(0, 0));
-    EXPECT_EQ(halls->GetFailedHalls()[1].from, At(1, 0));
-    EXPECT_EQ(halls->GetFailedHalls()[1].to, At(0, 0));
+    EXPECT_FALSE(Halls().Gen());
+    ASSERT_EQ(Halls().GetFailedHalls().size(), 2U);
+    EXPECT_EQ(Halls().GetFailedHalls()[0].from, At(0, 0));
+    EXPECT_EQ(Halls().GetFailedHalls()[1].from, At(1, 0));
+    EXPECT_EQ(Halls().GetFailedHalls()[1].to, At(0, 0));
     EXPECT_EQ(Grid(), before);
 }
 
@@ -1083,16 +1025,16 @@ protected:
             Room(0, i, 3 + 7 * i, 4, "c");
         }
         const DrawLog log;
-        halls->Gen();
+        Halls().Gen();
         draws = log.Bounds();
         std::string order;
-        std::int32_t next = halls->GetFailedHalls().front().from.x;
-        for (const auto& hall : halls->GetFailedHalls()) {
+        std::int32_t next = Halls().GetFailedHalls().front().from.x;
+        for (const auto& hall : Halls().GetFailedHalls()) {
             EXPECT_EQ(hall.from.x, next);
             next = hall.to.x;
             order += (order.empty() ? "" : " ") + std::to_string(hall.from.x);
         }
-        EXPECT_EQ(next, halls->GetFailedHalls().front().from.x);
+        EXPECT_EQ(next, Halls().GetFailedHalls().front().from.x);
         return order;
     }
     Bounds FirstDraws(std::size_t count) const {
@@ -1136,7 +1078,7 @@ TEST_F(GenHallwayTest, DoorwayTheTileSetLacksEndsTheWalkUntilTheStepLimit) {
     const std::string before = Grid();
     SeedFor({Any(), Any(), Any(), Any(), UpTo(0.7), UpTo(0.7), Any(), Any(), UpTo(0.7), UpTo(0.7)});
     const DrawLog log;
-    EXPECT_FALSE(halls->ConnectRooms(west, east));
+    EXPECT_FALSE(Connect(west, east));
     EXPECT_EQ(Grid(), before);
     EXPECT_EQ(log.Bounds(), Bounds({1, kUnit, 1, kUnit, kUnit, kUnit, 1, kUnit, kUnit, kUnit}));
     EXPECT_EQ(ToText(west->GetElmt(1, 2)), "o");
@@ -1148,7 +1090,7 @@ TEST_F(GenHallwayTest, WallMetWithoutADoorwayInTheTileSetStopsTheCursorThere) {
     UseTiles({"HallNS", "DoorwayE", "DoorE"});
     Row(7);
     const std::string before = Grid();
-    EXPECT_FALSE(halls->ConnectRooms(west, east));
+    EXPECT_FALSE(Connect(west, east));
     EXPECT_EQ(Grid(), before);
     EXPECT_EQ(Warnings("Unable to complete hall.  CurXY=(7,2) DestXY=(8,2) Blocked=0 Stuck=0"), 1);
 }
@@ -1205,8 +1147,8 @@ TEST_P(LackingTiles, CarvingEndsAndSparesFloorsAndCorners) {
         ScatterRooms(chance);
         SeedRandom(seed);
         const std::string floors = Floors();
-        const bool done = halls->Gen();
-        EXPECT_EQ(done, halls->GetFailedHalls().size() < 2) << seed;
+        const bool done = Halls().Gen();
+        EXPECT_EQ(done, Halls().GetFailedHalls().size() < 2) << seed;
         EXPECT_EQ(Floors(), floors) << seed;
         EXPECT_EQ(Grid().find('~'), std::string::npos) << seed;
         level->Dissolve();

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A level with rooms, and hall carving with all its parts in reach.
+// A level with rooms, drawn as text, and the carver of its halls.
 #pragma once
 
 #include <vaultry/gen/GenHallway.h>
 
+#include <optional>
 #include <string>
 #include <tests/support/Draws.h>
 #include <tests/support/LogTest.h>
@@ -11,52 +12,6 @@
 #include <vector>
 
 namespace Tarnex::Test {
-
-/// The carver, with what is protected published.
-class Halls : public GenHallway {
-public:
-    using GenHallway::GenHallway;
-
-    using GenHallBase::CanInPlaceCvt;
-    using GenHallBase::FindCenter;
-    using GenHallBase::FindForDoorway;
-    using GenHallBase::FindForDoorwayE;
-    using GenHallBase::FindForDoorwayN;
-    using GenHallBase::FindForDoorwayS;
-    using GenHallBase::FindForDoorwayW;
-    using GenHallBase::IsCenter;
-    using GenHallBase::IsCorner;
-    using GenHallBase::IsDoorway;
-    using GenHallBase::IsHall;
-    using GenHallBase::IsSafeForDoor;
-    using GenHallBase::IsWall;
-    using GenHallBase::PosToRoom;
-    using GenHallBase::S_LogSrc;
-
-    using GenHallway::AltDest;
-    using GenHallway::CheckFinished;
-    using GenHallway::ConnectRooms;
-    using GenHallway::CvtElmt;
-    using GenHallway::CvtToDoorway;
-    using GenHallway::GetBlockedDir;
-    using GenHallway::LeaveRoom;
-    using GenHallway::NextStep;
-    using GenHallway::Place4Way;
-    using GenHallway::Prep;
-    using GenHallway::RandomDest;
-    using GenHallway::ReverseDir;
-    using GenHallway::TrueDest;
-
-    using GenHallway::blocked;
-    using GenHallway::curTile;
-    using GenHallway::curXY;
-    using GenHallway::destRoom;
-    using GenHallway::destXY;
-    using GenHallway::finished;
-    using GenHallway::history;
-    using GenHallway::insideRoom;
-    using GenHallway::sourceRoom;
-};
 
 /// Counts how often it is asked whether the run was cancelled.
 class Asked : public JobStatus {
@@ -95,12 +50,12 @@ protected:
     /// Starts with a level that looks like the map.
     void Level(std::string_view map) {
         level = ToLayout(map, *tiles);
-        halls = MakeDi<Halls>(info, *level, rooms);
+        carver.reset();
     }
     /// Starts with an empty level.
     void Level(int width, int height) {
         level = Layout::Create(DiPos(width, height, 1));
-        halls = MakeDi<Halls>(info, *level, rooms);
+        carver.reset();
     }
 
     /// Files a room that is no part of the level's own cells.
@@ -108,6 +63,7 @@ protected:
         const DiPtr<Layout> room = ToLayout(map, *tiles);
         room->SetOffset(Di3Point(static_cast<float>(x), static_cast<float>(y), 0.0F));
         rooms.SetLayout(room, slotRow, slotCol);
+        carver.reset();
         return room;
     }
     /// Files a room and drops it into the level with its north-west cell at (x, y).
@@ -115,6 +71,14 @@ protected:
         const DiPtr<Layout> room = RoomApart(slotRow, slotCol, x, y, map);
         level->AddContents(*room);
         return room;
+    }
+
+    /// The carver of the level with the rooms filed so far.
+    GenHallway& Halls() {
+        if (!carver) {
+            carver.emplace(info, *level, rooms);
+        }
+        return *carver;
     }
 
     /// Makes the carver use a set of these kinds and of what follows from them.
@@ -140,7 +104,9 @@ protected:
     GenInfo info;
     RoomInfo rooms{DiPos(5, 5, 1)};
     DiPtr<Layout> level;
-    DiPtr<Halls> halls;
+
+private:
+    std::optional<GenHallway> carver;
 };
 
 } // namespace Tarnex::Test

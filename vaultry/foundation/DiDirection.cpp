@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/foundation/DiDirection.h>
 
-namespace {
+#include <vaultry/foundation/Numeric.h>
 
-std::int32_t SignOf(std::int32_t distance) {
-    return (distance > 0) - (distance < 0);
-}
+using Tarnex::SignOf;
+
+namespace {
 
 std::uint32_t Magnitude(std::int32_t distance) {
     const auto bits = static_cast<std::uint32_t>(distance);
@@ -30,13 +30,6 @@ DiDirection& DiDirection::operator=(const DiDirection& other) {
     stepX = other.stepX;
     stepY = other.stepY;
     return *this;
-}
-
-DiDirection DiDirection::Step(std::int32_t x, std::int32_t y) {
-    DiDirection step;
-    step.stepX = x;
-    step.stepY = y;
-    return step;
 }
 
 void DiDirection::Set(const DiPos& from, const DiPos& to) {

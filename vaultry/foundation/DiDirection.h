@@ -27,9 +27,6 @@ struct VAULTRY_API DiDirection {
     DiDirection& operator=(const DiDirection& other);
     ~DiDirection() = default;
 
-    /// A bare step without distances, as the history of a walk keeps it.
-    static DiDirection Step(std::int32_t x, std::int32_t y);
-
     /// Sets step and distances from `from` towards `to`; z plays no part.
     void Set(const DiPos& from, const DiPos& to);
 

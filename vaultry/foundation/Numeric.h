@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Conversions from real to whole numbers that are defined for every input.
+// Small arithmetic that must come out the same everywhere.
 #pragma once
 
 #include <cstdint>
@@ -21,6 +21,16 @@ constexpr std::int32_t TruncToInt(double value) {
         return kMax;
     }
     return static_cast<std::int32_t>(value);
+}
+
+/// -1, 0 or 1.
+constexpr std::int32_t SignOf(std::int32_t value) {
+    return (value > 0) - (value < 0);
+}
+
+/// Adds in double and rounds the sum to single precision, as every step of a placement does.
+constexpr void Add(float& value, double amount) {
+    value = static_cast<float>(value + amount);
 }
 
 /// Degrees to radians, for the rotations of references.

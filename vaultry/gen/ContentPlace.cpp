@@ -17,11 +17,6 @@ namespace {
 
 using Axis = float Di3Point::*;
 
-// Each step of a placement is rounded to single precision, its sum made in double.
-void Add(float& value, double amount) {
-    value = static_cast<float>(value + amount);
-}
-
 // When the thickness of the wall is added to the way from the centre to the wall.
 enum class Thickness { After, Before, WithDepth };
 

@@ -20,10 +20,6 @@ DiPos RoomOrigin(const Layout& room) {
 struct CellRange {
     DiPos first;
     DiPos last;
-
-    bool Contains(const DiPos& pos) const {
-        return first.x <= pos.x && pos.x <= last.x && first.y <= pos.y && pos.y <= last.y;
-    }
 };
 
 // Both far bounds are inclusive: a room covers one row and one column more than it has.
@@ -56,23 +52,37 @@ std::size_t CellIndex(const Layout& main, const DiPos& pos) {
     return static_cast<std::size_t>(pos.y) * main.GetWidth() + static_cast<std::size_t>(pos.x);
 }
 
+// The side towards which a distance along one axis leads; null for a distance of 0.
+const Side* SideTowards(bool vertical, std::int32_t distance) {
+    const TileDirT negative = vertical ? DirN : DirW;
+    const TileDirT positive = vertical ? DirS : DirE;
+    return distance == 0 ? nullptr : FindSide(distance < 0 ? negative : positive);
+}
+
 } // namespace
 
-// How one side of a room is searched: along which lines, from which edge, and which walls besides
-// the side's own are taken when the way also leads towards them.
-struct GenHallBase::SearchRow {
-    TileDirT facing;
-    bool byRows;         // rows of cells west to east; otherwise columns north to south
-    bool fromFar;        // from the southern or eastern edge inward
-    TileDirT ifNegative; // taken when the distance on the other axis is negative
-    TileDirT ifPositive; // taken when it is positive
-};
+GenHallBase::GenHallBase(const GenInfo& info_, Layout& main_, const RoomInfo& rooms_)
+    : info(info_), main(main_), rooms(rooms_),
+      roomAt(main_.GetWidth() * std::size_t{main_.GetHeight()}) {
+    for (const DiPtr<Layout>& room : rooms.GetRoomList()) {
+        MapRoom(*room);
+    }
+}
 
-GenHallBase::GenHallBase(const GenInfo& info_, Layout& main_, RoomInfo& rooms_)
-    : info(info_), main(main_), rooms(rooms_) {}
+void GenHallBase::MapRoom(const Layout& room) {
+    const CellRange cells = CoveredCells(room);
+    for (std::int32_t y = cells.first.y; y <= cells.last.y; ++y) {
+        for (std::int32_t x = cells.first.x; x <= cells.last.x; ++x) {
+            const DiPos pos(x, y, 0);
+            if (IsInside(pos) && PosToRoom(pos) == nullptr) {
+                roomAt[CellIndex(main, pos)] = &room;
+            }
+        }
+    }
+}
 
-const DiPtr<GridElmt>& GenHallBase::ElmtAt(const DiPos& pos) const {
-    return main.GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x));
+GridElmt* GenHallBase::ElmtAt(const DiPos& pos) const {
+    return main.GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x)).get();
 }
 
 bool GenHallBase::IsInside(const DiPos& pos) const {
@@ -90,93 +100,39 @@ DiPos GenHallBase::FindCenter(const Layout& room) const {
     return RoomOrigin(room) + DiPos(size.x / 2, size.y / 2, 0);
 }
 
-DiPtr<Layout> GenHallBase::PosToRoom(const DiPos& pos) const {
-    if (!IsInside(pos)) {
-        const auto list = rooms.GetRoomList();
-        const auto covering = std::ranges::find_if(
-            list, [&pos](const DiPtr<Layout>& room) { return CoveredCells(*room).Contains(pos); });
-        return covering == list.end() ? nullptr : *covering;
-    }
-    if (roomAt.empty()) {
-        MapRooms();
-    }
+const Layout* GenHallBase::PosToRoom(const DiPos& pos) const {
     return roomAt[CellIndex(main, pos)];
-}
-
-void GenHallBase::MapRooms() const {
-    roomAt.assign(main.GetWidth() * std::size_t{main.GetHeight()}, nullptr);
-    for (const DiPtr<Layout>& room : rooms.GetRoomList()) {
-        const CellRange cells = CoveredCells(*room);
-        for (std::int32_t y = cells.first.y; y <= cells.last.y; ++y) {
-            for (std::int32_t x = cells.first.x; x <= cells.last.x; ++x) {
-                const DiPos pos(x, y, 0);
-                if (IsInside(pos) && roomAt[CellIndex(main, pos)] == nullptr) {
-                    roomAt[CellIndex(main, pos)] = room.get();
-                }
-            }
-        }
-    }
 }
 
 DiPos GenHallBase::FindForDoorway(const Layout& room, const DiDirection& way) const {
     const bool vertical = way.stepY != 0;
-    DiPos found;
-    if (way.stepY >= 1) {
-        found = FindForDoorwayS(room, way);
-    } else if (way.stepY < 0) {
-        found = FindForDoorwayN(room, way);
-    } else if (way.stepX < 1) {
-        found = FindForDoorwayW(room, way);
-    } else {
-        found = FindForDoorwayE(room, way);
-    }
+    const Side* ahead = SideTowards(vertical, vertical ? way.stepY : way.stepX);
+    const DiPos found = SearchSide(room, ahead != nullptr ? *ahead : Sides()[DirW], way);
     if (!(found == DiPos())) {
         return found;
     }
-    const std::int32_t aside = vertical ? way.distX : way.distY;
-    if (aside < 0) {
-        return vertical ? FindForDoorwayW(room, way) : FindForDoorwayN(room, way);
-    }
-    if (aside > 0) {
-        return vertical ? FindForDoorwayE(room, way) : FindForDoorwayS(room, way);
-    }
-    return {};
+    const Side* aside = SideTowards(!vertical, vertical ? way.distX : way.distY);
+    return aside != nullptr ? SearchSide(room, *aside, way) : DiPos();
 }
 
-DiPos GenHallBase::FindForDoorwayN(const Layout& room, const DiDirection& way) const {
-    return SearchDoorway(room, way, {DirN, true, false, DirW, DirE});
-}
-
-DiPos GenHallBase::FindForDoorwayS(const Layout& room, const DiDirection& way) const {
-    return SearchDoorway(room, way, {DirS, true, true, DirW, DirE});
-}
-
-DiPos GenHallBase::FindForDoorwayE(const Layout& room, const DiDirection& way) const {
-    return SearchDoorway(room, way, {DirE, false, true, DirN, DirS});
-}
-
-DiPos GenHallBase::FindForDoorwayW(const Layout& room, const DiDirection& way) const {
-    return SearchDoorway(room, way, {DirW, false, false, DirN, DirS});
-}
-
-DiPos GenHallBase::SearchDoorway(const Layout& room,
-                                 const DiDirection& way,
-                                 const SearchRow& search) const {
-    const std::int32_t aside = search.byRows ? way.distX : way.distY;
-    SideBits facings = SideBit(search.facing);
-    if (aside != 0) {
-        facings |= SideBit(aside < 0 ? search.ifNegative : search.ifPositive);
-    }
+// From the side inward, line by line. Walls that look aside are taken too if the way leads there,
+// so that a room in a corner of the level has a way out.
+DiPos GenHallBase::SearchSide(const Layout& room, const Side& side, const DiDirection& way) const {
+    const bool byRows = side.step.y != 0;
+    const bool fromFar = side.dir == DirS || side.dir == DirE;
+    const Side* aside = SideTowards(!byRows, byRows ? way.distX : way.distY);
+    const SideBits facings = static_cast<SideBits>(
+        SideBit(side.dir) | (aside != nullptr ? SideBit(aside->dir) : SideBits{0}));
     const DiPos& size = room.GetSize();
-    const std::int32_t lines = search.byRows ? size.y : size.x;
-    const std::int32_t length = search.byRows ? size.x : size.y;
+    const std::int32_t lines = byRows ? size.y : size.x;
+    const std::int32_t length = byRows ? size.x : size.y;
     info.meter.Step(std::int64_t{lines} * length);
     std::vector<DiPos> candidates;
     candidates.reserve(static_cast<std::size_t>(lines) + static_cast<std::size_t>(length));
     for (std::int32_t i = 0; i < lines; ++i) {
-        const std::int32_t line = search.fromFar ? lines - 1 - i : i;
+        const std::int32_t line = fromFar ? lines - 1 - i : i;
         for (std::int32_t along = 0; along < length; ++along) {
-            const DiPos cell = search.byRows ? DiPos(along, line, 0) : DiPos(line, along, 0);
+            const DiPos cell = byRows ? DiPos(along, line, 0) : DiPos(line, along, 0);
             AddIfSafe(candidates, room, cell, facings);
         }
     }
@@ -211,8 +167,8 @@ bool GenHallBase::IsSafeForDoor(const Tile& tile, const DiPos& pos) const {
     if (side == nullptr || IsOnBorder(pos)) {
         return false;
     }
-    const DiPtr<GridElmt>& outside = ElmtAt(pos + side->step);
-    if (!outside) {
+    const GridElmt* outside = ElmtAt(pos + side->step);
+    if (outside == nullptr) {
         return true;
     }
     if (outside->isShadow) {
@@ -232,17 +188,17 @@ bool GenHallBase::IsSafeForDoor(const Tile& tile, const DiPos& pos) const {
 // True when the neighbours on the side and on the opposite one both open towards the piece.
 bool GenHallBase::IsThroughHall(const DiPos& pos, const Side& side) const {
     const Side& back = *FindSide(side.opposite);
-    const DiPtr<GridElmt>& ahead = ElmtAt(pos + side.step);
-    const DiPtr<GridElmt>& behind = ElmtAt(pos + back.step);
-    if (!ahead || !behind) {
+    const GridElmt* ahead = ElmtAt(pos + side.step);
+    const GridElmt* behind = ElmtAt(pos + back.step);
+    if (ahead == nullptr || behind == nullptr) {
         return false;
     }
     return OpensTo(*ahead, side.opposite) && OpensTo(*behind, side.dir);
 }
 
 CvtAction GenHallBase::CanInPlaceCvt(const DiPos& pos) const {
-    const DiPtr<GridElmt>& elmt = ElmtAt(pos);
-    if (!elmt || elmt->isShadow) {
+    const GridElmt* elmt = ElmtAt(pos);
+    if (elmt == nullptr || elmt->isShadow) {
         return CvtNone;
     }
     const TileType type = GetElmtType(*elmt);

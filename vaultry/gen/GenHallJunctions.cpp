@@ -65,6 +65,13 @@ void GenHallway::ReplaceTiles(GridElmt& elmt, const DiPos& pos, TileKind kind) {
     elmt.ReplaceTiles(TileOf(kind));
 }
 
+void GenHallway::LayTile(const DiPos& pos, TileKind kind) {
+    const auto elmt = MakeDi<GridElmt>();
+    elmt->AddTile(TileOf(kind));
+    journal.Touch(pos);
+    main.SetElmt(elmt, pos.y, pos.x);
+}
+
 bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
     if (elmt.isShadow) {
         return false;
@@ -98,8 +105,8 @@ bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
 }
 
 void GenHallway::CvtToDoorway(const DiPos& pos) {
-    const DiPtr<GridElmt> elmt = ElmtAt(pos);
-    if (!elmt || !HasTileOfType(*elmt, TileWall)) {
+    GridElmt* elmt = ElmtAt(pos);
+    if (elmt == nullptr || !HasTileOfType(*elmt, TileWall)) {
         return;
     }
     const Side* facing = FindSide(GetElmtDir(*elmt));
@@ -110,8 +117,8 @@ void GenHallway::CvtToDoorway(const DiPos& pos) {
         return;
     }
     // Of two doorways back to back only the first one cut gets a door.
-    const DiPtr<GridElmt>& outside = ElmtAt(pos + side.step);
-    if (outside && HasTileOfType(*outside, TileDoorway)) {
+    const GridElmt* outside = ElmtAt(pos + side.step);
+    if (outside != nullptr && HasTileOfType(*outside, TileDoorway)) {
         return;
     }
     elmt->AddTile(TileOf(side.doorjamb));
@@ -148,8 +155,8 @@ bool GenHallway::Try4Way(GridElmt& elmt, const DiPos& pos, bool testOnly) {
 
 // Whether the neighbour on that side leaves room for a junction at `pos`.
 GenHallway::Reception GenHallway::ReceiveJunction(const Side& side, const DiPos& pos) const {
-    const DiPtr<GridElmt>& neighbour = ElmtAt(pos + side.step);
-    if (!neighbour || neighbour->isShadow) {
+    const GridElmt* neighbour = ElmtAt(pos + side.step);
+    if (neighbour == nullptr || neighbour->isShadow) {
         return Reception::Accepted;
     }
     for (const TileType type : {TileDoorway, TileWall, TileHallEnd}) {
@@ -165,7 +172,7 @@ GenHallway::Reception GenHallway::ReceiveJunction(const Side& side, const DiPos&
 
 // Whether a hall that runs past may become a junction too.
 bool GenHallway::StandsTrial(const DiPos& pos) {
-    const DiPtr<GridElmt> elmt = ElmtAt(pos);
+    GridElmt* elmt = ElmtAt(pos);
     const TilesAside trial(*elmt, TileOf(FourWay()));
     return Try4Way(*elmt, pos, true);
 }
@@ -179,7 +186,7 @@ void GenHallway::Place4Way(const DiPos& pos) {
     };
     std::vector<Junction> open;
     const auto begin = [this, &open](const DiPos& at) {
-        if (const DiPtr<GridElmt> elmt = ElmtAt(at)) {
+        if (GridElmt* elmt = ElmtAt(at)) {
             ReplaceTiles(*elmt, at, FourWay());
             open.push_back({at, 0});
         }
@@ -205,12 +212,9 @@ bool GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
     if (!IsInside(at)) {
         return false;
     }
-    const DiPtr<GridElmt> neighbour = ElmtAt(at);
-    if (!neighbour) {
-        const auto end = MakeDi<GridElmt>();
-        end->AddTile(TileOf(side.hallEnd));
-        journal.Touch(at);
-        main.SetElmt(end, at.y, at.x);
+    GridElmt* neighbour = ElmtAt(at);
+    if (neighbour == nullptr) {
+        LayTile(at, side.hallEnd);
         return false;
     }
     if (HasTileOfType(*neighbour, TileDoorway)) {

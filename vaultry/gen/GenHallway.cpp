@@ -8,7 +8,7 @@
 #include <vaultry/foundation/RunState.h>
 #include <vaultry/layout/ElmtKind.h>
 
-#include <array>
+#include <algorithm>
 #include <optional>
 
 namespace Tarnex {
@@ -23,62 +23,54 @@ constexpr std::uint32_t kMaxDetours = 3;      // the third is no longer made
 constexpr std::uint32_t kTurnsAside = 1;      // more failures than this turn the walk aside
 constexpr double kDetourByRoom = 0.75;
 constexpr double kShuffle = 0.5;
-constexpr double kPrefersDiagonal = 0.5;
+constexpr double kPrefersVertical = 0.5;
 constexpr std::size_t kToleratedFailures = 1;
 
-// The message about a place without a door comes once per place, however many runs pass it.
-bool IsNewPlace(const DiPos& pos) {
+// Once per place, however many runs pass it.
+void ReportNoPlaceForDoor(const char* source, const DiPos& place, const DiDirection& way) {
     std::optional<DiPos>& last = CurrentRunState().doorless;
-    const bool isNew = !last || last->x != pos.x || last->y != pos.y;
-    last = pos;
-    return isNew;
+    if (last == place) {
+        return;
+    }
+    last = place;
+    Logger::DebugError(source,
+                       "No place for door at XY (%d,%d) DeltaXY (%d,%d)",
+                       place.x,
+                       place.y,
+                       way.distX,
+                       way.distY);
 }
 
-std::int32_t SignOf(std::int32_t distance) {
-    return (distance > 0) - (distance < 0);
-}
-
-const Layout* FirstOf(const std::array<const DiPtr<Layout>*, 3>& choices) {
-    for (const DiPtr<Layout>* choice : choices) {
-        if (*choice) {
-            return choice->get();
+// The neighbour that a detour goes through on the way from one slot of the room grid to another; or
+// null. Where the way goes along both axes chance says which comes first, even if only one is
+// there.
+const Layout* ChooseDetour(const AdjacentRooms& around, const DiPos& from, const DiPos& to) {
+    const auto pick = [](std::int32_t way, const DiPtr<Layout>& near, const DiPtr<Layout>& far) {
+        return way < 0 ? near.get() : way > 0 ? far.get() : nullptr;
+    };
+    const Layout* vertical = pick(to.y - from.y, around.north, around.south);
+    const Layout* horizontal = pick(to.x - from.x, around.west, around.east);
+    if (from.x != to.x && from.y != to.y) {
+        const double draw = RandomUnit();
+        if (draw >= kPrefersVertical && horizontal != nullptr) {
+            return horizontal;
         }
     }
-    return nullptr;
+    return vertical != nullptr ? vertical : horizontal;
 }
 
-// The neighbours on the way from a room towards another, by the signs of the way on the room grid.
-struct OnTheWay {
-    const DiPtr<Layout>* vertical;
-    const DiPtr<Layout>* horizontal;
-    const DiPtr<Layout>* diagonal;
-};
-
-OnTheWay NeighboursTowards(const AdjacentRooms& around, bool north, bool west) {
-    const DiPtr<Layout>* northern = west ? &around.northWest : &around.northEast;
-    const DiPtr<Layout>* southern = west ? &around.southWest : &around.southEast;
-    return {north ? &around.north : &around.south,
-            west ? &around.west : &around.east,
-            north ? northern : southern};
-}
-
-// The neighbour that a detour goes through, or null.
-const Layout* ChooseDetour(const AdjacentRooms& around, std::int32_t dx, std::int32_t dy) {
-    if (dx == 0 && dy == 0) {
-        return nullptr;
-    }
-    if (dx == 0) {
-        return dy < 0 ? FirstOf({&around.north, &around.northWest, &around.northEast})
-                      : FirstOf({&around.south, &around.southWest, &around.southEast});
-    }
-    if (dy == 0) {
-        return dx < 0 ? FirstOf({&around.west, &around.northWest, &around.southWest})
-                      : FirstOf({&around.east, &around.northEast, &around.southEast});
-    }
-    const OnTheWay way = NeighboursTowards(around, dy < 0, dx < 0);
+// Mostly the order of the room grid, so that halls are short; otherwise some rooms change places
+// and a hall crosses the level.
+std::vector<DiPtr<Layout>> ShuffleRooms(std::vector<DiPtr<Layout>> rooms) {
     const double draw = RandomUnit();
-    return draw < kPrefersDiagonal ? FirstOf({way.diagonal, way.vertical, way.horizontal})
-                                   : FirstOf({way.horizontal, way.vertical, way.diagonal});
+    if (draw <= kShuffle || rooms.size() < 2) {
+        return rooms;
+    }
+    for (std::size_t i = 0; i < rooms.size() / 2; ++i) {
+        const auto pick = rooms.begin() + RandomInt(static_cast<std::int32_t>(rooms.size()));
+        std::rotate(pick, pick + 1, rooms.end());
+    }
+    return rooms;
 }
 
 std::int32_t OffBorder(std::int32_t place, std::int32_t size) {
@@ -90,71 +82,59 @@ std::int32_t OffBorder(std::int32_t place, std::int32_t size) {
 
 } // namespace
 
-// The counters of one hall.
+// One hall under way.
 struct GenHallway::Walk {
+    const Layout* from;
+    const Layout* to;
+    HallCursor cursor;
     std::uint32_t steps = 0;
     std::uint32_t stuck = 0;
     std::uint32_t reversals = 0;
-    bool detours = false;
-    DiPtr<Layout> detourRoom;
+    const Layout* detourFrom = nullptr; // the room that a detour under way began in
 };
 
-GenHallway::GenHallway(const GenInfo& info_, Layout& main_, RoomInfo& rooms_)
+GenHallway::GenHallway(const GenInfo& info_, Layout& main_, const RoomInfo& rooms_)
     : GenHallBase(info_, main_, rooms_), journal(main_) {}
 
 bool GenHallway::Gen() {
     constexpr float kShadowDepth = 1.0F;
     failedHalls.clear();
-    ForgetRoomPlaces();
-    std::vector<DiPtr<Layout>> list = rooms.GetRoomList();
-    if (list.empty()) {
+    const auto all = rooms.GetRoomList();
+    if (all.empty()) {
         return true;
     }
+    // Parts of rooms stand in the way of halls, if they are not above or below them.
     main.AddShadows(-kShadowDepth, kShadowDepth);
-    ShuffleRooms(list);
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        const DiPtr<Layout>& next = list[(i + 1) % list.size()];
-        if (!ConnectRooms(list[i], next)) {
-            failedHalls.push_back(
-                {rooms.GetLogicalRoomPos(*list[i]), rooms.GetLogicalRoomPos(*next)});
+    const auto ring = ShuffleRooms(all);
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const Layout& room = *ring[i];
+        const Layout& next = *ring[(i + 1) % ring.size()];
+        if (!ConnectRooms(room, next)) {
+            failedHalls.push_back({rooms.GetLogicalRoomPos(room), rooms.GetLogicalRoomPos(next)});
         }
     }
     main.RemoveShadows();
     return failedHalls.size() <= kToleratedFailures;
 }
 
-void GenHallway::ShuffleRooms(std::vector<DiPtr<Layout>>& list) const {
-    const double draw = RandomUnit();
-    if (draw <= kShuffle || list.size() < 2) {
-        return;
-    }
-    for (std::size_t i = 0; i < list.size() / 2; ++i) {
-        const auto pick = RandomInt(static_cast<std::int32_t>(list.size()));
-        const DiPtr<Layout> room = list[static_cast<std::size_t>(pick)];
-        list.erase(list.begin() + pick);
-        list.push_back(room);
-    }
-}
-
-bool GenHallway::ConnectRooms(const DiPtr<Layout>& from, const DiPtr<Layout>& to) {
-    Walk walk;
+bool GenHallway::ConnectRooms(const Layout& from, const Layout& to) {
     journal.Begin();
-    sourceRoom = from;
-    destRoom = to;
-    finished = false;
-    Prep();
+    Walk walk{&from, &to, Prep(from, to)};
     const auto parts = static_cast<std::int64_t>(main.GetChildren().size());
     const std::int64_t stepsPerMove = kLooksPerMove * (1 + parts);
+    bool finished = false;
     while (!finished) {
         info.meter.Step(stepsPerMove);
-        if (blocked >= kGivesUpBlocked) {
+        if (walk.cursor.blocked >= kGivesUpBlocked) {
             SeekDetour(walk);
         }
-        if (insideRoom) {
+        if (walk.cursor.inside != nullptr) {
             PassRoom(walk);
         } else {
-            NextStep();
+            NextStep(walk.cursor);
         }
+        // A hall that arrives by the step that is one too many is taken back, yet counts as made.
+        finished = walk.cursor.finished;
         if (++walk.steps > kMaxSteps && !TurnBack(walk)) {
             return false;
         }
@@ -168,87 +148,79 @@ void GenHallway::StepBack() {
     journal.Rollback();
 }
 
+// A cursor that no detour frees any more walks on until its run is over: the other end may do
+// better.
 void GenHallway::SeekDetour(Walk& walk) {
     if (++walk.stuck >= kMaxDetours) {
         return;
     }
-    if (!insideRoom) {
+    if (walk.cursor.inside == nullptr) {
         StepBack();
-        Prep();
+        walk.cursor = Prep(*walk.from, *walk.to);
     }
     const double draw = RandomUnit();
-    destXY = draw < kDetourByRoom ? AltDest(*insideRoom) : RandomDest();
-    blocked = 0;
-    walk.detours = true;
-    walk.detourRoom = insideRoom;
+    walk.cursor.dest = draw < kDetourByRoom ? AltDest(walk.cursor) : RandomDest();
+    walk.cursor.blocked = 0;
+    walk.detourFrom = walk.cursor.inside;
 }
 
+// In the next room the detour is over.
 void GenHallway::PassRoom(Walk& walk) {
-    if (walk.detours && !(insideRoom == walk.detourRoom)) {
-        destXY = TrueDest(*destRoom);
-        walk.detours = false;
+    if (walk.detourFrom != nullptr && walk.cursor.inside != walk.detourFrom) {
+        walk.cursor.dest = TrueDest(*walk.to, walk.cursor.place);
+        walk.detourFrom = nullptr;
     }
-    LeaveRoom();
+    LeaveRoom(walk.cursor);
 }
 
 // A run that took too many steps starts again from the other end; false after the last run.
 bool GenHallway::TurnBack(Walk& walk) {
     StepBack();
+    const HallCursor& cursor = walk.cursor;
     if (walk.reversals >= kMaxReversals) {
         Logger::DebugError(
             S_LogSrc,
             "Unable to complete hall.  CurXY=(%d,%d) DestXY=(%d,%d) Blocked=%d Stuck=%d",
-            curXY.x,
-            curXY.y,
-            destXY.x,
-            destXY.y,
-            static_cast<int>(blocked),
+            cursor.place.x,
+            cursor.place.y,
+            cursor.dest.x,
+            cursor.dest.y,
+            static_cast<int>(cursor.blocked),
             static_cast<int>(walk.stuck));
         return false;
     }
-    ReverseDir();
-    walk.detours = false;
-    blocked = 0;
-    walk.steps = 0;
-    walk.stuck = 0;
-    ++walk.reversals;
+    walk = {walk.to, walk.from, Prep(*walk.to, *walk.from), 0, 0, walk.reversals + 1};
     return true;
 }
 
-void GenHallway::Prep() {
-    insideRoom = sourceRoom;
-    curXY = FindCenter(*sourceRoom);
-    destXY = TrueDest(*destRoom);
-    curTile = nullptr;
-    blocked = 0;
-    history.clear();
+HallCursor GenHallway::Prep(const Layout& from, const Layout& to) const {
+    HallCursor cursor;
+    cursor.place = FindCenter(from);
+    cursor.dest = TrueDest(to, cursor.place);
+    cursor.destRoom = &to;
+    cursor.inside = &from;
+    return cursor;
 }
 
-void GenHallway::ReverseDir() {
-    std::swap(sourceRoom, destRoom);
-    Prep();
-}
-
-DiPos GenHallway::TrueDest(const Layout& room) const {
+DiPos GenHallway::TrueDest(const Layout& room, const DiPos& from) const {
     const DiPos center = FindCenter(room);
-    const DiPtr<GridElmt>& elmt = ElmtAt(center);
-    if (elmt && !elmt->isShadow) {
+    const GridElmt* elmt = ElmtAt(center);
+    if (elmt != nullptr && !elmt->isShadow) {
         return center;
     }
-    const DiPos door = FindForDoorway(room, DiDirection(curXY, center));
+    const DiPos door = FindForDoorway(room, DiDirection(from, center));
     return door == DiPos() ? center : door;
 }
 
-DiPos GenHallway::AltDest(const Layout& room) const {
-    const DiPos here = rooms.GetLogicalRoomPos(room);
-    const DiPos there = rooms.GetLogicalRoomPos(*destRoom);
-    const AdjacentRooms around = rooms.GetAdjacentRooms(room);
-    const Layout* detour = ChooseDetour(around, SignOf(there.x - here.x), SignOf(there.y - here.y));
+DiPos GenHallway::AltDest(const HallCursor& cursor) const {
+    const DiPos here = rooms.GetLogicalRoomPos(*cursor.inside);
+    const DiPos there = rooms.GetLogicalRoomPos(*cursor.destRoom);
+    const Layout* detour = ChooseDetour(rooms.GetAdjacentRooms(*cursor.inside), here, there);
     if (detour == nullptr) {
-        return destXY;
+        return cursor.dest;
     }
-    const DiPos dest = TrueDest(*detour);
-    return dest == DiPos() ? destXY : dest;
+    const DiPos dest = TrueDest(*detour, cursor.place);
+    return dest == DiPos() ? cursor.dest : dest;
 }
 
 DiPos GenHallway::RandomDest() const {
@@ -258,78 +230,53 @@ DiPos GenHallway::RandomDest() const {
     return {OffBorder(x, size.x), OffBorder(y, size.y), 0};
 }
 
-void GenHallway::GetBlockedDir(DiDirection& way) {
-    if (way.stepX == 0) {
-        way.stepX = way.distX < 1 ? -1 : 1;
-        way.stepY = 0;
-    } else {
-        way.stepX = 0;
-        way.stepY = way.distY < 1 ? -1 : 1;
-    }
-}
-
-bool GenHallway::CheckFinished() {
-    if (ElmtAt(curXY) && PosToRoom(curXY) == destRoom) {
-        finished = true;
-    }
-    return finished;
-}
-
-void GenHallway::LeaveRoom() {
-    const DiDirection way(curXY, destXY);
-    const DiPos door = FindForDoorway(*insideRoom, way);
+void GenHallway::LeaveRoom(HallCursor& cursor) {
+    const DiDirection way(cursor.place, cursor.dest);
+    const DiPos door = FindForDoorway(*cursor.inside, way);
     if (door == DiPos()) {
-        blocked += kGivesUpBlocked;
-        if (IsNewPlace(curXY)) {
-            Logger::DebugError(S_LogSrc,
-                               "No place for door at XY (%d,%d) DeltaXY (%d,%d)",
-                               curXY.x,
-                               curXY.y,
-                               way.distX,
-                               way.distY);
-        }
+        cursor.blocked += kGivesUpBlocked;
+        ReportNoPlaceForDoor(S_LogSrc, cursor.place, way);
         return;
     }
-    curXY = door;
-    const DiPtr<GridElmt> elmt = ElmtAt(curXY);
-    if (!elmt) {
+    cursor.place = door;
+    GridElmt* elmt = ElmtAt(door);
+    if (elmt == nullptr) {
         return;
     }
-    const DiPtr<Tile> wall = FindTileOfType(*elmt, TileWall);
-    const DiPtr<Tile> opening = wall ? wall : FindTileOfType(*elmt, TileDoorway);
-    if (!opening) {
+    const Tile* wall = PeekTileOfType(*elmt, TileWall);
+    const Tile* opening = wall != nullptr ? wall : PeekTileOfType(*elmt, TileDoorway);
+    if (opening == nullptr) {
         return;
     }
-    history.clear();
-    if (wall) {
-        CvtToDoorway(curXY);
+    const Side* side = FindSide(GetTileDir(*opening));
+    if (wall != nullptr) {
+        CvtToDoorway(door);
     }
-    if (const Side* side = FindSide(GetTileDir(*opening))) {
-        history.push_back(DiDirection::Step(side->step.x, side->step.y));
-    }
-    curTile = elmt->tiles.empty() ? nullptr : elmt->tiles.front();
-    insideRoom = nullptr;
+    cursor.lastStep = side != nullptr ? side->step : DiPos();
+    cursor.tile = elmt->FirstTile();
+    cursor.inside = nullptr;
 }
 
-void GenHallway::NextStep() {
-    if (!curTile) {
+void GenHallway::NextStep(HallCursor& cursor) {
+    if (cursor.tile == nullptr) {
         return;
     }
-    DiDirection way(curXY, destXY);
-    if (blocked > kTurnsAside) {
+    DiDirection way(cursor.place, cursor.dest);
+    if (cursor.blocked > kTurnsAside) {
         GetBlockedDir(way);
     }
-    const DiDirection previous = history.empty() ? DiDirection() : history.back();
-    const TileDirT facing = GetTileDir(*curTile);
-    const CvtAction action = DependsOnAction(facing, way, blocked) ? CanInPlaceCvt(curXY) : CvtNone;
-    const HallChoice choice = ChooseStep(facing, way, previous, action, blocked);
+    const CvtAction action = CanInPlaceCvt(cursor.place);
+    const HallChoice choice =
+        ChooseStep(GetTileDir(*cursor.tile), way, cursor.lastStep, action, cursor.blocked);
     const DiPtr<Tile>& tile = TileOf(choice.tile);
     if (!tile) {
-        ++blocked;
-    } else if (choice.IsInPlace()) {
-        ConvertInPlace(choice, tile);
+        ++cursor.blocked;
+        return;
+    }
+    if (choice.IsInPlace()) {
+        ConvertInPlace(cursor, choice, *tile);
     } else {
-        Move(choice, tile);
+        Move(cursor, choice, *tile);
     }
 }
 
@@ -337,65 +284,60 @@ const DiPtr<Tile>& GenHallway::TileOf(TileKind kind) const {
     return info.defTileSet->Get(kind);
 }
 
-void GenHallway::ConvertInPlace(const HallChoice& choice, const DiPtr<Tile>& tile) {
-    const DiPtr<GridElmt> elmt = ElmtAt(curXY);
-    if (elmt && choice.action == CvtFourWay) {
-        if (!Try4Way(*elmt, curXY, false)) {
-            ++blocked;
+// The piece chosen counts as the one at the cursor even if a junction was refused: the next step
+// then goes on as from a junction.
+void GenHallway::ConvertInPlace(HallCursor& cursor, const HallChoice& choice, const Tile& tile) {
+    GridElmt* elmt = ElmtAt(cursor.place);
+    if (elmt != nullptr && choice.action == CvtFourWay) {
+        if (!Try4Way(*elmt, cursor.place, false)) {
+            ++cursor.blocked;
         }
-    } else if (elmt) {
-        journal.Touch(curXY);
-        elmt->ReplaceTiles(tile);
+    } else if (elmt != nullptr) {
+        ReplaceTiles(*elmt, cursor.place, choice.tile);
     }
-    curTile = tile;
+    cursor.tile = &tile;
 }
 
-void GenHallway::Move(const HallChoice& choice, const DiPtr<Tile>& tile) {
-    const DiPos next = curXY + DiPos(choice.stepX, choice.stepY, 0);
+void GenHallway::Move(HallCursor& cursor, const HallChoice& choice, const Tile& tile) {
+    const DiPos next = cursor.place + choice.step;
     if (!IsInside(next)) {
-        ++blocked;
+        ++cursor.blocked;
         Logger::DebugError(S_LogSrc, "Internal:  out of bounds in NextStep()");
         return;
     }
-    const DiPtr<GridElmt> elmt = ElmtAt(next);
-    if (elmt && !CvtElmt(*elmt, GetTileDir(*tile), next)) {
-        ++blocked;
+    GridElmt* elmt = ElmtAt(next);
+    if (elmt != nullptr && !CvtElmt(*elmt, GetTileDir(tile), next)) {
+        ++cursor.blocked;
         return;
     }
-    history.push_back(DiDirection::Step(choice.stepX, choice.stepY));
-    blocked = 0;
-    curXY = next;
-    if (elmt) {
-        MoveOnto(*elmt);
-        return;
-    }
-    const auto piece = MakeDi<GridElmt>();
-    piece->AddTile(tile);
-    journal.Touch(next);
-    main.SetElmt(piece, next.y, next.x);
-    curTile = tile;
-}
-
-void GenHallway::MoveOnto(const GridElmt& elmt) {
-    curTile = elmt.tiles.empty() ? nullptr : elmt.tiles.front();
-    if (!curTile) {
-        return;
-    }
-    if (!IsDoorway(*curTile)) {
-        static const TileKind fourWay = TileKind::Of(Tile_Hall4Way);
-        if (curTile->kindName.Kind() == fourWay) {
-            CheckFinished();
-        }
-    } else if (!CheckFinished()) {
-        EnterRoom();
+    cursor.place = next;
+    cursor.lastStep = choice.step;
+    cursor.blocked = 0;
+    if (elmt != nullptr) {
+        MoveOnto(cursor, *elmt);
+    } else {
+        LayTile(next, choice.tile);
+        cursor.tile = &tile;
     }
 }
 
-// Once inside, the cursor walks on from the middle of the room.
-void GenHallway::EnterRoom() {
-    insideRoom = PosToRoom(curXY);
-    if (insideRoom) {
-        curXY = FindCenter(*insideRoom);
+// Doorways and junctions may belong to the destination; a hall that only runs along it does not end
+// there. From the doorway of another room the cursor jumps to the middle, to walk on from there.
+void GenHallway::MoveOnto(HallCursor& cursor, const GridElmt& elmt) const {
+    static const TileKind fourWay = TileKind::Of(Tile_Hall4Way);
+    cursor.tile = elmt.FirstTile();
+    if (cursor.tile == nullptr) {
+        return;
+    }
+    const bool isDoorway = GetTileType(*cursor.tile) == TileDoorway;
+    if (!isDoorway && cursor.tile->kindName.Kind() != fourWay) {
+        return;
+    }
+    const Layout* room = PosToRoom(cursor.place);
+    cursor.finished = room == cursor.destRoom;
+    if (isDoorway && room != nullptr && !cursor.finished) {
+        cursor.inside = room;
+        cursor.place = FindCenter(*room);
     }
 }
 

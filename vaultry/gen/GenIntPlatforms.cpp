@@ -2,6 +2,7 @@
 // Platforms: raised floors along the walls of fixed cave interiors.
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntBase.h>
 #include <vaultry/gen/Limits.h>
@@ -14,11 +15,6 @@
 namespace Tarnex {
 
 namespace {
-
-// Each step of a piece's place is rounded to single precision, its sum made in double.
-void Add(float& value, double amount) {
-    value = static_cast<float>(value + amount);
-}
 
 void PlaceStairs(GridElmt& elmt,
                  const Platform& platform,

@@ -398,9 +398,9 @@ void GenIntRandom::PlaceRooms(Layout& main, RoomInfo& rooms) const {
 }
 
 bool GenIntRandom::ConnectRooms(Layout& main, RoomInfo& rooms, LevelReport& report) {
-    const auto halls = MakeDi<GenHallway>(info, main, rooms);
-    const bool joined = halls->Gen();
-    report.failedHalls = halls->GetFailedHalls();
+    GenHallway halls(info, main, rooms);
+    const bool joined = halls.Gen();
+    report.failedHalls = halls.GetFailedHalls();
     return joined;
 }
 

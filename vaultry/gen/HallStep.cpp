@@ -2,12 +2,15 @@
 #include <vaultry/gen/HallStep.h>
 
 #include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Numeric.h>
 
 #include <array>
 
 namespace Tarnex {
 
 namespace {
+
+constexpr std::uint32_t kUndoesCorner = 4; // as many failures in a row undo a corner
 
 struct HallKinds {
     TileKind northSouth = TileKind::Of(Tile_HallNS);
@@ -24,39 +27,34 @@ const HallKinds& Kinds() {
     return kinds;
 }
 
-std::int32_t SignOf(std::int32_t distance) {
-    return (distance > 0) - (distance < 0);
-}
-
 // A step of (0, 0) counts as vertical.
 bool StepsVertically(const DiDirection& way) {
     return way.stepX == 0;
 }
 
 HallChoice Blocked(CvtAction action) {
-    return {TileKind(), 0, 0, action};
+    return {TileKind(), {}, action};
 }
 
 HallChoice InPlace(TileKind tile, CvtAction action) {
-    return {tile, 0, 0, action};
+    return {tile, {}, action};
 }
 
 HallChoice StraightNS(const DiDirection& wanted, CvtAction action) {
     if (wanted.distY == 0) {
         return Blocked(action);
     }
-    return {Kinds().northSouth, 0, SignOf(wanted.distY), action};
+    return {Kinds().northSouth, {0, SignOf(wanted.distY), 0}, action};
 }
 
 HallChoice StraightEW(const DiDirection& wanted, CvtAction action) {
     if (wanted.distX == 0) {
         return Blocked(action);
     }
-    return {Kinds().eastWest, SignOf(wanted.distX), 0, action};
+    return {Kinds().eastWest, {SignOf(wanted.distX), 0, 0}, action};
 }
 
-HallChoice
-FromNorthSouth(const DiDirection& wanted, const DiDirection& previous, CvtAction action) {
+HallChoice FromNorthSouth(const DiDirection& wanted, const DiPos& previous, CvtAction action) {
     if (StepsVertically(wanted) || action == CvtNone) {
         return StraightNS(wanted, action);
     }
@@ -64,14 +62,14 @@ FromNorthSouth(const DiDirection& wanted, const DiDirection& previous, CvtAction
     if (action == CvtFourWay) {
         return InPlace(kinds.fourWay, action);
     }
-    const bool northward = previous.stepY < 0;
+    const bool northward = previous.y < 0;
     if (wanted.stepX < 0) {
         return InPlace(northward ? kinds.cornerNE : kinds.cornerSE, action);
     }
     return InPlace(northward ? kinds.cornerNW : kinds.cornerSW, action);
 }
 
-HallChoice FromEastWest(const DiDirection& wanted, const DiDirection& previous, CvtAction action) {
+HallChoice FromEastWest(const DiDirection& wanted, const DiPos& previous, CvtAction action) {
     if (!StepsVertically(wanted) || action == CvtNone) {
         return StraightEW(wanted, action);
     }
@@ -82,7 +80,7 @@ HallChoice FromEastWest(const DiDirection& wanted, const DiDirection& previous, 
     if (wanted.stepY == 0) {
         return Blocked(action);
     }
-    const bool westward = previous.stepX < 0;
+    const bool westward = previous.x < 0;
     if (wanted.stepY < 0) {
         return InPlace(westward ? kinds.cornerSW : kinds.cornerSE, action);
     }
@@ -91,51 +89,56 @@ HallChoice FromEastWest(const DiDirection& wanted, const DiDirection& previous, 
 
 HallChoice LeaveCorner(TileDirT corner, const DiDirection& wanted, CvtAction action) {
     struct Exit {
-        std::int32_t stepX;
-        std::int32_t stepY;
+        DiPos step;
         std::array<TileDirT, 2> openCorners; // the corners that are open on that side
     };
     static constexpr std::array<Exit, 4> kExits = {{
-        {-1, 0, {DirNE, DirSE}},
-        {1, 0, {DirNW, DirSW}},
-        {0, -1, {DirSW, DirSE}},
-        {0, 1, {DirNW, DirNE}},
+        {{-1, 0, 0}, {DirNE, DirSE}},
+        {{1, 0, 0}, {DirNW, DirSW}},
+        {{0, -1, 0}, {DirSW, DirSE}},
+        {{0, 1, 0}, {DirNW, DirNE}},
     }};
     for (const Exit& exit : kExits) {
-        const bool isWanted = wanted.stepX == exit.stepX && wanted.stepY == exit.stepY;
+        const bool isWanted = wanted.stepX == exit.step.x && wanted.stepY == exit.step.y;
         const bool isOpen = exit.openCorners[0] == corner || exit.openCorners[1] == corner;
         if (isWanted && isOpen) {
             const HallKinds& kinds = Kinds();
-            return {exit.stepX != 0 ? kinds.eastWest : kinds.northSouth,
-                    exit.stepX,
-                    exit.stepY,
-                    action};
+            return {exit.step.x != 0 ? kinds.eastWest : kinds.northSouth, exit.step, action};
         }
     }
     return Blocked(action);
 }
 
-HallChoice UndoCorner(const DiDirection& previous, CvtAction action) {
+HallChoice UndoCorner(const DiPos& previous, CvtAction action) {
     const HallKinds& kinds = Kinds();
-    if (previous.stepX == 0 && previous.stepY == 0) {
+    if (previous.isZero()) {
         return InPlace(kinds.fourWay, CvtFourWay);
     }
-    return InPlace(previous.stepY != 0 ? kinds.northSouth : kinds.eastWest, action);
+    return InPlace(previous.y != 0 ? kinds.northSouth : kinds.eastWest, action);
 }
 
 HallChoice AlongStep(const DiDirection& wanted, CvtAction action) {
     const HallKinds& kinds = Kinds();
     return {StepsVertically(wanted) ? kinds.northSouth : kinds.eastWest,
-            wanted.stepX,
-            wanted.stepY,
+            {wanted.stepX, wanted.stepY, 0},
             action};
 }
 
 } // namespace
 
+void GetBlockedDir(DiDirection& way) {
+    if (StepsVertically(way)) {
+        way.stepX = way.distX < 1 ? -1 : 1;
+        way.stepY = 0;
+    } else {
+        way.stepX = 0;
+        way.stepY = way.distY < 1 ? -1 : 1;
+    }
+}
+
 HallChoice ChooseStep(TileDirT current,
                       const DiDirection& wanted,
-                      const DiDirection& previous,
+                      const DiPos& previous,
                       CvtAction action,
                       std::uint32_t blocked) {
     switch (current) {
