@@ -11,8 +11,8 @@ constexpr std::size_t kLongestName = 63;
 
 // Of the last of several levels, whose name is the longest.
 std::string LastCellName(const GenerateOptions& options, const std::string& name) {
-    const bool numbered = !options.fixed && options.random.numLevels > 1;
-    return numbered ? name + ", Level " + std::to_string(options.random.numLevels) : name;
+    const bool numbered = !options.fixed && options.numLevels > 1;
+    return numbered ? name + ", Level " + std::to_string(options.numLevels) : name;
 }
 
 } // namespace

@@ -4,14 +4,12 @@
 #include "cli/CancelSignals.h"
 #include "cli/CellName.h"
 #include "cli/ConfigSource.h"
-#include "cli/ConsoleStatus.h"
 #include "cli/JsonReport.h"
 #include "cli/LevelLines.h"
 #include "cli/LibraryLog.h"
 #include "cli/MapCommand.h"
 #include "cli/MapFiles.h"
 #include "cli/RunSetup.h"
-#include "cli/WalkableSearch.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/run/SafeFile.h>
@@ -37,15 +35,15 @@ void WarnOfNames(RunReport& report, const Console& console) {
 
 ExitStatus StatusOf(const RunReport& report) {
     switch (report.result) {
-    case RunResult::Written:
+    case Ending::Written:
         return report.logged ? ExitStatus::Success : ExitStatus::Failure;
-    case RunResult::Canceled:
+    case Ending::Canceled:
         return ExitStatus::Canceled;
-    case RunResult::Drawn:
-    case RunResult::Refused:
-    case RunResult::NotWritten:
-    case RunResult::Strict:
-    case RunResult::Unwalkable:
+    case Ending::Drawn:
+    case Ending::Refused:
+    case Ending::NotWritten:
+    case Ending::Strict:
+    case Ending::Unwalkable:
         return ExitStatus::Failure;
     }
     return ExitStatus::Failure;
@@ -66,54 +64,47 @@ void SayLevels(RunReport& report, const Console& console) {
 }
 
 // Generates into the temporary file and gives it its name only if nothing speaks against it.
-class Run {
+class Writing {
 public:
-    Run(RunReport& runReport, const Console& runConsole)
+    Writing(RunReport& runReport, const Console& runConsole)
         : report(runReport), console(runConsole), output(report.options.out),
           mapFiles(report.options.maps) {}
 
-    void Generate(GenMgr& manager, LibraryLog& log, const CancelSignals& signals) {
-        log.StartTries();
-        report.result = CreateMod(manager, log, signals);
+    void Generate(GenMgr& manager, const LibraryLog& log, const CancelSignals& signals) {
         report.errors = log.Errors();
-        if (report.result != RunResult::Written) {
+        report.result = CreateMod(manager, signals);
+        if (report.result != Ending::Written) {
             return;
         }
         CountContent(manager.mod, report);
         if (signals.Requested()) {
-            report.result = RunResult::Canceled;
+            report.result = Ending::Canceled;
         } else if (report.options.strict && !report.errors.empty()) {
-            report.result = RunResult::Strict;
+            report.result = Ending::Strict;
         } else {
             Commit();
         }
     }
 
 private:
-    RunResult CreateMod(GenMgr& manager, LibraryLog& log, const CancelSignals& signals) {
-        const GenerateOptions& options = report.options;
-        const bool shown = console.errIsTerminal && !options.quiet;
-        const std::uint32_t levels = options.fixed ? 1 : options.random.numLevels;
-        ConsoleStatus status(shown ? &console.err : nullptr, signals, levels);
-        manager.SetJobStatus(&status);
-        const RunResult result =
-            GenerateLevels(manager, report, log, mapFiles.AreWanted() ? maps.get() : nullptr);
-        manager.SetJobStatus(nullptr);
-        if (result != RunResult::Written) {
-            return result;
+    Ending CreateMod(GenMgr& manager, const CancelSignals& signals) {
+        GenerateLevels(
+            manager, report, signals, console, mapFiles.AreWanted() ? maps.get() : nullptr);
+        if (report.result != Ending::Written) {
+            return report.result;
         }
         AddTreasure(maps->Maps(), manager.mod);
         try {
-            mapFiles.Write(maps, CaptionOf(options));
+            mapFiles.Write(maps, CaptionOf(report.options));
             manager.mod.Write(output.Open(&CancelSignals::Status()));
             output.Finish();
         } catch (const FileError& e) {
             report.fault = e.what();
         }
         if (signals.Requested()) {
-            return RunResult::Canceled;
+            return Ending::Canceled;
         }
-        return report.fault.empty() ? RunResult::Written : RunResult::NotWritten;
+        return report.fault.empty() ? Ending::Written : Ending::NotWritten;
     }
 
     void Commit() {
@@ -122,7 +113,7 @@ private:
             report.bytes = output.Size();
             report.maps = mapFiles.Commit();
         } catch (const FileError& e) {
-            report.result = RunResult::NotWritten;
+            report.result = Ending::NotWritten;
             report.fault = e.what();
         }
     }
@@ -144,25 +135,25 @@ ExitStatus RunGenerate(const GenerateOptions& options, const Console& console) {
     report.stampGiven = options.stamp.has_value();
     FixChance(report.options);
     std::optional<CancelSignals> signals(std::in_place);
-    std::optional<Run> run(std::in_place, report, console);
+    std::optional<Writing> writing(std::in_place, report, console);
     RequireDistinctFiles(
         {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
-    LibraryLog log(options.log);
+    const LibraryLog log(options.log);
     GenMgr manager;
     if (Configure(manager, report.options, source, *signals, log, console)) {
         WarnOfNames(report, console);
-        run->Generate(manager, log, *signals);
+        writing->Generate(manager, log, *signals);
     } else {
-        report.result = RunResult::Canceled;
+        report.result = Ending::Canceled;
         report.errors = log.Errors();
     }
     // The temporary files are gone: nothing is left that could stay half done.
-    run.reset();
+    writing.reset();
     signals.reset();
     console.Show(report.errors);
     SayLevels(report, console);
     // A failure is said even to those who want it quiet.
-    if (!options.quiet || report.result != RunResult::Written) {
+    if (!options.quiet || report.result != Ending::Written) {
         SayWritten(report.maps, console);
         console.Say(Summary(report));
     }

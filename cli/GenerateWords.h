@@ -11,7 +11,7 @@ namespace Tarnex::Cli {
 
 /// The options that shape the levels, for a POSIX shell: each that is not the default. With the
 /// same seed and configuration they make the same levels again.
-std::string LevelWords(const GenerateOptions& options);
+std::string LevelWords(const RunOptions& options);
 
 /// The command line that makes the dungeon of that seed, for a POSIX shell: every option that
 /// decides what is generated, unless it is the default. The seed of the options does not count.

@@ -16,37 +16,24 @@ Json OrNull(const std::optional<T>& value) {
     return value ? Json(*value) : Json(nullptr);
 }
 
+struct JsonOf {
+    Json operator()(std::monostate /*missing*/) const { return nullptr; }
+    template <typename T>
+    Json operator()(const T& value) const {
+        return value;
+    }
+};
+
 // Every option that decides what is generated, under the name of its switch.
 Json OptionsJson(const GenerateOptions& options) {
-    const RandomGenInfo& random = options.random;
-    const auto size = static_cast<std::size_t>(random.levelSize);
-    const auto spacing = static_cast<std::size_t>(random.roomSpacing);
-    return {
-        {"cell", options.cell},
-        {"fixed", options.fixed},
-        {"tileset", OrNull(options.tileSet)},
-        {"cave-tileset", OrNull(options.caveTileSet)},
-        {"template", OrNull(options.layout)},
-        {"cave-template", OrNull(options.caveLayout)},
-        {"theme", OrNull(options.theme)},
-        {"creature-theme", OrNull(options.creatureTheme)},
-        {"treasure-theme", OrNull(options.treasureTheme)},
-        {"levels", random.numLevels},
-        {"min-level", random.minLevel},
-        {"max-level", random.maxLevel},
-        {"size", RandomGenInfo::GetLevelSizeStrings().at(size)},
-        {"spacing", RandomGenInfo::GetRoomSpacingStrings().at(spacing)},
-        {"random-tileset", random.randomTileSet},
-        {"random-theme", random.randomTheme},
-        {"random-creature-theme", random.randomCreatureTheme},
-        {"random-treasure-theme", random.randomTreasureTheme},
-        {"ensure-walkable", options.ensureWalkable},
-        {"platforms", options.platforms},
-        {"master", OrNull(options.master)},
-        {"master-size", OrNull(options.masterSize)},
-        {"strict", options.strict},
-        {"keep-going", options.keepGoing},
-    };
+    Json json = Json::object();
+    for (const OptionRow& row : RunOptionRows()) {
+        if ((row.uses & kReported) != 0) {
+            json[row.name] = std::visit(JsonOf(), ValueOf(options, row));
+        }
+    }
+    json["keep-going"] = options.keepGoing;
+    return json;
 }
 
 Json CellJson(const CellReport& cell) {
@@ -65,7 +52,7 @@ void AddFiles(Json& list, const std::vector<WrittenFile>& files) {
 
 Json FilesJson(const RunReport& report) {
     Json files = Json::array();
-    if (report.result == RunResult::Written) {
+    if (report.result == Ending::Written) {
         files.push_back({{"path", report.options.out}, {"bytes", report.bytes}});
     }
     AddFiles(files, report.maps);
@@ -109,7 +96,7 @@ Json NamesJson(const OfferedList& list) {
 
 std::string ToJson(const RunReport& report) {
     Json json = Report::JsonHeader();
-    json["result"] = ResultWord(report.result);
+    json["result"] = EndingWord(report.result);
     json["seed"] = OrNull(report.options.seed);
     json["stamp"] = OrNull(report.options.stamp);
     json["config"] = report.options.config;

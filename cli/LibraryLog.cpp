@@ -51,10 +51,7 @@ LibraryLog::~LibraryLog() {
 }
 
 std::vector<std::string> LibraryLog::Errors() const {
-    std::vector<std::string> errors = configErrors;
-    const std::vector<std::string> later = ToUtf8(Logger::GetErrors());
-    errors.insert(errors.end(), later.begin(), later.end());
-    return errors;
+    return ToUtf8(Logger::GetErrors());
 }
 
 std::optional<std::string> LibraryLog::Fault() const {
@@ -62,15 +59,6 @@ std::optional<std::string> LibraryLog::Fault() const {
     return fault ? std::optional("the log \"" + path +
                                  "\" could not be written whole: " + fault.message())
                  : std::nullopt;
-}
-
-void LibraryLog::StartTries() {
-    configErrors = Errors();
-    Logger::ResetErrors();
-}
-
-void LibraryLog::ForgetTry() {
-    Logger::ResetErrors();
 }
 
 } // namespace Tarnex::Cli

@@ -17,20 +17,14 @@ public:
     LibraryLog(const LibraryLog&) = delete;
     LibraryLog& operator=(const LibraryLog&) = delete;
 
-    /// The error lines so far, in UTF-8, without those of tries that were forgotten.
+    /// The error lines so far, in UTF-8; a run begins them anew.
     std::vector<std::string> Errors() const;
 
     /// That the file lacks lines and why, in one line of UTF-8; nothing while it is whole.
     std::optional<std::string> Fault() const;
 
-    /// Marks the end of the configuration's own lines.
-    void StartTries();
-    /// Forgets the error lines since StartTries; the log file keeps them.
-    void ForgetTry();
-
 private:
     std::string path; // empty without a file
-    std::vector<std::string> configErrors;
 };
 
 } // namespace Tarnex::Cli

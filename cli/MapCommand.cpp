@@ -3,7 +3,6 @@
 
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
-#include "cli/ConsoleStatus.h"
 #include "cli/GenerateWords.h"
 #include "cli/JsonReport.h"
 #include "cli/LevelLines.h"
@@ -11,7 +10,6 @@
 #include "cli/MapFiles.h"
 #include "cli/PluginMapCommand.h"
 #include "cli/RunSetup.h"
-#include "cli/WalkableSearch.h"
 #include "tools/maps/MapText.h"
 #include "tools/text/Words.h"
 
@@ -24,34 +22,26 @@ namespace {
 
 ExitStatus StatusOf(const RunReport& report) {
     switch (report.result) {
-    case RunResult::Drawn:
+    case Ending::Drawn:
         return report.logged ? ExitStatus::Success : ExitStatus::Failure;
-    case RunResult::Canceled:
+    case Ending::Canceled:
         return ExitStatus::Canceled;
     default:
         return ExitStatus::Failure;
     }
 }
 
-RunResult Generate(GenMgr& manager,
-                   RunReport& report,
-                   LibraryLog& log,
-                   Report::MapCollector& maps,
-                   const CancelSignals& signals,
-                   const Console& console) {
-    const GenerateOptions& options = report.options;
-    const bool shown = console.errIsTerminal && !options.quiet;
-    ConsoleStatus status(
-        shown ? &console.err : nullptr, signals, options.fixed ? 1 : options.random.numLevels);
-    manager.SetJobStatus(&status);
-    log.StartTries();
-    const RunResult result = GenerateLevels(manager, report, log, &maps);
-    manager.SetJobStatus(nullptr);
-    if (result != RunResult::Written) {
-        return result;
+Ending Generate(GenMgr& manager,
+                RunReport& report,
+                Report::MapCollector& maps,
+                const CancelSignals& signals,
+                const Console& console) {
+    GenerateLevels(manager, report, signals, console, &maps);
+    if (report.result != Ending::Written) {
+        return report.result;
     }
     AddTreasure(maps.Maps(), manager.mod);
-    return maps.Maps().empty() ? RunResult::Refused : RunResult::Drawn;
+    return maps.Maps().empty() ? Ending::Refused : Ending::Drawn;
 }
 
 void SayWarnings(RunReport& report, const Console& console) {
@@ -74,7 +64,7 @@ void DrawFiles(RunReport& report,
     } catch (const FileError& e) {
         report.fault = e.what();
     }
-    report.result = signals.Requested() ? RunResult::Canceled : RunResult::NotWritten;
+    report.result = signals.Requested() ? Ending::Canceled : Ending::NotWritten;
 }
 
 } // namespace
@@ -93,27 +83,27 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
     std::optional<CancelSignals> signals(std::in_place);
     MapFiles files(wanted);
     RequireDistinctFiles({source.Path(), options.generate.log, wanted.map, wanted.html});
-    LibraryLog log(options.generate.log);
+    const LibraryLog log(options.generate.log);
     GenMgr manager;
     const auto maps = std::make_shared<Report::MapCollector>();
     const bool configured = Configure(manager, report.options, source, *signals, log, console);
-    report.result =
-        configured ? Generate(manager, report, log, *maps, *signals, console) : RunResult::Canceled;
     report.errors = log.Errors();
+    report.result =
+        configured ? Generate(manager, report, *maps, *signals, console) : Ending::Canceled;
     console.Show(report.errors);
     SayWarnings(report, console);
-    if (report.result == RunResult::Drawn) {
+    if (report.result == Ending::Drawn) {
         DrawFiles(report, files, maps, *signals);
     }
     signals.reset(); // nothing is left that could stay half done
     const bool printed =
-        report.result == RunResult::Drawn && !files.AreWanted() && !report.options.json;
+        report.result == Ending::Drawn && !files.AreWanted() && !report.options.json;
     if (printed) {
         PrintMaps(*maps, console);
         console.out << "seed " << std::to_string(report.options.seed.value()) << '\n';
     }
-    const bool spoken = report.result != RunResult::Drawn || files.AreWanted();
-    if (spoken && (!report.options.quiet || report.result != RunResult::Drawn)) {
+    const bool spoken = report.result != Ending::Drawn || files.AreWanted();
+    if (spoken && (!report.options.quiet || report.result != Ending::Drawn)) {
         SayWritten(report.maps, console);
         console.Say(Summary(report));
     }

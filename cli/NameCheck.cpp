@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/NameCheck.h"
 
-#include "tools/text/UsageError.h"
-
 #include <vaultry/foundation/CodePage.h>
 
 #include <algorithm>
@@ -44,17 +42,6 @@ std::vector<std::string> ToUtf8(const std::vector<std::string>& codePageNames) {
         names.push_back(Tarnex::ToUtf8(name));
     }
     return names;
-}
-
-std::string
-RequireName(const char* what, const std::string& name, const std::vector<std::string>& names) {
-    bool lost = false;
-    std::string wanted = FromUtf8(name, &lost);
-    if (!lost && std::ranges::find(names, wanted) != names.end()) {
-        return wanted;
-    }
-    throw UsageError(std::string("the configuration has no ") + what + " \"" + name + "\"; " +
-                     OfferNames(name, ToUtf8(names)));
 }
 
 } // namespace Tarnex::Cli

@@ -4,7 +4,7 @@
 
 #include "tools/maps/MapFile.h"
 
-#include <vaultry/gen/RandomGenInfo.h>
+#include <vaultry/run/RunOptions.h>
 
 #include <cstdint>
 #include <optional>
@@ -30,30 +30,13 @@ struct WrittenFile {
     std::uint64_t bytes = 0;
 };
 
-/// vaultry generate
-struct GenerateOptions {
+/// vaultry generate: a run, where it begins and where it ends
+struct GenerateOptions : RunOptions {
     std::string config = kBuiltin;   ///< a path, "builtin" or "builtin:NAME"
     bool keepGoing = false;          ///< use what was read of a broken one, unless strict
     std::string out = "dungeon.esp"; ///< a path; empty when no plug-in is written
-    std::string cell = "Vaultry Dungeon";
-    bool fixed = false; ///< one cell from a layout template
-    std::optional<std::string> tileSet;
-    std::optional<std::string> caveTileSet;
-    std::optional<std::string> layout;
-    std::optional<std::string> caveLayout;
-    std::optional<std::string> theme;
-    std::optional<std::string> creatureTheme;
-    std::optional<std::string> treasureTheme;
-    RandomGenInfo random;
-    bool platforms = false;
-    bool ensureWalkable = false; ///< try further seeds until every room can be reached
-    std::optional<std::string> master;
-    std::optional<std::uint32_t> masterSize; ///< [bytes]
-    std::optional<std::uint32_t> seed;
-    std::optional<std::int64_t> stamp; ///< the number in container identifiers
-    std::optional<std::string> log;    ///< a path
+    std::optional<std::string> log;  ///< a path
     MapFileOptions maps;
-    bool strict = false; ///< write nothing if anything was wrong
     bool quiet = false;
     bool json = false;
 };

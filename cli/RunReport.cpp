@@ -24,7 +24,7 @@ constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
                                                            "tapestry",
                                                            "other"};
 
-constexpr std::array<const char*, 7> kResultWords = {
+constexpr std::array<const char*, 7> kEndingWords = {
     "written", "drawn", "refused", "not-written", "strict", "unwalkable", "cancelled"};
 
 std::uint64_t ReferenceCount(const RunReport& report) {
@@ -39,24 +39,24 @@ std::string Outcome(const RunReport& report) {
     const std::string& out = report.options.out;
     const std::string file = out.empty() ? "the map" : '"' + out + '"';
     switch (report.result) {
-    case RunResult::Written:
+    case Ending::Written:
         return "wrote " + file + ": " + Counted(report.bytes, "byte") + ", " +
                Counted(report.cells.size(), "cell") + ", " +
                Counted(ReferenceCount(report), "reference") + ", " +
                Counted(report.containers, "container");
-    case RunResult::Drawn:
+    case Ending::Drawn:
         return Counted(report.maps.size(), "map") + " drawn";
-    case RunResult::Refused:
+    case Ending::Refused:
         return "nothing was generated";
-    case RunResult::NotWritten:
+    case Ending::NotWritten:
         return report.fault;
-    case RunResult::Strict:
+    case Ending::Strict:
         return file + " was not written because of " + Counted(report.errors.size(), "error");
-    case RunResult::Unwalkable:
+    case Ending::Unwalkable:
         return file + " was not written: none of " + Counted(report.tries, "seed") +
                " made every room of every level reachable; try another --tileset, --spacing or " +
                "--size";
-    case RunResult::Canceled:
+    case Ending::Canceled:
         return "cancelled, " + file + " was not written";
     }
     return {};
@@ -64,12 +64,23 @@ std::string Outcome(const RunReport& report) {
 
 } // namespace
 
-const char* ResultWord(RunResult result) {
-    return kResultWords.at(static_cast<std::size_t>(result));
+const char* EndingWord(Ending result) {
+    return kEndingWords.at(static_cast<std::size_t>(result));
 }
 
 const char* SortWord(std::size_t sort) {
     return kSortWords.at(sort);
+}
+
+void TakeOver(const RunResult& run, RunReport& report) {
+    // In the order of RunEnd.
+    constexpr std::array<Ending, 4> kEndings = {
+        Ending::Written, Ending::Refused, Ending::Canceled, Ending::Unwalkable};
+    report.result = kEndings.at(static_cast<std::size_t>(run.end));
+    report.options.seed = run.seed;
+    report.tries = run.tries;
+    report.levels = run.levels;
+    report.errors.insert(report.errors.end(), run.errors.begin(), run.errors.end());
 }
 
 void CountContent(const Mod& mod, RunReport& report) {
@@ -89,8 +100,7 @@ void CountContent(const Mod& mod, RunReport& report) {
 
 std::string Summary(const RunReport& report) {
     std::string line = Outcome(report) + "; seed " + std::to_string(report.options.seed.value());
-    if (report.tries > 1 &&
-        (report.result == RunResult::Written || report.result == RunResult::Drawn)) {
+    if (report.tries > 1 && (report.result == Ending::Written || report.result == Ending::Drawn)) {
         line += " (found in " + std::to_string(report.tries) + " tries)";
     }
     if (report.stampGiven) {

@@ -4,8 +4,8 @@
 
 #include "cli/Options.h"
 
-#include <vaultry/gen/GenReport.h>
 #include <vaultry/output/Mod.h>
+#include <vaultry/run/Run.h>
 
 #include <array>
 #include <cstdint>
@@ -16,7 +16,7 @@
 namespace Tarnex::Cli {
 
 /// How a run of the verbs generate and map ended.
-enum class RunResult {
+enum class Ending {
     Written,    ///< the plug-in stands at its destination
     Drawn,      ///< generated for maps alone
     Refused,    ///< nothing was generated
@@ -37,7 +37,7 @@ struct CellReport {
 struct RunReport {
     GenerateOptions options; ///< with seed and stamp as they were used
     bool stampGiven = false;
-    RunResult result = RunResult::Refused;
+    Ending result = Ending::Refused;
     std::string fault;       ///< why NotWritten, a sentence that names the file
     std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
     std::vector<WrittenFile> maps;
@@ -52,8 +52,11 @@ struct RunReport {
 };
 
 /// The word of a result, and of a sort of reference, in reports.
-const char* ResultWord(RunResult result);
+const char* EndingWord(Ending result);
 const char* SortWord(std::size_t sort);
+
+/// Takes over what the library says of a run; a plug-in that was made has yet to be written.
+void TakeOver(const RunResult& run, RunReport& report);
 
 /// Counts what the plug-in holds.
 void CountContent(const Mod& mod, RunReport& report);

@@ -6,46 +6,19 @@
 #include "cli/NameCheck.h"
 #include "tools/text/UsageError.h"
 
-#include <vaultry/foundation/CodePage.h>
-
-#include <cstdint>
-#include <random>
+#include <vaultry/run/Run.h>
 
 namespace Tarnex::Cli {
 
 namespace {
 
-// As many as a program that reads numbers as floating-point ones keeps apart.
-constexpr unsigned kStampBits = 53;
-
-// Each name is looked for before it is set, since the library ignores some unknown names.
-void ChooseNames(GenMgr& manager, const GenerateOptions& options) {
-    const auto choose = [](const auto& name, const char* what, const auto& list, auto set) {
-        if (name) {
-            set(RequireName(what, *name, NamesOf(list)).c_str());
-        }
-    };
-    choose(options.tileSet, "room tile set", manager.GetRoomTileSets(), [&](const char* name) {
-        manager.SetDefaultTileSet(name, false);
-    });
-    choose(options.caveTileSet, "cave tile set", manager.GetCaveTileSets(), [&](const char* name) {
-        manager.SetDefaultTileSet(name, true);
-    });
-    choose(options.layout, "room layout", manager.GetRoomLayouts(), [&](const char* name) {
-        manager.SetDefaultTemplate(name, false);
-    });
-    choose(options.caveLayout, "cave layout", manager.GetCaveLayouts(), [&](const char* name) {
-        manager.SetDefaultTemplate(name, true);
-    });
-    choose(options.theme, "theme", manager.GetThemes(), [&](const char* name) {
-        manager.SetDefaultTheme(name);
-    });
-    choose(options.creatureTheme, "creature theme", manager.GetCreatureThemes(), [&](auto name) {
-        manager.SetDefaultCreatureTheme(name);
-    });
-    choose(options.treasureTheme, "treasure theme", manager.GetTreasureThemes(), [&](auto name) {
-        manager.SetDefaultTreasureTheme(name);
-    });
+// The library refuses names that it lacks; here the nearest are offered.
+void CheckNames(GenMgr& manager, const GenerateOptions& options) {
+    for (const OptionRow* row : UnknownNames(options, manager)) {
+        const std::string name = std::get<std::string>(ValueOf(options, *row));
+        throw UsageError(std::string("the configuration has no ") + row->choice->what + " \"" +
+                         name + "\"; " + OfferNames(name, ToUtf8(row->choice->names(manager))));
+    }
 }
 
 } // namespace
@@ -63,15 +36,20 @@ void CheckText(const GenerateOptions& options) {
     }
 }
 
-void FixChance(GenerateOptions& options) {
-    std::random_device chance;
-    if (!options.seed) {
-        options.seed = chance();
-    }
-    if (!options.stamp) {
-        const std::uint64_t number = std::uint64_t{chance()} << 32U | chance();
-        options.stamp = static_cast<std::int64_t>(number >> (64U - kStampBits));
-    }
+void GenerateLevels(GenMgr& manager,
+                    RunReport& report,
+                    const CancelSignals& signals,
+                    const Console& console,
+                    LevelObserver* observer) {
+    const GenerateOptions& options = report.options;
+    const bool shown = console.errIsTerminal && !options.quiet;
+    ConsoleStatus status(
+        shown ? &console.err : nullptr, signals, options.fixed ? 1 : options.numLevels);
+    manager.SetJobStatus(&status);
+    manager.SetLevelObserver(observer);
+    TakeOver(Run(manager, options).Generate(), report);
+    manager.SetLevelObserver(nullptr);
+    manager.SetJobStatus(nullptr);
 }
 
 bool Configure(GenMgr& manager,
@@ -87,13 +65,7 @@ bool Configure(GenMgr& manager,
     if (!options.keepGoing || options.strict) {
         source.RequireWhole(manager);
     }
-    ChooseNames(manager, options);
-    const std::string master = FromUtf8(options.master.value_or(""));
-    manager.SetMasterFile(options.master ? master.c_str() : nullptr,
-                          options.masterSize.value_or(0));
-    manager.SetAddPlatforms(options.platforms);
-    manager.SetRandomInfo(options.random);
-    manager.SetNameSingleLevel(true);
+    CheckNames(manager, options);
     return true;
 } catch (const UsageError&) {
     console.Show(log.Errors());

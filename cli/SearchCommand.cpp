@@ -11,7 +11,6 @@
 #include "cli/MergedTables.h"
 #include "cli/RunSetup.h"
 #include "cli/SearchReport.h"
-#include "cli/SeedRun.h"
 #include "tools/maps/LevelMap.h"
 #include "tools/maps/PngModule.h"
 #include "tools/search/Condition.h"
@@ -22,7 +21,7 @@
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/run/Run.h>
 #include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
@@ -136,19 +135,17 @@ public:
           worth(*manager.config.contentMgr) {}
 
     Search::Verdict operator()(std::uint32_t seed) {
-        Logger::ResetErrors();
         manager.SetLevelObserver(&shapes);
-        const ModResult result = run.Generate(seed);
+        const RunResult result = run.GenerateFrom(seed);
         manager.SetLevelObserver(nullptr);
         std::vector<Report::LevelShape> levels = shapes.Take();
-        if (result != ModResult::Written) {
-            const std::vector<std::string>& errors = Logger::GetErrors();
-            return {std::nullopt, errors.empty() ? "no reason known" : ToUtf8(errors.back())};
+        if (result.end != RunEnd::Made) {
+            return {std::nullopt, result.errors.empty() ? "no reason known" : result.errors.back()};
         }
         Report::DungeonTally tally =
             Report::Tally(manager.mod, manager.report, std::move(levels), worth);
         tally.seed = seed;
-        tally.errors = Logger::GetErrors().size();
+        tally.errors = result.errors.size();
         Report::FactValues values = Report::ValuesOf(tally);
         if (!where.Holds(values)) {
             return {};
@@ -159,7 +156,7 @@ public:
 private:
     GenMgr& manager;
     const Search::Condition& where;
-    SeedRun run;
+    Run run;
     Report::ContentWorth worth;
     Report::ShapeCollector shapes;
 };
@@ -274,7 +271,7 @@ private:
     void DrawSeed(const std::string& path) {
         const auto maps = std::make_shared<Report::MapCollector>();
         manager.SetLevelObserver(maps.get());
-        run.Generate(*options.seed);
+        run.GenerateFrom(*options.seed);
         manager.SetLevelObserver(nullptr);
         for (const char* end : ends) {
             MapFileOptions file;
@@ -291,7 +288,7 @@ private:
     GenMgr& manager;
     GenerateOptions options;
     std::string folder;
-    SeedRun run;
+    Run run;
     std::vector<const char*> ends = PictureEnds();
 };
 

@@ -7,8 +7,6 @@
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
-#include <vaultry/gen/ContainerIds.h>
-#include <vaultry/gen/Limits.h>
 
 #include <CLI/CLI.hpp>
 
@@ -16,7 +14,6 @@
 #include <array>
 #include <charconv>
 #include <limits>
-#include <type_traits>
 
 namespace Tarnex::Cli {
 
@@ -25,8 +22,6 @@ namespace {
 constexpr std::uint64_t kMaxWord = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint64_t kMostJobs = 1024;
 constexpr std::size_t kFactColumn = 19;
-
-constexpr const char* kCellHelp = "The cell (default: Vaultry Dungeon)";
 
 constexpr const char* kGenerateExample =
     "Examples:\n"
@@ -130,16 +125,9 @@ void AddNumber(CLI::App& verb,
         ->type_name("N");
 }
 
-// A field may be a number or an optional one.
-template <typename Field>
-std::function<void(std::uint64_t)> Into(Field& field) {
-    return [&field](std::uint64_t number) {
-        if constexpr (std::is_integral_v<Field>) {
-            field = static_cast<Field>(number);
-        } else {
-            field = static_cast<typename Field::value_type>(number);
-        }
-    };
+template <typename Number>
+std::function<void(std::uint64_t)> Into(Number& field) {
+    return [&field](std::uint64_t number) { field = static_cast<Number>(number); };
 }
 
 template <typename Field>
@@ -186,92 +174,45 @@ void AddConfig(CLI::App& verb, std::string& config, bool& keepGoing) {
     verb.add_flag("--keep-going", keepGoing, "Use what can be read of a broken configuration");
 }
 
-void AddNames(CLI::App& verb, GenerateOptions& options) {
-    constexpr const char* kName = "NAME";
-    CLI::Option* rooms =
-        AddText(verb, "--tileset", options.tileSet, kName, "The room tile set (default: first)");
-    CLI::Option* caves =
-        AddText(verb, "--cave-tileset", options.caveTileSet, kName, "A cave tile set instead");
-    rooms->excludes(caves);
-    CLI::Option* roomLayout = AddText(
-        verb, "--template", options.layout, kName, "The layout of --fixed (default: first)");
-    CLI::Option* caveLayout =
-        AddText(verb, "--cave-template", options.caveLayout, kName, "A cave layout instead");
-    roomLayout->excludes(caveLayout);
-    AddText(verb, "--theme", options.theme, kName, "The furniture (default: first)");
-    AddText(
-        verb, "--creature-theme", options.creatureTheme, kName, "The creatures (default: none)");
-    AddText(
-        verb, "--treasure-theme", options.treasureTheme, kName, "The treasure (default: first)");
+// What help calls the value of an option, in the order of OptionKind.
+constexpr std::array<const char*, 4> kValueWords = {"", "NAME", "N", "WORD"};
+
+CLI::Option* AddRunOption(CLI::App& verb, const OptionRow& row, RunOptions& options) {
+    const std::string option = std::string("--") + row.name;
+    const std::string names =
+        row.letter == nullptr ? option : '-' + std::string(row.letter) + ',' + option;
+    if (const auto* const flag = std::get_if<bool RunOptions::*>(&row.field)) {
+        return verb.add_flag(names, options.**flag, row.help);
+    }
+    const std::vector<std::string> words = WordsOf(row);
+    const std::string help = words.empty() ? row.help : row.help + (": " + JoinWords(words));
+    return verb
+        .add_option_function<std::string>(
+            names,
+            [&options, &row, option](const std::string& text) {
+                const std::string fault = SetOption(options, row, text);
+                if (!fault.empty()) {
+                    throw UsageError(option + ": \"" + text + "\" " + fault);
+                }
+            },
+            help)
+        ->type_name(kValueWords.at(static_cast<std::size_t>(KindOf(row))));
 }
 
-void AddRandom(CLI::App& verb, GenerateOptions& options) {
-    RandomGenInfo& random = options.random;
-    AddNumber(verb,
-              "--levels",
-              "Levels, each a cell (default: 1)",
-              1,
-              kMaxLevels,
-              Into(random.numLevels));
-    AddNumber(verb,
-              "--min-level",
-              "Lowest level of a random creature theme (default: 1)",
-              0,
-              kMaxWord,
-              Into(random.minLevel));
-    AddNumber(verb,
-              "--max-level",
-              "Highest level of a random creature theme (default: 5)",
-              0,
-              kMaxWord,
-              Into(random.maxLevel));
-    AddWord(verb, "--size", random.levelSize, RandomGenInfo::GetLevelSizeStrings(), "Level size");
-    AddWord(verb,
-            "--spacing",
-            random.roomSpacing,
-            RandomGenInfo::GetRoomSpacingStrings(),
-            "Room spacing");
-    verb.add_flag("--random-tileset", random.randomTileSet, "Choose the tile set by chance");
-    verb.add_flag("--random-theme", random.randomTheme, "Choose the furniture by chance");
-    verb.add_flag(
-        "--random-creature-theme", random.randomCreatureTheme, "Choose the creatures by chance");
-    verb.add_flag(
-        "--random-treasure-theme", random.randomTreasureTheme, "Choose the treasure by chance");
-}
-
-void AddPlatforms(CLI::App& verb, GenerateOptions& options) {
-    verb.add_flag("--platforms", options.platforms, "Raise platforms in fixed cave interiors");
-}
-
-void AddRepeat(CLI::App& verb, GenerateOptions& options) {
-    verb.add_flag("--ensure-walkable",
-                  options.ensureWalkable,
-                  "Try further seeds until every room can be reached");
-    AddPlatforms(verb, options);
-    AddNumber(
-        verb, "--seed", "Repeats a run (default: by chance)", 0, kMaxWord, Into(options.seed));
-}
-
-void AddHeader(CLI::App& verb, GenerateOptions& options) {
-    AddText(verb, "--master", options.master, "NAME", "The master file (default: the game's)");
-    AddNumber(verb,
-              "--master-size",
-              "The master file's size in bytes",
-              0,
-              kMaxWord,
-              Into(options.masterSize));
-    AddNumber(verb,
-              "--stamp",
-              "The number in container identifiers (default: by chance)",
-              0,
-              kMaxStamp,
-              Into(options.stamp));
-}
-
-void AddRun(CLI::App& verb, GenerateOptions& options) {
-    AddRepeat(verb, options);
-    AddHeader(verb, options);
-    verb.add_flag("--strict", options.strict, "Write nothing if there was an error");
+// What a run is asked for, as far as the verb takes it: 0 stands for all of it.
+void AddRunOptions(CLI::App& verb, RunOptions& options, unsigned use = 0) {
+    for (const OptionRow& row : RunOptionRows()) {
+        if ((row.uses & use) != use) {
+            continue;
+        }
+        CLI::Option* const option = AddRunOption(verb, row, options);
+        CLI::Option* const rival = row.rival == nullptr
+                                       ? nullptr
+                                       : verb.get_option_no_throw(std::string("--") + row.rival);
+        if (rival != nullptr) {
+            rival->excludes(option);
+        }
+    }
 }
 
 void AddMapFiles(CLI::App& verb, MapFileOptions& options) {
@@ -295,15 +236,6 @@ void AddSummary(CLI::App& verb, Options& options) {
 void AddReport(CLI::App& verb, GenerateOptions& options) {
     AddText(verb, "--log", options.log, "FILE", "Writes the generator's log (default: none)");
     AddSummary(verb, options);
-}
-
-// What is generated, but for the configuration.
-template <typename Field>
-void AddInterior(CLI::App& verb, GenerateOptions& options, Field& cell, const char* cellHelp) {
-    AddText(verb, "-n,--cell", cell, "NAME", cellHelp);
-    verb.add_flag("--fixed", options.fixed, "One cell from a layout instead of random levels");
-    AddNames(verb, options);
-    AddRandom(verb, options);
 }
 
 void AddJson(CLI::App& verb, bool& json, const char* help = "As JSON") {
@@ -351,8 +283,7 @@ void AddGenerate(CLI::App& verb, Asked& asked) {
     GenerateOptions& options = asked.generate;
     AddConfig(verb, options.config, options.keepGoing);
     AddText(verb, "-o,--out", options.out, "FILE", "The plug-in (default: dungeon.esp)");
-    AddInterior(verb, options, options.cell, kCellHelp);
-    AddRun(verb, options);
+    AddRunOptions(verb, options);
     AddMapFiles(verb, options.maps);
     AddReport(verb, options);
 }
@@ -362,18 +293,17 @@ void AddMap(CLI::App& verb, Asked& asked) {
     GenerateOptions& options = map.generate;
     AddText(verb, "plugin", map.plugin, "PLUGIN", "A plug-in to draw (default: none)");
     AddConfig(verb, options.config, options.keepGoing);
-    AddInterior(verb,
-                options,
-                map.onlyCell,
-                "The cell (default: Vaultry Dungeon; of a plug-in, all cells)");
-    AddRepeat(verb, options);
+    AddRunOptions(verb, options, kForMaps);
+    CLI::Option* const cell = verb.get_option("--cell");
+    cell->description("The cell (default: Vaultry Dungeon; of a plug-in, all cells)");
     AddMapFiles(verb, options.maps);
     AddReport(verb, options);
-    verb.final_callback([&map, &verb] {
+    verb.final_callback([&map, &verb, cell] {
         if (map.plugin) {
             CheckPluginOptions(verb);
-        } else {
-            map.generate.cell = map.onlyCell.value_or(map.generate.cell);
+        }
+        if (map.plugin && cell->count() > 0) {
+            map.onlyCell = map.generate.cell;
         }
     });
 }
@@ -404,9 +334,7 @@ void AddSearch(CLI::App& verb, Asked& asked) {
               Into(options.jobs));
     AddSummary(verb, options);
     AddConfig(verb, options.generate.config, options.generate.keepGoing);
-    AddInterior(verb, options.generate, options.generate.cell, kCellHelp);
-    AddPlatforms(verb, options.generate);
-    AddHeader(verb, options.generate);
+    AddRunOptions(verb, options.generate, kForSearch);
 }
 
 void AddList(CLI::App& verb, Asked& asked) {

@@ -34,7 +34,8 @@ extern "C" {
 /** How a call ended; what was refused, wrong or not written is explained by vaultry_error. */
 enum vaultry_result {
     VAULTRY_OK = 0,           /**< done */
-    VAULTRY_REFUSED = 1,      /**< no usable configuration, or an internal fault; nothing written */
+    VAULTRY_REFUSED = 1,      /**< no usable configuration, no dungeon as the options want it, or an
+                                   internal fault; nothing written */
     VAULTRY_CANCELED = 2,     /**< the progress function asked to stop; nothing written */
     VAULTRY_NOT_WRITTEN = 3,  /**< generated, but not written whole: an earlier file is as it was */
     VAULTRY_BAD_ARGUMENT = 4, /**< an unknown option, or a value that it does not take */

@@ -13,7 +13,7 @@ GenerateOptions Named(const std::string& cell, bool fixed, std::uint32_t levels)
     GenerateOptions options;
     options.cell = cell;
     options.fixed = fixed;
-    options.random.numLevels = levels;
+    options.numLevels = levels;
     return options;
 }
 

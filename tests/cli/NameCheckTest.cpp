@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/NameCheck.h"
 
-#include "tools/text/UsageError.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -56,14 +54,6 @@ TEST(NameCheckTest, OfferCutsALongList) {
     EXPECT_EQ(offer.substr(offer.size() - 9), " and more");
     const std::string whole = OfferNames("xyzzy", Names(12, "Stone"));
     EXPECT_EQ(whole.substr(whole.size() - 9), ", \"Stone\"");
-}
-
-TEST(NameCheckTest, KnownNameIsGivenInTheCodePage) {
-    EXPECT_EQ(RequireName("theme", "H\xC3\xB6hle", {"H\xF6hle"}), "H\xF6hle");
-}
-
-TEST(NameCheckTest, LostLetterMatchesNoQuestionMark) {
-    EXPECT_THROW(RequireName("theme", "\xCE\xA9", {"?"}), UsageError);
 }
 
 } // namespace

@@ -287,9 +287,9 @@ TEST(GenerateWordsTest, OnlyWhatIsNotUsualIsSaid) {
     Cli::GenerateOptions options;
     options.config = "my maps/a.xml";
     options.caveTileSet = "It's";
-    options.random.levelSize = RandomGenInfo::Large;
-    options.random.roomSpacing = RandomGenInfo::SemiTight;
-    options.random.randomTheme = true;
+    options.levelSize = RandomGenInfo::Large;
+    options.roomSpacing = RandomGenInfo::SemiTight;
+    options.randomTheme = true;
     options.stamp = -3;
     EXPECT_EQ(Cli::GenerateCommandLine(options, 4294967295U),
               "vaultry generate --seed 4294967295 --config 'my maps/a.xml' --cave-tileset "
@@ -300,9 +300,9 @@ TEST(GenerateWordsTest, TheMarginOfAMapNamesEveryOptionThatShapesLevels) {
     EXPECT_EQ(Cli::LevelWords({}), "");
     Cli::GenerateOptions options;
     options.theme = "Noble hall";
-    options.random.maxLevel = 12;
-    options.random.randomTileSet = true;
-    options.random.randomCreatureTheme = true;
+    options.maxLevel = 12;
+    options.randomTileSet = true;
+    options.randomCreatureTheme = true;
     options.stamp = 1;
     options.cell = "Keep";
     EXPECT_EQ(Cli::LevelWords(options),

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What `vaultry generate` says about random levels, and how it finds walkable ones.
 #include "cli/LevelLines.h"
-#include "cli/WalkableSearch.h"
 
 #include <tests/cli/Program.h>
 
@@ -163,12 +162,6 @@ TEST_F(WalkableTest, EnsureWalkableIsForRandomLevels) {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(Contains(outcome.err, "--ensure-walkable is for random levels"));
     EXPECT_TRUE(Files().empty());
-}
-
-TEST(WalkableSearchTest, SeedsOfTriesStepByTheGoldenRatio) {
-    EXPECT_EQ(Cli::SeedOfTry(7, 0), 7U);
-    EXPECT_EQ(Cli::SeedOfTry(7, 1), 2654435776U);
-    EXPECT_EQ(Cli::SeedOfTry(7, 2), 1013904249U);
 }
 
 LevelReport MadeLevel(std::uint32_t number, std::vector<RoomReport> rooms, std::uint32_t openEnds) {

@@ -233,7 +233,7 @@ TEST_F(CInterfaceTest, WrongValuesAreExplained) {
               "stamp: \"x\" is not a whole number from 0 to 9223372036854775807");
     EXPECT_EQ(FaultOf("fixed", "yes"), "fixed: \"yes\" is not \"true\" or \"false\"");
     EXPECT_EQ(FaultOf("size", "Huge"),
-              "size: \"Huge\" is not one of Random, Tiny, Small, Medium, Large");
+              "size: \"Huge\" is none of Random, Tiny, Small, Medium, Large");
     EXPECT_EQ(FaultOf("theme", "Nobody's"),
               "theme: \"Nobody's\" is not a name of the configuration");
     EXPECT_EQ(FaultOf("cell", ""), "cell: \"\" is not a text");

@@ -201,7 +201,7 @@ class PythonTest(unittest.TestCase):
     def test_the_program_says_what_is_wrong(self) -> None:
         program = [sys.executable, "-B", str(EXAMPLE / "generate.py"), LIBRARY, str(CONFIG)]
         for arguments, said in (
-            (["x.esp", "size=Huge"], "is not one of Random, Tiny"),
+            (["x.esp", "size=Huge"], "is none of Random, Tiny"),
             (["x.esp", "size"], "LIBRARY is libvaultry.so"),
         ):
             run = subprocess.run(

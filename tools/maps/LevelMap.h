@@ -138,8 +138,7 @@ public:
     std::size_t Count() const override { return maps.size(); }
     const LevelMap& Level(std::size_t number) override { return maps[number]; }
     void LevelFinished(const FinishedLevel& level) override { maps.push_back(MapOf(level)); }
-    /// For a run that starts over.
-    void Clear() { maps.clear(); }
+    void StartOver() override { maps.clear(); }
     std::vector<LevelMap>& Maps() { return maps; }
     const std::vector<LevelMap>& Maps() const { return maps; }
 

@@ -4,25 +4,23 @@
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/Logger.h>
-#include <vaultry/foundation/Random.h>
 #include <vaultry/foundation/RunState.h>
-#include <vaultry/gen/ContainerIds.h>
-#include <vaultry/run/KeptDefaults.h>
 #include <vaultry/run/ReportJson.h>
 #include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
+#include <array>
 #include <new>
-#include <random>
 
 namespace {
 
 using namespace Tarnex;
 
-constexpr unsigned kStampBits = 53; // as many as a floating-point number holds
-
 constexpr const char* kBusy =
     "the generator is at work: until that call has ended it can be used for nothing else";
+
+constexpr const char* kUnwalkable =
+    " seeds made every room of every level reachable; try another tileset, spacing or size";
 
 const char* TextOf(const char* text) {
     return text == nullptr ? "" : text;
@@ -77,51 +75,31 @@ template <typename Read>
 vaultry_result ReadConfig(vaultry_generator* generator, const Read& read) {
     return Enter(*generator, [generator, &read](RunState*) {
         generator->errors.clear();
-        generator->manager.SetDefaultCreatureTheme(nullptr);
+        ForgetNames(*generator);
         read(generator->manager);
         TellLog(*generator);
         return IsUsable(generator->manager) ? VAULTRY_OK : VAULTRY_REFUSED;
     });
 }
 
-void FixChance(vaultry_generator& generator) {
-    std::random_device chance;
-    generator.lastSeed = generator.seed ? *generator.seed : chance();
-    const std::uint64_t number = std::uint64_t{chance()} << 32U | chance();
-    generator.lastStamp =
-        generator.stamp.value_or(static_cast<std::int64_t>(number >> (64U - kStampBits)));
-}
-
-vaultry_result ResultOf(ModResult result) {
-    switch (result) {
-    case ModResult::Written:
-        return VAULTRY_OK;
-    case ModResult::Refused:
-        return VAULTRY_REFUSED;
-    case ModResult::Canceled:
-        return VAULTRY_CANCELED;
-    case ModResult::NotWritten:
-        return VAULTRY_NOT_WRITTEN;
-    }
-    return VAULTRY_REFUSED;
-}
-
-ModResult Generate(vaultry_generator& generator, RunState* callers) {
+RunResult Generate(vaultry_generator& generator, RunState* callers) {
     GenMgr& manager = generator.manager;
-    const KeptDefaults defaults(manager);
-    FixChance(generator);
-    const std::string master = FromUtf8(generator.master.value_or(""));
-    manager.SetMasterFile(generator.master ? master.c_str() : nullptr, generator.masterSize);
-    manager.SetNameSingleLevel(true);
-    SetContainerStamp(generator.lastStamp);
-    SeedRandom(generator.lastSeed);
-    generator.progress.Restart(generator.fixed ? 1 : manager.randomInfo.numLevels, callers);
+    const RunOptions& options = generator.options;
+    generator.progress.Restart(options.fixed ? 1 : options.numLevels, callers);
     manager.SetJobStatus(&generator.progress);
-    const std::string cell = FromUtf8(generator.cell);
-    const ModResult result = manager.Generate(cell.c_str(), generator.fixed);
+    Run run(manager, options);
+    // A progress function may ask for them.
+    generator.lastSeed = run.Options().seed.value();
+    generator.lastStamp = run.Options().stamp.value();
+    RunResult result = run.Generate();
     manager.SetJobStatus(nullptr);
+    generator.lastSeed = result.seed;
     return result;
 }
+
+// In the order of RunEnd.
+constexpr std::array<vaultry_result, 4> kResults = {
+    VAULTRY_OK, VAULTRY_REFUSED, VAULTRY_CANCELED, VAULTRY_REFUSED};
 
 // Unlike CreateMod this keeps a file that is there until the new one is whole. Returns why there is
 // none, or nothing.
@@ -244,18 +222,23 @@ vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, vo
 vaultry_result vaultry_generate(vaultry_generator* generator, const char* path) {
     return Enter(*generator, [=](RunState* callers) {
         generator->errors.clear();
-        ModResult result = Generate(*generator, callers);
-        std::string fault;
-        if (result == ModResult::Written) {
-            fault = WriteMod(*generator, TextOf(path));
+        const RunResult result = Generate(*generator, callers);
+        std::ranges::for_each(result.errors, [=](const auto& line) { Tell(*generator, line); });
+        if (result.end == RunEnd::Unwalkable) {
+            Tell(*generator, "none of " + std::to_string(result.tries) + kUnwalkable);
         }
-        TellLog(*generator);
-        if (!fault.empty()) {
-            const bool canceled = generator->progress.HasBeenCanceled();
-            result = canceled ? ModResult::Canceled : ModResult::NotWritten;
-            Tell(*generator, fault);
+        if (result.end != RunEnd::Made) {
+            return kResults.at(static_cast<std::size_t>(result.end));
         }
-        return ResultOf(result);
+        if (generator->options.strict && !result.errors.empty()) {
+            return VAULTRY_REFUSED;
+        }
+        const std::string fault = WriteMod(*generator, TextOf(path));
+        if (fault.empty()) {
+            return VAULTRY_OK;
+        }
+        Tell(*generator, fault);
+        return generator->progress.HasBeenCanceled() ? VAULTRY_CANCELED : VAULTRY_NOT_WRITTEN;
     });
 }
 

@@ -3,12 +3,11 @@
 #pragma once
 
 #include <vaultry/foundation/RunState.h>
-#include <vaultry/gen/GenMgr.h>
+#include <vaultry/run/Run.h>
 #include <vaultry/vaultry.h>
 
 #include <atomic>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,12 +46,7 @@ struct vaultry_generator {
     std::atomic<bool> busy = false; ///< a call is under way; all else is that call's
     Tarnex::GenMgr manager;
     Tarnex::ProgressCall progress;
-    std::string cell = "Vaultry Dungeon";
-    bool fixed = false;
-    std::optional<std::uint32_t> seed; ///< by chance without
-    std::optional<std::int64_t> stamp; ///< likewise
-    std::optional<std::string> master; ///< the game's without
-    std::uint32_t masterSize = 0;      ///< [bytes]; 0: the game's
+    Tarnex::RunOptions options;
     std::uint32_t lastSeed = 0;
     std::int64_t lastStamp = 0;
     std::string json;

@@ -9,6 +9,9 @@
 
 namespace Tarnex {
 
+/// Takes back every name that was set: they are those of another configuration.
+void ForgetNames(vaultry_generator& generator);
+
 /// The name of an option, counted from 0; null past the last one.
 const char* OptionName(std::size_t index);
 

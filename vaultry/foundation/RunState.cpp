@@ -17,7 +17,8 @@ RunState& ProcessState() {
 
 } // namespace
 
-RunState::RunState() : log(std::make_unique<LogState>()) {}
+RunState::RunState() : log(std::make_shared<LogState>()) {}
+RunState::RunState(std::shared_ptr<LogState> log_) : log(std::move(log_)) {}
 RunState::~RunState() = default;
 
 RunState& CurrentRunState() {

@@ -37,13 +37,15 @@ struct ContainerNumbers {
 /// GenMgr and objects of their own do not disturb each other.
 struct VAULTRY_API RunState {
     ChanceState chance;                  ///< drawn from by RandomInt and RandomUnit
-    std::unique_ptr<LogState> log;       ///< written by Logger; never null
+    std::shared_ptr<LogState> log;       ///< written by Logger; never null
     ProblemListener* problems = nullptr; ///< the innermost; see Problem.h
     ContainerNumbers containers;         ///< counted by NextContainerId
     std::optional<DiPos> doorless;       ///< where a hall last found no place for a door [cells]
 
     /// Unseeded, with a log that the first line opens.
     RunState();
+    /// Unseeded, with that log, which is written by one thread at a time.
+    explicit RunState(std::shared_ptr<LogState> log);
     ~RunState();
     RunState(const RunState&) = delete;
     RunState& operator=(const RunState&) = delete;

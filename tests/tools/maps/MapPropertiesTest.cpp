@@ -52,7 +52,7 @@ protected:
         RandomGenInfo info;
         info.numLevels = 1 + seed % 3;
         manager.SetRandomInfo(info);
-        maps.Clear();
+        maps.StartOver();
         SeedRandom(seed);
         EXPECT_EQ(manager.Generate("Vault", false), ModResult::Written);
         return maps.Maps();

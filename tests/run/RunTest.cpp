@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/foundation/RunState.h>
+#include <vaultry/gen/ContainerIds.h>
+#include <vaultry/gen/LevelObserver.h>
+#include <vaultry/run/Run.h>
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <tests/support/LogTest.h>
+#include <thread>
+#include <vector>
+
+namespace Tarnex::Test {
+
+namespace {
+
+class RunTest : public LogTest {
+protected:
+    RunTest() {
+        manager.Init(VAULTRY_SOURCE_DIR "/data/vaultry.xml");
+        options.levelSize = RandomGenInfo::Tiny;
+        options.seed = 3;
+        options.stamp = 1;
+    }
+
+    // All that a run could leave behind besides the plug-in.
+    std::vector<const void*> Defaults() const {
+        return {manager.defTileSet.get(),
+                manager.defTemplate.get(),
+                manager.defTheme.get(),
+                manager.defCreatureTheme.get(),
+                manager.defTreasureTheme.get()};
+    }
+
+    std::string Bytes() {
+        std::ostringstream stream;
+        manager.mod.Write(stream);
+        return stream.str();
+    }
+
+    // The name alone is the fixture's.
+    RunResult Generate() { return Tarnex::Run(manager, options).Generate(); }
+
+    GenMgr manager;
+    RunOptions options;
+};
+
+TEST_F(RunTest, SeedAndStampAloneDecide) {
+    EXPECT_EQ(Generate().end, RunEnd::Made);
+    const std::string first = Bytes();
+    options.seed = 4;
+    EXPECT_EQ(Generate().end, RunEnd::Made);
+    EXPECT_NE(Bytes(), first);
+    options.seed = 3;
+    const RunResult again = Generate();
+    EXPECT_EQ(Bytes(), first);
+    EXPECT_EQ(again.seed, 3U);
+    EXPECT_EQ(again.stamp, 1);
+    EXPECT_EQ(again.tries, 1U);
+    EXPECT_EQ(again.levels.levels.size(), 1U);
+}
+
+TEST_F(RunTest, WhatChanceDecidesIsToldAndRepeats) {
+    options.seed.reset();
+    options.stamp.reset();
+    const RunResult first = Generate();
+    const std::string bytes = Bytes();
+    options.seed = first.seed;
+    options.stamp = first.stamp;
+    Generate();
+    EXPECT_EQ(Bytes(), bytes);
+}
+
+TEST_F(RunTest, NothingIsLeftInTheManager) {
+    const std::vector<const void*> before = Defaults();
+    options.randomTileSet = options.randomTheme = true;
+    options.randomCreatureTheme = options.randomTreasureTheme = true;
+    options.layout = "Sunken Shrine";
+    options.platforms = true;
+    options.numLevels = 2;
+    // Each of the four is chosen otherwise than by default by some of these seeds.
+    Tarnex::Run run(manager, options);
+    for (std::uint32_t seed = 0; seed < 20; ++seed) {
+        EXPECT_EQ(run.GenerateFrom(seed).end, RunEnd::Made);
+        EXPECT_EQ(Defaults(), before) << "seed " << seed;
+    }
+    EXPECT_EQ(manager.randomInfo.numLevels, 1U);
+    EXPECT_FALSE(manager.randomInfo.randomTheme);
+    EXPECT_FALSE(manager.addPlatforms);
+    EXPECT_FALSE(manager.nameSingleLevel);
+}
+
+TEST_F(RunTest, WhatChanceChoseIsTold) {
+    options.randomCreatureTheme = true;
+    bool chosen = false;
+    Tarnex::Run run(manager, options);
+    for (std::uint32_t seed = 0; seed < 20; ++seed) {
+        chosen = chosen || !run.GenerateFrom(seed).creatureTheme.empty();
+    }
+    EXPECT_TRUE(chosen);
+    options.randomCreatureTheme = false;
+    options.theme = "Noble hall";
+    const RunResult result = Generate();
+    EXPECT_EQ(result.theme, "Noble hall");
+    EXPECT_EQ(result.creatureTheme, "");
+    EXPECT_NE(result.tileSet, "");
+}
+
+TEST_F(RunTest, TheCallersChanceAndContainersGoOnAsIfThereWereNone) {
+    SeedRandom(5);
+    const std::int32_t drawn = RandomInt(1000000);
+    SetContainerStamp(9);
+    const std::string id = NextContainerId();
+    SeedRandom(5);
+    SetContainerStamp(9);
+    Generate();
+    EXPECT_EQ(RandomInt(1000000), drawn);
+    EXPECT_EQ(NextContainerId(), id);
+}
+
+TEST_F(RunTest, WhoeverRecordsDrawsSeesThoseOfRunsCountedOn) {
+    std::vector<std::uint64_t> numbers;
+    const auto note = [](const RandomDraw& draw, void* list) {
+        static_cast<std::vector<std::uint64_t>*>(list)->push_back(draw.index);
+    };
+    RecordDraws(note, &numbers);
+    Generate();
+    const std::size_t once = numbers.size();
+    Generate();
+    RandomInt(2);
+    RecordDraws(nullptr, nullptr);
+    EXPECT_GT(once, 0U);
+    ASSERT_EQ(numbers.size(), 2 * once + 1);
+    EXPECT_EQ(numbers.front(), 1U);
+    EXPECT_EQ(numbers.back(), numbers.size());
+}
+
+TEST_F(RunTest, ANameThatTheConfigurationLacksIsRefused) {
+    options.theme = "No such hall";
+    const RunResult result = Generate();
+    EXPECT_EQ(result.end, RunEnd::Refused);
+    EXPECT_EQ(
+        result.errors,
+        std::vector<std::string>{"Error : Run : The configuration has no theme \"No such hall\"."});
+    EXPECT_EQ(ErrorLines(), result.errors);
+}
+
+TEST_F(RunTest, ErrorsAreThoseOfTheRunAlone) {
+    options.theme = "No such hall";
+    Generate();
+    options.theme.reset();
+    EXPECT_EQ(Generate().errors, std::vector<std::string>());
+}
+
+// Counts what it is shown since the last start.
+class Counting : public LevelObserver {
+public:
+    void StartOver() override {
+        ++starts;
+        levels = 0;
+    }
+    void LevelFinished(const FinishedLevel& /*level*/) override { ++levels; }
+
+    int starts = 0;
+    int levels = 0;
+};
+
+TEST_F(RunTest, FurtherSeedsAreTriedUntilOneIsWalkable) {
+    manager.Init(VAULTRY_SOURCE_DIR "/data/caves.xml");
+    options.caveTileSet = "Mold cave tunnels";
+    options.levelSize = RandomGenInfo::Large;
+    options.roomSpacing = RandomGenInfo::Tight;
+    options.numLevels = 3;
+    options.seed = 128;
+    EXPECT_FALSE(Generate().levels.IsWalkable());
+    options.ensureWalkable = true;
+    Counting counting;
+    manager.SetLevelObserver(&counting);
+    const RunResult found = Generate();
+    manager.SetLevelObserver(nullptr);
+    EXPECT_EQ(found.end, RunEnd::Made);
+    EXPECT_TRUE(found.levels.IsWalkable());
+    EXPECT_GT(found.tries, 1U);
+    EXPECT_EQ(found.seed, SeedOfTry(128, found.tries - 1));
+    EXPECT_EQ(counting.starts, static_cast<int>(found.tries));
+    EXPECT_EQ(counting.levels, 3);
+    const std::string bytes = Bytes();
+    options.ensureWalkable = false;
+    options.seed = found.seed;
+    Generate();
+    EXPECT_EQ(Bytes(), bytes);
+}
+
+TEST_F(RunTest, AFixedInteriorIsMadeOnce) {
+    options.fixed = options.ensureWalkable = true;
+    const RunResult result = Generate();
+    EXPECT_EQ(result.end, RunEnd::Made);
+    EXPECT_EQ(result.tries, 1U);
+    EXPECT_TRUE(result.levels.levels.empty());
+}
+
+TEST(SeedOfTryTest, SeedsStepByTheGoldenRatio) {
+    EXPECT_EQ(SeedOfTry(7, 0), 7U);
+    EXPECT_EQ(SeedOfTry(7, 1), 2654435776U);
+    EXPECT_EQ(SeedOfTry(7, 2), 1013904249U);
+}
+
+// Runs on a thread of its own, in a log that nobody else writes.
+std::string BytesOf(std::uint32_t seed) {
+    RunState state;
+    const UseRunState use(&state);
+    Logger::InitWithoutFile();
+    GenMgr manager;
+    manager.Init(VAULTRY_SOURCE_DIR "/data/vaultry.xml");
+    RunOptions options;
+    options.seed = seed;
+    options.stamp = 1;
+    Run(manager, options).Generate();
+    std::ostringstream stream;
+    manager.mod.Write(stream);
+    return stream.str();
+}
+
+TEST(RunThreadsTest, ThreadsWithARunEachDoNotDisturbEachOther) {
+    const std::vector<std::string> alone = {BytesOf(1), BytesOf(2)};
+    std::vector<std::string> together(2);
+    std::thread first([&] { together[0] = BytesOf(1); });
+    std::thread second([&] { together[1] = BytesOf(2); });
+    first.join();
+    second.join();
+    EXPECT_EQ(together, alone);
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/run/Run.h>
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Random.h>
+#include <vaultry/foundation/RunState.h>
+#include <vaultry/gen/ContainerIds.h>
+#include <vaultry/gen/LevelObserver.h>
+
+#include <random>
+
+namespace Tarnex {
+
+namespace {
+
+// As many as a program that reads numbers as floating-point ones keeps apart.
+constexpr unsigned kStampBits = 53;
+
+constexpr const char* kLogSource = "Run";
+
+// Puts back, when it goes, what a run sets in its manager and what it leaves there for the next:
+// the tile set and the themes that were chosen by chance.
+class KeptSettings {
+public:
+    explicit KeptSettings(GenMgr& kept)
+        : manager(kept), tileSet(kept.defTileSet), layout(kept.defTemplate), theme(kept.defTheme),
+          creatureTheme(kept.defCreatureTheme), treasureTheme(kept.defTreasureTheme),
+          random(kept.randomInfo), platforms(kept.addPlatforms), named(kept.nameSingleLevel) {}
+
+    ~KeptSettings() {
+        manager.defTileSet = tileSet;
+        manager.defTemplate = layout;
+        manager.defTheme = theme;
+        manager.defCreatureTheme = creatureTheme;
+        manager.defTreasureTheme = treasureTheme;
+        manager.randomInfo = random;
+        manager.addPlatforms = platforms;
+        manager.nameSingleLevel = named;
+    }
+
+    KeptSettings(const KeptSettings&) = delete;
+    KeptSettings& operator=(const KeptSettings&) = delete;
+
+private:
+    GenMgr& manager;
+    DiPtr<TileSet> tileSet;
+    DiPtr<LayoutTemplate> layout;
+    DiPtr<Theme> theme;
+    DiPtr<Theme> creatureTheme;
+    DiPtr<Theme> treasureTheme;
+    RandomGenInfo random;
+    bool platforms;
+    bool named;
+};
+
+// A state of the run's own, with what listens to whoever calls: log, listeners of problems, and the
+// recorder, which counts the draws.
+class OwnState {
+public:
+    OwnState() : outer(CurrentRunState()), state(outer.log), use(&state) {
+        state.problems = outer.problems;
+        state.chance = outer.chance;
+    }
+    ~OwnState() { outer.chance.draws = state.chance.draws; }
+    OwnState(const OwnState&) = delete;
+    OwnState& operator=(const OwnState&) = delete;
+
+private:
+    RunState& outer;
+    RunState state;
+    UseRunState use;
+};
+
+RunEnd EndOf(ModResult result) {
+    return result == ModResult::Written    ? RunEnd::Made
+           : result == ModResult::Canceled ? RunEnd::Canceled
+                                           : RunEnd::Refused;
+}
+
+template <typename T>
+std::string NameOf(const DiPtr<T>& object) {
+    return object ? ToUtf8(object->GetName()) : std::string();
+}
+
+std::vector<std::string> LoggedErrors() {
+    std::vector<std::string> errors;
+    for (const std::string& line : Logger::GetErrors()) {
+        errors.push_back(ToUtf8(line));
+    }
+    return errors;
+}
+
+} // namespace
+
+void FixChance(RunOptions& options) {
+    std::random_device chance;
+    if (!options.seed) {
+        options.seed = chance();
+    }
+    if (!options.stamp) {
+        const std::uint64_t number = std::uint64_t{chance()} << 32U | chance();
+        options.stamp = static_cast<std::int64_t>(number >> (64U - kStampBits));
+    }
+}
+
+Run::Run(GenMgr& manager_, const RunOptions& options_) : manager(manager_), options(options_) {
+    FixChance(options);
+}
+
+// The place that the log named last for want of a door stays for all tries, whose lines stand in
+// one log.
+RunResult Run::Generate() {
+    const OwnState own;
+    for (std::uint32_t tries = 1;; ++tries) {
+        RunResult result = Try(SeedOfTry(options.seed.value(), tries - 1));
+        result.tries = tries;
+        const bool asWanted =
+            !options.ensureWalkable || options.fixed || result.levels.IsWalkable();
+        if (result.end != RunEnd::Made || asWanted) {
+            return result;
+        }
+        if (tries == kMaxTries) {
+            result.end = RunEnd::Unwalkable;
+            result.seed = *options.seed;
+            return result;
+        }
+    }
+}
+
+RunResult Run::GenerateFrom(std::uint32_t seed) {
+    const OwnState own;
+    return Try(seed);
+}
+
+bool Run::HasItsNames() const {
+    const std::vector<const OptionRow*> unknown = UnknownNames(options, manager);
+    for (const OptionRow* row : unknown) {
+        const std::string name = std::get<std::string>(ValueOf(options, *row));
+        Logger::WriteError(kLogSource,
+                           "The configuration has no %s \"%s\".",
+                           row->choice->what,
+                           FromUtf8(name).c_str());
+    }
+    return unknown.empty();
+}
+
+void Run::HandOver() const {
+    for (const OptionRow& row : RunOptionRows()) {
+        const OptionValue value = ValueOf(options, row);
+        if (row.choice != nullptr && std::holds_alternative<std::string>(value)) {
+            row.choice->choose(manager, FromUtf8(std::get<std::string>(value)).c_str());
+        }
+    }
+    const std::string master = FromUtf8(options.master.value_or(""));
+    manager.SetMasterFile(options.master ? master.c_str() : nullptr,
+                          options.masterSize.value_or(0));
+    manager.SetAddPlatforms(options.platforms);
+    manager.SetRandomInfo(options);
+    manager.SetNameSingleLevel(true);
+}
+
+// Every try starts from the same state, so that its seed makes the same dungeon by itself.
+RunResult Run::Try(std::uint32_t seed) const {
+    const KeptSettings settings(manager);
+    RunResult result;
+    result.seed = seed;
+    result.stamp = options.stamp.value();
+    Logger::ResetErrors();
+    if (HasItsNames()) {
+        HandOver();
+        SeedRandom(seed);
+        SetContainerStamp(result.stamp);
+        if (manager.levelObserver != nullptr) {
+            manager.levelObserver->StartOver();
+        }
+        result.end = EndOf(manager.Generate(FromUtf8(options.cell).c_str(), options.fixed));
+        result.levels = manager.report;
+    }
+    result.tileSet = NameOf(manager.defTileSet);
+    result.theme = NameOf(manager.defTheme);
+    result.creatureTheme = NameOf(manager.defCreatureTheme);
+    result.treasureTheme = NameOf(manager.defTreasureTheme);
+    result.errors = LoggedErrors();
+    return result;
+}
+
+} // namespace Tarnex

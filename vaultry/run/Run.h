@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// One run: from a configuration and options to a dungeon in memory.
+#pragma once
+
+#include <vaultry/gen/GenMgr.h>
+#include <vaultry/run/RunOptions.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Tarnex {
+
+/// How a run ended.
+enum class RunEnd {
+    Made,       ///< the manager's `mod` is whole
+    Refused,    ///< nothing was generated; the errors say why
+    Canceled,   ///< the job status asked to stop
+    Unwalkable, ///< as many seeds were tried as a run tries, and none made every room reachable
+};
+
+/// What a run came to. Texts are UTF-8.
+struct RunResult {
+    RunEnd end = RunEnd::Refused;
+    std::uint32_t seed = 0;          ///< of the last try, or the first when none was walkable
+    std::int64_t stamp = 0;          ///< in the identifiers of containers
+    std::uint32_t tries = 1;         ///< seeds tried
+    GenReport levels;                ///< of the last try; without any for a fixed interior
+    std::string tileSet;             ///< what the options or chance chose last; empty for none
+    std::string theme;               ///< likewise, the furniture
+    std::string creatureTheme;       ///< likewise
+    std::string treasureTheme;       ///< likewise
+    std::vector<std::string> errors; ///< of the last try, as they were logged
+};
+
+/// Draws seed and stamp unless they are given: a run can be repeated only when what chance and the
+/// clock decided is known.
+VAULTRY_API void FixChance(RunOptions& options);
+
+/// The most seeds that a run tries.
+inline constexpr std::uint32_t kMaxTries = 1000;
+
+/// The seed of a try, counted from 0: the given one, then one further for each try by 2654435769,
+/// the golden ratio of the 32-bit numbers, so that the draws of neighbouring tries have nothing in
+/// common.
+constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
+    constexpr std::uint32_t kStride = 2654435769U;
+    return seed + number * kStride;
+}
+
+/// Generates from a configuration that a manager has read. What it makes depends on configuration,
+/// options, seed and stamp alone: it draws from a generator of its own, and leaves in the manager
+/// nothing but `mod` and `report`. It logs where the thread that calls it logs. Threads that each
+/// have a manager do not disturb each other.
+class VAULTRY_API Run {
+public:
+    /// `manager` is not owned and must outlive the run; its job status is asked and its observer
+    /// shown every level. Seed and stamp are drawn here unless they are given.
+    Run(GenMgr& manager, const RunOptions& options);
+
+    /// As they were given, with seed and stamp.
+    const RunOptions& Options() const { return options; }
+
+    /// Generates into the manager's `mod`; where the options ask for a walkable dungeon, from
+    /// further seeds until there is one. Names that the configuration lacks are refused. The log's
+    /// error list holds those of the last try afterwards.
+    RunResult Generate();
+
+    /// Generates from that seed instead, once.
+    RunResult GenerateFrom(std::uint32_t seed);
+
+private:
+    bool HasItsNames() const;
+    void HandOver() const;
+    RunResult Try(std::uint32_t seed) const;
+
+    GenMgr& manager;
+    RunOptions options;
+};
+
+} // namespace Tarnex

@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/run/RunOptions.h>
+
+#include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Text.h>
+#include <vaultry/gen/ContainerIds.h>
+#include <vaultry/gen/GenMgr.h>
+#include <vaultry/gen/Limits.h>
+
+#include <algorithm>
+#include <charconv>
+#include <type_traits>
+
+namespace Tarnex {
+
+namespace {
+
+using Options = RunOptions;
+
+template <typename T>
+std::vector<std::string> NamesOf(const std::vector<DiPtr<T>>& list) {
+    std::vector<std::string> names;
+    names.reserve(list.size());
+    for (const DiPtr<T>& object : list) {
+        names.push_back(object->GetName());
+    }
+    return names;
+}
+
+template <auto List>
+std::vector<std::string> NamesIn(GenMgr& manager) {
+    return NamesOf((manager.*List)());
+}
+
+// A choice from a list of rooms or of caves.
+template <auto Set, bool Cave>
+void ChooseAmong(GenMgr& manager, const char* name) {
+    (manager.*Set)(name, Cave);
+}
+
+template <auto Set>
+void Choose(GenMgr& manager, const char* name) {
+    (manager.*Set)(name);
+}
+
+using M = GenMgr;
+
+// clang-format off
+constexpr NamedChoice kRoomSet    {"room tile set",  NamesIn<&M::GetRoomTileSets>,   ChooseAmong<&M::SetDefaultTileSet, false>};
+constexpr NamedChoice kCaveSet    {"cave tile set",  NamesIn<&M::GetCaveTileSets>,   ChooseAmong<&M::SetDefaultTileSet, true>};
+constexpr NamedChoice kRoomLayout {"room layout",    NamesIn<&M::GetRoomLayouts>,    ChooseAmong<&M::SetDefaultTemplate, false>};
+constexpr NamedChoice kCaveLayout {"cave layout",    NamesIn<&M::GetCaveLayouts>,    ChooseAmong<&M::SetDefaultTemplate, true>};
+constexpr NamedChoice kTheme      {"theme",          NamesIn<&M::GetThemes>,         Choose<&M::SetDefaultTheme>};
+constexpr NamedChoice kCreatures  {"creature theme", NamesIn<&M::GetCreatureThemes>, Choose<&M::SetDefaultCreatureTheme>};
+constexpr NamedChoice kTreasure   {"treasure theme", NamesIn<&M::GetTreasureThemes>, Choose<&M::SetDefaultTreasureTheme>};
+
+constexpr unsigned kEverywhere = kForMaps | kForSearch | kRepeats | kReported;
+constexpr unsigned kShape = kEverywhere | kShapesLevels;
+constexpr unsigned kHeader = kForSearch | kRepeats | kReported;
+
+OptionRow Named(const char* name, OptionField field, const char* help, const NamedChoice& choice, const char* rival = nullptr) {
+    OptionRow row{name, field, help, kShape};
+    row.choice = &choice;
+    row.rival = rival;
+    return row;
+}
+
+OptionRow Bounded(OptionRow row, std::int64_t least, std::int64_t most) {
+    row.least = least;
+    row.most = most;
+    return row;
+}
+
+std::vector<OptionRow>& Table() {
+    static std::vector<OptionRow> rows = {
+        {"cell",                  &Options::cell, "The cell (default: Vaultry Dungeon)", kEverywhere, "n"},
+        {"fixed",                 &Options::fixed, "One cell from a layout instead of random levels", kShape},
+        Named("tileset",          &Options::tileSet, "The room tile set (default: first)", kRoomSet, "cave-tileset"),
+        Named("cave-tileset",     &Options::caveTileSet, "A cave tile set instead", kCaveSet, "tileset"),
+        Named("template",         &Options::layout, "The layout of --fixed (default: first)", kRoomLayout, "cave-template"),
+        Named("cave-template",    &Options::caveLayout, "A cave layout instead", kCaveLayout, "template"),
+        Named("theme",            &Options::theme, "The furniture (default: first)", kTheme),
+        Named("creature-theme",   &Options::creatureTheme, "The creatures (default: none)", kCreatures),
+        Named("treasure-theme",   &Options::treasureTheme, "The treasure (default: first)", kTreasure),
+        Bounded({"levels",        &Options::numLevels, "Levels, each a cell (default: 1)", kShape}, 1, kMaxLevels),
+        {"min-level",             &Options::minLevel, "Lowest level of a random creature theme (default: 1)", kShape},
+        {"max-level",             &Options::maxLevel, "Highest level of a random creature theme (default: 5)", kShape},
+        {"size",                  &Options::levelSize, "Level size", kShape},
+        {"spacing",               &Options::roomSpacing, "Room spacing", kShape},
+        {"random-tileset",        &Options::randomTileSet, "Choose the tile set by chance", kShape},
+        {"random-theme",          &Options::randomTheme, "Choose the furniture by chance", kShape},
+        {"random-creature-theme", &Options::randomCreatureTheme, "Choose the creatures by chance", kShape},
+        {"random-treasure-theme", &Options::randomTreasureTheme, "Choose the treasure by chance", kShape},
+        // The seed that was found makes a walkable dungeon by itself.
+        {"ensure-walkable",       &Options::ensureWalkable, "Try further seeds until every room can be reached", kForMaps | kReported},
+        {"platforms",             &Options::platforms, "Raise platforms in fixed cave interiors", kShape},
+        // Stands apart in lines and reports: a run always has one.
+        {"seed",                  &Options::seed, "Repeats a run (default: by chance)", kForMaps},
+        {"master",                &Options::master, "The master file (default: the game's)", kHeader},
+        {"master-size",           &Options::masterSize, "The master file's size in bytes", kHeader},
+        Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", kForSearch | kRepeats}, 0, kMaxStamp),
+        {"strict",                &Options::strict, "Write nothing if there was an error", kReported},
+    };
+    return rows;
+}
+// clang-format on
+
+const RunOptions& Usual() {
+    static const RunOptions usual;
+    return usual;
+}
+
+template <typename T>
+struct Plain {
+    using Type = T;
+};
+template <typename T>
+struct Plain<std::optional<T>> {
+    using Type = T;
+};
+// What an option that may be missing holds.
+template <typename Field>
+using Held = typename Plain<std::remove_cvref_t<Field>>::Type;
+
+const std::vector<std::string>& WordsFor(RandomGenInfo::LevelSizeT /*kind*/) {
+    return RandomGenInfo::GetLevelSizeStrings();
+}
+
+const std::vector<std::string>& WordsFor(RandomGenInfo::RoomSpacingT /*kind*/) {
+    return RandomGenInfo::GetRoomSpacingStrings();
+}
+
+std::string Read(std::string_view text, const OptionRow& /*row*/, bool& value) {
+    if (text != "true" && text != "false") {
+        return "is not \"true\" or \"false\"";
+    }
+    value = text == "true";
+    return {};
+}
+
+std::string Read(std::string_view text, const OptionRow& /*row*/, std::string& value) {
+    value = text;
+    return {};
+}
+
+template <typename Number>
+requires std::is_integral_v<Number> std::string
+Read(std::string_view text, const OptionRow& row, Number& value) {
+    std::int64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, fault] = std::from_chars(text.data(), end, number);
+    if (fault != std::errc() || rest != end || number < row.least || number > row.most) {
+        return "is not a whole number from " + std::to_string(row.least) + " to " +
+               std::to_string(row.most);
+    }
+    value = static_cast<Number>(number);
+    return {};
+}
+
+template <typename Word>
+requires std::is_enum_v<Word> std::string
+Read(std::string_view text, const OptionRow& /*row*/, Word& value) {
+    const std::vector<std::string>& words = WordsFor(value);
+    const auto word = std::ranges::find_if(
+        words, [text](const std::string& known) { return EqualsNoCase(known, text); });
+    if (word == words.end()) {
+        return "is none of " + JoinWords(words);
+    }
+    value = static_cast<Word>(word - words.begin());
+    return {};
+}
+
+OptionValue Shown(bool value) {
+    return value;
+}
+
+OptionValue Shown(const std::string& value) {
+    return value;
+}
+
+template <typename Number>
+requires std::is_integral_v<Number> OptionValue Shown(Number value) {
+    return static_cast<std::int64_t>(value);
+}
+
+template <typename Word>
+requires std::is_enum_v<Word> OptionValue Shown(Word value) {
+    return WordsFor(value).at(static_cast<std::size_t>(value));
+}
+
+template <typename T>
+OptionValue Shown(const std::optional<T>& value) {
+    return value ? Shown(*value) : OptionValue();
+}
+
+} // namespace
+
+std::span<const OptionRow> RunOptionRows() {
+    return Table();
+}
+
+const OptionRow* FindRunOption(std::string_view name) {
+    const auto row = std::ranges::find(
+        Table(), name, [](const OptionRow& r) { return std::string_view(r.name); });
+    return row == Table().end() ? nullptr : &*row;
+}
+
+AddedOption::AddedOption(const OptionRow& row) {
+    Table().push_back(row);
+}
+
+AddedOption::~AddedOption() {
+    Table().pop_back();
+}
+
+OptionKind KindOf(const OptionRow& row) {
+    return std::visit(
+        [](auto field) {
+            using Value = Held<decltype(Usual().*field)>;
+            return std::is_same_v<Value, bool>          ? OptionKind::Switch
+                   : std::is_same_v<Value, std::string> ? OptionKind::Text
+                   : std::is_enum_v<Value>              ? OptionKind::Word
+                                                        : OptionKind::Number;
+        },
+        row.field);
+}
+
+std::vector<std::string> WordsOf(const OptionRow& row) {
+    return std::visit(
+        [](auto field) -> std::vector<std::string> {
+            using Value = Held<decltype(Usual().*field)>;
+            if constexpr (std::is_enum_v<Value>) {
+                return WordsFor(Value());
+            } else {
+                return {};
+            }
+        },
+        row.field);
+}
+
+std::string SetOption(RunOptions& options, const OptionRow& row, std::string_view text) {
+    const std::string fault = std::visit(
+        [&](auto field) {
+            Held<decltype(options.*field)> value{};
+            std::string wrong = Read(text, row, value);
+            if (wrong.empty()) {
+                options.*field = std::move(value);
+            }
+            return wrong;
+        },
+        row.field);
+    if (fault.empty() && row.rival != nullptr) {
+        ResetOption(options, *FindRunOption(row.rival));
+    }
+    return fault;
+}
+
+void ResetOption(RunOptions& options, const OptionRow& row) {
+    std::visit([&options](auto field) { options.*field = Usual().*field; }, row.field);
+}
+
+OptionValue ValueOf(const RunOptions& options, const OptionRow& row) {
+    return std::visit([&options](auto field) { return Shown(options.*field); }, row.field);
+}
+
+bool IsDefault(const RunOptions& options, const OptionRow& row) {
+    return std::visit([&options](auto field) { return options.*field == Usual().*field; },
+                      row.field);
+}
+
+std::vector<const OptionRow*> UnknownNames(const RunOptions& options, GenMgr& manager) {
+    std::vector<const OptionRow*> unknown;
+    for (const OptionRow& row : Table()) {
+        const OptionValue value = ValueOf(options, row);
+        if (row.choice == nullptr || !std::holds_alternative<std::string>(value)) {
+            continue;
+        }
+        bool lost = false;
+        const std::string name = FromUtf8(std::get<std::string>(value), &lost);
+        const std::vector<std::string> known = row.choice->names(manager);
+        if (lost || std::ranges::find(known, name) == known.end()) {
+            unknown.push_back(&row);
+        }
+    }
+    return unknown;
+}
+
+} // namespace Tarnex

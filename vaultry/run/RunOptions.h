@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+// Everything that decides what a run makes, and the one table of it.
+#pragma once
+
+#include <vaultry/foundation/Export.h>
+#include <vaultry/gen/RandomGenInfo.h>
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace Tarnex {
+
+class GenMgr;
+
+/// What a run is asked for, besides the configuration. All text is UTF-8. An optional name that is
+/// not given stands for the configuration's first, of creature themes for none.
+struct VAULTRY_API RunOptions : RandomGenInfo {
+    std::string cell = "Vaultry Dungeon"; ///< the cell, or what the cells of levels begin with
+    bool fixed = false;                   ///< one cell from a layout template
+    std::optional<std::string> tileSet;
+    std::optional<std::string> caveTileSet; ///< instead of `tileSet`
+    std::optional<std::string> layout;
+    std::optional<std::string> caveLayout; ///< instead of `layout`
+    std::optional<std::string> theme;
+    std::optional<std::string> creatureTheme;
+    std::optional<std::string> treasureTheme;
+    bool ensureWalkable = false;             ///< try further seeds until every room can be reached
+    bool platforms = false;                  ///< raised ones in fixed cave interiors
+    std::optional<std::uint32_t> seed;       ///< by chance without
+    std::optional<std::string> master;       ///< the master file; the game's without
+    std::optional<std::uint32_t> masterSize; ///< [bytes]
+    std::optional<std::int64_t> stamp;       ///< in container identifiers; by chance without
+    bool strict = false;                     ///< write nothing if there was an error
+};
+
+/// Where an option stands. The kind of option follows from the type.
+using OptionField = std::variant<bool RunOptions::*,
+                                 std::string RunOptions::*,
+                                 std::optional<std::string> RunOptions::*,
+                                 std::uint32_t RunOptions::*,
+                                 std::optional<std::uint32_t> RunOptions::*,
+                                 std::optional<std::int64_t> RunOptions::*,
+                                 RandomGenInfo::LevelSizeT RunOptions::*,
+                                 RandomGenInfo::RoomSpacingT RunOptions::*>;
+
+/// The list of a configuration that an option names an object of.
+struct NamedChoice {
+    const char* what; ///< is named, in words
+    /// The names there are, in the order of the configuration, in Windows-1252.
+    std::vector<std::string> (*names)(GenMgr& manager);
+    /// Makes an object of the list the default.
+    void (*choose)(GenMgr& manager, const char* name);
+};
+
+/// Where an option counts besides `generate` and the C interface, which know every one.
+enum OptionUse : unsigned {
+    kForMaps = 1,      ///< `map` takes it
+    kForSearch = 2,    ///< `search` takes it
+    kShapesLevels = 4, ///< without it a level is another: it stands in the margin of maps
+    kRepeats = 8,      ///< stands in the line that makes a dungeon again
+    kReported = 16,    ///< stands among the options of reports, where its value says enough
+};
+
+/// One option. Texts live as long as the program.
+struct OptionRow {
+    const char* name; ///< of its switch, without the dashes
+    OptionField field;
+    const char* help;
+    unsigned uses = 0;                   ///< of OptionUse
+    const char* letter = nullptr;        ///< the short switch, if there is one
+    std::int64_t least = 0;              ///< of a number
+    std::int64_t most = UINT32_MAX;      ///< of a number
+    const char* rival = nullptr;         ///< the option in whose place it is given
+    const NamedChoice* choice = nullptr; ///< what a name is looked up in
+};
+
+/// All options, in the order of help. It changes by AddedOption only.
+VAULTRY_API std::span<const OptionRow> RunOptionRows();
+
+/// The row of a name; null for none.
+VAULTRY_API const OptionRow* FindRunOption(std::string_view name);
+
+/// While one lives, the table has one row more: for programs with an option of their own, and for
+/// whoever wants to see who reads the table.
+class VAULTRY_API AddedOption {
+public:
+    explicit AddedOption(const OptionRow& row);
+    ~AddedOption();
+    AddedOption(const AddedOption&) = delete;
+    AddedOption& operator=(const AddedOption&) = delete;
+};
+
+/// What kind of value an option takes; a text is a name too.
+enum class OptionKind { Switch, Text, Number, Word };
+
+VAULTRY_API OptionKind KindOf(const OptionRow& row);
+
+/// The words that an option takes; empty when it takes no words.
+VAULTRY_API std::vector<std::string> WordsOf(const OptionRow& row);
+
+/// Sets an option from its text, a switch from "true" or "false", and takes back its rival. Returns
+/// what is wrong with the text, the second half of a sentence; empty for nothing, otherwise the
+/// options are as they were. That a name exists is not asked here: see UnknownNames.
+VAULTRY_API std::string SetOption(RunOptions& options, const OptionRow& row, std::string_view text);
+
+/// Puts an option back to its default.
+VAULTRY_API void ResetOption(RunOptions& options, const OptionRow& row);
+
+/// A value: nothing, a switch, a number, or a text or word.
+using OptionValue = std::variant<std::monostate, bool, std::int64_t, std::string>;
+
+VAULTRY_API OptionValue ValueOf(const RunOptions& options, const OptionRow& row);
+
+/// True when the option is as it is without being set.
+VAULTRY_API bool IsDefault(const RunOptions& options, const OptionRow& row);
+
+/// The rows whose names the configuration lacks, to the letter.
+VAULTRY_API std::vector<const OptionRow*> UnknownNames(const RunOptions& options, GenMgr& manager);
+
+} // namespace Tarnex
