@@ -71,8 +71,9 @@ public:
           mapFiles(report.options.maps) {}
 
     void Generate(GenMgr& manager, const LibraryLog& log, const CancelSignals& signals) {
-        report.errors = log.Errors();
+        report.errors = log.Errors(); // of the configuration
         report.result = CreateMod(manager, signals);
+        log.AddErrors(report.errors);
         if (report.result != Ending::Written) {
             return;
         }

@@ -54,6 +54,11 @@ std::vector<std::string> LibraryLog::Errors() const {
     return ToUtf8(Logger::GetErrors());
 }
 
+void LibraryLog::AddErrors(std::vector<std::string>& list) const {
+    const std::vector<std::string> errors = Errors();
+    list.insert(list.end(), errors.begin(), errors.end());
+}
+
 std::optional<std::string> LibraryLog::Fault() const {
     const std::error_code fault = Logger::GetFault();
     return fault ? std::optional("the log \"" + path +

@@ -19,6 +19,8 @@ public:
 
     /// The error lines so far, in UTF-8; a run begins them anew.
     std::vector<std::string> Errors() const;
+    /// Appends them to a list.
+    void AddErrors(std::vector<std::string>& list) const;
 
     /// That the file lacks lines and why, in one line of UTF-8; nothing while it is whole.
     std::optional<std::string> Fault() const;

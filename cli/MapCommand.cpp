@@ -88,8 +88,11 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
     const auto maps = std::make_shared<Report::MapCollector>();
     const bool configured = Configure(manager, report.options, source, *signals, log, console);
     report.errors = log.Errors();
-    report.result =
-        configured ? Generate(manager, report, *maps, *signals, console) : Ending::Canceled;
+    report.result = Ending::Canceled;
+    if (configured) {
+        report.result = Generate(manager, report, *maps, *signals, console);
+        log.AddErrors(report.errors);
+    }
     console.Show(report.errors);
     SayWarnings(report, console);
     if (report.result == Ending::Drawn) {

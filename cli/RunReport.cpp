@@ -80,7 +80,6 @@ void TakeOver(const RunResult& run, RunReport& report) {
     report.options.seed = run.seed;
     report.tries = run.tries;
     report.levels = run.levels;
-    report.errors.insert(report.errors.end(), run.errors.begin(), run.errors.end());
 }
 
 void CountContent(const Mod& mod, RunReport& report) {

@@ -55,7 +55,8 @@ struct RunReport {
 const char* EndingWord(Ending result);
 const char* SortWord(std::size_t sort);
 
-/// Takes over what the library says of a run; a plug-in that was made has yet to be written.
+/// Takes over what the library says of a run, but for the errors, of which writing may add some: a
+/// plug-in that was made has yet to be written.
 void TakeOver(const RunResult& run, RunReport& report);
 
 /// Counts what the plug-in holds.

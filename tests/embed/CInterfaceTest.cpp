@@ -145,6 +145,43 @@ TEST_F(CInterfaceTest, AGeneratorWithoutAConfigurationWritesNothing) {
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
+TEST_F(CInterfaceTest, AWalkableDungeonIsLookedForAmongFurtherSeeds) {
+    ASSERT_EQ(vaultry_init(generator, VAULTRY_SOURCE_DIR "/data/caves.xml"), VAULTRY_OK);
+    Set("cave-tileset", "Mold cave tunnels");
+    Set("size", "large");
+    Set("spacing", "tight");
+    Set("levels", "3");
+    Set("seed", "128");
+    Generate();
+    EXPECT_EQ(vaultry_last_seed(generator), 128U);
+    Set("ensure-walkable", "true");
+    Generate();
+    EXPECT_NE(vaultry_last_seed(generator), 128U);
+    EXPECT_NE(std::string(vaultry_walkability_json(generator)).find("{\"walkable\":true"),
+              std::string::npos);
+}
+
+TEST_F(CInterfaceTest, StrictWritesNothingWhenThereWasAnErrorEvenWhileWriting) {
+    const std::string config =
+        "<OstrelData><TileSet TsName=\"A\" TsType=\"Room\"><WallN>w</WallN></TileSet>"
+        "<Layout LayoutName=\"L\" Type=\"Room\" Width=\"1\" Height=\"1\">"
+        "<Row><Col>WallN</Col></Row></Layout>"
+        "<Container UniqueName=\"chest\" Weight=\"100\"/>"
+        "<Treasure UniqueName=\"an_identifier_longer_than_31_bytes\" Type=\"Gold\"/>"
+        "<Theme Name=\"T\"><ThemeItem Type=\"Container\" UniqueName=\"chest\"/></Theme>"
+        "<TreasureTheme Name=\"G\"><ThemeItem Type=\"Gold\"/></TreasureTheme></OstrelData>";
+    ASSERT_EQ(vaultry_init_from_memory(generator, config.data(), config.size(), "long"),
+              VAULTRY_OK);
+    Set("fixed", "true");
+    Set("strict", "true");
+    const std::string file = dir.File("made.esp");
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_REFUSED);
+    EXPECT_GT(vaultry_error_count(generator), 0U);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    Set("strict", "false");
+    Generate();
+}
+
 TEST_F(CInterfaceTest, AFolderThatIsNotThereIsNotWrittenTo) {
     ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
     const std::string file = dir.File("none/made.esp");

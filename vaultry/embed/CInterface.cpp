@@ -9,7 +9,6 @@
 #include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
-#include <array>
 #include <new>
 
 namespace {
@@ -97,21 +96,22 @@ RunResult Generate(vaultry_generator& generator, RunState* callers) {
     return result;
 }
 
-// In the order of RunEnd.
-constexpr std::array<vaultry_result, 4> kResults = {
-    VAULTRY_OK, VAULTRY_REFUSED, VAULTRY_CANCELED, VAULTRY_REFUSED};
-
-// Unlike CreateMod this keeps a file that is there until the new one is whole. Returns why there is
-// none, or nothing.
-std::string WriteMod(vaultry_generator& generator, const char* path) {
+// Unlike CreateMod this keeps a file that is there until the new one is whole, and as long as
+// errors speak against it.
+vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
     try {
         SafeFile file(path);
         generator.manager.mod.Write(file.Open(&generator.progress));
         file.Finish();
+        TellLog(generator);
+        if (generator.options.strict && !generator.errors.empty()) {
+            return VAULTRY_REFUSED;
+        }
         file.Commit();
-        return {};
+        return VAULTRY_OK;
     } catch (const FileError& e) {
-        return e.what();
+        Tell(generator, e.what());
+        return generator.progress.HasBeenCanceled() ? VAULTRY_CANCELED : VAULTRY_NOT_WRITTEN;
     }
 }
 
@@ -223,22 +223,14 @@ vaultry_result vaultry_generate(vaultry_generator* generator, const char* path) 
     return Enter(*generator, [=](RunState* callers) {
         generator->errors.clear();
         const RunResult result = Generate(*generator, callers);
-        std::ranges::for_each(result.errors, [=](const auto& line) { Tell(*generator, line); });
+        if (result.end == RunEnd::Made) {
+            return WriteMod(*generator, TextOf(path));
+        }
+        TellLog(*generator);
         if (result.end == RunEnd::Unwalkable) {
             Tell(*generator, "none of " + std::to_string(result.tries) + kUnwalkable);
         }
-        if (result.end != RunEnd::Made) {
-            return kResults.at(static_cast<std::size_t>(result.end));
-        }
-        if (generator->options.strict && !result.errors.empty()) {
-            return VAULTRY_REFUSED;
-        }
-        const std::string fault = WriteMod(*generator, TextOf(path));
-        if (fault.empty()) {
-            return VAULTRY_OK;
-        }
-        Tell(*generator, fault);
-        return generator->progress.HasBeenCanceled() ? VAULTRY_CANCELED : VAULTRY_NOT_WRITTEN;
+        return result.end == RunEnd::Canceled ? VAULTRY_CANCELED : VAULTRY_REFUSED;
     });
 }
 

@@ -21,7 +21,7 @@ enum class RunEnd {
 
 /// What a run came to. Texts are UTF-8.
 struct RunResult {
-    RunEnd end = RunEnd::Refused;
+    RunEnd end = RunEnd::Refused;    ///< whether there is a dungeon
     std::uint32_t seed = 0;          ///< of the last try, or the first when none was walkable
     std::int64_t stamp = 0;          ///< in the identifiers of containers
     std::uint32_t tries = 1;         ///< seeds tried

@@ -20,22 +20,22 @@ class GenMgr;
 /// What a run is asked for, besides the configuration. All text is UTF-8. An optional name that is
 /// not given stands for the configuration's first, of creature themes for none.
 struct VAULTRY_API RunOptions : RandomGenInfo {
-    std::string cell = "Vaultry Dungeon"; ///< the cell, or what the cells of levels begin with
-    bool fixed = false;                   ///< one cell from a layout template
-    std::optional<std::string> tileSet;
-    std::optional<std::string> caveTileSet; ///< instead of `tileSet`
-    std::optional<std::string> layout;
-    std::optional<std::string> caveLayout; ///< instead of `layout`
-    std::optional<std::string> theme;
-    std::optional<std::string> creatureTheme;
-    std::optional<std::string> treasureTheme;
-    bool ensureWalkable = false;             ///< try further seeds until every room can be reached
-    bool platforms = false;                  ///< raised ones in fixed cave interiors
-    std::optional<std::uint32_t> seed;       ///< by chance without
-    std::optional<std::string> master;       ///< the master file; the game's without
-    std::optional<std::uint32_t> masterSize; ///< [bytes]
-    std::optional<std::int64_t> stamp;       ///< in container identifiers; by chance without
-    bool strict = false;                     ///< write nothing if there was an error
+    std::string cell = "Vaultry Dungeon";     ///< the cell, or what the cells of levels begin with
+    bool fixed = false;                       ///< one cell from a layout template
+    std::optional<std::string> tileSet;       ///< of rooms
+    std::optional<std::string> caveTileSet;   ///< instead of `tileSet`
+    std::optional<std::string> layout;        ///< of --fixed
+    std::optional<std::string> caveLayout;    ///< instead of `layout`
+    std::optional<std::string> theme;         ///< the furniture
+    std::optional<std::string> creatureTheme; ///< the creatures
+    std::optional<std::string> treasureTheme; ///< what is in containers
+    bool ensureWalkable = false;              ///< try further seeds until every room can be reached
+    bool platforms = false;                   ///< raised ones in fixed cave interiors
+    std::optional<std::uint32_t> seed;        ///< by chance without
+    std::optional<std::string> master;        ///< the master file; the game's without
+    std::optional<std::uint32_t> masterSize;  ///< [bytes]
+    std::optional<std::int64_t> stamp;        ///< in container identifiers; by chance without
+    bool strict = false;                      ///< write nothing if there was an error
 };
 
 /// Where an option stands. The kind of option follows from the type.
@@ -68,9 +68,9 @@ enum OptionUse : unsigned {
 
 /// One option. Texts live as long as the program.
 struct OptionRow {
-    const char* name; ///< of its switch, without the dashes
-    OptionField field;
-    const char* help;
+    const char* name;                    ///< of its switch, without the dashes
+    OptionField field;                   ///< where its value stands
+    const char* help;                    ///< one line, with the default
     unsigned uses = 0;                   ///< of OptionUse
     const char* letter = nullptr;        ///< the short switch, if there is one
     std::int64_t least = 0;              ///< of a number
@@ -89,6 +89,7 @@ VAULTRY_API const OptionRow* FindRunOption(std::string_view name);
 /// whoever wants to see who reads the table.
 class VAULTRY_API AddedOption {
 public:
+    /// The row stands behind all others.
     explicit AddedOption(const OptionRow& row);
     ~AddedOption();
     AddedOption(const AddedOption&) = delete;
@@ -98,6 +99,7 @@ public:
 /// What kind of value an option takes; a text is a name too.
 enum class OptionKind { Switch, Text, Number, Word };
 
+/// The kind of an option's value.
 VAULTRY_API OptionKind KindOf(const OptionRow& row);
 
 /// The words that an option takes; empty when it takes no words.
@@ -114,6 +116,7 @@ VAULTRY_API void ResetOption(RunOptions& options, const OptionRow& row);
 /// A value: nothing, a switch, a number, or a text or word.
 using OptionValue = std::variant<std::monostate, bool, std::int64_t, std::string>;
 
+/// What an option is set to.
 VAULTRY_API OptionValue ValueOf(const RunOptions& options, const OptionRow& row);
 
 /// True when the option is as it is without being set.
