@@ -214,6 +214,8 @@ private:
 
 TEST_F(CInterfaceTest, ADiskThatIsFullKeepsTheFileThatIsThere) {
     ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
+    Set("seed", "3");
+    Set("size", "large"); // and so larger than the disk
     const std::string old = Generate();
     const std::string file = dir.File("made.esp");
     {
