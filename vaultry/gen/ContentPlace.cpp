@@ -79,6 +79,7 @@ struct Fit {
 void PushToWall(ContentItem& item, const WallRow& row, const Fit& fit) {
     float& depth = item.offset.*row.depth;
     const double halfDepth = item.size.y * 0.5;
+    // The wall stands in the middle of the cell, so that there is no way to it from the centre.
     if (fit.reduced && row.thickness == Thickness::WithDepth) {
         Add(depth, -row.outward * (fit.thickness + halfDepth));
         return;
@@ -95,6 +96,7 @@ void PushToWall(ContentItem& item, const WallRow& row, const Fit& fit) {
 
 void PushFromCorner(ContentItem& item, const WallRow& row, const Fit& fit) {
     float& along = item.offset.*row.along;
+    // Along the second wall of the corner, clear of its stone.
     Add(along, row.inward * fit.thickness);
     if (fit.reduced) {
         Add(along, row.inward * (item.size.x * 0.5));
@@ -102,6 +104,8 @@ void PushFromCorner(ContentItem& item, const WallRow& row, const Fit& fit) {
 }
 
 void FitAtWall(ContentItem& item, const WallRow& row, const Fit& fit) {
+    // Items are drawn with their back to the north; the offset that their author gave turns with
+    // them.
     if (row.turn != 0) {
         item.zRotate = NormalizeAngle(std::int64_t{item.zRotate} + row.turn);
         RotateOffset(item.offset, row.turn);
@@ -113,17 +117,20 @@ void FitAtWall(ContentItem& item, const WallRow& row, const Fit& fit) {
 }
 
 PlacementCounts Count(const ThemeItem& item, std::uint32_t count, bool raiseToMinimum) {
+    // The share of the places, cut: a tenth of nine places is none.
     const std::int64_t n = TruncToInt(count * double{item.ratio});
     PlacementCounts counts{};
     if (item.minimum != ThemeItem::kNotGiven) {
         counts.minimum = item.minimum;
     } else {
+        // What is certain is all placed; what falls to chance may be missing altogether.
         counts.minimum = item.chance >= 1.0F ? n : 0;
     }
     if (item.maximum != ThemeItem::kNotGiven) {
         counts.maximum = item.maximum;
         return counts;
     }
+    // One more than the share if there is room, or small rooms would never see a rare thing.
     counts.maximum = n < std::int64_t{count} ? n + 1 : n;
     if (raiseToMinimum) {
         counts.maximum = std::max(counts.maximum, counts.minimum);
@@ -157,6 +164,7 @@ void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tile
         Add(item.offset.z, elmt.platformHeight);
         fit.thickness *= 0.5;
     }
+    // Pieces are placed by their middle: this sets the item onto the floor of the cell.
     Add(item.offset.z, -((fit.tileSize - item.size.z) * 0.5));
 
     const std::string_view kind = first.kindName.Kind().Name();
@@ -164,6 +172,7 @@ void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tile
         FitAtWall(item, *wall, fit);
         return;
     }
+    // Elsewhere the middle of the cell is the middle of the floor.
     if (!tileSet.IsCave()) {
         return;
     }

@@ -90,6 +90,7 @@ bool GenHallBase::IsInside(const DiPos& pos) const {
            static_cast<std::uint32_t>(pos.y) < main.GetHeight();
 }
 
+// Nothing lies beyond, so that nothing may open there.
 bool GenHallBase::IsOnBorder(const DiPos& pos) const {
     const DiPos& size = main.GetSize();
     return pos.x <= 0 || pos.y <= 0 || pos.x >= size.x - 1 || pos.y >= size.y - 1;
@@ -147,6 +148,7 @@ void GenHallBase::AddIfSafe(std::vector<DiPos>& candidates,
                             const Layout& room,
                             const DiPos& cell,
                             SideBits facings) const {
+    // The room's own elements, which may differ from the level's after a hall was taken back.
     const Layout::Row& row = room.GetRow(static_cast<std::uint32_t>(cell.y));
     const DiPtr<GridElmt>& elmt = row[static_cast<std::size_t>(cell.x)];
     if (!elmt || elmt->isShadow) {
@@ -175,9 +177,11 @@ bool GenHallBase::IsSafeForDoor(const Tile& tile, const DiPos& pos) const {
         return false;
     }
     switch (GetElmtType(*outside)) {
+        // Rooms back to back get a door between them.
     case TileWall:
     case TileDoorway:
         return true;
+        // A hall that runs past would be cut open from the side; only one that leads here is met.
     case TileHall:
         return OpensTo(*outside, side->opposite);
     default:
@@ -202,6 +206,7 @@ CvtAction GenHallBase::CanInPlaceCvt(const DiPos& pos) const {
         return CvtNone;
     }
     const TileType type = GetElmtType(*elmt);
+    // An end has one opening; a corner adds another.
     if (type == TileHallEnd) {
         return CvtCorner;
     }
@@ -212,6 +217,7 @@ CvtAction GenHallBase::CanInPlaceCvt(const DiPos& pos) const {
     case DirN:
     case DirS:
     case DirNS:
+        // Other halls may use a piece with both ends joined, so its openings must stay.
         return IsThroughHall(pos, Sides()[DirN]) ? CvtFourWay : CvtCorner;
     case DirE:
     case DirW:

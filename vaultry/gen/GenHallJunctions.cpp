@@ -87,6 +87,7 @@ bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
         return true;
     }
     if (const Tile* hall = PeekTileOfType(elmt, TileHall)) {
+        // Along the same hall the walk needs nothing new; across it the two must be joined.
         return GetTileDir(*hall) == dir || Try4Way(elmt, pos, false);
     }
     if (const Tile* end = PeekTileOfType(elmt, TileHallEnd)) {
@@ -112,6 +113,7 @@ void GenHallway::CvtToDoorway(const DiPos& pos) {
     const Side* facing = FindSide(GetElmtDir(*elmt));
     const Side& side = facing != nullptr ? *facing : Sides()[DirW];
     ReplaceTiles(*elmt, pos, side.doorway);
+    // Drawn before the look outside: how the draws run does not depend on the neighbours.
     const double draw = RandomUnit();
     if (draw <= kOpenArch) {
         return;
@@ -159,11 +161,13 @@ GenHallway::Reception GenHallway::ReceiveJunction(const Side& side, const DiPos&
     if (neighbour == nullptr || neighbour->isShadow) {
         return Reception::Accepted;
     }
+    // All of these can be opened towards the junction.
     for (const TileType type : {TileDoorway, TileWall, TileHallEnd}) {
         if (HasTileOfType(*neighbour, type)) {
             return Reception::Accepted;
         }
     }
+    // Floors and corners of rooms: a hall must not break into a room but by a doorway.
     if (!HasTileOfType(*neighbour, TileHall)) {
         return Reception::Refused;
     }

@@ -18,12 +18,14 @@ namespace {
 // A look-up by name or a reference made costs as much as looking at so many things.
 constexpr std::int64_t kStepsPerPiece = 32;
 
+// The game turns the map of an interior by its marker; without one north is where it happens to be.
 constexpr const char* kNorthMarker = "NorthMarker";
 constexpr float kNorthMarkerY = -150.0F;
 
 // The way one faces on arrival, by the facing of the door: into the room. [degrees]
 constexpr std::array<std::int32_t, 4> kArrivals = {180, 0, 270, 90}; // N, S, E, W
 
+// A door in a corner has no side; whoever comes through it faces north.
 std::int32_t ArrivalAngle(TileDirT facing) {
     const auto index = static_cast<std::size_t>(facing);
     return index < kArrivals.size() ? kArrivals[index] : 0;
@@ -70,6 +72,7 @@ GenIntBase::GenIntBase(GenInfo& info_)
 
 GenIntBase::~GenIntBase() = default;
 
+// An empty interior, for what only needs the stages.
 void GenIntBase::Gen() {}
 
 void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
@@ -86,6 +89,8 @@ void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
             const auto elmt = MakeDi<GridElmt>();
             for (const TileKindName& name : plan->tileNames) {
                 const DiPtr<Tile>& tile = tileSet->Get(name);
+                // The element stays, with the tiles that there are: a hole in one place must not
+                // move the others.
                 if (!tile) {
                     Logger::WriteError(
                         S_LogSrc,
@@ -99,6 +104,7 @@ void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
             layout.SetElmt(elmt, static_cast<std::int32_t>(row), static_cast<std::int32_t>(col));
         }
     }
+    // After the layout's own cells, so that an error of the whole comes before those of its parts.
     for (const DiPtr<LayoutTemplate>& childPlan : from.GetChildren()) {
         const DiPtr<Layout> child = MakeLayout(childPlan->GetSize());
         child->SetOffset(childPlan->GetOffset());
@@ -123,6 +129,8 @@ void GenIntBase::SortLayout(SortedElmts& sorted, const Layout& layout) const {
             if (!elmt) {
                 continue;
             }
+            // By the first tile alone. Doorways and the ends of halls are in no list: nothing may
+            // stand there.
             switch (GetElmtType(*elmt)) {
             case TileCenter:
                 sorted.centers.push_back(elmt.get());
@@ -141,6 +149,7 @@ void GenIntBase::SortLayout(SortedElmts& sorted, const Layout& layout) const {
             }
         }
     }
+    // Parts on other floors are furnished like the rest.
     for (const DiPtr<Layout>& child : layout.GetChildren()) {
         SortLayout(sorted, *child);
     }
@@ -153,6 +162,7 @@ void GenIntBase::SortLayout(SortedElmts& sorted, const Layout& layout) const {
 void GenIntBase::InitCell() {
     cell = info.mod.CreateCell(info.cellName.c_str());
     Ref marker(kNorthMarker);
+    // North of the origin, as the north of the map.
     marker.position.y = kNorthMarkerY;
     marker.sort = RefSort::Marker;
     cell->AddRef(std::move(marker));
@@ -162,6 +172,7 @@ void GenIntBase::FillCell(const Layout& layout) {
     Pieces pieces;
     CountPieces(layout, pieces);
     info.meter.TakeMemory(pieces.memory);
+    // One piece of memory for all references instead of growing through many.
     cell->Reserve(pieces.count);
     LayoutToCell(*cell, layout, Di3Point());
 }
@@ -175,6 +186,7 @@ void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point
                 continue;
             }
             const DiPos pos(static_cast<std::int32_t>(col), static_cast<std::int32_t>(row), 0);
+            // Tiles, platforms, contents: the order in which the plug-in numbers its references.
             CvtTiles(target, *elmt, pos, offset);
             CvtPlatforms(target, *elmt, pos, offset);
             CvtContents(target, *elmt, pos, offset);
@@ -218,6 +230,7 @@ void GenIntBase::DoCvtTile(Cell& target,
     ref.sort = RefSort::Tile;
     if (IsDoorTile(tile)) {
         ref.sort = RefSort::Door;
+        // Only the leaf of the door leads away; its frame and its jamb are walls.
         if (elmt.isTeleport && elmt.teleLayout) {
             MakeTeleport(ref, elmt);
         }
@@ -235,13 +248,16 @@ void GenIntBase::MakeTeleport(Ref& door, const GridElmt& elmt) const {
     if (!arrival) {
         return;
     }
+    // The other level may have cells of another size.
     const TileSet& levelSet = level.GetTileSet() ? *level.GetTileSet() : *tileSet;
     const std::int64_t size = levelSet.GetTileSize();
+    // On a raised floor one arrives on top of it, not inside.
     const std::int64_t lift = arrival->platforms.empty() ? 0 : arrival->platformHeight;
     Ref destination(level.GetName().c_str());
     destination.position = Di3Point(static_cast<float>(at.x * size),
                                     static_cast<float>(-(at.y * size)),
                                     static_cast<float>(at.z * size + lift));
+    // Facing into the room, away from the door just come through.
     destination.rotation.z = Radians(ArrivalAngle(GetElmtDir(*arrival)));
     door.Teleport(destination);
 }

@@ -12,6 +12,7 @@ namespace Tarnex {
 
 namespace {
 
+// A dungeon mostly goes on as it began: stairs from a mine into a palace would puzzle a player.
 constexpr double kKeepsTileSet = 0.7;
 constexpr std::uint32_t kAnyLevel = std::numeric_limits<std::uint32_t>::max();
 
@@ -48,12 +49,14 @@ void GenIntRandom::InitRandomTileSet(bool first) {
     if (!info.randomInfo.randomTileSet) {
         return;
     }
+    // The first level has nothing to keep and draws nothing for it.
     if (!first) {
         const double draw = RandomUnit();
         if (draw <= kKeepsTileSet) {
             return;
         }
     }
+    // Caves first: the place in this list is what the draw picks.
     std::vector<DiPtr<TileSet>> sets = config->caveTileSets;
     sets.insert(sets.end(), config->roomTileSets.begin(), config->roomTileSets.end());
     if (sets.empty()) {
@@ -61,11 +64,13 @@ void GenIntRandom::InitRandomTileSet(bool first) {
     }
     const auto pick = RandomInt(static_cast<std::int32_t>(sets.size()));
     tileSet = sets[static_cast<std::size_t>(pick)];
+    // The run's context learns of it, since halls are built from there.
     info.defTileSet = tileSet;
 }
 
 void GenIntRandom::InitRandomThemes(bool first) {
     const RandomGenInfo& wanted = info.randomInfo;
+    // Furniture, creatures, treasure: the order of the draws.
     ChooseTheme(info.defTheme,
                 {wanted.randomTheme, 0.33, config->themes, 1, kAnyLevel, LogNoFurniture},
                 first);
@@ -96,6 +101,7 @@ void GenIntRandom::ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, b
     std::vector<DiPtr<Theme>> matching = FilterThemes(choice.themes, choice.lowest, choice.highest);
     if (matching.empty()) {
         choice.logNoMatch(info.randomInfo);
+        // A dungeon with monsters of the wrong level is better than one without any.
         matching = choice.themes;
     }
     if (!matching.empty()) {
@@ -110,6 +116,7 @@ std::vector<DiPtr<Theme>> GenIntRandom::FilterThemes(const std::vector<DiPtr<The
     std::vector<DiPtr<Theme>> matching;
     for (const DiPtr<Theme>& theme : list) {
         const std::int64_t level = theme->level;
+        // A negative level takes a theme out of every choice by chance.
         if (level >= 0 && std::min(lo, hi) <= level && level <= hi) {
             matching.push_back(theme);
         }

@@ -23,6 +23,7 @@ struct RarityTier {
 
 constexpr std::int32_t kCommonValue = 1000; // always accepted, without a draw
 
+// Nothing is too precious for the first barrel; it is only seldom found there.
 constexpr std::array<RarityTier, 3> kRarity = {{{5000, 0.1}, {10000, 0.05}, {25000, 0.01}}};
 constexpr double kRarest = 0.001;
 
@@ -80,6 +81,7 @@ std::int64_t StepsToSelect(const ThemeItem& item, const ContentList& candidates)
     return item.uniqueNames.empty() ? 0 : StepsOf(candidates.size());
 }
 
+// What an item takes that is placed: it carries all its names, whatever they are shared with.
 std::uint64_t MemoryOf(const ContentBase& content) {
     return sizeof(ContentItem) + content.uniqueName.size() + content.friendlyName.size() +
            content.modelFile.size() + content.contentKind.size() + content.subtype.size();
@@ -103,6 +105,7 @@ bool SkipsTurn(std::int64_t turn, const PlacementCounts& counts, const ThemeItem
     if (turn < counts.minimum) {
         return false;
     }
+    // Turns up to the minimum draw nothing.
     const float draw = RandomUnit();
     return draw > item.chance;
 }
@@ -127,6 +130,7 @@ bool HasTurn(std::int64_t turn,
     return false;
 }
 
+// The first that fits, not one by chance: no draw depends on how full the containers are.
 Container* FindCtrWithRoom(const std::vector<DiPtr<Container>>& list, float amount) {
     const auto found = std::ranges::find_if(list, [amount](const DiPtr<Container>& container) {
         return double{container->GetEncumbrance()} + amount < container->GetWeight();
@@ -150,6 +154,8 @@ void Lighten(Stack& stack, float unitWeight, const Container& container) {
     if (unitWeight < kHeavy) {
         return;
     }
+    // Light things are never left out: a container that is full to the last feather looks no
+    // different.
     while (stack.count > 1 && Overloads(container, stack)) {
         --stack.count;
         stack.weight = static_cast<float>(double{stack.weight} - unitWeight);
@@ -175,6 +181,7 @@ void GenIntBase::AddContents(Layout& layout) {
     if (!info.defTheme) {
         return;
     }
+    // Sorted once for both themes: creatures find the places that furniture has left.
     SortedElmts sorted;
     SortLayout(sorted, layout);
     // Both messages name the furniture theme on purpose.
@@ -215,12 +222,14 @@ void GenIntBase::PlaceTapestries(SortedElmts& sorted, const ThemeItem& item) {
 }
 
 void GenIntBase::PlaceRugs(SortedElmts& sorted, const ThemeItem& item) {
+    // A rug fills nothing: people and things may stand on it.
     ElmtList elements = sorted.centers;
     PlaceItems(elements, item, config->contentMgr->GetRugs(), sorted.numCenters);
 }
 
 void GenIntBase::PlaceCreatures(SortedElmts& sorted, const ThemeItem& item) {
     ContentList candidates = config->contentMgr->GetCreatures();
+    // Birds need a sky and fish need water.
     RemoveBySubtype(candidates, Creature_Bird.data());
     RemoveBySubtype(candidates, Creature_Fish.data());
     ElmtList elements = sorted.centers;
@@ -236,6 +245,8 @@ void GenIntBase::PlaceCreatures(SortedElmts& sorted, const ThemeItem& item) {
 void GenIntBase::WallAndCornerPlace(SortedElmts& sorted,
                                     const ThemeItem& item,
                                     const ContentList& candidates) {
+    // Each item works on a copy: what it takes out of the list is free again for the next item,
+    // unless it filled the place.
     ElmtList elements = sorted.walls;
     std::uint32_t count = sorted.numWalls;
     if (!tileSet->IsCave()) {
@@ -265,6 +276,7 @@ void GenIntBase::PlaceItems(ElmtList& elements,
             continue;
         }
         const DiPtr<ContentTemplate> content = SelectContent(item, candidates);
+        // The content is chosen first, as its draws are made even when no place is left.
         if (!content || elements.empty()) {
             return;
         }
@@ -296,6 +308,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectContent(const ThemeItem& item,
         const auto names = static_cast<std::int32_t>(item.uniqueNames.size());
         choice = static_cast<std::size_t>(RandomInt(names));
     }
+    // A single name is no choice and costs no draw.
     const std::string& name = item.uniqueNames[choice];
     DiPtr<ContentTemplate> content = ContentMgr::FindWithUniqueName(name, candidates);
     if (!content) {
@@ -311,6 +324,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectItem(const ContentList& candidates) con
     if (candidates.empty()) {
         return nullptr;
     }
+    // A list of nothing but treasures would be drawn from for ever, were it not for the meter.
     while (info.meter.StepPlacing(1)) {
         const auto size = static_cast<std::int32_t>(candidates.size());
         const auto pick = static_cast<std::size_t>(RandomInt(size));
@@ -331,6 +345,7 @@ DiPtr<ContentTemplate> GenIntBase::ThemeItemToContent(const ThemeItem& item) con
 }
 
 std::uint32_t GenIntBase::DetermineQty(const ContentTemplate& content) const {
+    // Negative and absent maxima mean a single piece.
     const std::int32_t most = std::max(content.maxCount, 1);
     std::int64_t quantity = RandomInt(most) + 1;
     if (quantity >= kLargePile && content.value * quantity > kPlausibleWorth) {
@@ -358,6 +373,7 @@ void GenIntBase::CvtContents(Cell& target,
         if (item->IsKind(Content_Container)) {
             MakeContainer(*item);
         }
+        // After the container has its identifier, which is the one to be placed.
         Ref ref = MakeRef(item->uniqueName, item->offset, item->zRotate, pos, offset);
         ref.sort = SortOf(*item);
         target.AddRef(std::move(ref));
@@ -408,6 +424,7 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
         }
         const auto pick = RandomInt(static_cast<std::int32_t>(filled.size()));
         Container* container = filled[static_cast<std::size_t>(pick)].get();
+        // The container is drawn before the number of pieces.
         const std::uint32_t quantity = DetermineQty(*content);
         info.meter.Step(quantity);
         Stack stack{quantity, static_cast<float>(quantity * double{content->weight})};
@@ -418,6 +435,8 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
         if (container != nullptr) {
             info.meter.TakeMemory(sizeof(ContentItem) + content->uniqueName.size());
             container->Add(content->uniqueName.c_str(), stack.count);
+            // A stack that no container can carry is dropped without a word: treasure is a matter
+            // of luck.
             const double load = double{container->GetEncumbrance()} + stack.weight;
             container->SetEncumbrance(static_cast<float>(load));
         }

@@ -12,6 +12,7 @@ namespace Tarnex {
 
 namespace {
 
+// On this floor: a bridge overhead is no reason for a doorway.
 bool HasAnything(const Layout& layout, const DiPos& pos) {
     constexpr float kSameFloor = 0.5F;
     return !layout
@@ -58,6 +59,7 @@ void GenIntRandom::RemoveExteriorDoors(Layout& layout) const {
             if (!doorway) {
                 continue;
             }
+            // A look at both sides goes through every part of the room.
             info.meter.Step(kMaxRoomParts);
             const TileDirT facing = GetTileDir(*doorway);
             if (IsExterior(layout, DiPos(col, row, 0), facing)) {
@@ -71,8 +73,10 @@ void GenIntRandom::RemoveExteriorDoors(Layout& layout) const {
 }
 
 void GenIntRandom::CloseDoorway(GridElmt& elmt, TileDirT facing) const {
+    // A hall that ended in the doorway gets an end, not a wall across it.
     const bool isHall = HasTileOfType(elmt, TileHall);
     elmt.tiles.clear();
+    // A doorway in a corner leaves a hole: no wall closes two sides.
     if (const Side* side = FindSide(facing)) {
         elmt.AddTile(tileSet->Get(isHall ? side->hallEnd : side->wall));
     }
@@ -106,6 +110,7 @@ DiPtr<GridElmt> GenIntRandom::AddTeleDoor(Layout& layout, const DiPos& pos) cons
     }
     if (const Side* side = FindSide(GetElmtDir(*elmt))) {
         const TileSet& set = *layout.GetTileSet();
+        // From the level's own set, which need not be the one of the level made last.
         elmt->ReplaceTiles(set.Get(side->doorway));
         elmt->AddTile(set.Get(side->doorjamb));
         elmt->AddTile(set.Get(side->door));
@@ -125,6 +130,7 @@ void GenIntRandom::AddTeleportingDoors(const Levels& levels) {
         if (!laterDoor || !earlierDoor) {
             return;
         }
+        // Either way, so that a player can turn back.
         LeadTo(*laterDoor, earlierPos, earlier);
         LeadTo(*earlierDoor, laterPos, later);
         if (HasDoor(*laterDoor) && HasDoor(*earlierDoor)) {

@@ -23,10 +23,12 @@ void GenIntFixed::MakeCell() {
     LayoutOwner owner;
     Layout& layout = owner.Own(MakeLayout(plan->GetSize()));
     TemplateToLayout(layout, *plan);
+    // Before the contents, which are lifted onto them. Rooms have even floors.
     if (info.addPlatforms && tileSet->IsCave()) {
         AddPlatforms(layout);
     }
     AddContents(layout);
+    // Containers come into being here, to be filled by the next step.
     FillCell(layout);
     AddCtrTreasure(containers);
     ShowLevel(layout, nullptr);

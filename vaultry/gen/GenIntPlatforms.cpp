@@ -16,6 +16,7 @@ namespace Tarnex {
 
 namespace {
 
+// Up to the edge of the platform, its top level with the slabs.
 void PlaceStairs(GridElmt& elmt,
                  const Platform& platform,
                  const StairsPlan& plan,
@@ -25,6 +26,8 @@ void PlaceStairs(GridElmt& elmt,
         return;
     }
     stairs->offset.*plan.axis = plan.place;
+    // First down to the floor of the cell, then so far that the top step is at the platform's
+    // height.
     Add(stairs->offset.z, -((tileSize - double{stairs->size.z}) * 0.5));
     Add(stairs->offset.z, -(double{stairs->size.z} - elmt.platformHeight));
     elmt.platforms.push_back(stairs);
@@ -73,6 +76,7 @@ bool PlaceSlab(GridElmt& elmt,
 
     const bool atRowEnd = slab.column == 0 || slab.column == plan.columns - 1;
     const bool atColumnEnd = slab.row == 0 || slab.row == plan.rows - 1;
+    // A platform without a beam breaks off its row at the first edge that asks for one.
     const std::array<bool, 2> beams = {atRowEnd && slab.row == plan.beamRow,
                                        atColumnEnd && slab.column == plan.beamColumn};
     for (const bool wanted : beams) {
@@ -124,14 +128,17 @@ void GenIntBase::AddPlatforms(Layout& layout) {
     if (platforms.empty()) {
         return;
     }
+    // One kit for the whole cell.
     const auto pick = RandomInt(static_cast<std::int32_t>(platforms.size()));
     const Platform& platform = *platforms[static_cast<std::size_t>(pick)];
     SortedElmts sorted;
     SortLayout(sorted, layout);
     std::int64_t left = kMaxPlatformPieces;
+    // Along straight walls only.
     for (GridElmt* wall : sorted.walls) {
         RaisePlatform(*wall, platform, left);
     }
+    // Slabs the size of a coin would bury the game in references.
     if (left < 0) {
         Logger::WriteError(S_LogSrc,
                            "Platform '%s' asks for more than %d floor pieces in all; the rest of "
@@ -153,6 +160,7 @@ void GenIntBase::RaisePlatform(GridElmt& elmt, const Platform& platform, std::in
     }
     const Tile& first = *elmt.FirstTile();
     const std::int32_t tileSize = tileSet->GetTileSize();
+    // Even if the plan then fails: content of this element is lifted all the same.
     elmt.platformHeight = PlatformHeight(tileSize);
     const auto plan = PlanPlatform(first, *floor, tileSize);
     if (!plan) {
@@ -174,6 +182,7 @@ void GenIntBase::RaisePlatform(GridElmt& elmt, const Platform& platform, std::in
     }
     const std::int64_t wanted = std::min(SlabCount(*plan), kMaxFloorPieces);
     const std::int64_t slabs = std::clamp<std::int64_t>(left, 0, wanted);
+    // Counted as wanted, not as made, so that going over the limit can be told afterwards.
     left -= wanted;
     info.meter.Step(slabs);
     info.meter.TakeMemory(static_cast<std::uint64_t>(slabs) *

@@ -42,12 +42,16 @@ const std::vector<TemplateShare> kTemplateShares = {{0.5, 0.3}, {0.9, 0.4}, {2.0
 
 using Marks = std::vector<std::vector<bool>>;
 
+// From half of the slots up to all but one; a level of one or two rooms would be no dungeon, so a
+// small grid is filled instead. The draw is made for every spacing, even where it plays no part:
+// the draws that follow it belong to the same seed.
 std::int32_t TargetCount(std::int32_t total) {
     const std::int32_t half = total / 2;
     const std::int32_t target = half + RandomInt(half);
     return target < kFewRooms ? total : target;
 }
 
+// Row by row from the north-west: slots that stay empty lie in the south-east.
 void MarkInOrder(Marks& marks, std::int32_t target) {
     for (auto& row : marks) {
         for (std::size_t col = 0; col < row.size() && target > 0; ++col, --target) {
@@ -83,6 +87,7 @@ Marks MarkRooms(const DiPos& size, RandomGenInfo::RoomSpacingT spacing) {
         MarkInOrder(marks, total);
         break;
     case RandomGenInfo::SemiTight:
+        // At most one slot in eight stays empty.
         MarkInOrder(marks, std::max(target, total - total / 8));
         break;
     default:
@@ -92,6 +97,7 @@ Marks MarkRooms(const DiPos& size, RandomGenInfo::RoomSpacingT spacing) {
     return marks;
 }
 
+// A room of the smallest size costs no further draw.
 std::int32_t DrawRoomSide(std::int32_t choices) {
     return choices == 1 ? kSmallestRoom : kSmallestRoom + RandomInt(choices);
 }
@@ -165,6 +171,7 @@ void GenIntRandom::MakeLevels() {
     Report("Generating Layouts");
     MakeLayouts(levels);
     Report("Adding Content");
+    // Before any content, which must not stand in front of a door.
     AddTeleportingDoors(levels.All());
     auto level = levels.All().begin();
     for (const LevelReport& report : info.report.levels) {
@@ -186,11 +193,13 @@ void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
     }
     for (std::uint32_t i = 0; i < count; ++i) {
         info.meter.Ask();
+        // Before the grid, as rooms and gaps depend on whether the level is a cave.
         InitRandomTileSet(i == 0);
         DiPos gridSize;
         InitRoomGridSize(gridSize);
         LevelReport& report = info.report.levels.emplace_back();
         report.number = i + 1;
+        // A level that cannot be joined costs the run no more than this level.
         const DiPtr<Layout> level = TryMainLayout(gridSize, report);
         if (!level) {
             Logger::WriteError(S_LogSrc,
@@ -212,7 +221,10 @@ DiPtr<Layout> GenIntRandom::TryMainLayout(const DiPos& size, LevelReport& report
     report.roomGrid = size;
     while (report.attempts < kLayoutTries && !level) {
         ++report.attempts;
+        // What a failed attempt took is free again, so it does not count against the run.
         const std::uint64_t memory = info.meter.GetMemory();
+        // Each attempt draws anew, so a level that cannot be joined is likely to be joined the next
+        // time.
         level = InitMainLayout(size, report);
         if (!level) {
             info.meter.ReturnTo(memory);
@@ -235,13 +247,16 @@ void GenIntRandom::NameLevel(Layout& level,
 }
 
 void GenIntRandom::FinishLevel(Layout& level, const LevelReport& report, bool first) {
+    // Later levels may have changed the tile set since this one was laid out.
     tileSet = level.GetTileSet();
     info.defTileSet = tileSet;
+    // Treasure goes to the containers of this level alone.
     containers.clear();
     InitRandomThemes(first);
     info.cellName = level.GetName();
     InitCell();
     AddContents(level);
+    // Containers come into being when the cell is filled; only then can treasure be put into them.
     FillCell(level);
     AddCtrTreasure(containers);
     ShowLevel(level, &report);
@@ -262,6 +277,7 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& repor
     SpaceRooms(rooms);
     const std::int64_t width = std::int64_t{rooms.GetTotalWidth()} + kSpareCells;
     const std::int64_t height = std::int64_t{rooms.GetTotalHeight()} + kSpareCells;
+    // In 64 bits: the widths of a hostile configuration add up to more than 32 hold.
     if (width > kMaxLevelCells || height > kMaxLevelCells || width * height > kMaxLevelCells) {
         Logger::WriteError(S_LogSrc,
                            "Level too large (H=%lld, W=%lld).  Max = %d cells.",
@@ -287,6 +303,8 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& repor
 void GenIntRandom::CreateRooms(RoomInfo& rooms) {
     const DiPos& size = rooms.GetSize();
     const Marks marks = MarkRooms(size, info.randomInfo.roomSpacing);
+    // Drawn once for the level, so that some levels are full of rooms made by hand and others are
+    // not.
     const double shareDraw = RandomUnit();
     const double share = PickBelow(kTemplateShares, shareDraw).share;
     for (std::int32_t row = 0; row < size.y; ++row) {
@@ -294,6 +312,8 @@ void GenIntRandom::CreateRooms(RoomInfo& rooms) {
             if (!marks[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)]) {
                 continue;
             }
+            // A slot whose template cannot be made stays without a room: the level is joined
+            // without it.
             const double draw = RandomUnit();
             rooms.SetLayout(draw >= share ? CreateRoom() : CreateFromUserLayout(), row, col);
         }
@@ -311,6 +331,7 @@ DiPtr<Layout> GenIntRandom::CreateRoom() {
 }
 
 DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
+    // Caves take templates for caves: those of rooms have walls that a cave has no pieces for.
     const auto& templates = tileSet->IsCave() ? config->caveLayouts : config->roomLayouts;
     if (templates.empty()) {
         return nullptr;
@@ -329,6 +350,7 @@ DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
     const DiPtr<Layout> room = MakeLayout(plan.GetSize());
     LayoutGuard guard(room);
     TemplateToLayout(*room, plan);
+    // The template's author meant its outer doorways for the front of a fixed interior.
     RemoveExteriorDoors(*room);
     return guard.Release();
 }
@@ -361,6 +383,8 @@ void GenIntRandom::SpaceRooms(RoomInfo& rooms) const {
     if (range.AddsNothing()) {
         return;
     }
+    // Rows draw before columns. A gap widens the slot, not the room: where in it the room comes to
+    // lie is drawn later.
     const auto gap = [&range] {
         return static_cast<std::uint32_t>(range.lo + RandomInt(range.hi - range.lo + 1));
     };
@@ -382,6 +406,7 @@ void GenIntRandom::PlaceRooms(Layout& main, RoomInfo& rooms) const {
             if (const DiPtr<Layout>& room = rooms.GetLayout(row, col)) {
                 const DiPos total = room->GetTotalSize();
                 const Di3Point parts = room->GetMinChildOffset();
+                // Down is drawn before right.
                 const std::int32_t drawnDown = DrawShift(height, total.y);
                 const std::int32_t drawnRight = DrawShift(width, total.x);
                 const std::int32_t right = MakeRoomForParts(drawnRight, parts.x);

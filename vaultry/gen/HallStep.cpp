@@ -40,6 +40,7 @@ HallChoice InPlace(TileKind tile, CvtAction action) {
     return {tile, {}, action};
 }
 
+// By the distance, not by the step: a doorway is left straight ahead even where the way would turn.
 HallChoice StraightNS(const DiDirection& wanted, CvtAction action) {
     if (wanted.distY == 0) {
         return Blocked(action);
@@ -62,6 +63,7 @@ HallChoice FromNorthSouth(const DiDirection& wanted, const DiPos& previous, CvtA
     if (action == CvtFourWay) {
         return InPlace(kinds.fourWay, action);
     }
+    // The corner stays open towards where the hall came from.
     const bool northward = previous.y < 0;
     if (wanted.stepX < 0) {
         return InPlace(northward ? kinds.cornerNE : kinds.cornerSE, action);
@@ -77,9 +79,11 @@ HallChoice FromEastWest(const DiDirection& wanted, const DiPos& previous, CvtAct
     if (action == CvtFourWay) {
         return InPlace(kinds.fourWay, action);
     }
+    // A zero step counts as vertical, and there is nowhere to turn to.
     if (wanted.stepY == 0) {
         return Blocked(action);
     }
+    // Open towards where the hall came from.
     const bool westward = previous.x < 0;
     if (wanted.stepY < 0) {
         return InPlace(westward ? kinds.cornerSW : kinds.cornerSE, action);
@@ -87,6 +91,7 @@ HallChoice FromEastWest(const DiDirection& wanted, const DiPos& previous, CvtAct
     return InPlace(westward ? kinds.cornerNW : kinds.cornerNE, action);
 }
 
+// Only an open side lets the hall out; until it has failed a few times it hopes for another way.
 HallChoice LeaveCorner(TileDirT corner, const DiDirection& wanted, CvtAction action) {
     struct Exit {
         DiPos step;
@@ -109,14 +114,17 @@ HallChoice LeaveCorner(TileDirT corner, const DiDirection& wanted, CvtAction act
     return Blocked(action);
 }
 
+// Back to the straight piece that it was, so that the hall may turn elsewhere.
 HallChoice UndoCorner(const DiPos& previous, CvtAction action) {
     const HallKinds& kinds = Kinds();
+    // What it was nobody knows: the walk began here.
     if (previous.isZero()) {
         return InPlace(kinds.fourWay, CvtFourWay);
     }
     return InPlace(previous.y != 0 ? kinds.northSouth : kinds.eastWest, action);
 }
 
+// All sides of a junction are open.
 HallChoice AlongStep(const DiDirection& wanted, CvtAction action) {
     const HallKinds& kinds = Kinds();
     return {StepsVertically(wanted) ? kinds.northSouth : kinds.eastWest,

@@ -22,6 +22,7 @@ enum class Start {
     HalfX,              // Sx / 2
 };
 
+// Beams carry the edge that looks into the cave; where the wall is, the rock does.
 enum class Edge { None, Near, Far };
 
 struct PlanRow {
@@ -55,6 +56,7 @@ constexpr std::array<PlanRow, 8> kPlans = {{
     {Tile_SeCorner, Start::PlusRestY,  Start::MinusRestX,         Start::MinusRestY, Start::HalfX,      true,  true,  {},             kX,  false, Edge::None, Edge::None},
 }};
 
+// Larger cells have higher steps: a platform must look like one beside its walls.
 struct HeightRow {
     std::int32_t below; // size of a cell
     std::int32_t height;
@@ -84,10 +86,12 @@ float Evaluate(Start start, const Tile& tile, const Di3Point& slab, double tileS
     return 0.0F;
 }
 
+// Whole slabs only; what is left of the cell stays bare.
 std::int32_t SlabCount(std::int32_t tileSize, float slab) {
     return slab == 0.0F ? 0 : TruncToInt(tileSize / double{slab});
 }
 
+// A platform without slabs has no last one to carry a beam.
 std::int32_t EdgeIndex(Edge edge, std::int32_t count) {
     switch (edge) {
     case Edge::Near:
@@ -107,6 +111,7 @@ std::optional<StairsPlan> PlanStairs(const PlanRow& row, const PlatformPlan& pla
     const double start = alongX ? plan.x : plan.y;
     const double size = slab.*row.axis;
     const std::int32_t count = alongX ? plan.columns : plan.rows;
+    // Behind means past the last slab, counted with the slabs that there are.
     const double place = row.stairsBehind ? count * size + start : start - size;
     return StairsPlan{row.stairs, row.axis, static_cast<float>(place)};
 }
@@ -132,6 +137,8 @@ PlanPlatform(const Tile& tile, const PlatformTile& floor, std::int32_t tileSize)
     }
     const PlanRow& row = *found;
     const Di3Point& slab = floor.size;
+    // The wall of a reduced tile runs through the middle of the cell: half of the slabs fit before
+    // it.
     const bool half = !tile.IsFullSize();
     PlatformPlan plan{};
     plan.columns = SlabCount(tileSize, slab.x) >> (half && row.halvesColumns ? 1 : 0);

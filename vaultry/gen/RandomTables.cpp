@@ -14,6 +14,8 @@ constexpr SpacingRange kNoGaps = {0, 0};
 } // namespace
 
 const std::vector<GridOdds>& RoomGrids(RandomGenInfo::LevelSizeT size) {
+    // Now and then a level is one long row, so that not all of a size feel alike. A single entry is
+    // taken without a draw.
     // In the order of the level sizes.
     static const std::array<std::vector<GridOdds>, 5> grids = {{
         {{0.15, 2, 2},
@@ -34,6 +36,7 @@ const std::vector<GridOdds>& RoomGrids(RandomGenInfo::LevelSizeT size) {
 }
 
 const std::vector<SpacingOdds>& RoomSpacings(RandomGenInfo::RoomSpacingT spacing, bool cave) {
+    // Caves are spread wider: long tunnels are what one expects of them.
     static const std::vector<SpacingOdds> inCaves = {
         {0.25, kNoGaps}, {0.5, {0, 3}}, {0.75, {2, 5}}, {kOtherwise, {4, 8}}};
     static const std::vector<SpacingOdds> elsewhere = {

@@ -18,12 +18,14 @@ void RunMeter::Ask() {
     }
 }
 
+// Placing ends where the rest of the run goes on: a dungeon with less in it is still one.
 bool RunMeter::StepPlacing(std::int64_t steps) {
     Step(steps);
     placing += steps;
     if (placing <= kMaxPlacingSteps) {
         return true;
     }
+    // Once per run: every item of every theme would say it again.
     if (!loggedPlacing) {
         loggedPlacing = true;
         Logger::WriteError("Generator",
@@ -36,6 +38,7 @@ bool RunMeter::StepPlacing(std::int64_t steps) {
 
 void RunMeter::TakeMemory(std::uint64_t bytes) {
     memory += bytes;
+    // Before the system has none left, which would end other programs first.
     if (memory > kMaxRunMemory) {
         throw LimitReached("The run asks for more than " + std::to_string(kMaxRunMemory >> 20U) +
                            " MiB of memory; it is given up.");
