@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A front end in one file: generates a dungeon of three levels and shows how far it is.
 #include <vaultry/foundation/Logger.h>
-#include <vaultry/foundation/Random.h>
-#include <vaultry/gen/GenMgr.h>
+#include <vaultry/run/Run.h>
 
 #include <cstdlib>
 #include <iostream>
@@ -39,23 +38,24 @@ int main(int argc, char** argv) {
     Tarnex::Logger::InitWithoutFile();
     Tarnex::GenMgr manager;
     manager.Init(DATA_DIR "/vaultry.xml");
-    manager.SetDefaultCreatureTheme("Undead");
 
-    Tarnex::RandomGenInfo random;
-    random.numLevels = 3;
-    random.levelSize = Tarnex::RandomGenInfo::Small;
-    manager.SetRandomInfo(random);
+    Tarnex::RunOptions options;
+    options.cell = "Embedded";
+    options.creatureTheme = "Undead";
+    options.numLevels = 3;
+    options.levelSize = Tarnex::RandomGenInfo::Small;
+    options.seed = 7; // the same seed, the same dungeon
 
-    Progress progress(random.numLevels);
+    Progress progress(options.numLevels);
     manager.SetJobStatus(&progress);
-    Tarnex::SeedRandom(7); // the same seed, the same dungeon
-    const Tarnex::ModResult result = manager.CreateMod(out.c_str(), "Embedded", false);
-    for (const std::string& error : Tarnex::Logger::GetErrors()) {
+    const Tarnex::RunResult result = Tarnex::Run(manager, options).Generate();
+    for (const std::string& error : result.errors) {
         std::cerr << error << '\n';
     }
-    if (result != Tarnex::ModResult::Written) {
+    if (result.end != Tarnex::RunEnd::Made ||
+        manager.WriteMod(out.c_str()) != Tarnex::ModResult::Written) {
         return EXIT_FAILURE;
     }
-    PrintLevels(manager.report);
+    PrintLevels(result.levels);
     return EXIT_SUCCESS;
 }
