@@ -85,7 +85,8 @@ VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* gene
 
 /**
  * Sets an option to what its switch on the command line takes; switches without a value take "true"
- * or "false". Options: see vaultry_option. Names are looked up in the configuration, which
+ * or "false". Options: see vaultry_option; "strict" counts the errors of the last vaultry_init too,
+ * and "ensure-walkable" is for random levels. Names are looked up in the configuration, which
  * therefore comes first. "seed" and "stamp" are drawn by chance for every run until they are set. A
  * number beyond the bounds of its switch, which the error names, and a name with letters that the
  * game's code page (Windows-1252) lacks are refused. A value that is refused changes nothing.
@@ -106,7 +107,8 @@ vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, vo
  */
 VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, const char* path);
 
-/** The seed of the last run, 0 before any. Setting it and the stamp repeats the run to the byte. */
+/** The seed of the last run, that of the walkable dungeon if one was looked for; 0 before any.
+ * Setting it and the stamp repeats the run to the byte. */
 VAULTRY_API uint32_t vaultry_last_seed(const vaultry_generator* generator);
 /** The stamp of the last run, 0 before any: the number that identifiers of containers carry. */
 VAULTRY_API int64_t vaultry_last_stamp(const vaultry_generator* generator);

@@ -53,7 +53,7 @@ class VaultryError(Exception):
 
 
 class RefusedError(VaultryError):
-    """There is no usable configuration, or the library is at fault."""
+    """There is no usable configuration, no dungeon as it is wanted, or the library is at fault."""
 
 
 class CanceledError(VaultryError):

@@ -161,6 +161,40 @@ TEST_F(CInterfaceTest, AWalkableDungeonIsLookedForAmongFurtherSeeds) {
               std::string::npos);
 }
 
+TEST_F(CInterfaceTest, ErrorsOfARunStandBeforeWhyItWasNotWritten) {
+    ASSERT_EQ(vaultry_init(generator, VAULTRY_SOURCE_DIR "/data/caves.xml"), VAULTRY_OK);
+    Set("cave-tileset", "Mold cave tunnels");
+    Set("size", "large");
+    Set("spacing", "tight");
+    Set("levels", "3");
+    Set("seed", "128");
+    Generate();
+    const std::size_t errors = vaultry_error_count(generator);
+    ASSERT_GT(errors, 0U);
+    const std::string file = dir.File("none/made.esp");
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_NOT_WRITTEN);
+    ASSERT_EQ(vaultry_error_count(generator), errors + 1);
+    EXPECT_EQ(vaultry_error(generator, errors),
+              "the output file \"" + file + "\": its folder does not exist");
+}
+
+TEST_F(CInterfaceTest, StrictCountsTheErrorsOfTheConfiguration) {
+    const std::string config = "<OstrelData><TileSet TsName=\"A\" TsType=\"Room\">"
+                               "<WallN>w</WallN></TileSet>"
+                               "<Layout LayoutName=\"L\" Type=\"Room\" Width=\"1\" Height=\"1\">"
+                               "<Row><Col>WallN</Col></Row></Layout>"
+                               "<Layout LayoutName=\"M\" Type=\"Romo\"/></OstrelData>";
+    ASSERT_EQ(vaultry_init_from_memory(generator, config.data(), config.size(), "odd"), VAULTRY_OK);
+    ASSERT_EQ(vaultry_error_count(generator), 1U);
+    Set("fixed", "true");
+    Generate();
+    Set("strict", "true");
+    const std::string file = dir.File("strict.esp");
+    EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_REFUSED);
+    EXPECT_EQ(vaultry_error_count(generator), 1U);
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
 TEST_F(CInterfaceTest, StrictWritesNothingWhenThereWasAnErrorEvenWhileWriting) {
     const std::string config =
         "<OstrelData><TileSet TsName=\"A\" TsType=\"Room\"><WallN>w</WallN></TileSet>"

@@ -78,7 +78,7 @@ TEST(RunOptionsTest, NumbersHaveBounds) {
     EXPECT_NE(Set(options, "seed", "-1"), "");
     EXPECT_EQ(Set(options, "stamp", std::to_string(kMaxStamp)), "");
     EXPECT_NE(Set(options, "stamp", "9223372036854775808"), "");
-    for (const char* text : {"", " 1", "1 ", "+1", "1.0", "0x1", "one"}) {
+    for (const char* text : {"", " 1", "1 ", "+1", "-0", "1.0", "0x1", "one"}) {
         EXPECT_NE(Set(options, "levels", text), "") << text;
     }
     EXPECT_EQ(options.numLevels, 1U);

@@ -65,8 +65,13 @@ public:
         }
     }
 
-    // The parser's own have a place, and end or stand outside of any element.
+    // The parser's own have a place, and end or stand outside of any element. What it calls no
+    // error is none.
     void Hear(const Problem& problem) override {
+        ConfigLoader::Hear(problem);
+        if (problem.kind == ProblemKind::Odd) {
+            return;
+        }
         ConfigProblem& heard = record.problems.emplace_back(ConfigProblem{problem});
         if (problem.place.line == 0 && !open.empty()) {
             heard.problem.place = record.elements[open.back()].place;

@@ -77,6 +77,7 @@ vaultry_result ReadConfig(vaultry_generator* generator, const Read& read) {
         ForgetNames(*generator);
         read(generator->manager);
         TellLog(*generator);
+        generator->configErrors = generator->errors.size();
         return IsUsable(generator->manager) ? VAULTRY_OK : VAULTRY_REFUSED;
     });
 }
@@ -99,20 +100,29 @@ RunResult Generate(vaultry_generator& generator, RunState* callers) {
 // Unlike CreateMod this keeps a file that is there until the new one is whole, and as long as
 // errors speak against it.
 vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
+    std::string fault;
     try {
         SafeFile file(path);
         generator.manager.mod.Write(file.Open(&generator.progress));
         file.Finish();
-        TellLog(generator);
-        if (generator.options.strict && !generator.errors.empty()) {
+        const std::size_t errors = generator.configErrors + Logger::GetErrors().size();
+        if (generator.options.strict && errors > 0) {
+            TellLog(generator);
+            Tell(generator,
+                 "nothing was written, as strict asks: errors of configuration and run, " +
+                     std::to_string(errors));
             return VAULTRY_REFUSED;
         }
         file.Commit();
-        return VAULTRY_OK;
     } catch (const FileError& e) {
-        Tell(generator, e.what());
+        fault = e.what();
+    }
+    TellLog(generator);
+    if (!fault.empty()) {
+        Tell(generator, fault);
         return generator.progress.HasBeenCanceled() ? VAULTRY_CANCELED : VAULTRY_NOT_WRITTEN;
     }
+    return VAULTRY_OK;
 }
 
 } // namespace

@@ -47,6 +47,7 @@ struct vaultry_generator {
     Tarnex::GenMgr manager;
     Tarnex::ProgressCall progress;
     Tarnex::RunOptions options;
+    std::size_t configErrors = 0; ///< met while the configuration was read
     std::uint32_t lastSeed = 0;
     std::int64_t lastStamp = 0;
     std::string json;

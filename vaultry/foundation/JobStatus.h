@@ -22,7 +22,8 @@ public:
     virtual std::pair<std::int32_t, std::int32_t> GetRange() const;
     /// Polled by the generators, which stop early when it is true; false in the base.
     virtual bool HasBeenCanceled() const;
-    /// Replaces the position; the generators use StepIt alone.
+    /// Replaces the position; the generators use StepIt alone, a Run sets 0 before each further
+    /// try.
     virtual void SetPos(std::int32_t position);
     /// For front ends; the generators never call it. Does nothing in the base.
     virtual void SetRange(std::int32_t low, std::int32_t high);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is wrong, as a value: the log's text is what Logger makes of it.
+// What is wrong, as a value, and the log's text of it.
 #pragma once
 
 #include <vaultry/foundation/Export.h>

@@ -4,8 +4,6 @@
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Random.h>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace Tarnex {

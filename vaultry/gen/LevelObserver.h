@@ -23,7 +23,8 @@ struct FinishedLevel {
 class VAULTRY_API LevelObserver {
 public:
     virtual ~LevelObserver();
-    /// Called before a run: levels that were shown until then are none of its own.
+    /// Called before a run, which must not throw: levels that were shown until then are none of its
+    /// own.
     virtual void StartOver() {}
     /// Called once for each level, while the run waits. An exception ends the run, which is refused
     /// then.

@@ -125,6 +125,9 @@ RunResult Run::Generate() {
             result.seed = *options.seed;
             return result;
         }
+        if (manager.jobStatus != nullptr) {
+            manager.jobStatus->SetPos(0);
+        }
     }
 }
 

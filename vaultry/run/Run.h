@@ -14,7 +14,7 @@ namespace Tarnex {
 /// How a run ended.
 enum class RunEnd {
     Made,       ///< the manager's `mod` is whole
-    Refused,    ///< nothing was generated; the errors say why
+    Refused,    ///< nothing was generated; the errors say why, and `mod` may be that of another run
     Canceled,   ///< the job status asked to stop
     Unwalkable, ///< as many seeds were tried as a run tries, and none made every room reachable
 };
@@ -49,13 +49,15 @@ constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
 }
 
 /// Generates from a configuration that a manager has read. What it makes depends on configuration,
-/// options, seed and stamp alone: it draws from a generator of its own, and leaves in the manager
-/// nothing but `mod` and `report`. It logs where the thread that calls it logs. Threads that each
-/// have a manager do not disturb each other.
+/// options, seed and stamp alone, and for names that are not given on the manager's defaults: it
+/// draws from a generator of its own, and leaves in the manager nothing but `mod` and `report`. It
+/// logs where the thread that calls it logs; threads that each have a manager and a state
+/// (UseRunState) do not disturb each other.
 class VAULTRY_API Run {
 public:
     /// `manager` is not owned and must outlive the run; its job status is asked and its observer
-    /// shown every level. Seed and stamp are drawn here unless they are given.
+    /// shown every level; neither may throw when a try begins. Seed and stamp are drawn here unless
+    /// they are given.
     Run(GenMgr& manager, const RunOptions& options);
 
     /// As they were given, with seed and stamp.

@@ -149,7 +149,8 @@ Read(std::string_view text, const OptionRow& row, Number& value) {
     std::int64_t number = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, fault] = std::from_chars(text.data(), end, number);
-    if (fault != std::errc() || rest != end || number < row.least || number > row.most) {
+    const bool spelt = fault == std::errc() && rest == end && !text.starts_with('-');
+    if (!spelt || number < row.least || number > row.most) {
         return "is not a whole number from " + std::to_string(row.least) + " to " +
                std::to_string(row.most);
     }

@@ -18,7 +18,8 @@ namespace Tarnex {
 class GenMgr;
 
 /// What a run is asked for, besides the configuration. All text is UTF-8. An optional name that is
-/// not given stands for the configuration's first, of creature themes for none.
+/// not given stands for the manager's default: the configuration's first, of creature themes none,
+/// unless another was set.
 struct VAULTRY_API RunOptions : RandomGenInfo {
     std::string cell = "Vaultry Dungeon";     ///< the cell, or what the cells of levels begin with
     bool fixed = false;                       ///< one cell from a layout template
@@ -35,7 +36,7 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     std::optional<std::string> master;        ///< the master file; the game's without
     std::optional<std::uint32_t> masterSize;  ///< [bytes]
     std::optional<std::int64_t> stamp;        ///< in container identifiers; by chance without
-    bool strict = false;                      ///< write nothing if there was an error
+    bool strict = false;                      ///< to whoever writes: nothing if there was an error
 };
 
 /// Where an option stands. The kind of option follows from the type.
@@ -85,8 +86,9 @@ VAULTRY_API std::span<const OptionRow> RunOptionRows();
 /// The row of a name; null for none.
 VAULTRY_API const OptionRow* FindRunOption(std::string_view name);
 
-/// While one lives, the table has one row more: for programs with an option of their own, and for
-/// whoever wants to see who reads the table.
+/// While one lives, the table has one row more, a second name for a field: for tests that want to
+/// see who reads the table. Nothing else may use the table when it comes and goes, the last one
+/// first.
 class VAULTRY_API AddedOption {
 public:
     /// The row stands behind all others.

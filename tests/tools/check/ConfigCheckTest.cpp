@@ -67,6 +67,16 @@ TEST_F(ConfigCheckTest, ATileSetAndALayoutAreEnough) {
               "Nothing is wrong.\n");
 }
 
+TEST_F(ConfigCheckTest, WhatTheParserCallsNoErrorIsNone) {
+    const std::string text =
+        "<!DOCTYPE OstrelData [<!ATTLIST Rug Max CDATA '1' Max CDATA '2'>]>\n<OstrelData>\n" +
+        std::string(kWholeSet) +
+        "<Layout LayoutName=\"L\" Type=\"Room\"><Row><Col>Center</Col></Row></Layout>\n"
+        "</OstrelData>\n";
+    EXPECT_EQ(Printed(CheckConfig("my.xml", RecordConfigText(text, "my.xml"))),
+              "Nothing is wrong.\n");
+}
+
 TEST_F(ConfigCheckTest, CavesAloneAreNoted) {
     std::string set = kWholeSet;
     set.replace(set.find("Room"), 4, "Cave");
