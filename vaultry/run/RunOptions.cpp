@@ -240,7 +240,7 @@ std::vector<std::string> WordsOf(const OptionRow& row) {
 }
 
 std::string SetOption(RunOptions& options, const OptionRow& row, std::string_view text) {
-    const std::string fault = std::visit(
+    std::string fault = std::visit(
         [&](auto field) {
             Held<decltype(options.*field)> value{};
             std::string wrong = Read(text, row, value);
