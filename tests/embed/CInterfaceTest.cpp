@@ -54,6 +54,16 @@ protected:
         return fault == nullptr ? "" : fault;
     }
 
+    // Narrow tunnels, some of whose levels are given up with an error.
+    void AskForLevelsThatCannotBeJoined() {
+        ASSERT_EQ(vaultry_init(generator, VAULTRY_SOURCE_DIR "/data/caves.xml"), VAULTRY_OK);
+        Set("cave-tileset", "Mold cave tunnels");
+        Set("size", "large");
+        Set("spacing", "tight");
+        Set("levels", "3");
+        Set("seed", "128");
+    }
+
     std::string Generate() {
         const std::string file = dir.File("made.esp");
         EXPECT_EQ(vaultry_generate(generator, file.c_str()), VAULTRY_OK);
@@ -146,12 +156,7 @@ TEST_F(CInterfaceTest, AGeneratorWithoutAConfigurationWritesNothing) {
 }
 
 TEST_F(CInterfaceTest, AWalkableDungeonIsLookedForAmongFurtherSeeds) {
-    ASSERT_EQ(vaultry_init(generator, VAULTRY_SOURCE_DIR "/data/caves.xml"), VAULTRY_OK);
-    Set("cave-tileset", "Mold cave tunnels");
-    Set("size", "large");
-    Set("spacing", "tight");
-    Set("levels", "3");
-    Set("seed", "128");
+    AskForLevelsThatCannotBeJoined();
     Generate();
     EXPECT_EQ(vaultry_last_seed(generator), 128U);
     Set("ensure-walkable", "true");
@@ -162,12 +167,7 @@ TEST_F(CInterfaceTest, AWalkableDungeonIsLookedForAmongFurtherSeeds) {
 }
 
 TEST_F(CInterfaceTest, ErrorsOfARunStandBeforeWhyItWasNotWritten) {
-    ASSERT_EQ(vaultry_init(generator, VAULTRY_SOURCE_DIR "/data/caves.xml"), VAULTRY_OK);
-    Set("cave-tileset", "Mold cave tunnels");
-    Set("size", "large");
-    Set("spacing", "tight");
-    Set("levels", "3");
-    Set("seed", "128");
+    AskForLevelsThatCannotBeJoined();
     Generate();
     const std::size_t errors = vaultry_error_count(generator);
     ASSERT_GT(errors, 0U);
