@@ -7,6 +7,7 @@
 
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace Tarnex {
 
@@ -47,6 +48,28 @@ TEST_F(ConfigRecordTest, ElementsAndAttributesStandWhereTheyBegin) {
                        "  <Theme Name=\"a\"  Level = '1' ><ThemeItem Type=\"Rug\"/></Theme>\n"
                        "</OstrelData>\n"),
               "OstrelData@1:1 Theme@2:3 Name@2:10 Level@2:20 ThemeItem@2:33 Type@2:44");
+}
+
+// What is open counts at whatever distance: a layout in a tile set is one, its rows are tiles.
+TEST_F(ConfigRecordTest, ElementsAreWhatTheLoaderTakesThemFor) {
+    const ConfigRecord record =
+        RecordConfigText("<OstrelData><Row/><Layout><Row><Col/></Row></Layout>"
+                         "<TileSet><Rug><Layout><Row/></Layout></Rug></TileSet></OstrelData>",
+                         "my.xml");
+    std::vector<ElementClass> classes;
+    for (const ConfigElement& element : record.elements) {
+        classes.push_back(element.element);
+    }
+    EXPECT_EQ(classes,
+              (std::vector{ElementClass::Root,
+                           ElementClass::Unknown,
+                           ElementClass::Layout,
+                           ElementClass::Row,
+                           ElementClass::Col,
+                           ElementClass::TileSet,
+                           ElementClass::Tile,
+                           ElementClass::Layout,
+                           ElementClass::Tile}));
 }
 
 TEST_F(ConfigRecordTest, ATagMaySpanLines) {

@@ -2,6 +2,7 @@
 #include "tools/check/ConfigRules.h"
 
 #include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/gen/ContentPlace.h>
 
 #include <algorithm>
 
@@ -20,7 +21,7 @@ Containers PlacedContainers(const ConfigTree& tree) {
     NameSet names;
     for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
         const ConfigElement* theme = tree.Around(*item);
-        if (theme == nullptr || !Is(*theme, Theme_Theme) ||
+        if (theme == nullptr || theme->element != ElementClass::Theme ||
             !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Container})) {
             continue;
         }
@@ -33,32 +34,29 @@ Containers PlacedContainers(const ConfigTree& tree) {
         const bool chosen = any || names.contains(AttributeText(*content, Attrib_UniqueName));
         if (Is(*content, Content_Container) && chosen) {
             containers.placed = true;
-            containers.capacity = std::max(containers.capacity, RealOr(*content, Attrib_Weight, 0));
+            containers.capacity = std::max(containers.capacity, RealOf(*content, Attrib_Weight));
         }
     }
     return containers;
 }
 
-// Stacks of more are brought down to a total value of this at most.
-constexpr int kLargestFreeStack = 5;
-constexpr int kMostTotalValue = 5000;
-
 void CheckStack(const ConfigElement& content, Findings& findings) {
-    const int max = WholeOr(content, Attrib_Max, 1);
-    const int value = WholeOr(content, Attrib_Value, 0);
-    if (max > kLargestFreeStack && value > kMostTotalValue / (kLargestFreeStack + 1)) {
+    const int max = WholeOf(content, Attrib_Max);
+    const int value = WholeOf(content, Attrib_Value);
+    if (max >= kLargePile && value > kGreatestWorth / kLargePile) {
         findings.Add(Weight::Note,
                      PlaceOf(content, Attrib_Max),
                      Titled(content, Attrib_UniqueName) + " is too dear for a Max of " +
                          std::to_string(max),
                      "Stacks are limited by their total value; it never lies in stacks of more "
-                     "than 5.");
+                     "than " +
+                         std::to_string(kLargePile - 1) + '.');
     }
 }
 
 void CheckCarried(const ConfigElement& content, const Containers& containers, Findings& findings) {
     CheckStack(content, findings);
-    if (containers.placed && RealOr(content, Attrib_Weight, 0) > containers.capacity) {
+    if (containers.placed && RealOf(content, Attrib_Weight) > containers.capacity) {
         findings.Add(Weight::Warning,
                      PlaceOf(content, Attrib_Weight),
                      Titled(content, Attrib_UniqueName) +
@@ -75,7 +73,7 @@ void CheckPlaced(const ConfigElement& content, Findings& findings) {
                      "Max has no use for " + Titled(content, Attrib_UniqueName),
                      "Only what lies in containers has stacks.");
     }
-    if (Is(content, Content_Container) && RealOr(content, Attrib_Weight, 0) <= 0) {
+    if (Is(content, Content_Container) && RealOf(content, Attrib_Weight) <= 0) {
         findings.Add(Weight::Warning,
                      PlaceOf(content, Attrib_Weight),
                      Titled(content, Attrib_UniqueName) + " has no capacity",
@@ -84,12 +82,7 @@ void CheckPlaced(const ConfigElement& content, Findings& findings) {
 }
 
 void CheckTreasureType(const ConfigElement& treasure, Findings& findings) {
-    const std::vector<std::string_view> types = {Treasure_Book,
-                                                 Treasure_Gem,
-                                                 Treasure_Gold,
-                                                 Treasure_Ingredient,
-                                                 Treasure_Misc,
-                                                 Treasure_Tool};
+    const auto types = FindElementFormat(Content_Treasure)->types;
     const std::string type = AttributeText(treasure, Attrib_Type);
     if (!IsAnyOf(type, types)) {
         findings.Add(Weight::Error,
@@ -102,14 +95,14 @@ void CheckTreasureType(const ConfigElement& treasure, Findings& findings) {
 }
 
 void CheckTreasureThemes(const ConfigTree& tree, const Containers& containers, Findings& findings) {
-    for (const ConfigElement* theme : tree.OfClass(ElementClass::Theme)) {
-        if (Is(*theme, Theme_TreasureTheme) && !containers.placed) {
-            findings.Add(Weight::Warning,
-                         theme->place,
-                         "there is no container that a Theme places for " +
-                             Titled(*theme, Attrib_Name),
-                         "Treasure lies in containers only: none is placed.");
-        }
+    if (containers.placed) {
+        return;
+    }
+    for (const ConfigElement* theme : tree.OfClass(ElementClass::TreasureTheme)) {
+        findings.Add(Weight::Warning,
+                     theme->place,
+                     "there is no container that a Theme places for " + Titled(*theme, Attrib_Name),
+                     "Treasure lies in containers only: none is placed.");
     }
 }
 

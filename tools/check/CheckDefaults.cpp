@@ -31,7 +31,7 @@ bool HasType(const ConfigTree& tree, const Needed& needed, std::string_view type
     return std::ranges::any_of(
         tree.OfClass(needed.elementClass), [&](const ConfigElement* element) {
             const ConfigElement* const around = tree.Around(*element);
-            const bool inside = around != nullptr && tree.ClassOf(*around) == needed.elementClass;
+            const bool inside = around != nullptr && around->element == needed.elementClass;
             return !inside && IsAnyOf(AttributeText(*element, needed.typeAttribute), {type});
         });
 }

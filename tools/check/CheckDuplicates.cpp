@@ -40,7 +40,7 @@ void CheckChosen(const ConfigTree& tree,
     Seen seen;
     for (const ConfigElement* element : tree.OfClass(elementClass)) {
         const ConfigElement* around = tree.Around(*element);
-        if (around != nullptr && tree.ClassOf(*around) == ElementClass::Layout) {
+        if (around != nullptr && around->element == ElementClass::Layout) {
             continue;
         }
         const std::string name = AttributeText(*element, nameAttribute);
@@ -65,7 +65,10 @@ void CheckChosen(const ConfigTree& tree,
 void CheckDuplicates(const ConfigTree& tree, Findings& findings) {
     CheckChosen(tree, ElementClass::TileSet, Tile_TsName, Tile_TsType, findings);
     CheckChosen(tree, ElementClass::Layout, Attrib_LayoutName, Attrib_Type, findings);
-    CheckChosen(tree, ElementClass::Theme, Attrib_Name, {}, findings);
+    for (const ElementClass theme :
+         {ElementClass::Theme, ElementClass::CreatureTheme, ElementClass::TreasureTheme}) {
+        CheckChosen(tree, theme, Attrib_Name, {}, findings);
+    }
     Seen seen;
     for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
         const std::string name = ToUpper(AttributeText(*content, Attrib_UniqueName));

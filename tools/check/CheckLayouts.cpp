@@ -13,8 +13,6 @@ namespace Tarnex::Report {
 
 namespace {
 
-constexpr int kDefaultSize = 5; // of a layout that does not tell its width or height
-
 // The tile sets of one type.
 struct SetsOfType {
     std::string_view type;
@@ -94,17 +92,17 @@ using Cells = std::map<std::pair<int, int>, const ConfigElement*>;
 
 // The filled cells of a layout by row and column; what lies beyond its size is dropped.
 Cells FilledCells(const ConfigTree& tree, const ConfigElement& layout) {
-    const int height = WholeOr(layout, Attrib_Height, kDefaultSize);
-    const int width = WholeOr(layout, Attrib_Width, kDefaultSize);
+    const int height = WholeOf(layout, Attrib_Height);
+    const int width = WholeOf(layout, Attrib_Width);
     Cells cells;
     int rowNumber = 0;
     for (const ConfigElement* row : tree.Inside(layout)) {
-        if (tree.ClassOf(*row) != ElementClass::Row || rowNumber >= height) {
+        if (row->element != ElementClass::Row || rowNumber >= height) {
             continue;
         }
         int colNumber = 0;
         for (const ConfigElement* col : tree.Inside(*row)) {
-            if (tree.ClassOf(*col) == ElementClass::Col && colNumber < width &&
+            if (col->element == ElementClass::Col && colNumber < width &&
                 !ListedNames(col->text).empty()) {
                 cells[{rowNumber, colNumber}] = col;
             }
@@ -175,7 +173,7 @@ void CheckRim(const Cells& cells, const SetsOfType& sets, Findings& findings) {
 // Other sizes without cells are refused when they are loaded.
 void CheckSize(const ConfigElement& layout, Findings& findings) {
     for (const std::string_view name : {Attrib_Width, Attrib_Height}) {
-        if (WholeOr(layout, name, kDefaultSize) == 0) {
+        if (WholeOf(layout, name) == 0) {
             findings.Add(Weight::Warning,
                          PlaceOf(layout, name),
                          Titled(layout, Attrib_LayoutName) + " has a " + std::string(name) +
@@ -189,13 +187,13 @@ void CheckLayout(const ConfigTree& tree, const Drawn& drawn, Findings& findings)
     CheckSize(drawn.layout, findings);
     bool nests = false;
     for (const ConfigElement* inside : tree.Inside(drawn.layout)) {
-        const bool nested = tree.ClassOf(*inside) == ElementClass::Layout;
+        const bool nested = inside->element == ElementClass::Layout;
         nests |= nested;
         if (nested) {
             CheckLayout(tree, {*inside, drawn.sets}, findings);
         }
         for (const ConfigElement* col : tree.Inside(*inside)) {
-            if (!nested && tree.ClassOf(*col) == ElementClass::Col && !drawn.sets.all.empty()) {
+            if (!nested && col->element == ElementClass::Col && !drawn.sets.all.empty()) {
                 CheckCell(*col, drawn.sets, findings);
             }
         }
@@ -213,7 +211,7 @@ void CheckLayouts(const ConfigTree& tree, Findings& findings) {
     const SetsOfType caves = SetsOf(tree, Tile_Cave);
     for (const ConfigElement* layout : tree.OfClass(ElementClass::Layout)) {
         const ConfigElement* around = tree.Around(*layout);
-        if (around != nullptr && tree.ClassOf(*around) == ElementClass::Layout) {
+        if (around != nullptr && around->element == ElementClass::Layout) {
             continue;
         }
         const bool cave = IsAnyOf(AttributeText(*layout, Attrib_Type), {Tile_Cave});

@@ -15,7 +15,6 @@ namespace Tarnex::Report {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
-constexpr double kEndless = std::numeric_limits<double>::infinity();
 
 std::size_t SkipDigits(std::string_view text, std::size_t at) {
     return std::min(text.find_first_not_of("0123456789", at), text.size());
@@ -86,66 +85,30 @@ void CheckSyntax(const ConfigAttribute& attribute, ValueKind kind, Findings& fin
                  number ? "" : WithPoint(attribute.value, kind));
 }
 
-// The numbers that make sense.
-struct RangeRow {
-    ElementClass element;
-    std::string_view attribute;
-    double least;
-    double most;
-    const char* meaning;
-};
-
-constexpr const char* kTurned = "It is placed as if it reached the other way.";
-
-// clang-format off
-constexpr std::array<RangeRow, 17> kRanges = {{
-    // element                    attribute           least  most      what it means
-    {ElementClass::TileSet,       Tile_TsSize,        1,     kEndless, "The cells of a level lie one upon the other, or mirrored."},
-    {ElementClass::TileSet,       Tile_WallThickness, 0,     kEndless, "What stands along walls is moved into them."},
-    {ElementClass::Tile,          Attrib_Scale,       0.5,   2,        "The game shows it at the nearer of 0.5 and 2."},
-    {ElementClass::PlatformTile,  Attrib_SizeX,       0,     kEndless, "No floor is laid."},
-    {ElementClass::PlatformTile,  Attrib_SizeY,       0,     kEndless, "No floor is laid."},
-    {ElementClass::PlatformTile,  Attrib_SizeZ,       0,     kEndless, kTurned},
-    {ElementClass::Theme,         Attrib_Level,       0,     kEndless, "Random levels choose it only when no theme fits."},
-    {ElementClass::ThemeItem,     Attrib_Min,         -1,    kEndless, "It counts as 0."},
-    {ElementClass::ThemeItem,     Attrib_Chance,      0,     1,        "Above 1 it counts as 1, below 0 as 0."},
-    {ElementClass::ThemeItem,     Attrib_Ratio,       0,     kEndless, "Without a Max the item places nothing."},
-    {ElementClass::Content,       Attrib_Max,         1,     kEndless, "It counts as 1."},
-    {ElementClass::Content,       Attrib_Level,       0,     kEndless, "It is kept as it is."},
-    {ElementClass::Content,       Attrib_Value,       0,     kEndless, "It counts as worthless."},
-    {ElementClass::Content,       Attrib_Weight,      0,     kEndless, "It makes room in containers instead of taking it."},
-    {ElementClass::Content,       Attrib_SizeX,       0,     kEndless, kTurned},
-    {ElementClass::Content,       Attrib_SizeY,       0,     kEndless, kTurned},
-    {ElementClass::Content,       Attrib_SizeZ,       0,     kEndless, kTurned},
-}};
-// clang-format on
-
-std::string Outside(const RangeRow& row) {
-    return row.most == kEndless
-               ? " is less than " + Shortest(row.least)
-               : " lies outside " + Shortest(row.least) + " to " + Shortest(row.most);
+std::string Outside(const Bounds& bounds) {
+    return std::isinf(bounds.most)
+               ? " is less than " + Shortest(bounds.least)
+               : " lies outside " + Shortest(bounds.least) + " to " + Shortest(bounds.most);
 }
 
 // A chance in hundredths is a common slip.
-std::string Fraction(const RangeRow& row, double value) {
+std::string Fraction(const AttributeFormat& format, double value) {
     constexpr double kHundred = 100;
-    const bool hundredths = row.attribute == Attrib_Chance && value > 1 && value <= kHundred;
+    const bool hundredths = format.name == Attrib_Chance && value > 1 && value <= kHundred;
     return hundredths ? Shortest(value / kHundred) : "";
 }
 
-void CheckRange(const ConfigAttribute& attribute, ElementClass element, Findings& findings) {
-    for (const RangeRow& row : kRanges) {
-        if (row.element != element || !EqualsNoCase(attribute.name, row.attribute)) {
-            continue;
-        }
-        const double value = ParseReal(attribute.value);
-        if (value < row.least || value > row.most) {
-            findings.Add(Weight::Warning,
-                         attribute.place,
-                         attribute.name + ' ' + InQuotes(attribute.value) + Outside(row),
-                         row.meaning,
-                         Fraction(row, value));
-        }
+void CheckRange(const ConfigAttribute& attribute,
+                const AttributeFormat& format,
+                Findings& findings) {
+    const Bounds& bounds = format.bounds;
+    const double value = ParseReal(attribute.value);
+    if (value < bounds.least || value > bounds.most) {
+        findings.Add(Weight::Warning,
+                     attribute.place,
+                     attribute.name + ' ' + InQuotes(attribute.value) + Outside(bounds),
+                     bounds.otherwise,
+                     Fraction(format, value));
     }
 }
 
@@ -153,15 +116,11 @@ void CheckRange(const ConfigAttribute& attribute, ElementClass element, Findings
 
 void CheckNumbers(const ConfigTree& tree, Findings& findings) {
     for (const ConfigElement& element : tree.All()) {
-        const ElementClass elementClass = tree.ClassOf(element);
         for (const ConfigAttribute& attribute : element.attributes) {
-            for (const AttributeFormat& format : AttributesOf(elementClass)) {
-                const bool numeric =
-                    format.kind == ValueKind::Whole || format.kind == ValueKind::Real;
-                if (numeric && EqualsNoCase(attribute.name, format.name)) {
-                    CheckSyntax(attribute, format.kind, findings);
-                    CheckRange(attribute, elementClass, findings);
-                }
+            const AttributeFormat* format = FindFormat(element, attribute.name);
+            if (format != nullptr && format->initial != nullptr) {
+                CheckSyntax(attribute, format->kind, findings);
+                CheckRange(attribute, *format, findings);
             }
         }
     }

@@ -13,24 +13,22 @@ namespace {
 const std::vector<std::string_view> kPieces = {
     Platform_Floor, Platform_Beam, Tile_nStairsUp, Tile_sStairsUp, Tile_eStairsUp, Tile_wStairsUp};
 
-constexpr int kDefaultTileSize = 256;
-
 // The largest cell that a platform may have to fill.
 int LargestTileSize(const ConfigTree& tree) {
     int largest = 0;
     for (const ConfigElement* tileSet : tree.OfClass(ElementClass::TileSet)) {
         if (IsAnyOf(AttributeText(*tileSet, Tile_TsType), {Tile_Cave})) {
-            largest = std::max(largest, WholeOr(*tileSet, Tile_TsSize, kDefaultTileSize));
+            largest = std::max(largest, WholeOf(*tileSet, Tile_TsSize));
         }
     }
     return largest;
 }
 
 void CheckFloor(const ConfigElement& floor, int tileSize, Findings& findings) {
-    const double sizeX = RealOr(floor, Attrib_SizeX, 0);
-    const double sizeY = RealOr(floor, Attrib_SizeY, 0);
+    const double sizeX = RealOf(floor, Attrib_SizeX);
+    const double sizeY = RealOf(floor, Attrib_SizeY);
     for (const std::string_view name : {Attrib_SizeX, Attrib_SizeY}) {
-        if (RealOr(floor, name, 0) == 0) {
+        if (RealOf(floor, name) == 0) {
             findings.Add(Weight::Warning,
                          PlaceOf(floor, name),
                          floor.name + " has no " + std::string(name),

@@ -1,43 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tools/check/ConfigRules.h"
 
+#include <vaultry/catalogue/ThemeItem.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/gen/Limits.h>
 
-#include <algorithm>
-#include <array>
-
 namespace Tarnex::Report {
 
 namespace {
-
-struct ThemeRow {
-    std::string_view theme;
-    std::vector<std::string_view> types;
-    const char* otherwise;
-};
-
-const std::array<ThemeRow, 3>& ThemeRows() {
-    static const std::array<ThemeRow, 3> kRows = {{
-        {Theme_Theme,
-         {Content_Container, Content_Furniture, Content_Rug, Content_Tapestry},
-         "The item is skipped."},
-        {Theme_CreatureTheme, {Content_Creature}, "The item is skipped."},
-        {Theme_TreasureTheme,
-         {Treasure_Armor,
-          Treasure_Book,
-          Treasure_Clothing,
-          Treasure_Gem,
-          Treasure_Gold,
-          Treasure_Ingredient,
-          Treasure_Misc,
-          Treasure_Tool,
-          Treasure_Weapon},
-         "Containers get objects that are no treasure."},
-    }};
-    return kRows;
-}
 
 // The content of one kind.
 struct Choice {
@@ -98,17 +69,32 @@ void CheckName(const ConfigElement& item,
                  never ? "" : findings.Nearest(name, choice.placed));
 }
 
+bool IsTheme(const ConfigElement& element) {
+    return element.element == ElementClass::Theme ||
+           element.element == ElementClass::CreatureTheme ||
+           element.element == ElementClass::TreasureTheme;
+}
+
+// A treasure theme finds what it names in any list.
+const char* MeaningOfOtherType(const ConfigElement& theme) {
+    return theme.element == ElementClass::TreasureTheme
+               ? "Containers get objects that are no treasure."
+               : "The item is skipped.";
+}
+
 void CheckItem(const ConfigElement& item,
-               const ThemeRow& row,
+               const ConfigElement& theme,
                const Choices& choices,
                Findings& findings) {
     const std::string type = AttributeText(item, Attrib_Type);
-    if (!IsAnyOf(type, row.types)) {
+    const ElementFormat& format = *FindElementFormat(theme.name);
+    if (!IsAnyOf(type, format.types)) {
         findings.Add(Weight::Error,
                      PlaceOf(item, Attrib_Type),
-                     "a " + std::string(row.theme) + " has no items of the type " + InQuotes(type),
-                     row.otherwise,
-                     findings.Nearest(type, {row.types.begin(), row.types.end()}));
+                     "a " + std::string(format.name) + " has no items of the type " +
+                         InQuotes(type),
+                     MeaningOfOtherType(theme),
+                     findings.Nearest(type, {format.types.begin(), format.types.end()}));
         return;
     }
     static const Choice kNone;
@@ -123,24 +109,22 @@ void CheckItem(const ConfigElement& item,
     }
 }
 
-constexpr int kNotGiven = -1;
-
 void CheckMinAndMax(const ConfigElement& item, Findings& findings) {
-    const int min = WholeOr(item, Attrib_Min, kNotGiven);
-    const int max = WholeOr(item, Attrib_Max, kNotGiven);
-    if (max != kNotGiven && max < 1) {
+    const int min = WholeOf(item, Attrib_Min);
+    const int max = WholeOf(item, Attrib_Max);
+    if (max != ThemeItem::kNotGiven && max < 1) {
         findings.Add(Weight::Warning,
                      PlaceOf(item, Attrib_Max),
                      "Max is " + std::to_string(max),
                      "The item places nothing.");
-    } else if (max != kNotGiven && min > max) {
+    } else if (max != ThemeItem::kNotGiven && min > max) {
         findings.Add(Weight::Warning,
                      PlaceOf(item, Attrib_Min),
                      "Min " + std::to_string(min) + " is greater than Max " + std::to_string(max),
                      "No more than Max are placed.");
     }
     for (const std::string_view name : {Attrib_Min, Attrib_Max}) {
-        if (WholeOr(item, name, kNotGiven) > kMaxTurns) {
+        if (WholeOf(item, name) > kMaxTurns) {
             findings.Add(Weight::Warning,
                          PlaceOf(item, name),
                          std::string(name) + " is greater than " + std::to_string(kMaxTurns),
@@ -150,7 +134,7 @@ void CheckMinAndMax(const ConfigElement& item, Findings& findings) {
 }
 
 void CheckChance(const ConfigElement& item, Findings& findings) {
-    if (RealOr(item, Attrib_Chance, 1) <= 0 && WholeOr(item, Attrib_Min, kNotGiven) < 1) {
+    if (RealOf(item, Attrib_Chance) <= 0 && WholeOf(item, Attrib_Min) < 1) {
         findings.Add(Weight::Warning,
                      PlaceOf(item, Attrib_Chance),
                      "the item has no Chance and no Min",
@@ -168,8 +152,8 @@ Wanted WantedCreatures(const ConfigTree& tree) {
     Wanted wanted;
     for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
         const ConfigElement* theme = tree.Around(*item);
-        const bool random = theme != nullptr && Is(*theme, Theme_CreatureTheme) &&
-                            WholeOr(*theme, Attrib_Level, 0) > 0;
+        const bool random = theme != nullptr && theme->element == ElementClass::CreatureTheme &&
+                            WholeOf(*theme, Attrib_Level) > 0;
         if (!random || !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Creature})) {
             continue;
         }
@@ -201,12 +185,10 @@ void CheckThemes(const ConfigTree& tree, Findings& findings) {
     const Choices choices = ChoicesOf(tree);
     for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
         const ConfigElement* theme = tree.Around(*item);
-        for (const ThemeRow& row : ThemeRows()) {
-            if (theme != nullptr && Is(*theme, row.theme)) {
-                CheckItem(*item, row, choices, findings);
-                CheckMinAndMax(*item, findings);
-                CheckChance(*item, findings);
-            }
+        if (theme != nullptr && IsTheme(*theme)) {
+            CheckItem(*item, *theme, choices, findings);
+            CheckMinAndMax(*item, findings);
+            CheckChance(*item, findings);
         }
     }
 }

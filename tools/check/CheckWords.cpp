@@ -3,60 +3,48 @@
 
 #include <vaultry/catalogue/Vocabulary.h>
 
-#include <algorithm>
-
 namespace Tarnex::Report {
 
 namespace {
 
 using Words = std::vector<std::string_view>;
 
-struct KeywordRow {
-    ElementClass element;
-    std::string_view name; // of the element; empty for all of its class
-    std::string_view attribute;
-    Words words;
-    const char* meaning;
-};
-
-const std::vector<KeywordRow>& KeywordRows() {
-    static const std::vector<KeywordRow> kRows = {
-        {ElementClass::Tile,
-         {},
-         Attrib_Area,
-         {Tile_HalfSize, Tile_QuarterSize, "FullSize"},
-         "The tile is of full size."},
-        {ElementClass::Content,
-         {},
-         Attrib_Stack,
-         {Stack_No, Stack_Bottom, Stack_Top, Stack_Yes},
-         "It counts as No."},
-        {ElementClass::Content,
-         Content_Creature,
-         Attrib_Type,
-         {Creature_Bird,
-          Creature_Creature,
-          Creature_Daedra,
-          Creature_Fish,
-          Creature_Humanoid,
-          Creature_Undead},
-         "It is placed like any creature that is no Bird and no Fish."},
-    };
-    return kRows;
+void CheckWord(const ConfigAttribute& attribute,
+               std::string_view name,
+               const Words& words,
+               const char* meaning,
+               Findings& findings) {
+    if (!IsAnyOf(attribute.value, words)) {
+        findings.Add(Weight::Warning,
+                     attribute.place,
+                     std::string(name) + " has no word " + InQuotes(attribute.value),
+                     meaning,
+                     findings.Nearest(attribute.value, {words.begin(), words.end()}));
+    }
 }
 
-void CheckKeywords(const ConfigElement& element, ElementClass elementClass, Findings& findings) {
-    for (const KeywordRow& row : KeywordRows()) {
-        const ConfigAttribute* attribute = FindAttribute(element, row.attribute);
-        const bool concerned = row.element == elementClass && attribute != nullptr &&
-                               (row.name.empty() || Is(element, row.name));
-        if (concerned && !IsAnyOf(attribute->value, row.words)) {
-            findings.Add(Weight::Warning,
-                         attribute->place,
-                         std::string(row.attribute) + " has no word " + InQuotes(attribute->value),
-                         row.meaning,
-                         findings.Nearest(attribute->value, {row.words.begin(), row.words.end()}));
+void CheckKeywords(const ConfigElement& element, Findings& findings) {
+    for (const AttributeFormat& format : AttributesOf(element.element)) {
+        const ConfigAttribute* attribute = FindAttribute(element, format.name);
+        if (attribute != nullptr && format.kind == ValueKind::Keyword) {
+            Words words;
+            for (const Keyword& keyword : format.keywords) {
+                words.push_back(keyword.word);
+            }
+            CheckWord(*attribute, format.name, words, format.bounds.otherwise, findings);
         }
+    }
+}
+
+void CheckBeing(const ConfigElement& creature, Findings& findings) {
+    const ConfigAttribute* attribute = FindAttribute(creature, Attrib_Type);
+    if (attribute != nullptr) {
+        const auto types = FindElementFormat(Content_Creature)->types;
+        CheckWord(*attribute,
+                  Attrib_Type,
+                  {types.begin(), types.end()},
+                  "It is placed like any creature that is no Bird and no Fish.",
+                  findings);
     }
 }
 
@@ -66,9 +54,9 @@ bool IsOfXml(const ConfigAttribute& attribute) {
            attribute.name.starts_with("xsi:");
 }
 
-void CheckAttributes(const ConfigElement& element, ElementClass elementClass, Findings& findings) {
+void CheckAttributes(const ConfigElement& element, Findings& findings) {
     Words known;
-    for (const AttributeFormat& format : AttributesOf(elementClass)) {
+    for (const AttributeFormat& format : AttributesOf(element.element)) {
         known.push_back(format.name);
     }
     NameSet given;
@@ -93,11 +81,13 @@ void CheckAttributes(const ConfigElement& element, ElementClass elementClass, Fi
 
 void CheckWords(const ConfigTree& tree, Findings& findings) {
     for (const ConfigElement& element : tree.All()) {
-        const ElementClass elementClass = tree.ClassOf(element);
         // The loader itself reports elements that it does not know.
-        if (elementClass != ElementClass::Unknown) {
-            CheckAttributes(element, elementClass, findings);
-            CheckKeywords(element, elementClass, findings);
+        if (element.element != ElementClass::Unknown) {
+            CheckAttributes(element, findings);
+            CheckKeywords(element, findings);
+        }
+        if (element.element == ElementClass::Content && Is(element, Content_Creature)) {
+            CheckBeing(element, findings);
         }
     }
 }

@@ -63,11 +63,15 @@ constexpr std::array<MeaningRow, 10> kMeanings = {{
 // The words that may stand where an unknown one does.
 std::vector<std::string> Offered(ProblemKind kind) {
     if (kind == ProblemKind::UnknownElement) {
-        const std::vector<std::string_view> names = ElementNames();
-        return {names.begin(), names.end()};
+        std::vector<std::string> names;
+        for (const ElementFormat& format : ElementFormats()) {
+            names.emplace_back(format.name);
+        }
+        return names;
     }
     if (kind == ProblemKind::UnknownTileSetType || kind == ProblemKind::UnknownLayoutType) {
-        return {std::string(Tile_Room), std::string(Tile_Cave)};
+        const auto types = FindElementFormat(Tile_TileSet)->types;
+        return {types.begin(), types.end()};
     }
     return {};
 }

@@ -9,6 +9,16 @@
 
 namespace Tarnex::Report {
 
+namespace {
+
+// What the loader starts from; 0 for what it does not read as a number.
+double InitialOf(const ConfigElement& element, std::string_view name) {
+    const AttributeFormat* format = FindFormat(element, name);
+    return format == nullptr || format->initial == nullptr ? 0 : format->initial();
+}
+
+} // namespace
+
 bool LessNoCase::operator()(const std::string& a, const std::string& b) const {
     return ToUpper(a) < ToUpper(b);
 }
@@ -16,22 +26,11 @@ bool LessNoCase::operator()(const std::string& a, const std::string& b) const {
 ConfigTree::ConfigTree(const ConfigRecord& record_)
     : record(record_), children(record_.elements.size()) {
     for (const ConfigElement& element : record.elements) {
-        const bool outermost = element.parent == ConfigElement::kNone;
-        const ElementClass parent = outermost ? ElementClass::Unknown : classes[element.parent];
-        classes.push_back(ClassifyElement(element.name, parent));
-        byClass[classes.back()].push_back(&element);
-        if (!outermost) {
+        byClass[element.element].push_back(&element);
+        if (element.parent != ConfigElement::kNone) {
             children[element.parent].push_back(&element);
         }
     }
-}
-
-std::size_t ConfigTree::Index(const ConfigElement& element) const {
-    return static_cast<std::size_t>(&element - record.elements.data());
-}
-
-ElementClass ConfigTree::ClassOf(const ConfigElement& element) const {
-    return classes[Index(element)];
 }
 
 const Elements& ConfigTree::OfClass(ElementClass wanted) const {
@@ -41,7 +40,7 @@ const Elements& ConfigTree::OfClass(ElementClass wanted) const {
 }
 
 const Elements& ConfigTree::Inside(const ConfigElement& element) const {
-    return children[Index(element)];
+    return children[static_cast<std::size_t>(&element - record.elements.data())];
 }
 
 const ConfigElement* ConfigTree::Around(const ConfigElement& element) const {
@@ -61,14 +60,22 @@ std::string AttributeText(const ConfigElement& element, std::string_view name) {
     return attribute == nullptr ? "" : attribute->value;
 }
 
-int WholeOr(const ConfigElement& element, std::string_view name, int otherwise) {
-    const ConfigAttribute* attribute = FindAttribute(element, name);
-    return attribute == nullptr ? otherwise : ParseInt(attribute->value);
+const AttributeFormat* FindFormat(const ConfigElement& element, std::string_view name) {
+    const auto formats = AttributesOf(element.element);
+    const auto found = std::ranges::find_if(
+        formats, [name](const AttributeFormat& f) { return EqualsNoCase(f.name, name); });
+    return found == formats.end() ? nullptr : &*found;
 }
 
-double RealOr(const ConfigElement& element, std::string_view name, double otherwise) {
+int WholeOf(const ConfigElement& element, std::string_view name) {
     const ConfigAttribute* attribute = FindAttribute(element, name);
-    return attribute == nullptr ? otherwise : ParseReal(attribute->value);
+    return attribute == nullptr ? static_cast<int>(InitialOf(element, name))
+                                : ParseInt(attribute->value);
+}
+
+double RealOf(const ConfigElement& element, std::string_view name) {
+    const ConfigAttribute* attribute = FindAttribute(element, name);
+    return attribute == nullptr ? InitialOf(element, name) : ParseReal(attribute->value);
 }
 
 DocumentPlace PlaceOf(const ConfigElement& element, std::string_view name) {
@@ -80,9 +87,13 @@ bool Is(const ConfigElement& element, std::string_view name) {
     return EqualsNoCase(element.name, name);
 }
 
-bool IsAnyOf(std::string_view word, const std::vector<std::string_view>& words) {
+bool IsAnyOf(std::string_view word, std::span<const std::string_view> words) {
     return std::ranges::any_of(
         words, [word](std::string_view other) { return EqualsNoCase(word, other); });
+}
+
+bool IsAnyOf(std::string_view word, std::initializer_list<std::string_view> words) {
+    return IsAnyOf(word, std::span(words.begin(), words.size()));
 }
 
 std::vector<std::string> ListedNames(const std::string& text) {

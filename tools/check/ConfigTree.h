@@ -5,8 +5,10 @@
 #include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/ConfigRecord.h>
 
+#include <initializer_list>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,7 +31,6 @@ public:
 
     const std::vector<ConfigElement>& All() const { return record.elements; }
 
-    ElementClass ClassOf(const ConfigElement& element) const;
     /// In document order.
     const Elements& OfClass(ElementClass wanted) const;
     /// Those directly inside an element, in document order.
@@ -38,10 +39,7 @@ public:
     const ConfigElement* Around(const ConfigElement& element) const;
 
 private:
-    std::size_t Index(const ConfigElement& element) const;
-
     const ConfigRecord& record;
-    std::vector<ElementClass> classes;
     std::vector<Elements> children;
     std::map<ElementClass, Elements> byClass;
 };
@@ -50,14 +48,17 @@ private:
 const ConfigAttribute* FindAttribute(const ConfigElement& element, std::string_view name);
 /// Its value; empty when it is not given.
 std::string AttributeText(const ConfigElement& element, std::string_view name);
-/// Its value, or that number when it is not given.
-int WholeOr(const ConfigElement& element, std::string_view name, int otherwise);
-double RealOr(const ConfigElement& element, std::string_view name, double otherwise);
+/// Its value, or the number that stands for it when it is not given.
+int WholeOf(const ConfigElement& element, std::string_view name);
+double RealOf(const ConfigElement& element, std::string_view name);
+/// How the loader reads it; null when it does not.
+const AttributeFormat* FindFormat(const ConfigElement& element, std::string_view name);
 /// The place of an attribute, or of its element when it is not given.
 DocumentPlace PlaceOf(const ConfigElement& element, std::string_view name);
 
 bool Is(const ConfigElement& element, std::string_view name);
-bool IsAnyOf(std::string_view word, const std::vector<std::string_view>& words);
+bool IsAnyOf(std::string_view word, std::span<const std::string_view> words);
+bool IsAnyOf(std::string_view word, std::initializer_list<std::string_view> words);
 
 /// The names of a list as the loader splits them.
 std::vector<std::string> ListedNames(const std::string& text);

@@ -7,9 +7,10 @@
 #include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Text.h>
 
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <span>
-#include <utility>
 
 namespace Tarnex {
 
@@ -17,9 +18,8 @@ namespace {
 
 template <typename T>
 struct AttribRow {
-    std::string_view name;
+    AttributeFormat format;
     void (*apply)(T& object, const std::string& value);
-    ValueKind kind;
 };
 
 // The field at the end of a path of members.
@@ -52,14 +52,44 @@ void SetName(T& object, const std::string& value) {
     object.SetName(value.c_str());
 }
 
-using Keyword = std::pair<std::string_view, std::int32_t>;
+template <typename T, auto... Path>
+double Initial() {
+    T object;
+    return static_cast<double>(Field<Path...>(object));
+}
 
-constexpr std::array<Keyword, 2> kAreas = {{
+template <typename T, auto... Path>
+constexpr AttribRow<T> Whole(std::string_view name, Bounds bounds = {}) {
+    return {{name, ValueKind::Whole, bounds, {}, Initial<T, Path...>}, SetInt<T, Path...>};
+}
+
+template <typename T, auto... Path>
+constexpr AttribRow<T> Real(std::string_view name, Bounds bounds = {}) {
+    return {{name, ValueKind::Real, bounds, {}, Initial<T, Path...>}, SetReal<T, Path...>};
+}
+
+template <typename T, auto... Path>
+constexpr AttribRow<T> Text(std::string_view name) {
+    return {{name}, SetText<T, Path...>};
+}
+
+template <typename T>
+constexpr AttribRow<T> Name(std::string_view name) {
+    return {{name}, SetName<T>};
+}
+
+constexpr Bounds AtLeast(double least, const char* otherwise) {
+    return {least, std::numeric_limits<double>::infinity(), otherwise};
+}
+
+constexpr std::array<Keyword, 3> kAreas = {{
     {Tile_HalfSize, AreaHalf},
     {Tile_QuarterSize, AreaQuarter},
+    {"FullSize", AreaFull},
 }};
 
-constexpr std::array<Keyword, 3> kStackings = {{
+constexpr std::array<Keyword, 4> kStackings = {{
+    {Stack_No, StackNo},
     {Stack_Bottom, StackBottom},
     {Stack_Top, StackTop},
     {Stack_Yes, StackYes},
@@ -67,12 +97,9 @@ constexpr std::array<Keyword, 3> kStackings = {{
 
 std::int32_t
 KeywordValue(std::span<const Keyword> words, std::string_view text, std::int32_t otherwise) {
-    for (const auto& [word, value] : words) {
-        if (EqualsNoCase(text, word)) {
-            return value;
-        }
-    }
-    return otherwise;
+    const auto found = std::ranges::find_if(
+        words, [text](const Keyword& known) { return EqualsNoCase(text, known.word); });
+    return found == words.end() ? otherwise : found->value;
 }
 
 void SetArea(Tile& tile, const std::string& value) {
@@ -106,81 +133,104 @@ void SetTileSize(TileSet& tileSet, const std::string& value) {
     tileSet.SetTileSize(size);
 }
 
+double InitialTileSize() {
+    return TileSet().GetTileSize();
+}
+
+double InitialWallThickness() {
+    return static_cast<double>(TileSet().GetWallThickness());
+}
+
+constexpr const char* kNoFloor = "No floor is laid.";
+constexpr const char* kTurned = "It is placed as if it reached the other way.";
+
+// The attributes of one kind of object.
+template <typename T>
+constexpr std::array<AttribRow<T>, 0> kAttribs = {};
+
 // clang-format off
-constexpr std::array kTileSetAttribs = {
-    AttribRow<TileSet>{Tile_TsName,        SetName<TileSet>, ValueKind::Text},
-    AttribRow<TileSet>{Tile_TsType,        SetTileSetType, ValueKind::Text},
-    AttribRow<TileSet>{Tile_WallThickness, SetWallThickness, ValueKind::Real},
-    AttribRow<TileSet>{Tile_TsSize,        SetTileSize, ValueKind::Whole},
+template <>
+constexpr std::array kAttribs<TileSet> = {
+    Name<TileSet>(Tile_TsName),
+    AttribRow<TileSet>{{Tile_TsType}, SetTileSetType},
+    AttribRow<TileSet>{{Tile_WallThickness, ValueKind::Real, AtLeast(0, "What stands along walls is moved into them."), {}, InitialWallThickness}, SetWallThickness},
+    AttribRow<TileSet>{{Tile_TsSize, ValueKind::Whole, AtLeast(1, "The cells of a level lie one upon the other, or mirrored."), {}, InitialTileSize}, SetTileSize},
 };
 
-constexpr std::array kTileAttribs = {
-    AttribRow<Tile>{Attrib_ZRotate,  SetInt<Tile, &Tile::zRotate>, ValueKind::Whole},
-    AttribRow<Tile>{Attrib_DeltaZ,   SetInt<Tile, &Tile::deltaZ>, ValueKind::Whole},
-    AttribRow<Tile>{Attrib_OffsetX,  SetReal<Tile, &Tile::offset, &Di3Point::x>, ValueKind::Real},
-    AttribRow<Tile>{Attrib_OffsetY,  SetReal<Tile, &Tile::offset, &Di3Point::y>, ValueKind::Real},
-    AttribRow<Tile>{Attrib_OffsetZ,  SetReal<Tile, &Tile::offset, &Di3Point::z>, ValueKind::Real},
-    AttribRow<Tile>{Attrib_Scale,    SetReal<Tile, &Tile::scale>, ValueKind::Real},
-    AttribRow<Tile>{Attrib_Area,     SetArea, ValueKind::Area},
-    AttribRow<Tile>{Attrib_Requires, SetText<Tile, &Tile::requiredName>, ValueKind::Text},
+template <>
+constexpr std::array kAttribs<Tile> = {
+    Whole<Tile, &Tile::zRotate>(Attrib_ZRotate),
+    Whole<Tile, &Tile::deltaZ>(Attrib_DeltaZ),
+    Real<Tile, &Tile::offset, &Di3Point::x>(Attrib_OffsetX),
+    Real<Tile, &Tile::offset, &Di3Point::y>(Attrib_OffsetY),
+    Real<Tile, &Tile::offset, &Di3Point::z>(Attrib_OffsetZ),
+    Real<Tile, &Tile::scale>(Attrib_Scale, {0.5, 2, "The game shows it at the nearer of 0.5 and 2."}),
+    AttribRow<Tile>{{Attrib_Area, ValueKind::Keyword, {.otherwise = "The tile is of full size."}, kAreas}, SetArea},
+    Text<Tile, &Tile::requiredName>(Attrib_Requires),
 };
 
-constexpr std::array kPlatformAttribs = {
-    AttribRow<Platform>{Attrib_Name, SetName<Platform>, ValueKind::Text},
+template <>
+constexpr std::array kAttribs<Platform> = {
+    Name<Platform>(Attrib_Name),
 };
 
-constexpr std::array kPlatformTileAttribs = {
-    AttribRow<PlatformTile>{Attrib_UniqueName, SetText<PlatformTile, &PlatformTile::id>, ValueKind::Text},
-    AttribRow<PlatformTile>{Attrib_ZRotate,    SetInt<PlatformTile, &PlatformTile::zRotate>, ValueKind::Whole},
-    AttribRow<PlatformTile>{Attrib_OffsetX,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::x>, ValueKind::Real},
-    AttribRow<PlatformTile>{Attrib_OffsetY,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::y>, ValueKind::Real},
-    AttribRow<PlatformTile>{Attrib_OffsetZ,    SetReal<PlatformTile, &PlatformTile::offset, &Di3Point::z>, ValueKind::Real},
-    AttribRow<PlatformTile>{Attrib_SizeX,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::x>, ValueKind::Real},
-    AttribRow<PlatformTile>{Attrib_SizeY,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::y>, ValueKind::Real},
-    AttribRow<PlatformTile>{Attrib_SizeZ,      SetReal<PlatformTile, &PlatformTile::size, &Di3Point::z>, ValueKind::Real},
+template <>
+constexpr std::array kAttribs<PlatformTile> = {
+    Text<PlatformTile, &PlatformTile::id>(Attrib_UniqueName),
+    Whole<PlatformTile, &PlatformTile::zRotate>(Attrib_ZRotate),
+    Real<PlatformTile, &PlatformTile::offset, &Di3Point::x>(Attrib_OffsetX),
+    Real<PlatformTile, &PlatformTile::offset, &Di3Point::y>(Attrib_OffsetY),
+    Real<PlatformTile, &PlatformTile::offset, &Di3Point::z>(Attrib_OffsetZ),
+    Real<PlatformTile, &PlatformTile::size, &Di3Point::x>(Attrib_SizeX, AtLeast(0, kNoFloor)),
+    Real<PlatformTile, &PlatformTile::size, &Di3Point::y>(Attrib_SizeY, AtLeast(0, kNoFloor)),
+    Real<PlatformTile, &PlatformTile::size, &Di3Point::z>(Attrib_SizeZ, AtLeast(0, kTurned)),
 };
 
-constexpr std::array kLayoutAttribs = {
-    AttribRow<LayoutHead>{Attrib_LayoutName, SetText<LayoutHead, &LayoutHead::name>, ValueKind::Text},
-    AttribRow<LayoutHead>{Attrib_Type,       SetText<LayoutHead, &LayoutHead::type>, ValueKind::Text},
-    AttribRow<LayoutHead>{Attrib_Width,      SetInt<LayoutHead, &LayoutHead::width>, ValueKind::Whole},
-    AttribRow<LayoutHead>{Attrib_Height,     SetInt<LayoutHead, &LayoutHead::height>, ValueKind::Whole},
-    AttribRow<LayoutHead>{Attrib_OffsetX,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::x>, ValueKind::Real},
-    AttribRow<LayoutHead>{Attrib_OffsetY,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::y>, ValueKind::Real},
-    AttribRow<LayoutHead>{Attrib_OffsetZ,    SetReal<LayoutHead, &LayoutHead::offset, &Di3Point::z>, ValueKind::Real},
+template <>
+constexpr std::array kAttribs<LayoutHead> = {
+    Text<LayoutHead, &LayoutHead::name>(Attrib_LayoutName),
+    Text<LayoutHead, &LayoutHead::type>(Attrib_Type),
+    Whole<LayoutHead, &LayoutHead::width>(Attrib_Width),
+    Whole<LayoutHead, &LayoutHead::height>(Attrib_Height),
+    Real<LayoutHead, &LayoutHead::offset, &Di3Point::x>(Attrib_OffsetX),
+    Real<LayoutHead, &LayoutHead::offset, &Di3Point::y>(Attrib_OffsetY),
+    Real<LayoutHead, &LayoutHead::offset, &Di3Point::z>(Attrib_OffsetZ),
 };
 
-constexpr std::array kThemeAttribs = {
-    AttribRow<Theme>{Attrib_Name,  SetName<Theme>, ValueKind::Text},
-    AttribRow<Theme>{Attrib_Level, SetInt<Theme, &Theme::level>, ValueKind::Whole},
+template <>
+constexpr std::array kAttribs<Theme> = {
+    Name<Theme>(Attrib_Name),
+    Whole<Theme, &Theme::level>(Attrib_Level, AtLeast(0, "Random levels choose it only when no theme fits.")),
 };
 
-constexpr std::array kThemeItemAttribs = {
-    AttribRow<ThemeItem>{Attrib_Type,       SetText<ThemeItem, &ThemeItem::type>, ValueKind::Text},
-    AttribRow<ThemeItem>{Attrib_Ratio,      SetReal<ThemeItem, &ThemeItem::ratio>, ValueKind::Real},
-    AttribRow<ThemeItem>{Attrib_Chance,     SetReal<ThemeItem, &ThemeItem::chance>, ValueKind::Real},
-    AttribRow<ThemeItem>{Attrib_Min,        SetInt<ThemeItem, &ThemeItem::minimum>, ValueKind::Whole},
-    AttribRow<ThemeItem>{Attrib_Max,        SetInt<ThemeItem, &ThemeItem::maximum>, ValueKind::Whole},
-    AttribRow<ThemeItem>{Attrib_UniqueName, AddUniqueNames, ValueKind::List},
+template <>
+constexpr std::array kAttribs<ThemeItem> = {
+    Text<ThemeItem, &ThemeItem::type>(Attrib_Type),
+    Real<ThemeItem, &ThemeItem::ratio>(Attrib_Ratio, AtLeast(0, "Without a Max the item places nothing.")),
+    Real<ThemeItem, &ThemeItem::chance>(Attrib_Chance, {0, 1, "Above 1 it counts as 1, below 0 as 0."}),
+    Whole<ThemeItem, &ThemeItem::minimum>(Attrib_Min, AtLeast(ThemeItem::kNotGiven, "It counts as 0.")),
+    Whole<ThemeItem, &ThemeItem::maximum>(Attrib_Max),
+    AttribRow<ThemeItem>{{Attrib_UniqueName, ValueKind::List}, AddUniqueNames},
 };
 
-constexpr std::array kContentAttribs = {
-    AttribRow<ContentTemplate>{Attrib_UniqueName,   SetText<ContentTemplate, &ContentTemplate::uniqueName>, ValueKind::Text},
-    AttribRow<ContentTemplate>{Attrib_FriendlyName, SetText<ContentTemplate, &ContentTemplate::friendlyName>, ValueKind::Text},
-    AttribRow<ContentTemplate>{Attrib_ModelFile,    SetText<ContentTemplate, &ContentTemplate::modelFile>, ValueKind::Text},
-    AttribRow<ContentTemplate>{Attrib_Type,         SetText<ContentTemplate, &ContentTemplate::subtype>, ValueKind::Text},
-    AttribRow<ContentTemplate>{Attrib_Max,          SetInt<ContentTemplate, &ContentTemplate::maxCount>, ValueKind::Whole},
-    AttribRow<ContentTemplate>{Attrib_Level,        SetInt<ContentTemplate, &ContentTemplate::level>, ValueKind::Whole},
-    AttribRow<ContentTemplate>{Attrib_Value,        SetInt<ContentTemplate, &ContentTemplate::value>, ValueKind::Whole},
-    AttribRow<ContentTemplate>{Attrib_ZRotate,      SetInt<ContentTemplate, &ContentTemplate::zRotate>, ValueKind::Whole},
-    AttribRow<ContentTemplate>{Attrib_Weight,       SetReal<ContentTemplate, &ContentTemplate::weight>, ValueKind::Real},
-    AttribRow<ContentTemplate>{Attrib_SizeX,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::x>, ValueKind::Real},
-    AttribRow<ContentTemplate>{Attrib_SizeY,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::y>, ValueKind::Real},
-    AttribRow<ContentTemplate>{Attrib_SizeZ,        SetReal<ContentTemplate, &ContentTemplate::size, &Di3Point::z>, ValueKind::Real},
-    AttribRow<ContentTemplate>{Attrib_OffsetX,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::x>, ValueKind::Real},
-    AttribRow<ContentTemplate>{Attrib_OffsetY,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::y>, ValueKind::Real},
-    AttribRow<ContentTemplate>{Attrib_OffsetZ,      SetReal<ContentTemplate, &ContentTemplate::offset, &Di3Point::z>, ValueKind::Real},
-    AttribRow<ContentTemplate>{Attrib_Stack,        SetStacking, ValueKind::Stacking},
+template <>
+constexpr std::array kAttribs<ContentTemplate> = {
+    Text<ContentTemplate, &ContentTemplate::uniqueName>(Attrib_UniqueName),
+    Text<ContentTemplate, &ContentTemplate::friendlyName>(Attrib_FriendlyName),
+    Text<ContentTemplate, &ContentTemplate::modelFile>(Attrib_ModelFile),
+    Text<ContentTemplate, &ContentTemplate::subtype>(Attrib_Type),
+    Whole<ContentTemplate, &ContentTemplate::maxCount>(Attrib_Max, AtLeast(1, "It counts as 1.")),
+    Whole<ContentTemplate, &ContentTemplate::level>(Attrib_Level, AtLeast(0, "It is kept as it is.")),
+    Whole<ContentTemplate, &ContentTemplate::value>(Attrib_Value, AtLeast(0, "It counts as worthless.")),
+    Whole<ContentTemplate, &ContentTemplate::zRotate>(Attrib_ZRotate),
+    Real<ContentTemplate, &ContentTemplate::weight>(Attrib_Weight, AtLeast(0, "It makes room in containers instead of taking it.")),
+    Real<ContentTemplate, &ContentTemplate::size, &Di3Point::x>(Attrib_SizeX, AtLeast(0, kTurned)),
+    Real<ContentTemplate, &ContentTemplate::size, &Di3Point::y>(Attrib_SizeY, AtLeast(0, kTurned)),
+    Real<ContentTemplate, &ContentTemplate::size, &Di3Point::z>(Attrib_SizeZ, AtLeast(0, kTurned)),
+    Real<ContentTemplate, &ContentTemplate::offset, &Di3Point::x>(Attrib_OffsetX),
+    Real<ContentTemplate, &ContentTemplate::offset, &Di3Point::y>(Attrib_OffsetY),
+    Real<ContentTemplate, &ContentTemplate::offset, &Di3Point::z>(Attrib_OffsetZ),
+    AttribRow<ContentTemplate>{{Attrib_Stack, ValueKind::Keyword, {.otherwise = "It counts as No."}, kStackings}, SetStacking},
 };
 // clang-format on
 
@@ -188,28 +238,24 @@ template <typename T, std::size_t N>
 constexpr std::array<AttributeFormat, N> Formats(const std::array<AttribRow<T>, N>& rows) {
     std::array<AttributeFormat, N> formats{};
     for (std::size_t i = 0; i < N; ++i) {
-        formats[i] = {rows[i].name, rows[i].kind};
+        formats[i] = rows[i].format;
     }
     return formats;
 }
 
-constexpr auto kTileSetFormats = Formats(kTileSetAttribs);
-constexpr auto kTileFormats = Formats(kTileAttribs);
-constexpr auto kPlatformFormats = Formats(kPlatformAttribs);
-constexpr auto kPlatformTileFormats = Formats(kPlatformTileAttribs);
-constexpr auto kLayoutFormats = Formats(kLayoutAttribs);
-constexpr auto kThemeFormats = Formats(kThemeAttribs);
-constexpr auto kThemeItemFormats = Formats(kThemeItemAttribs);
-constexpr auto kContentFormats = Formats(kContentAttribs);
+template <typename T>
+constexpr auto kFormats = Formats(kAttribs<T>);
+
+} // namespace
 
 template <typename T>
-void ApplyRows(const xercesc::Attributes& attrs, T& object, std::span<const AttribRow<T>> rows) {
+void ApplyAttributes(const xercesc::Attributes& attrs, T& object) {
     std::string name;
     std::string value;
     for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
         NarrowInto(name, attrs.getQName(i));
-        for (const AttribRow<T>& row : rows) {
-            if (EqualsNoCase(name, row.name)) {
+        for (const AttribRow<T>& row : kAttribs<T>) {
+            if (EqualsNoCase(name, row.format.name)) {
                 NarrowInto(value, attrs.getValue(i));
                 row.apply(object, value);
                 break;
@@ -218,58 +264,35 @@ void ApplyRows(const xercesc::Attributes& attrs, T& object, std::span<const Attr
     }
 }
 
-} // namespace
-
-void ApplyAttributes(const xercesc::Attributes& attrs, TileSet& tileSet) {
-    ApplyRows<TileSet>(attrs, tileSet, kTileSetAttribs);
-}
-
-void ApplyAttributes(const xercesc::Attributes& attrs, Tile& tile) {
-    ApplyRows<Tile>(attrs, tile, kTileAttribs);
-}
-
-void ApplyAttributes(const xercesc::Attributes& attrs, Platform& platform) {
-    ApplyRows<Platform>(attrs, platform, kPlatformAttribs);
-}
-
-void ApplyAttributes(const xercesc::Attributes& attrs, PlatformTile& piece) {
-    ApplyRows<PlatformTile>(attrs, piece, kPlatformTileAttribs);
-}
-
-void ApplyAttributes(const xercesc::Attributes& attrs, LayoutHead& head) {
-    ApplyRows<LayoutHead>(attrs, head, kLayoutAttribs);
-}
-
-void ApplyAttributes(const xercesc::Attributes& attrs, Theme& theme) {
-    ApplyRows<Theme>(attrs, theme, kThemeAttribs);
-}
-
-void ApplyAttributes(const xercesc::Attributes& attrs, ThemeItem& item) {
-    ApplyRows<ThemeItem>(attrs, item, kThemeItemAttribs);
-}
-
-void ApplyAttributes(const xercesc::Attributes& attrs, ContentTemplate& content) {
-    ApplyRows<ContentTemplate>(attrs, content, kContentAttribs);
-}
+template void ApplyAttributes(const xercesc::Attributes& attrs, TileSet& tileSet);
+template void ApplyAttributes(const xercesc::Attributes& attrs, Tile& tile);
+template void ApplyAttributes(const xercesc::Attributes& attrs, Platform& platform);
+template void ApplyAttributes(const xercesc::Attributes& attrs, PlatformTile& piece);
+template void ApplyAttributes(const xercesc::Attributes& attrs, LayoutHead& head);
+template void ApplyAttributes(const xercesc::Attributes& attrs, Theme& theme);
+template void ApplyAttributes(const xercesc::Attributes& attrs, ThemeItem& item);
+template void ApplyAttributes(const xercesc::Attributes& attrs, ContentTemplate& content);
 
 std::span<const AttributeFormat> AttributesOf(ElementClass element) {
     switch (element) {
     case ElementClass::TileSet:
-        return kTileSetFormats;
+        return kFormats<TileSet>;
     case ElementClass::Tile:
-        return kTileFormats;
+        return kFormats<Tile>;
     case ElementClass::Platform:
-        return kPlatformFormats;
+        return kFormats<Platform>;
     case ElementClass::PlatformTile:
-        return kPlatformTileFormats;
+        return kFormats<PlatformTile>;
     case ElementClass::Layout:
-        return kLayoutFormats;
+        return kFormats<LayoutHead>;
     case ElementClass::Theme:
-        return kThemeFormats;
+    case ElementClass::CreatureTheme:
+    case ElementClass::TreasureTheme:
+        return kFormats<Theme>;
     case ElementClass::ThemeItem:
-        return kThemeItemFormats;
+        return kFormats<ThemeItem>;
     case ElementClass::Content:
-        return kContentFormats;
+        return kFormats<ContentTemplate>;
     default:
         return {};
     }

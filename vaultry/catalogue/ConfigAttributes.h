@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The attributes of each element as rows of name and setter. Not installed.
+// The attributes of each element, by tables: how they are read and where they go. Not installed.
 #pragma once
 
 #include <vaultry/catalogue/ConfigMgr.h>
@@ -19,14 +19,9 @@ struct LayoutHead {
     Di3Point offset;
 };
 
-// Each applies the attributes in document order and ignores those it does not know.
-void ApplyAttributes(const xercesc::Attributes& attrs, TileSet& tileSet);
-void ApplyAttributes(const xercesc::Attributes& attrs, Tile& tile);
-void ApplyAttributes(const xercesc::Attributes& attrs, Platform& platform);
-void ApplyAttributes(const xercesc::Attributes& attrs, PlatformTile& piece);
-void ApplyAttributes(const xercesc::Attributes& attrs, LayoutHead& head);
-void ApplyAttributes(const xercesc::Attributes& attrs, Theme& theme);
-void ApplyAttributes(const xercesc::Attributes& attrs, ThemeItem& item);
-void ApplyAttributes(const xercesc::Attributes& attrs, ContentTemplate& content);
+/// Applies the attributes in document order and ignores those that an object of its kind does not
+/// have.
+template <typename T>
+void ApplyAttributes(const xercesc::Attributes& attrs, T& object);
 
 } // namespace Tarnex

@@ -2,15 +2,12 @@
 #include <vaultry/catalogue/ConfigLoader.h>
 
 #include <vaultry/catalogue/ConfigAttributes.h>
-#include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/catalogue/XmlText.h>
 #include <vaultry/foundation/Text.h>
 
 #include <xercesc/sax/SAXParseException.hpp>
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace Tarnex {
@@ -24,6 +21,11 @@ DiPtr<T> MakeFrom(const xercesc::Attributes& attrs) {
     auto object = MakeDi<T>();
     ApplyAttributes(attrs, *object);
     return object;
+}
+
+template <typename T>
+void Begin(DiPtr<T>& object, const xercesc::Attributes& attrs) {
+    object = MakeFrom<T>(attrs);
 }
 
 // Appends the object to the list if there is one, and lets go of it.
@@ -77,79 +79,79 @@ void ConfigLoader::startElement(const XMLCh* const /*uri*/,
     StartTag(Narrow(qname), attrs);
 }
 
-// The order of these tests is the meaning of the format: inside a tile set or platform every tag
-// but the six top-level ones is a piece.
+ElementClass ConfigLoader::Classify(std::string_view tag) const {
+    return ClassifyElement(tag,
+                           {.tileSet = static_cast<bool>(curTileSet),
+                            .platform = static_cast<bool>(curPlatform),
+                            .layout = static_cast<bool>(curLayout),
+                            .theme = OpenTheme() != nullptr});
+}
+
 void ConfigLoader::StartTag(const std::string& tag, const Attributes& attrs) {
-    const auto is = [&tag](std::string_view word) { return EqualsNoCase(tag, word); };
-    if (is(Tile_TileSet)) {
-        return OnStartTileSet(attrs);
-    }
-    if (is(Layout_Layout)) {
-        return OnStartLayout(attrs);
-    }
-    if (is(Theme_Theme)) {
-        return OnStartTheme(attrs);
-    }
-    if (is(Theme_CreatureTheme)) {
-        return OnStartCreatureTheme(attrs);
-    }
-    if (is(Theme_TreasureTheme)) {
-        return OnStartTreasureTheme(attrs);
-    }
-    if (is(Platform_Platform)) {
-        return OnStartPlatform(attrs);
-    }
-    if (curTileSet) {
+    switch (Classify(tag)) {
+    case ElementClass::TileSet:
+        return Begin(curTileSet, attrs);
+    case ElementClass::Tile:
         return OnStartTile(tag, attrs);
-    }
-    if (curPlatform) {
+    case ElementClass::Platform:
+        return Begin(curPlatform, attrs);
+    case ElementClass::PlatformTile:
         return OnStartPlatformTile(tag, attrs);
-    }
-    if (curLayout && is(Layout_Col)) {
+    case ElementClass::Layout:
+        return OnStartLayout(attrs);
+    case ElementClass::Col:
         return OnStartCol();
-    }
-    if (curLayout && is(Layout_Row)) {
-        return;
-    }
-    if (is(Theme_ThemeItem) && OpenTheme() != nullptr) {
+    case ElementClass::Theme:
+        return Begin(curTheme, attrs);
+    case ElementClass::CreatureTheme:
+        return Begin(curCreatureTheme, attrs);
+    case ElementClass::TreasureTheme:
+        return Begin(curTreasureTheme, attrs);
+    case ElementClass::ThemeItem:
         return OnStartThemeItem(attrs);
-    }
-    if (ClassifyElement(tag, ElementClass::Root) == ElementClass::Content) {
+    case ElementClass::Content:
         return OnStartContent(tag, attrs);
-    }
-    if (!is(Config_Root)) {
-        ReportProblem({ProblemKind::UnknownElement, {tag}});
+    case ElementClass::Unknown:
+        return ReportProblem({ProblemKind::UnknownElement, {tag}});
+    case ElementClass::Root:
+    case ElementClass::Row:
+        return;
     }
 }
 
 void ConfigLoader::endElement(const XMLCh* const /*uri*/,
                               const XMLCh* const /*localname*/,
                               const XMLCh* const qname) {
-    struct EndRow {
-        std::string_view tag;
-        void (ConfigLoader::*step)();
-    };
-    static constexpr std::array<EndRow, 8> kEnds = {{
-        {Tile_TileSet, &ConfigLoader::OnEndTileSet},
-        {Layout_Col, &ConfigLoader::OnEndCol},
-        {Layout_Row, &ConfigLoader::OnEndRow},
-        {Layout_Layout, &ConfigLoader::OnEndLayout},
-        {Theme_Theme, &ConfigLoader::OnEndTheme},
-        {Theme_CreatureTheme, &ConfigLoader::OnEndCreatureTheme},
-        {Theme_TreasureTheme, &ConfigLoader::OnEndTreasureTheme},
-        {Platform_Platform, &ConfigLoader::OnEndPlatform},
-    }};
     budget.GiveBack(Of::Depth);
-    const std::string tag = Narrow(qname);
-    for (const EndRow& end : kEnds) {
-        if (EqualsNoCase(tag, end.tag)) {
-            return (this->*end.step)();
-        }
+    EndTag(Narrow(qname));
+}
+
+// End tags are recognised by their name alone: even a tile of the name of a row ends a row.
+void ConfigLoader::EndTag(const std::string& tag) {
+    const ElementFormat* const format = FindElementFormat(tag);
+    switch (format == nullptr ? ElementClass::Unknown : format->element) {
+    case ElementClass::TileSet:
+        return OnEndTileSet();
+    case ElementClass::Platform:
+        return FileIn(config.platformList, curPlatform);
+    case ElementClass::Layout:
+        return OnEndLayout();
+    case ElementClass::Col:
+        return OnEndCol();
+    case ElementClass::Row:
+        return OnEndRow();
+    case ElementClass::Theme:
+        return FileIn(config.themes, curTheme);
+    case ElementClass::CreatureTheme:
+        return FileIn(config.creatureThemes, curCreatureTheme);
+    case ElementClass::TreasureTheme:
+        return FileIn(config.treasureThemes, curTreasureTheme);
+    default:
+        break;
     }
     if (curTile && EqualsNoCase(tag, curTile->kindName.Text())) {
-        return OnEndTile();
-    }
-    if (curPlatformTile && EqualsNoCase(tag, curPlatformTile->kindName)) {
+        OnEndTile();
+    } else if (curPlatformTile && EqualsNoCase(tag, curPlatformTile->kindName)) {
         OnEndPlatformTile();
     }
 }
@@ -171,21 +173,13 @@ void ConfigLoader::characters(const XMLCh* const chars, const XMLSize_t length) 
     }
 }
 
-void ConfigLoader::OnStartTileSet(const Attributes& attrs) {
-    curTileSet = MakeFrom<TileSet>(attrs);
-}
-
 void ConfigLoader::OnStartTile(const std::string& tag, const Attributes& attrs) {
-    curTile = MakeFrom<Tile>(attrs);
+    Begin(curTile, attrs);
     curTile->kindName = tag;
 }
 
-void ConfigLoader::OnStartPlatform(const Attributes& attrs) {
-    curPlatform = MakeFrom<Platform>(attrs);
-}
-
 void ConfigLoader::OnStartPlatformTile(const std::string& tag, const Attributes& attrs) {
-    curPlatformTile = MakeFrom<PlatformTile>(attrs);
+    Begin(curPlatformTile, attrs);
     curPlatformTile->kindName = tag;
 }
 
@@ -227,18 +221,6 @@ void ConfigLoader::OnStartCol() {
     curCol = MakeDi<TemplateElmt>();
 }
 
-void ConfigLoader::OnStartTheme(const Attributes& attrs) {
-    curTheme = MakeFrom<Theme>(attrs);
-}
-
-void ConfigLoader::OnStartCreatureTheme(const Attributes& attrs) {
-    curCreatureTheme = MakeFrom<Theme>(attrs);
-}
-
-void ConfigLoader::OnStartTreasureTheme(const Attributes& attrs) {
-    curTreasureTheme = MakeFrom<Theme>(attrs);
-}
-
 void ConfigLoader::OnStartThemeItem(const Attributes& attrs) {
     for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
         if (EqualsNoCase(Narrow(attrs.getQName(i)), Attrib_UniqueName)) {
@@ -274,10 +256,6 @@ void ConfigLoader::OnEndTile() {
         curTileSet->Set(*curTile);
         curTile = nullptr;
     }
-}
-
-void ConfigLoader::OnEndPlatform() {
-    FileIn(config.platformList, curPlatform);
 }
 
 void ConfigLoader::OnEndPlatformTile() {
@@ -336,18 +314,6 @@ void ConfigLoader::OnEndCol() {
     }
     curCol = nullptr;
     ++col;
-}
-
-void ConfigLoader::OnEndTheme() {
-    FileIn(config.themes, curTheme);
-}
-
-void ConfigLoader::OnEndCreatureTheme() {
-    FileIn(config.creatureThemes, curCreatureTheme);
-}
-
-void ConfigLoader::OnEndTreasureTheme() {
-    FileIn(config.treasureThemes, curTreasureTheme);
 }
 
 Theme* ConfigLoader::OpenTheme() const {

@@ -2,6 +2,7 @@
 // The event handler that turns a configuration file into objects. Not installed.
 #pragma once
 
+#include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/catalogue/ConfigMgr.h>
 #include <vaultry/catalogue/LoadBudget.h>
 #include <vaultry/foundation/Problem.h>
@@ -64,32 +65,28 @@ public:
     /// The first fatal error; nothing when the document was read to its end.
     const std::optional<Problem>& Fault() const { return fault; }
 
+protected:
+    /// What a start tag of that name begins at the place reached.
+    ElementClass Classify(std::string_view tag) const;
+
 private:
     using Attributes = xercesc::Attributes;
 
     void StartTag(const std::string& tag, const Attributes& attrs);
-    void OnStartTileSet(const Attributes& attrs);
+    void EndTag(const std::string& tag);
     void OnStartTile(const std::string& tag, const Attributes& attrs);
-    void OnStartPlatform(const Attributes& attrs);
     void OnStartPlatformTile(const std::string& tag, const Attributes& attrs);
     void OnStartLayout(const Attributes& attrs);
     void OnStartCol();
-    void OnStartTheme(const Attributes& attrs);
-    void OnStartCreatureTheme(const Attributes& attrs);
-    void OnStartTreasureTheme(const Attributes& attrs);
     void OnStartThemeItem(const Attributes& attrs);
     void OnStartContent(const std::string& tag, const Attributes& attrs);
 
     void OnEndTileSet();
     void OnEndTile();
-    void OnEndPlatform();
     void OnEndPlatformTile();
     void OnEndLayout();
     void OnEndRow();
     void OnEndCol();
-    void OnEndTheme();
-    void OnEndCreatureTheme();
-    void OnEndTreasureTheme();
 
     Theme* OpenTheme() const;
     void FileLayout();

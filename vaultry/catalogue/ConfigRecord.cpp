@@ -91,6 +91,7 @@ private:
         const TagPlaces tag = finder.Find(end).value_or(TagPlaces{end, {}});
         ConfigElement element;
         element.name = Narrow(qname);
+        element.element = Classify(element.name);
         element.parent = around;
         element.place = tag.start;
         // The parser tells the written ones in their order, then those of the document type.

@@ -2,7 +2,7 @@
 // A configuration as it is written: its elements with their places. Not installed.
 #pragma once
 
-#include <vaultry/catalogue/ConfigMgr.h>
+#include <vaultry/catalogue/ConfigFormat.h>
 #include <vaultry/foundation/Problem.h>
 
 #include <cstdint>
@@ -25,10 +25,11 @@ struct ConfigElement {
 
     std::string name;
     std::vector<ConfigAttribute> attributes; ///< in document order
-    std::string text;           ///< of the element itself, without that of its children
-    std::string firstText;      ///< its first run, of which the id of a tile is made
-    std::size_t parent = kNone; ///< index of the element around it
-    DocumentPlace place;        ///< of the "<" of its start tag; behind the entity that it is from
+    std::string text;      ///< of the element itself, without that of its children
+    std::string firstText; ///< its first run, of which the id of a tile is made
+    ElementClass element = ElementClass::Unknown; ///< what the loader takes it for
+    std::size_t parent = kNone;                   ///< index of the element around it
+    DocumentPlace place; ///< of the "<" of its start tag; behind the entity that it is from
 };
 
 /// What loading the document reported.

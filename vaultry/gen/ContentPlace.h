@@ -12,6 +12,12 @@
 
 namespace Tarnex {
 
+/// Piles of this many and more whose worth is not plausible are brought down to one that is.
+inline constexpr std::int32_t kLargePile = 6;
+
+/// What such a pile is worth at most. [gold pieces]
+inline constexpr std::int64_t kGreatestWorth = 5000;
+
 /// How many placements a theme item makes.
 struct PlacementCounts {
     std::int64_t minimum; ///< made without the chance test

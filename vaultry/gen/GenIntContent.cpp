@@ -52,10 +52,8 @@ constexpr std::array<WorthTier, 8> kWorths = {{
     {0.99, 1000},
     {0.999, 2500},
 }};
-constexpr std::int64_t kGreatestWorth = 5000;
 
-// Piles below either bound keep the number drawn.
-constexpr std::int32_t kLargePile = 6;
+// Piles below this, and those that are not large, keep the number drawn.
 constexpr std::int64_t kPlausibleWorth = 250;
 
 std::int64_t PileWorth(double draw) {
