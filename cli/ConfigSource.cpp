@@ -65,11 +65,14 @@ std::optional<std::string> ConfigSource::Path() const {
     return builtin == nullptr ? std::optional(name) : std::nullopt;
 }
 
-void ConfigSource::Load(GenMgr& manager, const JobStatus& status) const {
+void ConfigSource::Load(GenMgr& manager, const JobStatus& status, std::string* copy) const {
     if (builtin == nullptr) {
-        manager.Init(name.c_str(), status);
-    } else {
-        manager.InitFromMemory(builtin->text, name.c_str());
+        manager.Init(name.c_str(), status, copy);
+        return;
+    }
+    manager.InitFromMemory(builtin->text, name.c_str());
+    if (copy != nullptr) {
+        *copy = builtin->text;
     }
 }
 

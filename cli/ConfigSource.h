@@ -25,8 +25,10 @@ public:
     std::optional<std::string> Path() const;
 
     /// Reads the configuration into `manager`; the library logs what is wrong with it. When
-    /// `status` says that this was cancelled, `manager` has none.
-    void Load(GenMgr& manager, const JobStatus& status = JobStatus()) const;
+    /// `status` says that this was cancelled, `manager` has none. What is read is put into `copy`,
+    /// since a pipe gives it only once and a file may change; null copies nothing.
+    void
+    Load(GenMgr& manager, const JobStatus& status = JobStatus(), std::string* copy = nullptr) const;
 
     /// Throws UsageError when `manager`, which has loaded it, could not read it to its end: where,
     /// why, what is probably meant and what to do about it.

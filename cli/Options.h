@@ -58,7 +58,7 @@ struct SearchOptions {
     std::uint64_t top = 0;                 ///< the most hits that are kept; 0: all
     std::optional<std::string> csv;        ///< a path
     std::optional<std::string> thumbnails; ///< a folder
-    std::uint32_t jobs = 0;                ///< worker processes; 0: one per processor
+    std::uint32_t jobs = 0;                ///< threads; 0: one per processor
     bool quiet = false;
     bool json = false;
 };

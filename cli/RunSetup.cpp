@@ -57,8 +57,9 @@ bool Configure(GenMgr& manager,
                const ConfigSource& source,
                const CancelSignals& signals,
                const LibraryLog& log,
-               const Console& console) try {
-    source.Load(manager, ConsoleStatus(nullptr, signals, 0));
+               const Console& console,
+               std::string* copy) try {
+    source.Load(manager, ConsoleStatus(nullptr, signals, 0), copy);
     if (signals.Requested()) {
         return false;
     }

@@ -10,6 +10,8 @@
 
 #include <vaultry/gen/GenMgr.h>
 
+#include <string>
+
 namespace Tarnex::Cli {
 
 /// Throws UsageError for options that are wrong or do not go together.
@@ -17,13 +19,14 @@ void CheckText(const GenerateOptions& options);
 
 /// Loads the configuration. Returns false when that was cancelled. Throws UsageError for a broken
 /// one, unless it is to be used all the same, and for a name that it lacks, having shown what was
-/// logged.
+/// logged. The configuration as it was read is put into `copy`; null copies nothing.
 bool Configure(GenMgr& manager,
                const GenerateOptions& options,
                const ConfigSource& source,
                const CancelSignals& signals,
                const LibraryLog& log,
-               const Console& console);
+               const Console& console,
+               std::string* copy = nullptr);
 
 /// Generates what the report's options ask for, showing how far it is, and reports what came of it.
 /// `observer` may be null.

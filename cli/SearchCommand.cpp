@@ -16,11 +16,14 @@
 #include "tools/search/Condition.h"
 #include "tools/search/HitTable.h"
 #include "tools/search/Ranking.h"
+#include "tools/search/SeedJudge.h"
 #include "tools/search/SeedRange.h"
 #include "tools/search/SeedSearch.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/RunState.h>
 #include <vaultry/run/Run.h>
 #include <vaultry/run/SafeFile.h>
 
@@ -28,6 +31,8 @@
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <new>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 
@@ -125,41 +130,47 @@ ExitStatus Merge(const SearchOptions& options, const Query& query, const Console
     return written ? ExitStatus::Success : ExitStatus::Failure;
 }
 
-// Generates and judges one seed after another, in a worker.
-class SeedJudge {
-public:
-    SeedJudge(GenMgr& configured,
-              const GenerateOptions& options,
-              const Search::Condition& condition)
-        : manager(configured), where(condition), run(manager, options),
-          worth(*manager.config.contentMgr) {}
+// What every thread that judges begins with.
+struct Beginning {
+    const GenerateOptions& options;
+    const std::string& config;       // as it was read
+    std::vector<std::string> errors; // of reading it
+    const Search::Condition& where;
+};
 
-    Search::Verdict operator()(std::uint32_t seed) {
-        manager.SetLevelObserver(&shapes);
-        const RunResult result = run.GenerateFrom(seed);
-        manager.SetLevelObserver(nullptr);
-        std::vector<Report::LevelShape> levels = shapes.Take();
-        if (result.end != RunEnd::Made) {
-            return {std::nullopt, result.errors.empty() ? "no reason known" : result.errors.back()};
+// What every such thread has of its own: chance and log, which would be the process's, and the
+// configuration, whose objects belong to one thread at a time.
+class ThreadJudge {
+public:
+    ThreadJudge(const Beginning& beginning, JobStatus& status) : run(manager, beginning.options) {
+        Logger::InitWithoutFile();
+        manager.SetJobStatus(&status);
+        manager.InitFromMemory(beginning.config, beginning.options.config.c_str(), status);
+        // The same text gives the same errors, unless there is no memory for it once more.
+        if (Logger::GetErrors() != beginning.errors) {
+            throw std::bad_alloc();
         }
-        Report::DungeonTally tally =
-            Report::Tally(manager.mod, manager.report, std::move(levels), worth);
-        tally.seed = seed;
-        tally.errors = result.errors.size();
-        Report::FactValues values = Report::ValuesOf(tally);
-        if (!where.Holds(values)) {
-            return {};
-        }
-        return {std::move(values), {}};
+        const auto make = [this](std::uint32_t seed) { return run.GenerateFrom(seed); };
+        judge.emplace(manager, make, beginning.where);
     }
 
+    Search::Verdict Judge(std::uint32_t seed) { return judge->Judge(seed); }
+
 private:
-    GenMgr& manager;
-    const Search::Condition& where;
+    RunState state;
+    UseRunState use{&state};
+    GenMgr manager;
     Run run;
-    Report::ContentWorth worth;
-    Report::ShapeCollector shapes;
+    std::optional<Search::SeedJudge> judge;
 };
+
+// `beginning` must outlive what is made.
+Search::MakeJudge JudgeMaker(const Beginning& beginning) {
+    return [&beginning](JobStatus& status) -> Search::Judge {
+        const auto judge = std::make_shared<ThreadJudge>(beginning, status);
+        return [judge](std::uint32_t seed) { return judge->Judge(seed); };
+    };
+}
 
 // Shows how far the search is and passes Ctrl-C on.
 class Watcher : public Search::SearchListener {
@@ -177,11 +188,6 @@ public:
     void Found(Report::FactValues values) override {
         const auto seed = static_cast<std::uint32_t>(values.front());
         ranking.Add({std::move(values), GenerateCommandLine(report.options.generate, seed)});
-    }
-
-    void TriedAgain(std::uint32_t seed, const std::string& why) override {
-        line.SetText("");
-        console.Warn("seed " + std::to_string(seed) + " is tried again: " + why);
     }
 
     void Lost(std::uint32_t seed, const std::string& why) override {
@@ -337,15 +343,17 @@ ExitStatus SearchRange(const SearchOptions& options, const Query& query, const C
     GenerateOptions fixedChance = options.generate;
     fixedChance.stamp = fixedChance.stamp.value_or(kUsualStamp);
     FixChance(fixedChance);
-    const bool configured = Configure(manager, fixedChance, source, signals, log, console);
+    std::string config;
+    const bool configured = Configure(manager, fixedChance, source, signals, log, console, &config);
     report.errors = log.Errors();
     console.Show(report.errors);
     MakeFolder(options.thumbnails);
     Search::Ranking ranking(query.order, options.top);
     if (configured) {
         Watcher watcher(report, ranking, signals, console);
-        report.outcome = Search::SearchSeeds(
-            *report.range, JobsOf(options), SeedJudge(manager, fixedChance, query.where), watcher);
+        const Beginning beginning{fixedChance, config, Logger::GetErrors(), query.where};
+        report.outcome =
+            Search::SearchSeeds(*report.range, JobsOf(options), JudgeMaker(beginning), watcher);
         report.seconds = watcher.Seconds();
     } else {
         report.outcome = {Search::SearchEnd::Stopped, 0, report.range->first};

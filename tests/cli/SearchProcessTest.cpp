@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Searches that are interrupted, lose workers or are split among processes.
+// Searches that are interrupted, killed or split among processes.
 #ifndef _WIN32
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
@@ -29,30 +28,6 @@ using Lines = std::vector<std::string>;
 // A search that is lost ends nevertheless, and the test with it [s].
 constexpr unsigned kLongest = 300;
 
-// Not every system lists the children of a process.
-pid_t ParentOf(const fs::path& process) {
-    std::ifstream stat(process / "stat");
-    const std::string text(std::istreambuf_iterator<char>(stat), {});
-    // Number (name) state parent: the name may hold anything.
-    std::istringstream behind(text.substr(std::min(text.rfind(')') + 1, text.size())));
-    char state = 0;
-    pid_t parent = 0;
-    behind >> state >> parent;
-    return parent;
-}
-
-std::vector<pid_t> ChildrenOf(pid_t process) {
-    std::vector<pid_t> children;
-    for (const auto& entry : fs::directory_iterator("/proc")) {
-        const std::string name = entry.path().filename();
-        if (std::isdigit(static_cast<unsigned char>(name.front())) != 0 &&
-            ParentOf(entry.path()) == process) {
-            children.push_back(static_cast<pid_t>(std::stol(name)));
-        }
-    }
-    return children;
-}
-
 // A search of all seeds there are, which comes to no end by itself.
 class EndlessSearchTest : public ProgramTest {
 protected:
@@ -61,7 +36,7 @@ protected:
         close(out);
     }
 
-    void Start(const Lines& more = {}) {
+    void Start() {
         std::array<int, 2> outPipe{};
         std::array<int, 2> errPipe{};
         ASSERT_EQ(pipe2(outPipe.data(), O_CLOEXEC), 0);
@@ -69,7 +44,6 @@ protected:
         std::vector<std::string> words = {
             VAULTRY_PROGRAM, "search", "--seeds", "0..4294967295", "--jobs", "2"};
         words.insert(words.end(), {"--csv", File("found.csv"), "--size", "tiny", "--top", "9"});
-        words.insert(words.end(), more.begin(), more.end());
         child = fork();
         if (child == 0) {
             Become(words, outPipe[1], errPipe[1]);
@@ -80,18 +54,18 @@ protected:
         err = errPipe[0];
     }
 
-    // The first worker, once there is one: then the search is on its way. 0 when it ended before.
-    pid_t Worker() const {
+    // Waits until the search has its threads: then it is on its way. False when it ended before.
+    bool IsUnderWay() const {
+        const fs::path threads = "/proc/" + std::to_string(child) + "/task";
         for (;;) {
-            const std::vector<pid_t> workers = ChildrenOf(child);
-            if (!workers.empty()) {
-                return workers.front();
+            std::error_code gone;
+            if (std::distance(fs::directory_iterator(threads, gone), {}) > 1) {
+                return true;
             }
             siginfo_t ended{};
             if (waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) != 0 ||
                 ended.si_pid == child) {
-                ADD_FAILURE() << "the search ended before it had a worker";
-                return 0;
+                return false;
             }
             std::this_thread::yield();
         }
@@ -107,18 +81,28 @@ protected:
         return text;
     }
 
-    std::string ErrLine() const {
-        std::string line;
-        for (char c = 0; read(err, &c, 1) == 1 && c != '\n';) {
-            line += c;
-        }
-        return line;
-    }
-
     int Wait() const {
         int status = 0;
         waitpid(child, &status, 0);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    void ExpectEndWithWhatItHas(int number) {
+        Write("found.csv", "old");
+        Start();
+        ASSERT_TRUE(IsUnderWay());
+        kill(child, number);
+        Rest(out);
+        const std::string said = Rest(err);
+        EXPECT_EQ(Wait(), 130);
+        EXPECT_EQ(said.find("vaultry: cancelled: found "), 0U) << said;
+        EXPECT_TRUE(Contains(said, "; go on with --seeds ")) << said;
+        EXPECT_EQ(Files(), Lines{"found.csv"});
+        const std::string table = Read("found.csv");
+        EXPECT_EQ(table.find("seed,levels,rooms,"), 0U);
+        EXPECT_EQ(table.back(), '\n');
+        // The table can be merged with those of other parts.
+        EXPECT_EQ(Run({"search", "--merge", "found.csv"}).status, 0);
     }
 
     pid_t child = 0;
@@ -143,44 +127,18 @@ private:
 };
 
 TEST_F(EndlessSearchTest, InterruptEndsItWithWhatItHas) {
-    Write("found.csv", "old");
-    Start();
-    ASSERT_NE(Worker(), 0);
-    kill(child, SIGINT);
-    const std::string listed = Rest(out);
-    EXPECT_EQ(Wait(), 130);
-    const std::string said = Rest(err);
-    EXPECT_EQ(said.find("vaultry: cancelled: found "), 0U) << said;
-    EXPECT_TRUE(Contains(said, "; go on with --seeds ")) << said;
-    EXPECT_EQ(Files(), Lines{"found.csv"});
-    const std::string table = Read("found.csv");
-    EXPECT_EQ(table.find("seed,levels,rooms,"), 0U);
-    EXPECT_EQ(table.back(), '\n');
-    // The table can be merged with those of other parts.
-    const Outcome merged = Run({"search", "--merge", "found.csv"});
-    EXPECT_EQ(merged.status, 0);
+    ExpectEndWithWhatItHas(SIGINT);
 }
 
-TEST_F(EndlessSearchTest, AKilledWorkerIsReplacedAndItsSeedNamed) {
-    Start();
-    const pid_t worker = Worker();
-    ASSERT_NE(worker, 0);
-    kill(worker, SIGKILL);
-    const std::string line = ErrLine();
-    EXPECT_EQ(line.find("vaultry: warning: seed "), 0U) << line;
-    EXPECT_TRUE(Contains(line, " is tried again: its worker was ended by signal 9")) << line;
-    kill(child, SIGINT);
-    Rest(out);
-    EXPECT_EQ(Wait(), 130);
-    EXPECT_FALSE(Contains(Rest(err), "could not be judged"));
+TEST_F(EndlessSearchTest, TerminationEndsItWithWhatItHas) {
+    ExpectEndWithWhatItHas(SIGTERM);
 }
 
-TEST_F(EndlessSearchTest, AKilledSearchLeavesNoWorkersAndTheOldTable) {
+TEST_F(EndlessSearchTest, AKilledSearchLeavesTheOldTable) {
     Write("found.csv", "old");
     Start();
-    ASSERT_NE(Worker(), 0);
+    ASSERT_TRUE(IsUnderWay());
     kill(child, SIGKILL);
-    // It ends only when every worker has closed its side.
     EXPECT_EQ(Rest(out), "");
     EXPECT_EQ(Wait(), -1);
     EXPECT_EQ(Files(), Lines{"found.csv"});

@@ -209,6 +209,30 @@ TEST_F(SearchTest, ErrorsOfTheConfigurationAreSaidOnce) {
     EXPECT_EQ(std::ranges::count(lines, std::string(kFaultyLine)), 1);
 }
 
+#ifndef _WIN32
+// What a pipe holds can be read once, and every thread needs it.
+TEST_F(SearchTest, SearchesTheConfigurationOfAPipe) {
+    const Lines asked = {"--seeds", "1..40", "--fixed", "--jobs", "3", "--csv"};
+    Lines words = {"search", "-c", smallConfig};
+    words.insert(words.end(), asked.begin(), asked.end());
+    words.push_back("file.csv");
+    EXPECT_EQ(Run(words).status, 0);
+    words[2] = "/dev/stdin";
+    words.back() = "pipe.csv";
+    std::string line = "cat '" + smallConfig + "' | '" VAULTRY_PROGRAM "'";
+    for (const std::string& word : words) {
+        line += ' ' + word;
+    }
+    EXPECT_EQ(RunAfter(line, {"--version"}).status, 0);
+    EXPECT_EQ(LinesOf(Read("pipe.csv")).size(), 41U);
+    std::string table = Read("file.csv");
+    for (std::size_t at = 0; (at = table.find(smallConfig, at)) != std::string::npos;) {
+        table.replace(at, std::string(smallConfig).size(), "/dev/stdin");
+    }
+    EXPECT_EQ(Read("pipe.csv"), table);
+}
+#endif
+
 TEST_F(SearchTest, AConfigurationThatMakesNothingEndsTheSearch) {
     Write("empty.xml", "<OstrelData/>");
     const Outcome outcome = Run({"search", "--seeds", "1..1000000", "-c", File("empty.xml")});

@@ -99,6 +99,22 @@ TEST_F(GenMgrTest, DocumentInMemoryServesAsWell) {
     EXPECT_EQ(Defaults(), (Lines{"Stone", "Hut", "Poor", "(none)", "Coins"}));
 }
 
+TEST_F(GenMgrTest, WhatIsReadOfAFileServesFurtherManagers) {
+    // An encoding of its own and more than one block.
+    const std::string document =
+        "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><OstrelData><Theme Name=\"Gr\xFC"
+        "fte\"/><!--" +
+        std::string(200'000, 'x') + "--></OstrelData>";
+    std::string copy;
+    mgr.Init(dir.Write("config.xml", document).c_str(), JobStatus(), &copy);
+    EXPECT_EQ(copy, document);
+    GenMgr other;
+    other.InitFromMemory(copy, "config.xml");
+    EXPECT_EQ(NameOf(other.GetDefaultTheme()),
+              "Gr\xFC"
+              "fte");
+}
+
 // Says yes at a wanted question.
 class CancelingStatus : public JobStatus {
 public:
@@ -140,6 +156,12 @@ TEST_F(GenMgrTest, ReadingAsksWhateverTheDocumentIsLongOf) {
         const CancelingStatus later(8);
         mgr.Init(dir.Write("config.xml", document).c_str(), later);
         EXPECT_EQ(later.asked, 8);
+        EXPECT_EQ(Defaults(), (Lines{"(none)", "(none)", "(none)", "(none)", "(none)"}));
+        mgr.InitFromMemory(document, "built in", never);
+        EXPECT_EQ(Defaults(), (Lines{"Stone", "Hut", "Poor", "(none)", "Coins"}));
+        const CancelingStatus inMemory(8);
+        mgr.InitFromMemory(document, "built in", inMemory);
+        EXPECT_EQ(inMemory.asked, 8);
         EXPECT_EQ(Defaults(), (Lines{"(none)", "(none)", "(none)", "(none)", "(none)"}));
     }
     EXPECT_TRUE(ErrorLines().empty());

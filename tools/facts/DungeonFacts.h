@@ -52,13 +52,17 @@ struct DungeonTally {
 /// Collects the shapes of a run's levels.
 class ShapeCollector : public LevelObserver {
 public:
+    /// `job`, which may be null and is not owned, is asked whether the shapes are still wanted.
+    explicit ShapeCollector(const JobStatus* job = nullptr) : status(job) {}
+
     void LevelFinished(const FinishedLevel& level) override {
-        shapes.push_back(ShapeOf(MapOf(level)));
+        shapes.push_back(ShapeOf(MapOf(level), status));
     }
     /// Hands the shapes over and starts anew.
     std::vector<LevelShape> Take() { return std::exchange(shapes, {}); }
 
 private:
+    const JobStatus* status;
     std::vector<LevelShape> shapes;
 };
 

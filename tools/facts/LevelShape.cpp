@@ -191,11 +191,17 @@ void Walk(const Places& places,
     }
 }
 
-void MeasureWays(const LevelMap& map, const Places& places, LevelShape& shape) {
+void MeasureWays(const LevelMap& map,
+                 const Places& places,
+                 const JobStatus* status,
+                 LevelShape& shape) {
     const auto rooms = RoomsOf(map, places);
     std::vector<std::size_t> steps;
     std::vector<std::size_t> queue;
     for (std::size_t from = 0; from < rooms.size(); ++from) {
+        if (status != nullptr && status->HasBeenCanceled()) {
+            return;
+        }
         Walk(places, rooms[from], steps, queue);
         for (std::size_t to = from + 1; to < rooms.size(); ++to) {
             std::size_t way = kNowhere;
@@ -222,7 +228,7 @@ void CountCells(const LevelMap& map, LevelShape& shape) {
 
 } // namespace
 
-LevelShape ShapeOf(const LevelMap& map) {
+LevelShape ShapeOf(const LevelMap& map, const JobStatus* status) {
     LevelShape shape;
     shape.rooms = static_cast<std::uint32_t>(map.rooms.size());
     CountCells(map, shape);
@@ -234,7 +240,7 @@ LevelShape ShapeOf(const LevelMap& map) {
     Groups chambers = Chambers(places);
     shape.halls = CountHalls(places);
     shape.loops = CountLoops(places, chambers);
-    MeasureWays(map, places, shape);
+    MeasureWays(map, places, status, shape);
     return shape;
 }
 

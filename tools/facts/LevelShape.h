@@ -4,6 +4,8 @@
 
 #include "tools/maps/LevelMap.h"
 
+#include <vaultry/foundation/JobStatus.h>
+
 #include <cstdint>
 
 namespace Tarnex::Report {
@@ -25,7 +27,9 @@ struct LevelShape {
 /// Judges a map by its openings: one can step from a cell to its neighbour where both are open to
 /// each other. A chamber is a group of room cells that hang together without a doorway between;
 /// loops are those of the graph of chambers and pieces of hall. Four pieces of hall in a square
-/// that are all open to each other go around a pillar at most and are no loop.
-LevelShape ShapeOf(const LevelMap& map);
+/// that are all open to each other go around a pillar at most and are no loop. The ways of a large
+/// interior take long to measure: `status`, which may be null, is asked meanwhile, and once it says
+/// so they are not measured any further.
+LevelShape ShapeOf(const LevelMap& map, const JobStatus* status = nullptr);
 
 } // namespace Tarnex::Report

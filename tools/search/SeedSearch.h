@@ -2,33 +2,31 @@
 // Judging many seeds at once.
 #pragma once
 
-#include "tools/facts/DungeonFacts.h"
 #include "tools/search/SeedRange.h"
+#include "tools/search/Verdict.h"
+
+#include <vaultry/foundation/JobStatus.h>
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace Tarnex::Search {
 
-/// What came of one seed.
-struct Verdict {
-    std::optional<Report::FactValues> found; ///< the facts, if the seed is wanted
-    std::string fault;                       ///< why there is no dungeon; empty: there is one
-};
-
-/// Judges a seed. Runs in processes of its own, which begin as copies of this one.
+/// Judges a seed.
 using Judge = std::function<Verdict(std::uint32_t seed)>;
 
-/// Hears of a search while it runs.
+/// Makes a judge for the thread that calls, which alone uses it and lets go of it. `status`, which
+/// outlives the judge, asks for the end of a run whose verdict is not waited for any more. Called
+/// by several threads at once.
+using MakeJudge = std::function<Judge(JobStatus& status)>;
+
+/// Hears of a search while it runs, on the thread that searches, and of the seeds in their order.
 class SearchListener {
 public:
     virtual ~SearchListener();
-    /// A seed that is wanted; the seeds come in no order.
+    /// A seed that is wanted.
     virtual void Found(Report::FactValues values) = 0;
-    /// A seed that will be tried a second time, as its worker ended.
-    virtual void TriedAgain(std::uint32_t seed, const std::string& why) = 0;
     /// A seed that could not be judged.
     virtual void Lost(std::uint32_t seed, const std::string& why) = 0;
     /// Asked several times a second with how many seeds are done; false ends the search.
@@ -39,7 +37,7 @@ public:
 enum class SearchEnd {
     Complete,
     Stopped, ///< the listener asked for it
-    Failed,  ///< too many seeds could not be judged, or too many workers ended
+    Failed,  ///< too many seeds could not be judged
 };
 
 /// How far a search came.
@@ -49,13 +47,16 @@ struct SearchOutcome {
     std::uint64_t nextSeed = 0; ///< all seeds before it are done
 };
 
-/// As many seeds may be lost, and as many workers may end, until a search is given up.
-inline constexpr std::uint32_t kMostFailures = 20;
+/// As many seeds may be lost until a search is given up.
+inline constexpr std::uint32_t kMostLost = 20;
 
-/// Judges every seed of the range in `jobs` worker processes. A worker that ends is replaced, and
-/// its seed is tried once more. What is found depends on no number of jobs. Throws
-/// std::system_error when a worker cannot be started.
-SearchOutcome
-SearchSeeds(const SeedRange& range, std::size_t jobs, Judge judge, SearchListener& listener);
+/// Judges every seed of the range on `jobs` threads, or on as many as there are seeds. What is
+/// found depends on no number of jobs, and neither does what a search came to that was not stopped.
+/// Throws what a judge throws, and std::system_error when a thread cannot be started, in either
+/// case once all threads have ended.
+SearchOutcome SearchSeeds(const SeedRange& range,
+                          std::size_t jobs,
+                          const MakeJudge& makeJudge,
+                          SearchListener& listener);
 
 } // namespace Tarnex::Search

@@ -240,9 +240,9 @@ void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy) {
 }
 
 std::optional<Problem>
-ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status) {
+ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status, std::string* copy) {
     ConfigLoader loader(config, path, status);
-    ReadConfigFile(path, loader);
+    ReadConfigFile(path, loader, copy);
     return loader.Fault();
 }
 
@@ -250,8 +250,11 @@ void ReadConfigText(std::string_view text, const char* name, ConfigLoader& loade
     Read(loader, [text, name] { return MemorySource(text, name); });
 }
 
-std::optional<Problem> ReadConfigText(std::string_view text, const char* name, ConfigMgr& config) {
-    ConfigLoader loader(config, name);
+std::optional<Problem> ReadConfigText(std::string_view text,
+                                      const char* name,
+                                      ConfigMgr& config,
+                                      const JobStatus* status) {
+    ConfigLoader loader(config, name, status);
     ReadConfigText(text, name, loader);
     return loader.Fault();
 }

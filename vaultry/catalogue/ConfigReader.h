@@ -23,15 +23,20 @@ std::string StartXmlParser();
 /// entity, DTD or schema is opened; nesting, entity expansion, text and memory are limited. No
 /// exception of the parser leaves the function; std::bad_alloc does when the machine's memory runs
 /// out, and LoadCanceled when `status`, which may be null, says so.
-/// Returns the first fatal problem, or nothing.
-std::optional<Problem>
-ReadConfigFile(const char* path, ConfigMgr& config, const JobStatus* status = nullptr);
+/// What is read is appended to `copy` before the parser sees it; null copies nothing. Returns the
+/// first fatal problem, or nothing.
+std::optional<Problem> ReadConfigFile(const char* path,
+                                      ConfigMgr& config,
+                                      const JobStatus* status = nullptr,
+                                      std::string* copy = nullptr);
 
 /// Like ReadConfigFile, but from a document held in memory. `name` (UTF-8) stands for the file.
-std::optional<Problem> ReadConfigText(std::string_view text, const char* name, ConfigMgr& config);
+std::optional<Problem> ReadConfigText(std::string_view text,
+                                      const char* name,
+                                      ConfigMgr& config,
+                                      const JobStatus* status = nullptr);
 
-/// Likewise with a loader of the caller's, which hears every event of the parser. What is read of
-/// the file is appended to `copy` before the parser sees it; null copies nothing.
+/// Likewise with a loader of the caller's, which hears every event of the parser.
 void ReadConfigFile(const char* path, ConfigLoader& loader, std::string* copy = nullptr);
 void ReadConfigText(std::string_view text, const char* name, ConfigLoader& loader);
 

@@ -98,13 +98,18 @@ void GenMgr::Init(const char* configPath) {
     Read([this, configPath] { return ReadConfigFile(OrEmpty(configPath), config); });
 }
 
-void GenMgr::Init(const char* configPath, const JobStatus& status) {
+void GenMgr::Init(const char* configPath, const JobStatus& status, std::string* copy) {
     const CalmStatus calm(status);
-    Read([&] { return ReadConfigFile(OrEmpty(configPath), config, &calm); });
+    Read([&] { return ReadConfigFile(OrEmpty(configPath), config, &calm, copy); });
 }
 
 void GenMgr::InitFromMemory(std::string_view text, const char* name) {
     Read([this, text, name] { return ReadConfigText(text, OrEmpty(name), config); });
+}
+
+void GenMgr::InitFromMemory(std::string_view text, const char* name, const JobStatus& status) {
+    const CalmStatus calm(status);
+    Read([&] { return ReadConfigText(text, OrEmpty(name), config, &calm); });
 }
 
 // What was read until memory ran out or that was cancelled would pass for a whole configuration.

@@ -47,12 +47,16 @@ public:
     void Init(const char* configPath);
 
     /// Likewise, asking all the while whether that was cancelled. When it was, or when `status`
-    /// threw, the configuration is empty. Waits for a pipe are ended too.
-    void Init(const char* configPath, const JobStatus& status);
+    /// threw, the configuration is empty. Waits for a pipe are ended too. What is read is appended
+    /// to `copy`, so that further managers can have the same; null copies nothing.
+    void Init(const char* configPath, const JobStatus& status, std::string* copy = nullptr);
 
     /// Like Init, but from a document held in memory, which is needed during the call only. `name`
     /// (UTF-8) stands for the file.
     void InitFromMemory(std::string_view text, const char* name);
+
+    /// Likewise, asking all the while whether that was cancelled, as Init does.
+    void InitFromMemory(std::string_view text, const char* name, const JobStatus& status);
 
     /// Why the configuration was not read to its end; nothing when it was, or when that was
     /// cancelled. What stood before is there all the same: whether to use it is for the front end

@@ -15,6 +15,7 @@
 //   line
 //   VAULTRY_DRAWS_TILL=n     a picture in pixels is never done; the process is sent signal n as
 //   soon as it is begun
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -35,7 +36,7 @@ long NumberIn(const char* variable) {
     return text == nullptr ? 0 : std::atol(text);
 }
 
-long allocations = 0;
+std::atomic<long> allocations = 0; // of all threads
 long failing = 0;
 long every = 0; // 0 in a copy
 long from = 0;
@@ -71,11 +72,11 @@ bool Fails() {
     if (!begun) {
         return false;
     }
-    ++allocations;
-    if (every > 0 && allocations > from && allocations % every == 0) {
+    const long number = ++allocations;
+    if (every > 0 && number > from && number % every == 0) {
         FailInACopy();
     }
-    return allocations == failing || (goesOn && failing > 0 && allocations > failing);
+    return number == failing || (goesOn && failing > 0 && number > failing);
 }
 
 void* Allocate(std::size_t size, std::size_t alignment) {
@@ -97,7 +98,7 @@ __attribute__((destructor)) void WriteCount() {
     const char* name = std::getenv("VAULTRY_COUNT_IN");
     std::FILE* file = name == nullptr ? nullptr : std::fopen(name, "w");
     if (file != nullptr) {
-        std::fprintf(file, "%ld\n", allocations);
+        std::fprintf(file, "%ld\n", allocations.load());
         std::fclose(file);
     }
 }

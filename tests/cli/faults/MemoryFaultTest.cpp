@@ -57,9 +57,9 @@ protected:
     }
 
     // The first ones, in which the program starts, and others over the whole run; or all of them.
-    static std::set<int> Moments(int count) {
+    static std::set<int> Moments(int count, int wanted = 170) {
         constexpr int kFirst = 30;
-        const int others = TryAll() ? count : 170;
+        const int others = TryAll() ? count : wanted;
         std::set<int> moments;
         for (int i = 1; i <= kFirst; ++i) {
             moments.insert(i);
@@ -112,6 +112,41 @@ TEST_F(MemoryFaultTest, OneFailingAllocationEndsTheRunWithAMessage) {
 
 TEST_F(MemoryFaultTest, MemoryThatHasRunOutEndsTheRunWithAMessage) {
     FailEverywhere("VAULTRY_FAIL_ON=1");
+}
+
+// Which allocation is whose is for the threads to settle: any may be the one that fails.
+TEST_F(MemoryFaultTest, ASearchWhoseMemoryFailsEndsWithAMessageOnAnyThread) {
+    const Lines search = {"search",
+                          "-c",
+                          VAULTRY_SOURCE_DIR "/tests/golden/configs/rooms_full.xml",
+                          "--seeds",
+                          "1..4",
+                          "--jobs",
+                          "2",
+                          "--size",
+                          "tiny",
+                          "--csv",
+                          "found.csv"};
+    const int count = Count(search);
+    const std::string whole = Read("found.csv");
+    ASSERT_EQ(whole.substr(0, 4), "seed");
+    for (const char* more : {"", "VAULTRY_FAIL_ON=1"}) {
+        int failures = 0;
+        for (const int moment : Moments(count, 40)) {
+            SCOPED_TRACE(moment);
+            const Outcome outcome =
+                RunWithFaults("VAULTRY_FAIL_AT=" + std::to_string(moment) + ' ' + more, search);
+            failures += outcome.status != 0 ? 1 : 0;
+            if (outcome.status == 0) {
+                EXPECT_TRUE(Read("found.csv") == whole);
+                continue;
+            }
+            EXPECT_TRUE(outcome.status == 1 || outcome.status == 2)
+                << outcome.status << ' ' << outcome.err;
+            EXPECT_TRUE(SaysOutOfMemory(outcome.err)) << outcome.err;
+        }
+        EXPECT_GT(failures, 20);
+    }
 }
 
 // What the parser allocates when it starts, it answers in many ways when it fails.

@@ -96,6 +96,17 @@ TEST(LevelShapeTest, TwoRoomsAndAHall) {
     EXPECT_TRUE(shape.connected);
 }
 
+TEST(LevelShapeTest, WaysThatAreWaitedForNoMoreAreNotMeasured) {
+    class AtOnce : public JobStatus {
+        bool HasBeenCanceled() const override { return true; }
+    };
+    const JobStatus never;
+    const LevelMap map = Drawn({"A-B"});
+    const AtOnce atOnce;
+    EXPECT_EQ(Report::ShapeOf(map, &never).longestWay, 2U);
+    EXPECT_EQ(Report::ShapeOf(map, &atOnce).longestWay, 0U);
+}
+
 TEST(LevelShapeTest, ASecondHallClosesALoop) {
     EXPECT_EQ(Shape({"aA--Bb", "aA--Bb"}).loops, 1U);
     EXPECT_EQ(Shape({"aA--Bb", "aa..bb", "aA--Bb", "aa..bb", "aA--Bb"}).loops, 2U);

@@ -1,35 +1,30 @@
 // SPDX-License-Identifier: MIT
-// Searching in worker processes, which may end at any time.
-#ifndef _WIN32
-
 #include "tools/search/SeedSearch.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <atomic>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
+#include <memory>
+#include <new>
 #include <set>
 #include <stdexcept>
 #include <string>
-#include <tests/support/TempDir.h>
+#include <thread>
 #include <utility>
+#include <vector>
 
 namespace Tarnex::Test {
 
 namespace {
 
+using Search::Judge;
 using Search::SearchEnd;
 using Search::SearchOutcome;
 using Search::SeedRange;
 using Search::Verdict;
 using Seeds = std::set<std::uint32_t>;
-using Reasons = std::set<std::pair<std::uint32_t, std::string>>;
-
-// Asked at least ten times a second, the listener ends a search that has long come no further: a
-// seed that nobody judges fails a test instead of keeping it for ever.
-constexpr int kLongestStandstill = 600;
+using Reasons = std::vector<std::pair<std::uint32_t, std::string>>;
 
 // Keeps account of everything that it hears.
 class Listener : public Search::SearchListener {
@@ -37,58 +32,69 @@ public:
     void Found(Report::FactValues values) override {
         EXPECT_EQ(values.size(), 2U);
         EXPECT_EQ(values.at(1), -values.at(0));
-        EXPECT_TRUE(found.insert(static_cast<std::uint32_t>(values.at(0))).second);
+        ExpectInOrder(static_cast<std::uint32_t>(values.at(0)));
+        found.insert(static_cast<std::uint32_t>(values.at(0)));
     }
-    void TriedAgain(std::uint32_t seed, const std::string& why) override {
-        triedAgain.emplace(seed, why);
+    void Lost(std::uint32_t seed, const std::string& why) override {
+        ExpectInOrder(seed);
+        lost.emplace_back(seed, why);
     }
-    void Lost(std::uint32_t seed, const std::string& why) override { lost.emplace(seed, why); }
-    bool GoesOn(std::uint64_t done) override {
-        standstill = done == lastDone ? standstill + 1 : 0;
-        lastDone = done;
-        return done < stopAt && standstill < kLongestStandstill;
-    }
+    bool GoesOn(std::uint64_t done) override { return done < stopAt && !stop; }
 
     std::uint64_t stopAt = UINT64_MAX;
+    std::atomic<bool> stop = false;
     Seeds found;
-    Reasons triedAgain;
     Reasons lost;
 
 private:
-    std::uint64_t lastDone = 0;
-    int standstill = 0;
+    void ExpectInOrder(std::uint32_t seed) {
+        EXPECT_GE(seed, least);
+        least = std::uint64_t{seed} + 1;
+    }
+
+    std::uint64_t least = 0; // that may come next
 };
 
 Verdict Wanted(std::uint32_t seed) {
     return {Report::FactValues{seed, -std::int64_t{seed}}, {}};
 }
 
-class SeedSearchTest : public ::testing::Test {
-protected:
-    SearchOutcome Run(const SeedRange& range, std::size_t jobs, Search::Judge judge) {
-        return Search::SearchSeeds(range, jobs, std::move(judge), listener);
-    }
+Verdict Faulty(std::uint32_t /*seed*/) {
+    return {std::nullopt, "no tiles"};
+}
 
-    // All seeds of the range but the given ones.
-    static Seeds AllBut(const SeedRange& range, const Seeds& missing) {
-        Seeds seeds;
-        for (std::uint64_t seed = range.first; seed <= range.last; ++seed) {
-            if (!missing.contains(static_cast<std::uint32_t>(seed))) {
-                seeds.insert(static_cast<std::uint32_t>(seed));
-            }
+SearchOutcome
+SearchWith(const SeedRange& range, std::size_t jobs, const Judge& judge, Listener& listener) {
+    return Search::SearchSeeds(
+        range, jobs, [&judge](JobStatus&) { return judge; }, listener);
+}
+
+// All seeds of the range but the given ones.
+Seeds AllBut(const SeedRange& range, const Seeds& missing) {
+    Seeds seeds;
+    for (std::uint64_t seed = range.first; seed <= range.last; ++seed) {
+        if (!missing.contains(static_cast<std::uint32_t>(seed))) {
+            seeds.insert(static_cast<std::uint32_t>(seed));
         }
-        return seeds;
     }
+    return seeds;
+}
 
-    Listener listener;
-};
+// Judges until it is told that nobody waits any more.
+Verdict JudgeTillTheEnd(const JobStatus& status) {
+    while (!status.HasBeenCanceled()) {
+        std::this_thread::yield();
+    }
+    return Wanted(0);
+}
 
-TEST_F(SeedSearchTest, FindsTheSameWhateverTheNumberOfJobs) {
+TEST(SeedSearchTest, FindsTheSameWhateverTheNumberOfJobs) {
     for (const std::size_t jobs : {1U, 2U, 7U, 64U}) {
-        listener = Listener();
-        const SearchOutcome outcome = Run({10, 1009}, jobs, [](std::uint32_t seed) {
+        Listener listener;
+        const auto judge = [](std::uint32_t seed) {
             return seed % 3 == 0 ? Wanted(seed) : Verdict();
-        });
+        };
+        const SearchOutcome outcome = SearchWith({10, 1009}, jobs, judge, listener);
         EXPECT_EQ(outcome.end, SearchEnd::Complete);
         EXPECT_EQ(outcome.done, 1000U);
         EXPECT_EQ(outcome.nextSeed, 1010U);
@@ -97,93 +103,94 @@ TEST_F(SeedSearchTest, FindsTheSameWhateverTheNumberOfJobs) {
     }
 }
 
-TEST_F(SeedSearchTest, ComesToTheEndOfAllSeeds) {
+TEST(SeedSearchTest, ComesToTheEndOfAllSeeds) {
     const SeedRange range{4294967290U, 4294967295U};
-    const SearchOutcome outcome = Run(range, 4, Wanted);
+    Listener listener;
+    const SearchOutcome outcome = SearchWith(range, 4, Wanted, listener);
+    EXPECT_EQ(outcome.end, SearchEnd::Complete);
     EXPECT_EQ(outcome.done, 6U);
     EXPECT_EQ(outcome.nextSeed, 4294967296U);
     EXPECT_EQ(listener.found, AllBut(range, {}));
 }
 
-TEST_F(SeedSearchTest, ASeedThatEndsItsWorkerTwiceIsLeftOut) {
-    const SeedRange range{0, 200};
-    const SearchOutcome outcome = Run(range, 2, [](std::uint32_t seed) {
-        if (seed == 7 || seed == 200) {
-            std::raise(SIGKILL);
-        }
-        return Wanted(seed);
-    });
-    EXPECT_EQ(outcome.end, SearchEnd::Complete);
-    EXPECT_EQ(outcome.done, 201U);
-    EXPECT_EQ(listener.found, AllBut(range, {7, 200}));
-    const std::string why = "its worker was ended by signal 9 (Killed)";
-    const Reasons both = {{7, why}, {200, why}};
-    EXPECT_EQ(listener.triedAgain, both);
-    EXPECT_EQ(listener.lost, both);
+TEST(SeedSearchTest, OneSeedTakesOneThread) {
+    Listener listener;
+    std::atomic<int> judges = 0;
+    const auto make = [&judges](JobStatus&) -> Judge {
+        ++judges;
+        return Wanted;
+    };
+    EXPECT_EQ(Search::SearchSeeds({3, 3}, 1024, make, listener).done, 1U);
+    EXPECT_EQ(judges, 1);
+    EXPECT_EQ(listener.found, Seeds{3});
 }
 
-TEST_F(SeedSearchTest, AWorkerThatIsKilledOnceLosesNothing) {
-    const TempDir folder;
-    const std::string mark = folder.File("killed");
-    const SeedRange range{0, 200};
-    const SearchOutcome outcome = Run(range, 2, [&mark](std::uint32_t seed) {
-        if (seed == 50 && !std::filesystem::exists(mark)) {
-            std::ofstream(mark).close();
-            std::raise(SIGKILL);
-        }
-        return Wanted(seed);
-    });
-    EXPECT_EQ(outcome.end, SearchEnd::Complete);
-    EXPECT_EQ(listener.found, AllBut(range, {}));
-    EXPECT_EQ(listener.triedAgain.size(), 1U);
-    EXPECT_TRUE(listener.lost.empty());
-}
-
-TEST_F(SeedSearchTest, AWorkerThatThrowsEnds) {
-    Run({1, 9}, 1, [](std::uint32_t seed) {
-        return seed == 4 ? throw std::runtime_error("no") : Wanted(seed);
-    });
-    EXPECT_EQ(listener.lost, (Reasons{{4, "its worker ended with status 1"}}));
-}
-
-TEST_F(SeedSearchTest, FaultsAreTold) {
-    const SearchOutcome outcome = Run({1, 9}, 2, [](std::uint32_t seed) {
-        return seed == 4 ? Verdict{std::nullopt, "no\ntiles"} : Wanted(seed);
-    });
-    EXPECT_EQ(outcome.end, SearchEnd::Complete);
-    EXPECT_EQ(listener.found, AllBut({1, 9}, {4}));
-    EXPECT_EQ(listener.lost, (Reasons{{4, "no tiles"}}));
-}
-
-TEST_F(SeedSearchTest, TwentyFaultySeedsAreBorne) {
-    const SeedRange range{1, 60};
-    const auto judge = [](std::uint32_t faulty) {
-        return [faulty](std::uint32_t seed) {
-            return seed <= faulty ? Verdict{std::nullopt, "no tiles"} : Wanted(seed);
+TEST(SeedSearchTest, EachThreadMakesAndDropsItsOwnJudge) {
+    // Whether it is used and dropped on the thread that made it.
+    struct Own {
+        std::thread::id maker = std::this_thread::get_id();
+        std::atomic<int>& wrong;
+        explicit Own(std::atomic<int>& count) : wrong(count) {}
+        ~Own() { Check(); }
+        Own(const Own&) = delete;
+        Own& operator=(const Own&) = delete;
+        void Check() const { wrong += maker == std::this_thread::get_id() ? 0 : 1; }
+    };
+    Listener listener;
+    std::atomic<int> wrong = 0;
+    const auto make = [&wrong](JobStatus&) -> Judge {
+        const auto own = std::make_shared<Own>(wrong);
+        return [own](std::uint32_t seed) {
+            own->Check();
+            return Wanted(seed);
         };
     };
-    EXPECT_EQ(Run(range, 1, judge(20)).end, SearchEnd::Complete);
-    EXPECT_EQ(listener.lost.size(), 20U);
-    listener = Listener();
-    EXPECT_EQ(Run(range, 1, judge(21)).end, SearchEnd::Failed);
+    EXPECT_EQ(Search::SearchSeeds({1, 500}, 3, make, listener).done, 500U);
+    EXPECT_EQ(wrong, 0);
 }
 
-TEST_F(SeedSearchTest, IsGivenUpWhenNothingWorks) {
-    const SearchOutcome faults = Run({0, 1'000'000}, 2, [](std::uint32_t) {
-        return Verdict{std::nullopt, "no tiles"};
-    });
-    EXPECT_EQ(faults.end, SearchEnd::Failed);
-    EXPECT_LT(faults.done, 1'000'000U);
-    const SearchOutcome deaths = Run({0, 1'000'000}, 2, [](std::uint32_t) {
-        std::raise(SIGKILL);
-        return Verdict();
-    });
-    EXPECT_EQ(deaths.end, SearchEnd::Failed);
+TEST(SeedSearchTest, FaultsAreToldInTheOrderOfTheSeeds) {
+    for (const std::size_t jobs : {1U, 2U, 7U}) {
+        Listener listener;
+        const auto judge = [](std::uint32_t seed) {
+            return seed % 400 == 4 ? Verdict{std::nullopt, "no\ntiles"} : Wanted(seed);
+        };
+        const SearchOutcome outcome = SearchWith({1, 999}, jobs, judge, listener);
+        EXPECT_EQ(outcome.end, SearchEnd::Complete);
+        EXPECT_EQ(listener.found, AllBut({1, 999}, {4, 404, 804}));
+        EXPECT_EQ(listener.lost, (Reasons{{4, "no tiles"}, {404, "no tiles"}, {804, "no tiles"}}));
+    }
 }
 
-TEST_F(SeedSearchTest, StopsWithWhatItHas) {
+TEST(SeedSearchTest, TwentyFaultySeedsAreBorne) {
+    const SeedRange range{1, 60};
+    const auto judge = [](std::uint32_t faulty) {
+        return
+            [faulty](std::uint32_t seed) { return seed <= faulty ? Faulty(seed) : Wanted(seed); };
+    };
+    Listener twenty;
+    EXPECT_EQ(SearchWith(range, 1, judge(20), twenty).end, SearchEnd::Complete);
+    EXPECT_EQ(twenty.lost.size(), 20U);
+    Listener more;
+    EXPECT_EQ(SearchWith(range, 1, judge(21), more).end, SearchEnd::Failed);
+}
+
+TEST(SeedSearchTest, IsGivenUpAtTheSamePlaceWhateverTheNumberOfJobs) {
+    for (const std::size_t jobs : {1U, 2U, 7U}) {
+        Listener listener;
+        const SearchOutcome outcome = SearchWith({1000, 1'000'000}, jobs, Faulty, listener);
+        EXPECT_EQ(outcome.end, SearchEnd::Failed);
+        EXPECT_EQ(outcome.done, 21U);
+        EXPECT_EQ(outcome.nextSeed, 1021U);
+        EXPECT_EQ(listener.lost.size(), 21U);
+        EXPECT_EQ(listener.lost.back().first, 1020U);
+    }
+}
+
+TEST(SeedSearchTest, StopsWithWhatItHas) {
+    Listener listener;
     listener.stopAt = 100;
-    const SearchOutcome outcome = Run({5, 4'000'000'000U}, 3, Wanted);
+    const SearchOutcome outcome = SearchWith({5, 4'000'000'000U}, 3, Wanted, listener);
     EXPECT_EQ(outcome.end, SearchEnd::Stopped);
     EXPECT_GE(outcome.done, 100U);
     EXPECT_EQ(listener.found.size(), outcome.done);
@@ -195,16 +202,72 @@ TEST_F(SeedSearchTest, StopsWithWhatItHas) {
     EXPECT_EQ(outcome.nextSeed, next);
 }
 
+TEST(SeedSearchTest, ASeedUnderWayIsLeftAndWhatWasFoundBehindItCounts) {
+    Listener listener;
+    const auto make = [&listener](JobStatus& status) -> Judge {
+        return [&](std::uint32_t seed) {
+            listener.stop = listener.stop || seed == 9;
+            return seed == 0 ? JudgeTillTheEnd(status) : Wanted(seed);
+        };
+    };
+    const SearchOutcome outcome = Search::SearchSeeds({0, 4'000'000'000U}, 2, make, listener);
+    EXPECT_EQ(outcome.end, SearchEnd::Stopped);
+    EXPECT_EQ(outcome.nextSeed, 0U);
+    EXPECT_FALSE(listener.found.contains(0));
+    EXPECT_TRUE(listener.found.contains(8));
+    EXPECT_EQ(outcome.done, listener.found.size());
+}
+
+TEST(SeedSearchTest, NoMoreIsJudgedBehindASlowSeedThanCanBeKept) {
+    constexpr std::uint32_t kMost = 65536;
+    Listener listener;
+    std::atomic<std::uint32_t> judged = 0;
+    const auto make = [&](JobStatus& status) -> Judge {
+        return [&](std::uint32_t seed) {
+            listener.stop = listener.stop || seed == kMost - 1;
+            ++judged;
+            return seed == 0 ? JudgeTillTheEnd(status) : Verdict();
+        };
+    };
+    const SearchOutcome outcome = Search::SearchSeeds({0, 4'000'000'000U}, 2, make, listener);
+    EXPECT_EQ(outcome.end, SearchEnd::Stopped);
+    EXPECT_EQ(judged, kMost);
+}
+
+TEST(SeedSearchTest, WhatAJudgeThrowsIsThrown) {
+    for (const std::size_t jobs : {1U, 3U}) {
+        Listener listener;
+        const auto judge = [](std::uint32_t seed) {
+            return seed == 40 ? throw std::runtime_error("no luck") : Wanted(seed);
+        };
+        EXPECT_THROW(SearchWith({1, 4'000'000'000U}, jobs, judge, listener), std::runtime_error);
+        const auto noMemory = [](std::uint32_t) -> Verdict { throw std::bad_alloc(); };
+        EXPECT_THROW(SearchWith({1, 4'000'000'000U}, jobs, noMemory, listener), std::bad_alloc);
+    }
+}
+
+TEST(SeedSearchTest, WhatTheMakingOfAJudgeThrowsIsThrownAndEndsTheOthers) {
+    Listener listener;
+    std::atomic<int> made = 0;
+    const auto make = [&made](JobStatus& status) -> Judge {
+        if (++made == 2) {
+            throw std::bad_alloc();
+        }
+        return [&status](std::uint32_t) { return JudgeTillTheEnd(status); };
+    };
+    EXPECT_THROW(Search::SearchSeeds({1, 9}, 3, make, listener), std::bad_alloc);
+}
+
+TEST(SeedSearchTest, WhatTheListenerThrowsIsThrownOnceTheThreadsHaveEnded) {
+    class Throwing : public Listener {
+        bool GoesOn(std::uint64_t /*done*/) override { throw std::bad_alloc(); }
+    } listener;
+    const auto make = [](JobStatus& status) -> Judge {
+        return [&status](std::uint32_t) { return JudgeTillTheEnd(status); };
+    };
+    EXPECT_THROW(Search::SearchSeeds({1, 9}, 2, make, listener), std::bad_alloc);
+}
+
 } // namespace
 
 } // namespace Tarnex::Test
-
-#else
-
-#include <tests/support/LeftOut.h>
-
-VAULTRY_LEFT_OUT_ON_WINDOWS(
-    SeedSearchTest,
-    "workers there are this program started again, and judge no functions of a test")
-
-#endif

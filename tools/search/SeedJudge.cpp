@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "tools/search/SeedJudge.h"
+
+#include <new>
+#include <utility>
+
+namespace Tarnex::Search {
+
+SeedJudge::SeedJudge(GenMgr& configured, Make makeDungeon, Condition condition)
+    : manager(configured), make(std::move(makeDungeon)), wanted(std::move(condition)),
+      worth(*manager.config.contentMgr), shapes(manager.jobStatus) {}
+
+// Another dungeon may well need less memory.
+Verdict SeedJudge::Judge(std::uint32_t seed) try {
+    return JudgeWithMemory(seed);
+} catch (const std::bad_alloc&) {
+    return {std::nullopt, "out of memory"};
+}
+
+Verdict SeedJudge::JudgeWithMemory(std::uint32_t seed) {
+    manager.SetLevelObserver(&shapes);
+    const RunResult result = make(seed);
+    manager.SetLevelObserver(nullptr);
+    std::vector<Report::LevelShape> levels = shapes.Take();
+    if (result.end != RunEnd::Made) {
+        return {std::nullopt, result.errors.empty() ? "no reason known" : result.errors.back()};
+    }
+    Report::DungeonTally tally =
+        Report::Tally(manager.mod, manager.report, std::move(levels), worth);
+    tally.seed = seed;
+    tally.errors = result.errors.size();
+    Report::FactValues values = Report::ValuesOf(tally);
+    return wanted.Holds(values) ? Verdict{std::move(values), {}} : Verdict{};
+}
+
+} // namespace Tarnex::Search
