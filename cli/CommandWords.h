@@ -4,14 +4,8 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace Tarnex::Cli {
-
-/// The words of a line in which every word is plain or quoted as ForShell does. Throws UsageError
-/// for any other: a shell would not just hand its words over.
-std::vector<std::string> SplitCommandLine(std::string_view line);
 
 /// Reads command lines of `vaultry generate` by the options of the program. Many that differ in the
 /// seed alone, as those of a table do, are read quickly.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "cli/JsonReport.h"
 
+#include "tools/runs/RunJson.h"
 #include "tools/text/Json.h"
-
-#include <vaultry/run/ReportJson.h>
+#include "tools/text/Words.h"
 
 namespace Tarnex::Cli {
 
@@ -16,22 +16,9 @@ Json OrNull(const std::optional<T>& value) {
     return value ? Json(*value) : Json(nullptr);
 }
 
-struct JsonOf {
-    Json operator()(std::monostate /*missing*/) const { return nullptr; }
-    template <typename T>
-    Json operator()(const T& value) const {
-        return value;
-    }
-};
-
 // Every option that decides what is generated, under the name of its switch.
-Json OptionsJson(const GenerateOptions& options) {
-    Json json = Json::object();
-    for (const OptionRow& row : RunOptionRows()) {
-        if ((row.uses & kReported) != 0) {
-            json[row.name] = std::visit(JsonOf(), ValueOf(options, row));
-        }
-    }
+Json OptionsOf(const GenerateOptions& options) {
+    Json json = Report::OptionsJson(options);
     json["keep-going"] = options.keepGoing;
     return json;
 }
@@ -39,7 +26,7 @@ Json OptionsJson(const GenerateOptions& options) {
 Json CellJson(const CellReport& cell) {
     Json references = Json::object();
     for (std::size_t sort = 0; sort < kRefSorts; ++sort) {
-        references[SortWord(sort)] = cell.references[sort];
+        references[Report::SortWord(static_cast<RefSort>(sort))] = cell.references[sort];
     }
     return {{"name", cell.name}, {"references", references}, {"teleports", cell.teleports}};
 }
@@ -80,18 +67,6 @@ Json CellsJson(const RunReport& report) {
     return cells;
 }
 
-Json NamesJson(const OfferedList& list) {
-    Json names = Json::array();
-    for (const OfferedName& offered : list.names) {
-        Json& entry = names.emplace_back(Json{{"name", offered.name}});
-        entry["default"] = offered.isDefault;
-        if (list.levelled) {
-            entry["level"] = offered.level;
-        }
-    }
-    return names;
-}
-
 } // namespace
 
 std::string ToJson(const RunReport& report) {
@@ -100,10 +75,10 @@ std::string ToJson(const RunReport& report) {
     json["seed"] = OrNull(report.options.seed);
     json["stamp"] = OrNull(report.options.stamp);
     json["config"] = report.options.config;
-    json["options"] = OptionsJson(report.options);
+    json["options"] = OptionsOf(report.options);
     json["files"] = FilesJson(report);
     json["cells"] = CellsJson(report);
-    json["levels"] = LevelsJson(report.levels);
+    json["levels"] = Report::LevelsJson(report.levels);
     if (!report.options.fixed) {
         json["walkable"] = report.levels.IsWalkable();
         json["tries"] = report.tries;
@@ -123,16 +98,6 @@ std::string ToJson(const PluginMapReport& report) {
     for (const Report::SurveyedLevel& level : report.levels) {
         levels.push_back(LevelJson(level));
     }
-    return Report::JsonText(json);
-}
-
-std::string ToJson(const Offer& offer) {
-    Json json = Report::JsonHeader();
-    json["config"] = offer.config;
-    for (const OfferedList& list : offer.lists) {
-        json[std::string(list.option) + 's'] = NamesJson(list);
-    }
-    json["errors"] = offer.errors;
     return Report::JsonText(json);
 }
 

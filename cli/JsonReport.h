@@ -2,7 +2,6 @@
 // Reports for programs: one JSON object, valid UTF-8 whatever the names hold.
 #pragma once
 
-#include "cli/Offer.h"
 #include "cli/RunReport.h"
 #include "tools/maps/MapSurvey.h"
 
@@ -21,6 +20,5 @@ struct PluginMapReport {
 
 std::string ToJson(const RunReport& report);
 std::string ToJson(const PluginMapReport& report);
-std::string ToJson(const Offer& offer);
 
 } // namespace Tarnex::Cli

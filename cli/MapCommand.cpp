@@ -3,7 +3,6 @@
 
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
-#include "cli/GenerateWords.h"
 #include "cli/JsonReport.h"
 #include "cli/LevelLines.h"
 #include "cli/LibraryLog.h"
@@ -11,6 +10,7 @@
 #include "cli/PluginMapCommand.h"
 #include "cli/RunSetup.h"
 #include "tools/maps/MapText.h"
+#include "tools/runs/RunLine.h"
 #include "tools/text/Words.h"
 
 #include <memory>
@@ -118,7 +118,7 @@ ExitStatus RunMap(const MapOptions& options, const Console& console) {
 }
 
 Report::MapCaption CaptionOf(const GenerateOptions& options) {
-    return {options.seed.value_or(0), LevelWords(options), options.config};
+    return {options.seed.value_or(0), Report::LevelWords(options), options.config};
 }
 
 void PrintMaps(Report::MapLevels& levels, const Console& console) {

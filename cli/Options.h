@@ -3,8 +3,7 @@
 #pragma once
 
 #include "tools/maps/MapFile.h"
-
-#include <vaultry/run/RunOptions.h>
+#include "tools/runs/RunLine.h"
 
 #include <cstdint>
 #include <optional>
@@ -14,7 +13,7 @@
 
 namespace Tarnex::Cli {
 
-inline constexpr const char* kBuiltin = "builtin";
+using Report::kBuiltin;
 
 /// The maps of generate and map, besides that on the terminal.
 struct MapFileOptions {
@@ -31,9 +30,7 @@ struct WrittenFile {
 };
 
 /// vaultry generate: a run, where it begins and where it ends
-struct GenerateOptions : RunOptions {
-    std::string config = kBuiltin;   ///< a path, "builtin" or "builtin:NAME"
-    bool keepGoing = false;          ///< use what was read of a broken one, unless strict
+struct GenerateOptions : Report::RunRequest {
     std::string out = "dungeon.esp"; ///< a path; empty when no plug-in is written
     std::optional<std::string> log;  ///< a path
     MapFileOptions maps;

@@ -13,17 +13,6 @@ namespace {
 
 using Report::Counted;
 
-constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
-                                                           "tile",
-                                                           "door",
-                                                           "platform",
-                                                           "container",
-                                                           "creature",
-                                                           "furniture",
-                                                           "rug",
-                                                           "tapestry",
-                                                           "other"};
-
 constexpr std::array<const char*, 7> kEndingWords = {
     "written", "drawn", "refused", "not-written", "strict", "unwalkable", "cancelled"};
 
@@ -66,10 +55,6 @@ std::string Outcome(const RunReport& report) {
 
 const char* EndingWord(Ending result) {
     return kEndingWords.at(static_cast<std::size_t>(result));
-}
-
-const char* SortWord(std::size_t sort) {
-    return kSortWords.at(sort);
 }
 
 void TakeOver(const RunResult& run, RunReport& report) {

@@ -51,9 +51,8 @@ struct RunReport {
     std::vector<std::string> warnings;
 };
 
-/// The word of a result, and of a sort of reference, in reports.
+/// The word of a result in reports.
 const char* EndingWord(Ending result);
-const char* SortWord(std::size_t sort);
 
 /// Takes over what the library says of a run, but for the errors, of which writing may add some: a
 /// plug-in that was made has yet to be written.

@@ -4,7 +4,6 @@
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
 #include "cli/ConsoleStatus.h"
-#include "cli/GenerateWords.h"
 #include "cli/LibraryLog.h"
 #include "cli/MapCommand.h"
 #include "cli/MapFiles.h"
@@ -13,6 +12,7 @@
 #include "cli/SearchReport.h"
 #include "tools/maps/LevelMap.h"
 #include "tools/maps/PngModule.h"
+#include "tools/runs/RunLine.h"
 #include "tools/search/Condition.h"
 #include "tools/search/HitTable.h"
 #include "tools/search/Ranking.h"
@@ -187,7 +187,8 @@ public:
 
     void Found(Report::FactValues values) override {
         const auto seed = static_cast<std::uint32_t>(values.front());
-        ranking.Add({std::move(values), GenerateCommandLine(report.options.generate, seed)});
+        ranking.Add(
+            {std::move(values), Report::GenerateCommandLine(report.options.generate, seed)});
     }
 
     void Lost(std::uint32_t seed, const std::string& why) override {

@@ -36,7 +36,8 @@ enum vaultry_result {
     VAULTRY_OK = 0,           /**< done */
     VAULTRY_REFUSED = 1,      /**< no usable configuration, no dungeon as the options want it, or an
                                    internal fault; nothing written */
-    VAULTRY_CANCELED = 2,     /**< the progress function asked to stop; nothing written */
+    VAULTRY_CANCELED = 2,     /**< the progress function or vaultry_cancel asked to stop; nothing
+                                   written */
     VAULTRY_NOT_WRITTEN = 3,  /**< generated, but not written whole: an earlier file is as it was */
     VAULTRY_BAD_ARGUMENT = 4, /**< an unknown option, or a value that it does not take */
     VAULTRY_NO_MEMORY = 5,    /**< memory did not suffice for the call */
@@ -107,6 +108,22 @@ vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, vo
  */
 VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, const char* path);
 
+/**
+ * Like vaultry_generate, but writes nothing: vaultry_plugin hands out the bytes. "strict" is for
+ * writing and changes nothing here.
+ */
+VAULTRY_API enum vaultry_result vaultry_run(vaultry_generator* generator);
+
+/**
+ * Cancels the call that is under way with the generator, on whatever thread: reading a
+ * configuration or generating ends with VAULTRY_CANCELED soon. Nothing when there is none. The one
+ * function that another thread may call at any time as long as the generator exists.
+ */
+VAULTRY_API void vaultry_cancel(vaultry_generator* generator);
+
+/** The bytes of the last run's plug-in, their number in `length`; null and 0 without one. */
+VAULTRY_API const void* vaultry_plugin(vaultry_generator* generator, size_t* length);
+
 /** The seed of the last run, that of the walkable dungeon if one was looked for; 0 before any.
  * Setting it and the stamp repeats the run to the byte. */
 VAULTRY_API uint32_t vaultry_last_seed(const vaultry_generator* generator);
@@ -114,13 +131,74 @@ VAULTRY_API uint32_t vaultry_last_seed(const vaultry_generator* generator);
 VAULTRY_API int64_t vaultry_last_stamp(const vaultry_generator* generator);
 
 /**
- * What the last run came to, as JSON: an object with "walkable" and one entry of "levels" for each
- * level; {"walkable":null,"levels":[]} for a fixed interior. Null when memory does not suffice or
- * the generator is at work.
+ * @name Questions
+ * What these functions return is null when there is no answer: vaultry_error says why, unless
+ * memory did not suffice. The answers that are JSON are objects with the numbers "schema" and
+ * "version"; what else they hold is told in docs/embedding.md. Bytes and texts that the generator
+ * handed out may be handed back in.
+ * @{
  */
-VAULTRY_API const char* vaultry_walkability_json(vaultry_generator* generator);
 
-/** How many errors the last vaultry_init, vaultry_set or vaultry_generate met. */
+/** The number under "schema": it grows when a key of any answer changes its meaning or goes. */
+VAULTRY_API int vaultry_schema(void);
+
+/** The last run: how it ended, seed, stamp, what chance chose, what became of each level. */
+VAULTRY_API const char* vaultry_run_json(vaultry_generator* generator);
+/**
+ * The map of the last run. `kind` is "svg" (a picture), "html" (a page), "text" (for a terminal) or
+ * "json" (cells, rooms, and everything that is placed with its place and turn).
+ */
+VAULTRY_API const char* vaultry_map(vaultry_generator* generator, const char* kind);
+/** The facts of the last run's dungeon, the numbers that a search asks for. */
+VAULTRY_API const char* vaultry_facts_json(vaultry_generator* generator);
+/** All facts there are, with what they say and their bounds. */
+VAULTRY_API const char* vaultry_fact_list_json(vaultry_generator* generator);
+/**
+ * Whether a condition, such as "rooms >= 12 and walkable", holds for the last run's dungeon, and
+ * the values and bounds of the facts that it asks for. Without a dungeon "holds" and the values are
+ * null.
+ */
+VAULTRY_API const char* vaultry_judge_json(vaultry_generator* generator, const char* condition);
+
+/** Everything in the configuration that an option can name, with levels of themes and sizes of
+ * layouts. */
+VAULTRY_API const char* vaultry_choices_json(vaultry_generator* generator);
+/** What is wrong with the configuration that was read, with places. */
+VAULTRY_API const char* vaultry_problems_json(vaultry_generator* generator);
+/** Every option with its kind, bounds, words and default. */
+VAULTRY_API const char* vaultry_options_json(vaultry_generator* generator);
+/** What a configuration may hold: elements and their attributes. */
+VAULTRY_API const char* vaultry_grammar_json(vaultry_generator* generator);
+
+/** The command line that makes the plug-in of the last run again, for a POSIX shell. */
+VAULTRY_API const char* vaultry_command_line(vaultry_generator* generator);
+/**
+ * What such a line asks for: its configuration, and its options as vaultry_set takes them. Nothing
+ * is set.
+ */
+VAULTRY_API const char* vaultry_command_line_json(vaultry_generator* generator, const char* line);
+
+/**
+ * Checks `length` bytes of a configuration, which the generator does not take over: everything that
+ * is wrong with it, with its place and what it means. `name` stands for the file.
+ */
+VAULTRY_API const char*
+vaultry_check_json(vaultry_generator* generator, const char* text, size_t length, const char* name);
+/** Everything that `length` bytes of a plug-in hold, and what does not fit. */
+VAULTRY_API const char* vaultry_inspect_json(vaultry_generator* generator,
+                                             const void* plugin,
+                                             size_t length,
+                                             const char* name);
+/** What differs between two plug-ins. */
+VAULTRY_API const char* vaultry_compare_json(vaultry_generator* generator,
+                                             const void* a,
+                                             size_t length_of_a,
+                                             const void* b,
+                                             size_t length_of_b);
+/** @} */
+
+/** How many errors the last vaultry_init, vaultry_set, vaultry_generate or vaultry_run met, or a
+ * question that was refused since. */
 VAULTRY_API size_t vaultry_error_count(const vaultry_generator* generator);
 /**
  * One of those errors by its number from 0, a line that can be shown as it is: "?" stands for

@@ -40,7 +40,7 @@ int main(int argc, char** argv) {
     } else {
         printf("seed %lu\n%s\n",
                (unsigned long)vaultry_last_seed(generator),
-               vaultry_walkability_json(generator));
+               vaultry_run_json(generator));
     }
     vaultry_destroy(generator);
     return status;

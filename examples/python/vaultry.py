@@ -38,7 +38,7 @@ _FUNCTIONS = {
     "vaultry_generate": (_RESULT, [_HANDLE, _TEXT]),
     "vaultry_last_seed": (ctypes.c_uint32, [_HANDLE]),
     "vaultry_last_stamp": (ctypes.c_int64, [_HANDLE]),
-    "vaultry_walkability_json": (_TEXT, [_HANDLE]),
+    "vaultry_run_json": (_TEXT, [_HANDLE]),
     "vaultry_error_count": (ctypes.c_size_t, [_HANDLE]),
     "vaultry_error": (_TEXT, [_HANDLE, ctypes.c_size_t]),
 }
@@ -180,13 +180,13 @@ class Generator:
         self._progress, self._user = callback, function
 
     def generate(self, plugin: Path) -> Dict[str, Any]:
-        """Writes a plug-in and returns how far its levels can be walked."""
+        """Writes a plug-in and returns what the run came to."""
         result = self._calls.vaultry_generate(self._require(), _path(plugin))
         raised, self._raised = self._raised, None
         if raised is not None:
             raise raised
         self._check(result)
-        text = self._calls.vaultry_walkability_json(self._require())
+        text = self._calls.vaultry_run_json(self._require())
         if text is None:
             raise MemoryError
         report: Dict[str, Any] = json.loads(text.decode("utf-8"))

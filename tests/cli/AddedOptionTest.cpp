@@ -2,8 +2,8 @@
 // An option is a row of one table: whoever speaks of options has it from there.
 #include "cli/Arguments.h"
 #include "cli/CommandHelp.h"
-#include "cli/GenerateWords.h"
 #include "cli/JsonReport.h"
+#include "tools/runs/RunLine.h"
 
 #include <vaultry/run/RunOptions.h>
 #include <vaultry/vaultry.h>
@@ -56,8 +56,8 @@ TEST_F(AddedOptionTest, HelpManualAndCompletionTellOfIt) {
 
 TEST_F(AddedOptionTest, LinesThatRepeatADungeonAndMarginsOfMapsHaveIt) {
     const auto options = Asked<GenerateOptions>({"generate", "--roof", "9"});
-    EXPECT_TRUE(GenerateCommandLine(options, 1).ends_with(" --roof 9"));
-    EXPECT_TRUE(LevelWords(options).ends_with("--roof 9"));
+    EXPECT_TRUE(Report::GenerateCommandLine(options, 1).ends_with(" --roof 9"));
+    EXPECT_TRUE(Report::LevelWords(options).ends_with("--roof 9"));
 }
 
 TEST_F(AddedOptionTest, ReportsHaveIt) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // `vaultry search`: what it finds, lists and writes.
-#include "cli/GenerateWords.h"
 #include "cli/SearchReport.h"
 #include "tools/facts/DungeonFacts.h"
 
@@ -304,33 +303,6 @@ TEST_F(SearchTest, ADamagedTableLeavesTheOldOne) {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_TRUE(Contains(outcome.err, "\"cut.csv\", line 6: the last line is cut off"));
     EXPECT_EQ(Read("merged.csv"), "old");
-}
-
-TEST(GenerateWordsTest, OnlyWhatIsNotUsualIsSaid) {
-    EXPECT_EQ(Cli::GenerateCommandLine({}, 7), "vaultry generate --seed 7");
-    Cli::GenerateOptions options;
-    options.config = "my maps/a.xml";
-    options.caveTileSet = "It's";
-    options.levelSize = RandomGenInfo::Large;
-    options.roomSpacing = RandomGenInfo::SemiTight;
-    options.randomTheme = true;
-    options.stamp = -3;
-    EXPECT_EQ(Cli::GenerateCommandLine(options, 4294967295U),
-              "vaultry generate --seed 4294967295 --config 'my maps/a.xml' --cave-tileset "
-              "'It'\\''s' --size Large --spacing Semi-tight --random-theme --stamp -3");
-}
-
-TEST(GenerateWordsTest, TheMarginOfAMapNamesEveryOptionThatShapesLevels) {
-    EXPECT_EQ(Cli::LevelWords({}), "");
-    Cli::GenerateOptions options;
-    options.theme = "Noble hall";
-    options.maxLevel = 12;
-    options.randomTileSet = true;
-    options.randomCreatureTheme = true;
-    options.stamp = 1;
-    options.cell = "Keep";
-    EXPECT_EQ(Cli::LevelWords(options),
-              "--theme 'Noble hall' --max-level 12 --random-tileset --random-creature-theme");
 }
 
 TEST(SearchReportTest, DurationsAreShort) {

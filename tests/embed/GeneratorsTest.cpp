@@ -182,7 +182,7 @@ TEST(GeneratorsTest, AGeneratorAtWorkCanBeUsedForNothingElse) {
         EXPECT_EQ(vaultry_set_progress(own, nullptr, nullptr), VAULTRY_BUSY);
         EXPECT_EQ(vaultry_generate(own, "none.esp"), VAULTRY_BUSY);
         EXPECT_EQ(vaultry_destroy(own), VAULTRY_BUSY);
-        EXPECT_EQ(vaultry_walkability_json(own), nullptr);
+        EXPECT_EQ(vaultry_run_json(own), nullptr);
         EXPECT_EQ(vaultry_last_seed(own), 7U);
         EXPECT_EQ(vaultry_last_stamp(own), 1);
         ASSERT_EQ(vaultry_error_count(own), 1U);

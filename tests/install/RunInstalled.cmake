@@ -62,7 +62,7 @@ separate_arguments(FLAGS UNIX_COMMAND "${OUTPUT}")
 run(${CC} -std=c99 -Wall -Wextra -Wpedantic -Werror ${SOURCE}/examples/c/generate.c
   ${FLAGS} -o generate)
 run(${LIBRARY_PATH} ./generate ${CONFIG} c.esp 7)
-if(NOT OUTPUT MATCHES "seed 7\n{\"walkable\":(true|false),\"levels\":\\[{\"level\":1,")
+if(NOT OUTPUT MATCHES "seed 7\n{\n  \"schema\": 1,.*\"levels\": \\[\n    {\n      \"level\": 1,")
   message(FATAL_ERROR "The C program printed:\n${OUTPUT}")
 endif()
 

@@ -2,6 +2,7 @@
 #include "tools/facts/DungeonFacts.h"
 
 #include <vaultry/foundation/Text.h>
+#include <vaultry/gen/Limits.h>
 
 #include <algorithm>
 #include <limits>
@@ -117,8 +118,8 @@ constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 // clang-format off
 constexpr auto kFacts = std::to_array<Fact>({
     // name               help                                                    value
-    {"seed",              "the seed that makes the dungeon",                      Number<&DungeonTally::seed>},
-    {"levels",            "levels that were made",                                [](const DungeonTally& tally) { return static_cast<std::int64_t>(tally.levels.size()); }},
+    {"seed",              "the seed that makes the dungeon",                      Number<&DungeonTally::seed>, 0, UINT32_MAX},
+    {"levels",            "levels that were made",                                [](const DungeonTally& tally) { return static_cast<std::int64_t>(tally.levels.size()); }, 0, kMaxLevels},
     {"rooms",             "rooms",                                                Sum<&LevelShape::rooms>},
     {"halls",             "stretches of hall between rooms, junctions and ends",  Sum<&LevelShape::halls>},
     {"junctions",         "pieces of hall that lead on to three sides or four",   Sum<&LevelShape::junctions>},
@@ -126,7 +127,7 @@ constexpr auto kFacts = std::to_array<Fact>({
     {"loops",             "ways round, independent of each other",                Sum<&LevelShape::loops>},
     {"dead-ends",         "pieces of hall that lead on to one side or none",      Sum<&LevelShape::deadEnds>},
     {"openings",          "openings of halls and doorways onto nothing",          Sum<&LevelShape::openings>},
-    {"walkable",          "1 when every room can be reached, otherwise 0",        Number<&DungeonTally::walkable>},
+    {"walkable",          "1 when every room can be reached, otherwise 0",        Number<&DungeonTally::walkable>, 0, 1},
     {"longest-way",       "steps between the two rooms farthest from each other", LongestWay},
     {"area",              "cells with a floor",                                   Sum<&LevelShape::area>},
     {"creatures",         "creatures",                                            Creatures<kLeast, kMost>},
@@ -134,9 +135,9 @@ constexpr auto kFacts = std::to_array<Fact>({
     {"creatures-5-9",     "creatures of levels 5 to 9",                           Creatures<5, 9>},
     {"creatures-10-14",   "creatures of levels 10 to 14",                         Creatures<10, 14>},
     {"creatures-from-15", "creatures of level 15 or higher",                      Creatures<15, kMost>},
-    {"creature-levels",   "the levels of all creatures added up",                 CreatureLevels},
+    {"creature-levels",   "the levels of all creatures added up",                 CreatureLevels, kNoLeast},
     {"containers",        "containers",                                           Number<&DungeonTally::containers>},
-    {"treasure",          "gold value of everything in containers",               Number<&DungeonTally::treasure>},
+    {"treasure",          "gold value of everything in containers",               Number<&DungeonTally::treasure>, kNoLeast},
     {"references",        "objects placed, the marker of each cell included",     References},
     {"bytes",             "size of the plug-in",                                  Number<&DungeonTally::bytes>},
     {"errors",            "error lines logged for the dungeon",                   Number<&DungeonTally::errors>},

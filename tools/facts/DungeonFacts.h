@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -71,11 +72,17 @@ private:
 DungeonTally
 Tally(Mod& mod, const GenReport& report, std::vector<LevelShape> levels, const ContentWorth& worth);
 
-/// One fact: a name to ask for it, what it says, how it follows from the tally.
+/// Stands for a value of a fact that has no bound.
+inline constexpr std::int64_t kNoLeast = std::numeric_limits<std::int64_t>::min();
+inline constexpr std::int64_t kNoMost = std::numeric_limits<std::int64_t>::max();
+
+/// One fact: a name to ask for it, what it says, how it follows from the tally, what it can be.
 struct Fact {
     std::string_view name;
     std::string_view help;
     std::int64_t (*value)(const DungeonTally& tally);
+    std::int64_t least = 0;
+    std::int64_t most = kNoMost;
 };
 
 /// All facts; the first is the seed.

@@ -6,6 +6,7 @@
 
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Text.h>
+#include <vaultry/gen/WorldPlace.h>
 
 #include <algorithm>
 #include <array>
@@ -157,6 +158,7 @@ LevelMap MapOf(const FinishedLevel& level) {
     map.name = Shown(level.cell.GetName());
     map.tileSet = Shown(level.tileSet.GetName());
     map.tileSize = level.tileSet.GetTileSize();
+    map.corner = WorldPosition(low, Di3Point(), Di3Point(), map.tileSize);
     std::vector<DiPos> places;
     for (Part& part : parts) {
         part.origin -= low;

@@ -70,6 +70,7 @@ struct MapOutline {
     std::int32_t tileSize = 0; ///< edge of a cell [world units]
     std::int32_t width = 0;    ///< [cells]
     std::int32_t height = 0;   ///< [cells]
+    Di3Point corner{};         ///< the middle of the north-western cell; of levels of a run alone
     std::size_t leftOut = 0;   ///< references too far away to be drawn
 };
 

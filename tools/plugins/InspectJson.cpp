@@ -1,39 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "tools/plugins/InspectReport.h"
 #include "tools/plugins/PluginIndex.h"
-#include "tools/text/Json.h"
-#include "tools/text/Words.h"
+#include "tools/text/PlaceJson.h"
 
 #include <vaultry/foundation/CodePage.h>
-
-#include <charconv>
 
 namespace Tarnex::Report {
 
 namespace {
-
-// The number that is written as the float would be, 1.2 rather than 1.2000000476837158.
-double Widened(float value) {
-    const std::string text = ExactNumber(value);
-    double wide = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), wide);
-    return wide;
-}
-
-double RoundedDegrees(float radians) {
-    const std::string text = Number(Degrees(radians), 4);
-    double degrees = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), degrees);
-    return degrees;
-}
-
-Json PointJson(const Di3Point& point) {
-    return Json::array({Widened(point.x), Widened(point.y), Widened(point.z)});
-}
-
-Json DegreesJson(const Di3Point& point) {
-    return Json::array({RoundedDegrees(point.x), RoundedDegrees(point.y), RoundedDegrees(point.z)});
-}
 
 Json ColorJson(PluginColor color) {
     return Json::array({color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF});

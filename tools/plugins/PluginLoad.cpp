@@ -9,6 +9,7 @@
 
 #include <fstream>
 #include <new>
+#include <utility>
 
 namespace Tarnex::Report {
 
@@ -29,19 +30,19 @@ std::string LoadBytes(const std::string& path) {
 
 } // namespace
 
-LoadedPlugin LoadPlugin(const std::string& path) {
-    LoadedPlugin plugin;
-    plugin.path = path;
-    try {
-        plugin.bytes = LoadBytes(path);
-        plugin.file = ReadPlugin(plugin.bytes);
-    } catch (const std::bad_alloc&) {
-        Refuse(path, "holds more than fits into memory");
-    }
+LoadedPlugin ReadLoaded(const std::string& name, std::string bytes) {
+    LoadedPlugin plugin{name, std::move(bytes), {}};
+    plugin.file = ReadPlugin(plugin.bytes);
     if (!plugin.file.isPlugin) {
-        Refuse(path, "is not a plug-in: it does not begin with a TES3 record");
+        Refuse(name, "is not a plug-in: it does not begin with a TES3 record");
     }
     return plugin;
+}
+
+LoadedPlugin LoadPlugin(const std::string& path) try {
+    return ReadLoaded(path, LoadBytes(path));
+} catch (const std::bad_alloc&) {
+    Refuse(path, "holds more than fits into memory");
 }
 
 } // namespace Tarnex::Report

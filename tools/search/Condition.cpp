@@ -2,7 +2,7 @@
 #include "tools/search/Condition.h"
 
 #include "tools/search/FactOffer.h"
-#include "tools/search/Quote.h"
+#include "tools/text/Quote.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
@@ -114,7 +114,7 @@ private:
 
 // What stands there, for messages.
 std::string Named(const Token& token) {
-    return token.kind == Kind::End ? std::string("the end") : Quote(token.text);
+    return token.kind == Kind::End ? std::string("the end") : Report::Quote(token.text);
 }
 
 } // namespace
@@ -232,7 +232,8 @@ private:
             std::ranges::find(kSigns, token.text, &std::pair<std::string_view, Sign>::first);
         if (found == kSigns.end()) {
             scanner.Refuse(token,
-                           Quote(token.text) + " is none of < <= > >= = !=; for \"not\" write not");
+                           Report::Quote(token.text) +
+                               " is none of < <= > >= = !=; for \"not\" write not");
         }
         scanner.Next();
         return found->second;
@@ -257,10 +258,10 @@ private:
         const char* const end = token.text.data() + token.text.size();
         const auto [stop, fault] = std::from_chars(token.text.data(), end, number);
         if (fault == std::errc::result_out_of_range) {
-            scanner.Refuse(token, Quote(token.text) + " is too large");
+            scanner.Refuse(token, Report::Quote(token.text) + " is too large");
         }
         if (fault != std::errc() || stop != end) {
-            scanner.Refuse(token, Quote(token.text) + " is no whole number");
+            scanner.Refuse(token, Report::Quote(token.text) + " is no whole number");
         }
         return number;
     }

@@ -2,14 +2,14 @@
 #include "tools/search/FactOffer.h"
 
 #include "tools/facts/DungeonFacts.h"
-#include "tools/search/Quote.h"
 #include "tools/text/NearNames.h"
+#include "tools/text/Quote.h"
 
 namespace Tarnex::Search {
 
 std::string NoFact(std::string_view name) {
-    const bool isLong = name.size() > kLongestQuote;
-    std::string text = Quote(name) + " is no fact";
+    const bool isLong = name.size() > Report::kLongestQuote;
+    std::string text = Report::Quote(name) + " is no fact";
     // The effort of comparing grows with the length, and no fact is that long.
     const std::vector<std::string> nearest =
         isLong ? std::vector<std::string>() : Report::NearestNames(name, Report::FactNames());

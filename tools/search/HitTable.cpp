@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/search/HitTable.h"
 
-#include "tools/search/Quote.h"
+#include "tools/text/Quote.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/HarmlessText.h>
@@ -112,7 +112,7 @@ Hit HitReader::ParseHit(const Fields& fields) const {
         std::int64_t& value = hit.values.emplace_back();
         const auto [stop, fault] = std::from_chars(field.data(), end, value);
         if (fault != std::errc() || stop != end) {
-            Refuse(Quote(field) + " under \"" + std::string(Report::Facts()[i].name) +
+            Refuse(Report::Quote(field) + " under \"" + std::string(Report::Facts()[i].name) +
                    "\" is no whole number");
         }
     }

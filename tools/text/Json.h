@@ -20,10 +20,15 @@ inline Json JsonHeader() {
     return {{"schema", kJsonSchema}, {"version", VAULTRY_VERSION}};
 }
 
+/// How far each level of a report is indented.
+inline constexpr int kJsonIndent = 2;
+/// Everything on one line, where many small values would make a file several times larger.
+inline constexpr int kJsonOneLine = -1;
+
 /// Paths come from the command line as they are and may be no UTF-8; the library replaces what is
 /// none.
-inline std::string JsonText(const Json& json) {
-    return ForJson(json.dump(2, ' ', false, Json::error_handler_t::replace)) + '\n';
+inline std::string JsonText(const Json& json, int indent = kJsonIndent) {
+    return ForJson(json.dump(indent, ' ', false, Json::error_handler_t::replace)) + '\n';
 }
 
 } // namespace Tarnex::Report

@@ -71,6 +71,20 @@ std::string RefNumber(const PluginRef& ref) {
     return master == 0 ? number : std::to_string(master) + ':' + number;
 }
 
+const char* SortWord(RefSort sort) {
+    static constexpr std::array<const char*, kRefSorts> kSortWords = {"marker",
+                                                                      "tile",
+                                                                      "door",
+                                                                      "platform",
+                                                                      "container",
+                                                                      "creature",
+                                                                      "furniture",
+                                                                      "rug",
+                                                                      "tapestry",
+                                                                      "other"};
+    return kSortWords.at(static_cast<std::size_t>(sort));
+}
+
 double Degrees(float radians) {
     return static_cast<double>(radians) / kRadiansPerDegree;
 }

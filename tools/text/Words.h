@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/output/PluginFile.h>
+#include <vaultry/output/Ref.h>
 
 #include <string>
 #include <string_view>
@@ -27,6 +28,9 @@ std::string ExactNumber(float value);
 
 /// A reference's number: "7", or "2:7" for number 7 of the second master.
 std::string RefNumber(const PluginRef& ref);
+
+/// The word of a sort of reference in reports.
+const char* SortWord(RefSort sort);
 
 /// Radians as degrees.
 double Degrees(float radians);

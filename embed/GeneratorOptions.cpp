@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/embed/GeneratorOptions.h>
+#include "embed/GeneratorOptions.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>

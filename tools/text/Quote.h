@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace Tarnex::Search {
+namespace Tarnex::Report {
 
 /// As much of a text is repeated. [bytes]
 inline constexpr std::size_t kLongestQuote = 40;
@@ -21,4 +21,4 @@ inline std::string Quote(std::string_view utf8) {
     return '"' + std::string(utf8.substr(0, cut)) + (cut < utf8.size() ? "...\"" : "\"");
 }
 
-} // namespace Tarnex::Search
+} // namespace Tarnex::Report

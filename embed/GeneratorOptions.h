@@ -2,7 +2,7 @@
 // The options of the C interface.
 #pragma once
 
-#include <vaultry/embed/Generator.h>
+#include "embed/Generator.h"
 
 #include <string>
 #include <string_view>

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "tools/runs/RunJson.h"
+
+#include <vaultry/foundation/CodePage.h>
+
+#include <array>
+#include <utility>
+
+namespace Tarnex::Report {
+
+namespace {
+
+struct JsonOf {
+    Json operator()(std::monostate /*missing*/) const { return nullptr; }
+    template <typename T>
+    Json operator()(const T& value) const {
+        return value;
+    }
+};
+
+Json LevelJson(const LevelReport& level) {
+    Json halls = Json::array();
+    for (const FailedHall& hall : level.failedHalls) {
+        halls.push_back({{"from", {hall.from.x, hall.from.y}}, {"to", {hall.to.x, hall.to.y}}});
+    }
+    return {{"level", level.number},
+            {"name", ToUtf8(level.name)},
+            {"made", level.made},
+            {"floor-plans", level.attempts},
+            {"rooms", level.rooms.size()},
+            {"reachable-rooms", level.ReachableRooms()},
+            {"openings-onto-nothing", level.openEnds},
+            {"linked-to-level-before", level.linked},
+            {"walkable", level.IsWalkable()},
+            {"failed-halls", std::move(halls)}};
+}
+
+// In the order of RunEnd.
+constexpr std::array<const char*, 4> kEndWords = {"made", "refused", "cancelled", "unwalkable"};
+
+// In the order of OptionKind.
+constexpr std::array<const char*, 4> kKindWords = {"switch", "text", "number", "word"};
+
+Json TextOrNull(const char* text) {
+    return text == nullptr ? Json(nullptr) : Json(text);
+}
+
+Json OptionJson(const OptionRow& row) {
+    const OptionKind kind = KindOf(row);
+    const bool number = kind == OptionKind::Number;
+    return {{"name", row.name},
+            {"letter", TextOrNull(row.letter)},
+            {"help", row.help},
+            {"kind", kKindWords.at(static_cast<std::size_t>(kind))},
+            {"least", number ? Json(row.least) : Json(nullptr)},
+            {"most", number ? Json(row.most) : Json(nullptr)},
+            {"words", WordsOf(row)},
+            {"names", row.choice == nullptr ? Json(nullptr) : Json(row.choice->what)},
+            {"in-place-of", TextOrNull(row.rival)},
+            {"default", std::visit(JsonOf(), ValueOf(RunOptions(), row))}};
+}
+
+struct SettingText {
+    std::string operator()(std::monostate /*missing*/) const { return {}; }
+    std::string operator()(bool given) const { return given ? "true" : "false"; }
+    std::string operator()(std::int64_t number) const { return std::to_string(number); }
+    std::string operator()(const std::string& text) const { return text; }
+};
+
+Json NameOrNull(const std::string& name) {
+    return name.empty() ? Json(nullptr) : Json(name);
+}
+
+} // namespace
+
+Json LevelsJson(const GenReport& report) {
+    Json levels = Json::array();
+    for (const LevelReport& level : report.levels) {
+        levels.push_back(LevelJson(level));
+    }
+    return levels;
+}
+
+Json OptionsJson(const RunOptions& options) {
+    Json json = Json::object();
+    for (const OptionRow& row : RunOptionRows()) {
+        if ((row.uses & kReported) != 0) {
+            json[row.name] = std::visit(JsonOf(), ValueOf(options, row));
+        }
+    }
+    return json;
+}
+
+std::string OptionListJson() {
+    Json json = JsonHeader();
+    Json& list = json["options"] = Json::array();
+    for (const OptionRow& row : RunOptionRows()) {
+        list.push_back(OptionJson(row));
+    }
+    return JsonText(json);
+}
+
+std::string ToJson(const RunRequest& request) {
+    Json json = JsonHeader();
+    json["config"] = request.config;
+    json["keep-going"] = request.keepGoing;
+    Json& options = json["options"] = Json::object();
+    for (const OptionRow& row : RunOptionRows()) {
+        if (!IsDefault(request, row)) {
+            options[row.name] = std::visit(SettingText(), ValueOf(request, row));
+        }
+    }
+    return JsonText(json);
+}
+
+std::string ToJson(const RunResult& run, const RunOptions& options) {
+    Json json = JsonHeader();
+    json["result"] = kEndWords.at(static_cast<std::size_t>(run.end));
+    json["seed"] = run.seed;
+    json["stamp"] = run.stamp;
+    json["options"] = OptionsJson(options);
+    json["chosen"] = {{"tileset", NameOrNull(run.tileSet)},
+                      {"theme", NameOrNull(run.theme)},
+                      {"creature-theme", NameOrNull(run.creatureTheme)},
+                      {"treasure-theme", NameOrNull(run.treasureTheme)}};
+    json["levels"] = LevelsJson(run.levels);
+    json["walkable"] = options.fixed ? Json(nullptr) : Json(run.levels.IsWalkable());
+    json["tries"] = run.tries;
+    json["errors"] = run.errors;
+    return JsonText(json);
+}
+
+} // namespace Tarnex::Report

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "tools/text/PlaceJson.h"
+
+#include "tools/text/Words.h"
+
+#include <charconv>
+
+namespace Tarnex::Report {
+
+namespace {
+
+double NumberOf(const std::string& text) {
+    double number = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+double RoundedDegrees(float radians) {
+    return NumberOf(Number(Degrees(radians), 4));
+}
+
+} // namespace
+
+double Widened(float value) {
+    return NumberOf(ExactNumber(value));
+}
+
+Json PointJson(const Di3Point& point) {
+    return Json::array({Widened(point.x), Widened(point.y), Widened(point.z)});
+}
+
+Json DegreesJson(const Di3Point& radians) {
+    return Json::array(
+        {RoundedDegrees(radians.x), RoundedDegrees(radians.y), RoundedDegrees(radians.z)});
+}
+
+} // namespace Tarnex::Report
