@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/facts/LevelShape.h"
 
-#include <vaultry/gen/Sides.h>
+#include <vaultry/layout/Sides.h>
 
 #include <algorithm>
 #include <array>
@@ -47,13 +47,13 @@ struct Place {
     const MapCell* cell = nullptr;
     std::array<std::size_t, 4> next{kNowhere, kNowhere, kNowhere, kNowhere};
 
-    bool IsHall() const { return cell->tile != MapTile::Room; }
+    bool IsHall() const { return cell->tile != PlanTile::Room; }
     unsigned Ways() const {
         return static_cast<unsigned>(
             std::ranges::count_if(next, [](std::size_t place) { return place != kNowhere; }));
     }
     bool IsJunction() const { return IsHall() && Ways() >= kBranches; }
-    bool IsDeadEnd() const { return cell->tile == MapTile::Hall && Ways() <= 1; }
+    bool IsDeadEnd() const { return cell->tile == PlanTile::Hall && Ways() <= 1; }
 };
 
 using Places = std::vector<Place>;
@@ -62,7 +62,7 @@ Places PlacesOf(const LevelMap& map) {
     Places places;
     std::vector<std::size_t> numbers(map.cells.size(), kNowhere);
     for (std::size_t i = 0; i < map.cells.size(); ++i) {
-        if (map.cells[i].tile != MapTile::Empty && map.cells[i].sameFloor) {
+        if (map.cells[i].tile != PlanTile::Empty && map.cells[i].sameFloor) {
             numbers[i] = places.size();
             places.emplace_back().cell = &map.cells[i];
         }
@@ -70,13 +70,11 @@ Places PlacesOf(const LevelMap& map) {
     for (Place& place : places) {
         for (std::size_t way = 0; way < Sides().size(); ++way) {
             const Side& side = Sides()[way];
-            const DiPos to = place.cell->place + side.step;
-            if (!Has(place.cell->open, side.dir) || !map.IsInside(to.x, to.y)) {
-                continue;
-            }
-            const MapCell& next = map.At(to.x, to.y);
-            if (Has(next.open, side.opposite)) {
-                place.next[way] = numbers[static_cast<std::size_t>(&next - map.cells.data())];
+            const MapCell* next = map.Find(place.cell->place + side.step);
+            // Wherever its door leads, a doorway belongs to the shape of the level.
+            if (next != nullptr && Has(place.cell->open, side.dir) &&
+                Has(next->open, side.opposite)) {
+                place.next[way] = numbers[map.NumberOf(*next)];
             }
         }
     }
@@ -219,7 +217,7 @@ void MeasureWays(const LevelMap& map,
 
 void CountCells(const LevelMap& map, LevelShape& shape) {
     for (const MapCell& cell : map.cells) {
-        shape.area += cell.tile != MapTile::Empty ? 1U : 0U;
+        shape.area += cell.tile != PlanTile::Empty ? 1U : 0U;
         for (const Side& side : Sides()) {
             shape.openings += Has(cell.loose, side.dir) ? 1U : 0U;
         }

@@ -4,20 +4,17 @@
 #include "tools/maps/MapCells.h"
 #include "tools/text/Words.h"
 
-#include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/gen/WorldPlace.h>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <unordered_map>
+#include <utility>
 
 namespace Tarnex::Report {
 
 namespace {
-
-constexpr float kSameFloor = 1.0F; // how far a part may be raised or lowered [cells]
 
 constexpr std::array<RefSort, 7> kByWeight = {RefSort::Creature,
                                               RefSort::Container,
@@ -27,56 +24,16 @@ constexpr std::array<RefSort, 7> kByWeight = {RefSort::Creature,
                                               RefSort::Tapestry,
                                               RefSort::Other};
 
-// A layout of the tree with its place on the level.
-struct Part {
-    const Layout* layout;
-    DiPos origin;
-    bool sameFloor;
-};
-
-// The level itself, then what is near its floor, then the rest: what comes first is drawn.
-std::vector<Part> PartsOf(const Layout& level) {
-    std::vector<Part> parts = {{&level, DiPos(), true}};
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        const Part parent = parts[i];
-        for (const DiPtr<Layout>& child : parent.layout->GetChildren()) {
-            const Di3Point& offset = child->GetOffset();
-            const bool near = i == 0 && std::abs(offset.z) <= kSameFloor;
-            const DiPos place(TruncToInt(offset.x), TruncToInt(offset.y), 0);
-            parts.push_back({child.get(), parent.origin + place, near});
-        }
-    }
-    // The form over ranges does not compile with clang 14.
-    std::stable_partition(
-        parts.begin(), parts.end(), [](const Part& part) { return part.sameFloor; });
-    return parts;
-}
-
 // Contents above or below a cell that is drawn stand in that cell.
 void AddHidden(MapCell& drawn, const MapCell& hidden) {
     drawn.contents.insert(drawn.contents.end(), hidden.contents.begin(), hidden.contents.end());
 }
 
-// Calls `visit` with each cell of a part that has tiles and its place on the map.
-template <typename Visitor>
-void ForEachTiled(const Part& part, const Visitor& visit) {
-    for (std::uint32_t row = 0; row < part.layout->GetHeight(); ++row) {
-        for (std::uint32_t col = 0; col < part.layout->GetWidth(); ++col) {
-            if (part.layout->HasTiles(row, col)) {
-                visit(*part.layout->GetElmt(row, col),
-                      DiPos(part.origin.x + static_cast<std::int32_t>(col),
-                            part.origin.y + static_cast<std::int32_t>(row),
-                            0));
-            }
-        }
-    }
-}
-
-void Draw(LevelMap& map, const Part& part) {
-    ForEachTiled(part, [&](const GridElmt& elmt, const DiPos& at) {
+void Draw(LevelMap& map, const LevelPart& part) {
+    ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& at) {
         MapCell& place = map.Held(at.x, at.y);
         MapCell cell = DrawnCell(elmt);
-        if (place.tile != MapTile::Empty) {
+        if (place.tile != PlanTile::Empty) {
             AddHidden(place, cell);
             return;
         }
@@ -92,7 +49,7 @@ void AddRooms(LevelMap& map, const LevelReport& report, const DiPos& origin) {
         map.rooms.push_back({place, room.size, room.reachable});
         for (std::int32_t y = place.y; y < place.y + room.size.y; ++y) {
             for (std::int32_t x = place.x; x < place.x + room.size.x; ++x) {
-                if (map.IsInside(x, y) && map.At(x, y).tile != MapTile::Empty) {
+                if (map.IsInside(DiPos(x, y, 0)) && map.At(x, y).tile != PlanTile::Empty) {
                     map.Held(x, y).room = map.rooms.size();
                 }
             }
@@ -125,30 +82,11 @@ std::string ContentWords(const MapContent& content, ListedItems& listed) {
 
 const MapCell LevelMap::kEmptyCell;
 
-void LevelMap::SetGrid(std::int32_t newWidth,
-                       std::int32_t newHeight,
-                       const std::vector<DiPos>& places) {
-    width = newWidth;
-    height = newHeight;
-    numbers.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
-    for (const DiPos& place : places) {
-        numbers[Index(place.x, place.y)] = 1;
-    }
-    std::uint32_t count = 0;
-    for (std::uint32_t& number : numbers) {
-        number = number == 0 ? 0 : ++count;
-    }
-    cells.assign(count, {});
-    for (const DiPos& place : places) {
-        Held(place.x, place.y).place = place;
-    }
-}
-
 LevelMap MapOf(const FinishedLevel& level) {
-    std::vector<Part> parts = PartsOf(level.layout);
+    std::vector<LevelPart> parts = PartsOf(level.layout);
     DiPos low;
     DiPos high;
-    for (const Part& part : parts) {
+    for (const LevelPart& part : parts) {
         const DiPos& size = part.layout->GetSize();
         low = DiPos(std::min(low.x, part.origin.x), std::min(low.y, part.origin.y), 0);
         high = DiPos(
@@ -160,15 +98,17 @@ LevelMap MapOf(const FinishedLevel& level) {
     map.tileSize = level.tileSet.GetTileSize();
     map.corner = WorldPosition(low, Di3Point(), Di3Point(), map.tileSize);
     std::vector<DiPos> places;
-    for (Part& part : parts) {
+    for (LevelPart& part : parts) {
         part.origin -= low;
-        ForEachTiled(part, [&places](const GridElmt&, const DiPos& at) { places.push_back(at); });
+        ForEachTiled(*part.layout, part.origin, [&](const GridElmt&, const DiPos& at) {
+            places.push_back(at);
+        });
     }
     map.SetGrid(high.x - low.x, high.y - low.y, places);
-    for (const Part& part : parts) {
+    for (const LevelPart& part : parts) {
         Draw(map, part);
     }
-    FindLooseEnds(map);
+    JoinNeighbours(map);
     if (level.report != nullptr) {
         AddRooms(map, *level.report, low);
     } else {

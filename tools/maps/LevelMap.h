@@ -3,7 +3,7 @@
 #pragma once
 
 #include <vaultry/gen/LevelObserver.h>
-#include <vaultry/layout/ElmtKind.h>
+#include <vaultry/layout/LevelPlan.h>
 #include <vaultry/output/Mod.h>
 #include <vaultry/output/Ref.h>
 
@@ -14,9 +14,6 @@
 #include <vector>
 
 namespace Tarnex::Report {
-
-/// What a cell of a map is.
-enum class MapTile : std::uint8_t { Empty, Room, Hall, Stairs };
 
 /// A stack in a container.
 struct MapItem {
@@ -38,21 +35,13 @@ struct MapContent {
     std::shared_ptr<const MapChest> chest{}; ///< of a container; all that are the same share it
 };
 
-/// One cell of a map. All text is UTF-8.
-struct MapCell {
-    DiPos place; ///< on the map
-    MapTile tile = MapTile::Empty;
-    SideBits open = 0;    ///< sides without a wall
-    SideBits doorway = 0; ///< the open side that holds a doorway
-    SideBits loose = 0;   ///< openings onto nothing
-    bool door = false;
-    bool teleport = false;
+/// One cell of a map: what is planned there, and what is drawn besides. All text is UTF-8.
+struct MapCell : PlanCell {
+    bool door = false; ///< the doorway has a leaf
     bool platform = false;
-    bool sameFloor = false;         ///< stands on the level's own floor, or one cell off at most
-    std::size_t room = 0;           ///< its number from 1; 0 outside of rooms
-    std::string leadsTo;            ///< the level behind a teleporting door
-    std::vector<std::string> tiles; ///< kinds of the pieces
-    std::vector<MapContent> contents;
+    std::string leadsTo{};            ///< the level behind a teleporting door
+    std::vector<std::string> tiles{}; ///< kinds of the pieces
+    std::vector<MapContent> contents{};
 };
 
 /// One room, or one area between doorways where rooms are not known; numbered by its place in the
@@ -76,38 +65,28 @@ struct MapOutline {
 
 /// Copies everything that is drawn, so that it outlives the run. Empty cells take next to no
 /// memory: a few objects far apart make a large map. All text is UTF-8.
-struct LevelMap : MapOutline {
-    std::vector<MapCell>
-        cells; ///< that may hold something, row by row from the north-western corner
+struct LevelMap : MapOutline, PlanGrid<MapCell> {
     std::vector<MapRoom> rooms;
 
-    /// Sets the size, and makes a cell for each of the places, which are inside and may be given
-    /// several times, in any order.
-    void SetGrid(std::int32_t newWidth, std::int32_t newHeight, const std::vector<DiPos>& places);
-
-    bool IsInside(std::int32_t x, std::int32_t y) const {
-        return x >= 0 && y >= 0 && x < width && y < height;
+    /// See PlanGrid.
+    void SetGrid(std::int32_t newWidth, std::int32_t newHeight, const std::vector<DiPos>& places) {
+        width = newWidth;
+        height = newHeight;
+        PlanGrid::SetGrid(DiPos(width, height, 0), places);
     }
     /// The cell there, an empty one if there is none. `x` and `y` are inside.
     const MapCell& At(std::int32_t x, std::int32_t y) const {
-        const std::uint32_t number = numbers[Index(x, y)];
-        return number == 0 ? kEmptyCell : cells[number - 1];
+        const MapCell* cell = Find(DiPos(x, y, 0));
+        return cell == nullptr ? kEmptyCell : *cell;
     }
     /// The cell there, which is one of `cells`.
-    MapCell& Held(std::int32_t x, std::int32_t y) { return cells[numbers[Index(x, y)] - 1]; }
+    MapCell& Held(std::int32_t x, std::int32_t y) { return *Find(DiPos(x, y, 0)); }
     bool IsReachable(const MapCell& cell) const {
         return cell.room == 0 || rooms[cell.room - 1].reachable;
     }
 
 private:
     static const MapCell kEmptyCell;
-
-    std::size_t Index(std::int32_t x, std::int32_t y) const {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-               static_cast<std::size_t>(x);
-    }
-
-    std::vector<std::uint32_t> numbers; // of the cells from 1, or 0, row by row
 };
 
 /// The levels of a drawing. A drawing looks at one after the other, several times over.

@@ -8,12 +8,8 @@
 
 namespace Tarnex::Report {
 
-/// One element as it is drawn, with its tiles, doors, platform and contents. Its loose ends are the
-/// sides that must lead somewhere, until FindLooseEnds knows what they lead to.
+/// One element as it is drawn, with its tiles, doors, platform and contents.
 MapCell DrawnCell(const GridElmt& elmt);
-
-/// Keeps the loose ends that face no other opening.
-void FindLooseEnds(LevelMap& map);
 
 /// For a map without rooms: numbers the areas of floor between doorways, row by row.
 void NumberAreas(LevelMap& map);

@@ -13,7 +13,7 @@ namespace Tarnex::Report {
 
 namespace {
 
-// In the order of MapTile.
+// In the order of PlanTile.
 constexpr std::array<const char*, 4> kTileWords = {"empty", "room", "hall", "stairs"};
 
 constexpr std::array<std::pair<TileDirT, char>, 4> kSideLetters = {

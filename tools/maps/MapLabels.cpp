@@ -27,7 +27,7 @@ constexpr double kOverFloor = 60.0;
 constexpr double kWithLine = 25.0;
 
 bool IsDrawn(const MapCell& cell) {
-    return cell.tile != MapTile::Empty || !cell.contents.empty();
+    return cell.tile != PlanTile::Empty || !cell.contents.empty();
 }
 
 bool BeginsLetter(char c) {
@@ -135,7 +135,7 @@ private:
         };
         for (std::int32_t y = first(box.y - 1); y <= first(box.y + box.height + 1); ++y) {
             for (std::int32_t x = first(box.x - 1); x <= first(box.x + box.width + 1); ++x) {
-                cost += map.IsInside(x, y) ? CellCost(x, y, box) : 0.0;
+                cost += map.IsInside(DiPos(x, y, 0)) ? CellCost(x, y, box) : 0.0;
             }
         }
         return cost;
@@ -180,7 +180,7 @@ std::vector<DiPos> RoomNumberPlaces(const LevelMap& map) {
     }
     std::vector<std::int32_t> nearest(map.rooms.size(), std::numeric_limits<std::int32_t>::max());
     for (const MapCell& cell : map.cells) {
-        if (cell.room == 0 || cell.tile != MapTile::Room) {
+        if (cell.room == 0 || cell.tile != PlanTile::Room) {
             continue;
         }
         const MapRoom& room = map.rooms[cell.room - 1];

@@ -24,7 +24,7 @@ struct LegendEntry {
     Shows shows; ///< whether a cell needs the entry
 };
 
-template <MapTile Tile>
+template <PlanTile Tile>
 bool IsTile(const LevelMap& /*map*/, const MapCell& cell) {
     return cell.tile == Tile;
 }
@@ -36,12 +36,12 @@ bool Holds(const LevelMap& /*map*/, const MapCell& cell) {
 
 const std::array<LegendEntry, LegendNeeds().size()> kEntries = {{
     {{R"(<path class="floor" d="M0 0H24V24H0Z"/><path class="wall" d="M0 0H24V24H0Z"/>)", "room"},
-     IsTile<MapTile::Room>},
+     IsTile<PlanTile::Room>},
     {{R"(<path class="hallfloor" d="M0 6H24V18H0Z"/><path class="wall" d="M0 6H24M0 18H24"/>)",
       "hall"},
-     IsTile<MapTile::Hall>},
+     IsTile<PlanTile::Hall>},
     {{R"(<path class="step" d="M3 4H21M3 8H21M3 12H21M3 16H21M3 20H21"/>)", "stairs"},
-     IsTile<MapTile::Stairs>},
+     IsTile<PlanTile::Stairs>},
     {{R"(<path class="raised" d="M2.5 2.5H21.5V21.5H2.5Z"/>)", "platform"},
      [](const LevelMap&, const MapCell& cell) { return cell.platform; }},
     {{R"(<path class="wall" d="M0 12H6M18 12H24"/>)", "doorway"},

@@ -94,7 +94,7 @@ std::string Grid(const LevelMap& map) {
 }
 
 bool IsRoomLike(const MapCell& cell) {
-    return cell.tile == MapTile::Room || cell.tile == MapTile::Stairs;
+    return cell.tile == PlanTile::Room || cell.tile == PlanTile::Stairs;
 }
 
 // Walls are drawn over every floor, of whatever colour.
@@ -107,7 +107,7 @@ std::string RoomWalls(const LevelMap& map) {
         }
         walls.Add(at, kWalls, static_cast<SideBits>(~cell.open & ~cell.doorway & kAllSides));
         walls.Add(at, kDoorwayWalls, cell.doorway);
-        if (cell.tile == MapTile::Stairs) {
+        if (cell.tile == PlanTile::Stairs) {
             steps.Add(at, (cell.open & SideBit(DirN)) != 0 ? kStepsNS : kStepsEW);
         }
     });
@@ -117,7 +117,7 @@ std::string RoomWalls(const LevelMap& map) {
 std::string HallWalls(const LevelMap& map) {
     PathData walls;
     ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
-        if (cell.tile == MapTile::Hall) {
+        if (cell.tile == PlanTile::Hall) {
             walls.Add(at, kHallOpen, cell.open);
             walls.Add(at, kHallClosed, static_cast<SideBits>(~cell.open & kAllSides));
         }
@@ -128,7 +128,7 @@ std::string HallWalls(const LevelMap& map) {
 void AddFloor(PathData& floor, const DiPos& at, const MapCell& cell) {
     if (IsRoomLike(cell)) {
         floor.Add(at, kWholeFloor);
-    } else if (cell.tile == MapTile::Hall) {
+    } else if (cell.tile == PlanTile::Hall) {
         floor.Add(at, kHallMiddle);
         floor.Add(at, kHallFloors, cell.open);
     }
@@ -151,7 +151,8 @@ std::string RoomFloors(const LevelMap& map) {
 }
 
 std::string HallFloors(const LevelMap& map) {
-    return Floors(map, "hallfloor", [](const MapCell& cell) { return cell.tile == MapTile::Hall; });
+    return Floors(
+        map, "hallfloor", [](const MapCell& cell) { return cell.tile == PlanTile::Hall; });
 }
 
 std::string CutFloors(const LevelMap& map) {
@@ -225,7 +226,7 @@ std::string Numbers(const LevelMap& map) {
 std::string MarkAt(const DiPos& at, const MapCell& cell, const MapMark& mark) {
     const bool alone = std::ranges::all_of(
         cell.contents, [&mark](const MapContent& content) { return content.sort == mark.sort; });
-    const bool centred = cell.tile == MapTile::Hall && alone;
+    const bool centred = cell.tile == PlanTile::Hall && alone;
     return SvgUse(mark.name,
                   at.x * kCell + (centred ? kCell / 2.0 - mark.middleX : 0.0),
                   at.y * kCell + (centred ? kCell / 2.0 - mark.middleY : 0.0));

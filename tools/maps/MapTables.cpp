@@ -61,7 +61,7 @@ void AddCell(RoomSums& sums, const MapCell& cell) {
 std::vector<RoomSums> SumUp(const LevelMap& map) {
     std::vector<RoomSums> sums(map.rooms.size() + 1);
     for (const MapCell& cell : map.cells) {
-        if (cell.tile != MapTile::Empty || !cell.contents.empty()) {
+        if (cell.tile != PlanTile::Empty || !cell.contents.empty()) {
             AddCell(sums[cell.room], cell);
         }
     }

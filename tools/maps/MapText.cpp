@@ -95,7 +95,7 @@ Pair HallPair(const MapCell& cell) {
 
 // The character that a mark may take: beside a wall to the west the one further in.
 Glyph& Free(Pair& pair, const MapCell& cell) {
-    return cell.tile == MapTile::Room && Closed(cell, DirW) ? pair.right : pair.left;
+    return cell.tile == PlanTile::Room && Closed(cell, DirW) ? pair.right : pair.left;
 }
 
 void PutDoor(Pair& pair, const MapCell& cell) {
@@ -127,15 +127,15 @@ void PutContent(Pair& pair, const MapCell& cell) {
 Pair PairOf(const LevelMap& map, const MapCell& cell) {
     Pair pair;
     switch (cell.tile) {
-    case MapTile::Empty:
+    case PlanTile::Empty:
         break;
-    case MapTile::Room:
+    case PlanTile::Room:
         pair = RoomPair(cell);
         break;
-    case MapTile::Hall:
+    case PlanTile::Hall:
         pair = HallPair(cell);
         break;
-    case MapTile::Stairs:
+    case PlanTile::Stairs:
         pair.left = pair.right = {"≡", Ink::Wall};
         break;
     }
@@ -158,7 +158,7 @@ void PutNumbers(const LevelMap& map, std::vector<Pair>& pairs) {
     for (std::size_t i = 0; i < map.cells.size(); ++i) {
         const MapCell& cell = map.cells[i];
         if (numbered[cell.room] || cell.open != 0xF || cell.doorway != 0 ||
-            !cell.contents.empty() || cell.tile != MapTile::Room) {
+            !cell.contents.empty() || cell.tile != PlanTile::Room) {
             continue;
         }
         numbered[cell.room] = true;
@@ -222,7 +222,7 @@ void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
     PutNumbers(map, pairs);
     std::size_t rows = 0; // up to the last with something in it
     for (const MapCell& cell : map.cells) {
-        if (cell.tile != MapTile::Empty || !cell.contents.empty()) {
+        if (cell.tile != PlanTile::Empty || !cell.contents.empty()) {
             rows = static_cast<std::size_t>(cell.place.y) + 1;
         }
     }

@@ -215,7 +215,7 @@ public:
         for (const PlacedThing& thing : things) {
             AddThing(Held(thing.cell), *thing.ref);
         }
-        FindLooseEnds(map);
+        JoinNeighbours(map);
         NumberAreas(map);
         JudgeReach(map);
         return std::move(map);
@@ -305,12 +305,11 @@ private:
     // Of the tiles in a cell those nearest to the main floor are drawn, together.
     void DrawTiles() {
         constexpr double kSameHeight = 0.1; // [cells]
-        constexpr double kSameFloor = 1.01; // [cells]
+        // The file holds heights in world units, rounded where they do not divide evenly.
+        constexpr double kRounding = 0.01; // [cells]
         const double main = MainHeight();
         std::vector<double> nearest(map.cells.size(), std::numeric_limits<double>::max());
-        const auto index = [this](const PlacedTile& tile) {
-            return static_cast<std::size_t>(&Held(tile.cell) - map.cells.data());
-        };
+        const auto index = [this](const PlacedTile& tile) { return map.NumberOf(Held(tile.cell)); };
         for (const PlacedTile& tile : tiles) {
             double& height = nearest[index(tile)];
             if (std::abs(tile.height - main) < std::abs(height - main)) {
@@ -335,7 +334,8 @@ private:
                 const DiPos place = map.cells[i].place;
                 map.cells[i] = DrawnCell(*elements[i]);
                 map.cells[i].place = place;
-                map.cells[i].sameFloor = std::abs(nearest[i] - main) <= kSameFloor;
+                map.cells[i].sameFloor =
+                    std::abs(nearest[i] - main) <= double{kSameFloor} + kRounding;
                 Lead(map.cells[i], doors[i]);
             }
         }

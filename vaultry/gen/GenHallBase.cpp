@@ -10,10 +10,6 @@ namespace Tarnex {
 
 namespace {
 
-DiPos RoomOrigin(const Layout& room) {
-    return {TruncToInt(room.GetOffset().x), TruncToInt(room.GetOffset().y), 0};
-}
-
 // The cells of the level from `first` to `last`, both included.
 struct CellRange {
     DiPos first;
@@ -96,7 +92,7 @@ bool GenHallBase::IsOnBorder(const DiPos& pos) const {
 
 DiPos GenHallBase::FindCenter(const Layout& room) const {
     const DiPos& size = room.GetSize();
-    return RoomOrigin(room) + DiPos(size.x / 2, size.y / 2, 0);
+    return OriginOf(room) + DiPos(size.x / 2, size.y / 2, 0);
 }
 
 const Layout* GenHallBase::PosToRoom(const DiPos& pos) const {
@@ -156,7 +152,7 @@ void GenHallBase::AddIfSafe(std::vector<DiPos>& candidates,
     if (tile == nullptr || (facings & SideBit(GetTileDir(*tile))) == 0) {
         return;
     }
-    const DiPos pos = RoomOrigin(room) + cell;
+    const DiPos pos = OriginOf(room) + cell;
     if (IsSafeForDoor(*tile, pos)) {
         candidates.push_back(pos);
     }

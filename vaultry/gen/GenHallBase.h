@@ -4,9 +4,9 @@
 
 #include <vaultry/gen/GenInfo.h>
 #include <vaultry/gen/HallStep.h>
-#include <vaultry/gen/Sides.h>
 #include <vaultry/layout/ElmtKind.h>
 #include <vaultry/layout/RoomInfo.h>
+#include <vaultry/layout/Sides.h>
 
 #include <vector>
 

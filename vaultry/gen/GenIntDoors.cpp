@@ -3,8 +3,8 @@
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntRandom.h>
 #include <vaultry/gen/Limits.h>
-#include <vaultry/gen/Sides.h>
 #include <vaultry/layout/ElmtKind.h>
+#include <vaultry/layout/Sides.h>
 
 #include <algorithm>
 
@@ -14,12 +14,13 @@ namespace {
 
 // On this floor: a bridge overhead is no reason for a doorway.
 bool HasAnything(const Layout& layout, const DiPos& pos) {
-    constexpr float kSameFloor = 0.5F;
+    // A part that is raised or lowered by a cell can be walked to, but no doorway leads to it.
+    constexpr float kOfDoors = 0.5F;
     return !layout
                 .GetElmtsDeep(static_cast<std::uint32_t>(pos.y),
                               static_cast<std::uint32_t>(pos.x),
-                              -kSameFloor,
-                              kSameFloor)
+                              -kOfDoors,
+                              kOfDoors)
                 .empty();
 }
 

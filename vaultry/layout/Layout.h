@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/catalogue/TileSet.h>
+#include <vaultry/foundation/Numeric.h>
 #include <vaultry/layout/GridElmt.h>
 
 #include <string>
@@ -128,5 +129,10 @@ private:
     DiPtr<TileSet> tileSet;
     std::vector<DiPtr<Layout>> children;
 };
+
+/// The cell of a layout's north-western corner in its parent.
+inline DiPos OriginOf(const Layout& layout) {
+    return {TruncToInt(layout.GetOffset().x), TruncToInt(layout.GetOffset().y), 0};
+}
 
 } // namespace Tarnex

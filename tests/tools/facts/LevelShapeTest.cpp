@@ -16,7 +16,6 @@ namespace {
 
 using Report::LevelMap;
 using Report::LevelShape;
-using Report::MapTile;
 using Rows = std::vector<std::string>;
 
 bool IsRoom(char c) {
@@ -36,11 +35,11 @@ LevelMap Drawn(const Rows& rows) {
         for (const char c : row) {
             Report::MapCell& cell = cells.emplace_back();
             if (c == '-' || c == '|' || c == '+') {
-                cell = Cell(MapTile::Hall, c == '-' ? "EW" : c == '|' ? "NS" : "NSEW");
+                cell = Cell(PlanTile::Hall, c == '-' ? "EW" : c == '|' ? "NS" : "NSEW");
             } else if (c == '=') {
-                cell = Cell(MapTile::Stairs, "EW");
+                cell = Cell(PlanTile::Stairs, "EW");
             } else if (IsRoom(c)) {
-                cell = Cell(MapTile::Room, "NSEW");
+                cell = Cell(PlanTile::Room, "NSEW");
                 cell.room = static_cast<std::size_t>(Lower(c) - 'a' + 1);
                 map.rooms.resize(std::max(map.rooms.size(), cell.room));
             }
@@ -52,8 +51,9 @@ LevelMap Drawn(const Rows& rows) {
              std::move(cells));
     // A room's wall stands wherever the neighbour is no part of it, but for doorways.
     const auto at = [&rows, &map](std::int32_t x, std::int32_t y) {
-        return map.IsInside(x, y) ? rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)]
-                                  : '.';
+        return map.IsInside(DiPos(x, y, 0))
+                   ? rows[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)]
+                   : '.';
     };
     for (std::int32_t y = 0; y < map.height; ++y) {
         for (std::int32_t x = 0; x < map.width; ++x) {
@@ -143,6 +143,12 @@ TEST(LevelShapeTest, DoorwaysBetweenNeighboursAreOneStep) {
     EXPECT_TRUE(shape.connected);
     EXPECT_EQ(shape.longestWay, 1U);
     EXPECT_EQ(shape.loops, 0U);
+}
+
+TEST(LevelShapeTest, ADoorwayIsAWayWhereverItsDoorLeads) {
+    LevelMap map = Drawn({"aAB", "aab"});
+    map.Held(1, 0).teleport = true;
+    EXPECT_TRUE(Report::ShapeOf(map).connected);
 }
 
 // Chambers of one drawn room, joined by a hall of its own, are no way round.

@@ -10,8 +10,6 @@ namespace Tarnex::Test {
 
 namespace {
 
-using Report::MapTile;
-
 // A room cell with a doorway to the south and a hall below it that goes on into nothing.
 class LevelMapTest : public ::testing::Test {
 protected:
@@ -51,12 +49,12 @@ TEST_F(LevelMapTest, CopiesSizeNameTilesAndOpenings) {
     EXPECT_EQ(map.tileSize, 256);
     EXPECT_EQ(map.width, 1);
     EXPECT_EQ(map.height, 3);
-    EXPECT_EQ(map.At(0, 0).tile, MapTile::Room);
+    EXPECT_EQ(map.At(0, 0).tile, PlanTile::Room);
     EXPECT_EQ(map.At(0, 0).doorway, Open("S"));
     EXPECT_TRUE(map.At(0, 0).door);
-    EXPECT_EQ(map.At(0, 1).tile, MapTile::Hall);
+    EXPECT_EQ(map.At(0, 1).tile, PlanTile::Hall);
     EXPECT_EQ(map.At(0, 1).open, Open("NS"));
-    EXPECT_EQ(map.At(0, 2).tile, MapTile::Empty);
+    EXPECT_EQ(map.At(0, 2).tile, PlanTile::Empty);
 }
 
 TEST_F(LevelMapTest, MarksOpeningsOntoNothing) {
@@ -83,8 +81,8 @@ TEST_F(LevelMapTest, PartsAtOtherHeightsAreDrawnWhereTheLevelIsEmpty) {
     }
     layout->AddChild(part);
     const Report::LevelMap map = Map();
-    EXPECT_EQ(map.At(0, 1).tile, MapTile::Hall);
-    EXPECT_EQ(map.At(0, 2).tile, MapTile::Room);
+    EXPECT_EQ(map.At(0, 1).tile, PlanTile::Hall);
+    EXPECT_EQ(map.At(0, 2).tile, PlanTile::Room);
     EXPECT_EQ(map.At(0, 1).loose, Open("S"));
     layout->Dissolve();
 }

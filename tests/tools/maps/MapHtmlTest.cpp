@@ -54,7 +54,7 @@ TEST(MapHtmlTest, LeadsNowhereButToItself) {
 }
 
 TEST(MapHtmlTest, LevelsAreListedWhenThereAreSeveral) {
-    const std::string two = Page({SampleMap(), SampleMap()});
+    const std::string two = Page(std::vector{SampleMap(), SampleMap()});
     EXPECT_TRUE(Contains(two, "<li><a href=\"#level-2\">"));
     EXPECT_FALSE(Contains(Page(SampleMap()), "<nav"));
 }

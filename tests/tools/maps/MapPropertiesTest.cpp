@@ -25,7 +25,6 @@ namespace {
 using Report::LevelMap;
 using Report::MapCell;
 using Report::MapCollector;
-using Report::MapTile;
 
 // One of the configurations, its tile sets in turn.
 struct Source {
@@ -130,7 +129,7 @@ std::string Outline(const LevelMap& map) {
     DiPos high;
     for (std::int32_t y = 0; y < map.height; ++y) {
         for (std::int32_t x = 0; x < map.width; ++x) {
-            if (map.At(x, y).tile != MapTile::Empty) {
+            if (map.At(x, y).tile != PlanTile::Empty) {
                 low = DiPos(std::min(low.x, x), std::min(low.y, y), 0);
                 high = DiPos(std::max(high.x, x + 1), std::max(high.y, y + 1), 0);
             }

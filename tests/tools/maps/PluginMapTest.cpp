@@ -14,7 +14,6 @@ namespace Tarnex::Test {
 namespace {
 
 using Report::LevelMap;
-using Report::MapTile;
 
 // A tile set of three tiles and a chair, and a cell to place them in.
 class PluginMapTest : public ::testing::Test {
@@ -69,7 +68,7 @@ TEST_F(PluginMapTest, KnownTilesBecomeFloorsAndDoors) {
     EXPECT_EQ(map.height, 2);
     EXPECT_TRUE(map.At(0, 0).door);
     EXPECT_EQ(map.At(0, 0).doorway, Open("N"));
-    EXPECT_EQ(map.At(0, 1).tile, MapTile::Room);
+    EXPECT_EQ(map.At(0, 1).tile, PlanTile::Room);
     EXPECT_EQ(map.At(0, 1).contents.at(0).sort, RefSort::Furniture);
     EXPECT_EQ(map.rooms.size(), 1U);
 }
@@ -95,7 +94,7 @@ TEST_F(PluginMapTest, UnknownObjectsAreMarks) {
     Put("in_doorway_arch", 600, 0);
     const LevelMap map = Map();
     EXPECT_TRUE(map.tileSet.empty());
-    EXPECT_EQ(map.At(0, 0).tile, MapTile::Empty);
+    EXPECT_EQ(map.At(0, 0).tile, PlanTile::Empty);
     EXPECT_EQ(map.At(0, 0).contents.at(0).sort, RefSort::Other);
     EXPECT_EQ(map.At(2, 0).contents.at(0).sort, RefSort::Door);
     EXPECT_EQ(map.At(2, 0).contents.at(1).sort, RefSort::Other);
@@ -146,7 +145,7 @@ TEST_F(PluginMapTest, OtherFloorsAreDrawnWhereTheMainFloorIsEmpty) {
     Put("floor", 512, 0, 1024);
     const LevelMap map = Map();
     EXPECT_EQ(map.At(1, 0).doorway, 0);
-    EXPECT_EQ(map.At(2, 0).tile, MapTile::Room);
+    EXPECT_EQ(map.At(2, 0).tile, PlanTile::Room);
     EXPECT_FALSE(map.At(2, 0).sameFloor);
 }
 

@@ -18,7 +18,7 @@ inline SideBits Open(std::string_view letters) {
     return static_cast<SideBits>(sides);
 }
 
-inline Report::MapCell Cell(Report::MapTile tile, std::string_view open) {
+inline Report::MapCell Cell(PlanTile tile, std::string_view open) {
     Report::MapCell cell;
     cell.tile = tile;
     cell.open = Open(open);
@@ -52,7 +52,6 @@ inline Report::MapCollector Levels(std::vector<Report::LevelMap> maps) {
 }
 
 inline Report::LevelMap SampleMap() {
-    using Report::MapTile;
     Report::LevelMap map;
     map.name = "Vault <1> & more";
     map.tileSet = "Stone";
@@ -60,21 +59,21 @@ inline Report::LevelMap SampleMap() {
     SetCells(map,
              4,
              4,
-             {Cell(MapTile::Room, "SE"),
-              Cell(MapTile::Room, "SEW"),
-              Cell(MapTile::Room, "SW"),
-              Cell(MapTile::Stairs, "NS"),
-              Cell(MapTile::Room, "NSE"),
-              Cell(MapTile::Room, "NSEW"),
-              Cell(MapTile::Room, "NSW"),
+             {Cell(PlanTile::Room, "SE"),
+              Cell(PlanTile::Room, "SEW"),
+              Cell(PlanTile::Room, "SW"),
+              Cell(PlanTile::Stairs, "NS"),
+              Cell(PlanTile::Room, "NSE"),
+              Cell(PlanTile::Room, "NSEW"),
+              Cell(PlanTile::Room, "NSW"),
               {},
-              Cell(MapTile::Room, "NE"),
-              Cell(MapTile::Room, "NSEW"),
-              Cell(MapTile::Room, "NW"),
+              Cell(PlanTile::Room, "NE"),
+              Cell(PlanTile::Room, "NSEW"),
+              Cell(PlanTile::Room, "NW"),
               {},
               {},
-              Cell(MapTile::Hall, "NE"),
-              Cell(MapTile::Hall, "EW"),
+              Cell(PlanTile::Hall, "NE"),
+              Cell(PlanTile::Hall, "EW"),
               {}});
     map.rooms = {{DiPos(0, 0, 0), DiPos(3, 3, 0), true}};
     for (std::int32_t i = 0; i < 9; ++i) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <vaultry/gen/Sides.h>
+#include <vaultry/layout/Sides.h>
 
 #include <vaultry/catalogue/Vocabulary.h>
 

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/layout/LevelPlan.h>
+
+#include <vaultry/layout/Passages.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace Tarnex {
+
+namespace {
+
+// A doorway in a corner has no facing of its own: the last letter of its kind is the side.
+SideBits DoorwaySide(const Tile& tile) {
+    const TileDirT facing = GetTileDir(tile);
+    if (facing <= DirW) {
+        return SideBit(facing);
+    }
+    const std::string_view name = tile.kindName.Kind().Name();
+    const std::size_t side = std::string_view("NSEW").find(name.empty() ? ' ' : name.back());
+    return side == std::string_view::npos ? SideBits{0} : SideBit(static_cast<TileDirT>(side));
+}
+
+PlanTile TileOf(const GridElmt& elmt) {
+    switch (GetElmtType(elmt)) {
+    case TileHall:
+    case TileHallEnd:
+        return PlanTile::Hall;
+    case TileNone:
+        return PlanTile::Stairs;
+    default:
+        return PlanTile::Room;
+    }
+}
+
+} // namespace
+
+PlanCell PlanCellOf(const GridElmt& elmt) {
+    PlanCell cell;
+    cell.tile = TileOf(elmt);
+    cell.open = WalkableSides(elmt);
+    cell.loose = OpenSides(elmt);
+    if (const Tile* doorway = PeekTileOfType(elmt, TileDoorway)) {
+        cell.doorway = DoorwaySide(*doorway);
+    }
+    cell.teleport = elmt.isTeleport;
+    cell.sameFloor = true;
+    return cell;
+}
+
+std::vector<LevelPart> PartsOf(const Layout& level) {
+    std::vector<LevelPart> parts = {{&level, DiPos(), true}};
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const LevelPart parent = parts[i];
+        for (const DiPtr<Layout>& child : parent.layout->GetChildren()) {
+            const bool near = i == 0 && std::abs(child->GetOffset().z) <= kSameFloor;
+            parts.push_back({child.get(), parent.origin + OriginOf(*child), near});
+        }
+    }
+    // The form over ranges does not compile with clang 14.
+    std::stable_partition(
+        parts.begin(), parts.end(), [](const LevelPart& part) { return part.sameFloor; });
+    return parts;
+}
+
+LevelPlan PlanOf(const Layout& level) {
+    const DiPos& size = level.GetSize();
+    std::vector<const GridElmt*> elmts;
+    std::vector<DiPos> places;
+    for (const LevelPart& part : PartsOf(level)) {
+        if (!part.sameFloor) {
+            break;
+        }
+        ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& place) {
+            if (place.x >= 0 && place.y >= 0 && place.x < size.x && place.y < size.y) {
+                elmts.push_back(&elmt);
+                places.push_back(place);
+            }
+        });
+    }
+    LevelPlan plan;
+    plan.SetGrid(size, places);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        PlanCell& cell = *plan.Find(places[i]);
+        if (cell.tile == PlanTile::Empty) {
+            cell = PlanCellOf(*elmts[i]);
+            cell.place = places[i];
+        }
+    }
+    JoinNeighbours(plan);
+    return plan;
+}
+
+} // namespace Tarnex
