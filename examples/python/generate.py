@@ -2,10 +2,10 @@
 # SPDX-License-Identifier: MIT
 """Generates a dungeon from Python.
 
-    generate.py LIBRARY CONFIGURATION PLUGIN [OPTION=VALUE ...]
+    generate.py CONFIGURATION PLUGIN [OPTION=VALUE ...]
 
-LIBRARY is libvaultry.so or Vaultry.dll; options are those of the command line without the dashes,
-for instance size=Large seed=7 levels=2.
+Options are those of the command line without the dashes, for instance size=Large seed=7 levels=2.
+Where the system does not find the library, the environment variable VAULTRY_LIBRARY tells its path.
 """
 
 import sys
@@ -15,15 +15,15 @@ import vaultry
 
 
 def main(arguments: List[str]) -> None:
-    if len(arguments) < 3 or not all("=" in option for option in arguments[3:]):
+    if len(arguments) < 2 or not all("=" in option for option in arguments[2:]):
         sys.exit(__doc__)
-    library, config, plugin, *options = arguments
-    with vaultry.Generator(library) as generator:
+    config, plugin, *options = arguments
+    with vaultry.Generator() as generator:
         generator.init(config)
         for option in options:
             generator.set(*option.split("=", 1))
         report = generator.generate(plugin)
-        print(f"seed {generator.seed}")
+        print(f"seed {report['seed']}")
         for level in report["levels"]:
             print(f"level {level['level']}: {level['reachable-rooms']} of {level['rooms']} rooms")
 

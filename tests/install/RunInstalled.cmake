@@ -1,11 +1,12 @@
 # Installs the project into an empty folder, moves it to another, and uses it from there as strangers
 # would: a C++ project through find_package, a C program through pkg-config, a Python program through
-# the shared library, and the program itself; PNG if it was built with that. Arguments: BUILD, SOURCE,
+# the module, and the program itself; PNG if it was built with that. Arguments: BUILD, SOURCE,
 # WORK, GENERATOR, CXX, CC, LIBDIR, PYTHON, PKG_CONFIG, HARDENED, PNG.
 
 # What whoever runs the tests has set for builds of their own.
 foreach(variable DESTDIR CFLAGS CXXFLAGS CPPFLAGS LDFLAGS CMAKE_GENERATOR CMAKE_BUILD_TYPE
-    CMAKE_PREFIX_PATH CMAKE_INSTALL_PREFIX PKG_CONFIG_SYSROOT_DIR PYTHONHOME PYTHONPATH)
+    CMAKE_PREFIX_PATH CMAKE_INSTALL_PREFIX PKG_CONFIG_SYSROOT_DIR PYTHONHOME PYTHONPATH
+    VAULTRY_LIBRARY)
   unset(ENV{${variable}})
 endforeach()
 
@@ -66,7 +67,8 @@ if(NOT OUTPUT MATCHES "seed 7\n{\n  \"schema\": 1,.*\"levels\": \\[\n    {\n    
   message(FATAL_ERROR "The C program printed:\n${OUTPUT}")
 endif()
 
-run(${PYTHON} ${SOURCE}/examples/python/generate.py ${PREFIX}/${LIBDIR}/libvaultry.so
+set(DOCUMENTS ${PREFIX}/share/doc/vaultry)
+run(${LIBRARY_PATH} PYTHONPATH=${DOCUMENTS}/python ${PYTHON} -B ${DOCUMENTS}/examples/python/generate.py
   ${CONFIG} python.esp seed=7 stamp=1 size=Small)
 if(NOT OUTPUT MATCHES "seed 7\nlevel 1: [0-9]+ of [0-9]+ rooms")
   message(FATAL_ERROR "The Python program printed:\n${OUTPUT}")
