@@ -24,8 +24,9 @@ namespace {
 
 using namespace Tarnex;
 
-// Makes a text of a generator, which keeps it; null when it is refused. What was handed out before
-// is still good meanwhile, so that it can be handed back in.
+// Makes a text of a generator, which keeps it; null when it is refused, and without an error where
+// memory did not suffice. What was handed out before is still good meanwhile, so that it can be
+// handed back in.
 template <typename Make>
 const char* Answer(vaultry_generator* generator, const Make& make) {
     const vaultry_result result = Enter(*generator, [&](RunState*) {
@@ -37,6 +38,9 @@ const char* Answer(vaultry_generator* generator, const Make& make) {
             refused = e.what();
         } catch (const Report::MapError& e) {
             refused = e.what();
+        } catch (const std::bad_alloc&) {
+            generator->errors.clear();
+            throw;
         }
         generator->errors.clear();
         Tell(*generator, refused);
