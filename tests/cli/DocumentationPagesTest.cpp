@@ -77,6 +77,33 @@ TEST(DocumentationPagesTest, LinksLeadSomewhere) {
     }
 }
 
+// Files of the project, as pages name them.
+std::set<std::string> FilesNamedIn(const Page& page) {
+    static const std::regex path(
+        "`((?:bench|cli|cmake|data|docs|embed|examples|fuzz|python|scripts|tests|tools|vaultry)"
+        "/[A-Za-z0-9_./-]+)`");
+    std::set<std::string> files;
+    for (const std::string& line : page.Prose()) {
+        for (std::sregex_iterator found(line.begin(), line.end(), path), end; found != end;
+             ++found) {
+            files.insert((*found)[1]);
+        }
+    }
+    return files;
+}
+
+TEST(DocumentationPagesTest, FilesThatAreNamedExist) {
+    std::size_t count = 0;
+    for (const Page& page : Pages()) {
+        for (const std::string& file : FilesNamedIn(page)) {
+            EXPECT_TRUE(fs::exists(fs::path(VAULTRY_SOURCE_DIR) / file))
+                << page.path << " names " << file;
+            ++count;
+        }
+    }
+    EXPECT_GE(count, 80U);
+}
+
 TEST(DocumentationPagesTest, EveryPictureIsShown) {
     std::set<std::string> shown;
     for (const Page& page : Pages()) {
