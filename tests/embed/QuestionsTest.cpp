@@ -149,7 +149,8 @@ TEST_F(QuestionsTest, TheMapAsJsonHasEverythingInItsPlace) {
 // Tiles without an offset of their own stand in the middle of their cells.
 TEST_F(QuestionsTest, TheCornerTellsWhereTheCellsOfAMapAre) {
     Run();
-    for (const Json& level : Parsed(vaultry_map(own, "json")).at("levels")) {
+    const Json levels = Parsed(vaultry_map(own, "json")).at("levels");
+    for (const Json& level : levels) {
         const double size = level.at("cell-size");
         std::set<std::pair<double, double>> middles;
         for (const Json& cell : level.at("cells")) {
