@@ -37,7 +37,7 @@ vaultry_result ReadConfig(vaultry_generator* generator, const char* name, const 
     return Enter(*generator, [=, &read](RunState*) {
         generator->errors.clear();
         generator->run.reset();
-        generator->config = ToUtf8(FromUtf8(TextOf(name)));
+        generator->config = TextOf(name);
         ForgetNames(*generator);
         const ProblemList problems;
         read(generator->manager, WhileWanted(generator->call));

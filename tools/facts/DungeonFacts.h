@@ -59,6 +59,7 @@ public:
     void LevelFinished(const FinishedLevel& level) override {
         shapes.push_back(ShapeOf(MapOf(level), status));
     }
+    void StartOver() override { shapes.clear(); }
     /// Hands the shapes over and starts anew.
     std::vector<LevelShape> Take() { return std::exchange(shapes, {}); }
 

@@ -67,15 +67,17 @@ TEST_F(SeedJudgeTest, ASeedWithoutADungeonComesWithTheReason) {
     EXPECT_EQ(verdict.fault, "Error : GenMgr : Unable to generate:  No default tile set.");
 }
 
-TEST_F(SeedJudgeTest, WithoutMemoryOneSeedIsLost) {
+TEST_F(SeedJudgeTest, WithoutMemoryOneSeedIsLostAndLeavesNothingForTheNext) {
+    const Verdict alone = JudgeOf("rooms>0").Judge(8);
     SeedJudge judge(
         manager,
         [this](std::uint32_t seed) {
-            return seed == 7 ? throw std::bad_alloc() : run->GenerateFrom(seed);
+            RunResult result = run->GenerateFrom(seed);
+            return seed == 7 ? throw std::bad_alloc() : result;
         },
         Condition("rooms>0"));
     EXPECT_EQ(judge.Judge(7).fault, "out of memory");
-    EXPECT_TRUE(judge.Judge(8).found);
+    EXPECT_EQ(judge.Judge(8).found, alone.found);
 }
 
 } // namespace
