@@ -85,7 +85,7 @@ Places PlacesOf(const LevelMap& map) {
 template <typename Use>
 void ForEachPair(const Places& places, const Use& use) {
     for (std::size_t i = 0; i < places.size(); ++i) {
-        for (const TileDirT way : {DirS, DirE}) {
+        for (const auto way : {std::size_t{DirS}, std::size_t{DirE}}) {
             if (places[i].next[way] != kNowhere) {
                 use(i, places[i].next[way], Sides()[way]);
             }

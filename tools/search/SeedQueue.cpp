@@ -5,8 +5,6 @@
 
 namespace Tarnex::Search {
 
-SeedQueue::SeedQueue(const SeedRange& range) : next(range.first), last(range.last) {}
-
 std::optional<std::uint32_t> SeedQueue::Take() {
     std::unique_lock lock(mutex);
     room.wait(lock, [this] { return closed || next > last || HasRoom(); });

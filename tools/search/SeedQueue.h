@@ -21,7 +21,7 @@ namespace Tarnex::Search {
 /// that collects it, in the order of the seeds.
 class SeedQueue {
 public:
-    explicit SeedQueue(const SeedRange& range);
+    explicit SeedQueue(const SeedRange& range) : next(range.first), last(range.last) {}
 
     /// For those who judge: the next seed; nothing when all are dealt out or the queue is closed.
     /// Waits when too much was dealt out that could not be collected yet.
