@@ -194,6 +194,8 @@ TEST_F(QuestionsTest, ConditionsAreJudged) {
     EXPECT_EQ(judged.at("holds"), false);
     EXPECT_EQ(judged.at("facts").at(0).at("value"), 2);
     EXPECT_TRUE(Contains(Refusal(vaultry_judge_json(own, "romms>1")), "\"romms\" is no fact"));
+    EXPECT_EQ(Refusal(vaultry_judge_json(own, "rooms>")),
+              "the condition, position 7: a fact or a number is expected, not the end");
 }
 
 TEST_F(QuestionsTest, ChoicesHaveTheirProperties) {

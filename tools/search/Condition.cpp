@@ -82,7 +82,10 @@ Kind KindOf(std::string_view token) {
 
 class Scanner {
 public:
-    explicit Scanner(std::string_view condition) : text(condition) { Next(); }
+    Scanner(std::string_view condition, std::string_view conditionName)
+        : text(condition), name(conditionName) {
+        Next();
+    }
 
     const Token& Current() const { return token; }
 
@@ -103,11 +106,13 @@ public:
         const std::string_view before = text.substr(0, at.place);
         const auto characters = std::ranges::count_if(
             before, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
-        throw UsageError("--where, position " + std::to_string(characters + 1) + ": " + what);
+        throw UsageError(std::string(name) + ", position " + std::to_string(characters + 1) + ": " +
+                         what);
     }
 
 private:
     std::string_view text;
+    std::string_view name;
     std::size_t place = 0;
     Token token;
 };
@@ -121,7 +126,8 @@ std::string Named(const Token& token) {
 
 class Condition::Parser {
 public:
-    Parser(Condition& target, std::string_view text) : condition(target), scanner(text) {}
+    Parser(Condition& target, std::string_view text, std::string_view name)
+        : condition(target), scanner(text, name) {}
 
     void Parse() {
         ParseOr();
@@ -282,8 +288,8 @@ private:
     int depth = 0;
 };
 
-Condition::Condition(std::string_view text) {
-    Parser(*this, text).Parse();
+Condition::Condition(std::string_view text, std::string_view name) {
+    Parser(*this, text, name).Parse();
 }
 
 std::int64_t Condition::ValueOf(const Operand& operand, const Report::FactValues& values) {

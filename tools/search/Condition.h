@@ -26,8 +26,9 @@ public:
 
     /// Holds for every dungeon.
     Condition() = default;
-    /// Throws UsageError, which tells the place of the mistake and what may have been meant.
-    explicit Condition(std::string_view text);
+    /// Throws UsageError, which tells the place of the mistake and what may have been meant; `name`
+    /// is what its readers call the condition.
+    explicit Condition(std::string_view text, std::string_view name = "--where");
 
     bool Holds(const Report::FactValues& values) const;
 

@@ -8,7 +8,7 @@ namespace Tarnex::Search {
 
 std::string JudgementJson(std::string_view text, const std::optional<Report::FactValues>& values) {
     using Report::Json;
-    const Condition condition(text);
+    const Condition condition(text, "the condition");
     Json json = Report::JsonHeader();
     json["holds"] = values ? Json(condition.Holds(*values)) : Json(nullptr);
     Json& facts = json["facts"] = Json::array();
