@@ -3,7 +3,6 @@
 #pragma once
 
 #include <vaultry/foundation/DiPos.h>
-#include <vaultry/foundation/Export.h>
 
 #include <cstdint>
 
@@ -11,7 +10,7 @@
 ///
 /// Steps are -1, 0 or +1 and at most one of them is not 0. On equal distances the step goes north
 /// or south.
-struct VAULTRY_API DiDirection {
+struct DiDirection {
     std::int32_t stepX = 0; ///< +1 east, -1 west [cells]
     std::int32_t stepY = 0; ///< +1 south, -1 north [cells]
     std::int32_t distX = 0; ///< signed distance to the target [cells]

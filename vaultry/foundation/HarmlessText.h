@@ -42,6 +42,6 @@ VAULTRY_API bool IsPlainInShell(char c);
 
 /// A line of the log, in the game's code page, where 80 to 9F are letters: what XML 1.0 does not
 /// allow becomes "?". What comes from a configuration in XML 1.0 stays as it is to the byte.
-VAULTRY_API std::string ForLog(std::string_view codePageText);
+std::string ForLog(std::string_view codePageText);
 
 } // namespace Tarnex

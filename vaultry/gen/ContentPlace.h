@@ -25,14 +25,14 @@ struct PlacementCounts {
 };
 
 /// The placements of an item for `count` candidate elements or containers.
-VAULTRY_API PlacementCounts CountPlacements(const ThemeItem& item, std::uint32_t count);
+PlacementCounts CountPlacements(const ThemeItem& item, std::uint32_t count);
 
 /// The same for treasure, where a maximum that is not given never lies below the minimum.
-VAULTRY_API PlacementCounts CountTreasure(const ThemeItem& item, std::uint32_t count);
+PlacementCounts CountTreasure(const ThemeItem& item, std::uint32_t count);
 
 /// Moves and turns `item` to its place in an element with tiles: on the floor or the platform,
 /// against the wall or into the corner that the element's first tile makes.
-VAULTRY_API void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tileSet);
+void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tileSet);
 
 /// What a reference to the item stands for.
 VAULTRY_API RefSort SortOf(const ContentItem& item);

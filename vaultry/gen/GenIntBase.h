@@ -14,7 +14,7 @@ namespace Tarnex {
 /// layout, platforms, contents from the themes, the layout's references in a cell, treasure.
 ///
 /// Its messages are logged under "Generator".
-class VAULTRY_API GenIntBase {
+class GenIntBase {
 public:
     /// `info` must outlive the generator; its default tile set is used until another is chosen.
     explicit GenIntBase(GenInfo& info);

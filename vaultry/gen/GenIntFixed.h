@@ -8,7 +8,7 @@ namespace Tarnex {
 
 /// Makes one cell from the template chosen in the run's context. The parameters of random levels
 /// play no part; it reports no progress.
-class VAULTRY_API GenIntFixed : public GenIntBase {
+class GenIntFixed : public GenIntBase {
 public:
     /// `info` must outlive the generator and have a tile set and a template.
     explicit GenIntFixed(GenInfo& info);

@@ -15,7 +15,7 @@ namespace Tarnex {
 /// Invents the floor plan: rooms on a grid, spaced and joined by halls, level after level linked by
 /// teleporting doors, each furnished and written as a cell. Between levels it keeps the tile set
 /// and the themes last chosen.
-class VAULTRY_API GenIntRandom : public GenIntBase {
+class GenIntRandom : public GenIntBase {
 public:
     /// `info` must outlive the generator and have a tile set.
     explicit GenIntRandom(GenInfo& info);

@@ -35,11 +35,11 @@ struct PlatformPlan {
 };
 
 /// The height of a platform in cells of that size. [world units]
-VAULTRY_API std::int32_t PlatformHeight(std::int32_t tileSize);
+std::int32_t PlatformHeight(std::int32_t tileSize);
 
 /// The platform along the wall or in the corner that `tile` makes, built of slabs like `floor`;
 /// nothing for any other kind of tile.
-VAULTRY_API std::optional<PlatformPlan>
+std::optional<PlatformPlan>
 PlanPlatform(const Tile& tile, const PlatformTile& floor, std::int32_t tileSize);
 
 } // namespace Tarnex

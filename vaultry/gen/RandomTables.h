@@ -3,7 +3,6 @@
 #pragma once
 
 #include <vaultry/foundation/DiPos.h>
-#include <vaultry/foundation/Export.h>
 #include <vaultry/gen/RandomGenInfo.h>
 
 #include <cstdint>
@@ -20,7 +19,7 @@ struct GridOdds {
 
 /// The room grids of a level size; a single one is taken without a draw. A size outside the words
 /// counts as Random.
-VAULTRY_API const std::vector<GridOdds>& RoomGrids(RandomGenInfo::LevelSizeT size);
+const std::vector<GridOdds>& RoomGrids(RandomGenInfo::LevelSizeT size);
 
 /// Cells added to each row and column of rooms: lo to hi by chance. hi of 0: none, without a draw.
 struct SpacingRange {
@@ -39,8 +38,7 @@ struct SpacingOdds {
 
 /// The spacings of a word; a single one is taken without a draw. A spacing outside the words counts
 /// as Random.
-VAULTRY_API const std::vector<SpacingOdds>& RoomSpacings(RandomGenInfo::RoomSpacingT spacing,
-                                                         bool cave);
+const std::vector<SpacingOdds>& RoomSpacings(RandomGenInfo::RoomSpacingT spacing, bool cave);
 
 /// The row whose threshold lies above the draw, or the last one.
 template <typename Row>

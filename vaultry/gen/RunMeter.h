@@ -14,7 +14,7 @@ namespace Tarnex {
 struct RunCanceled {};
 
 /// Ends a run that needs more than a run may; says which limit and its value.
-class VAULTRY_API LimitReached : public std::runtime_error {
+class LimitReached : public std::runtime_error {
 public:
     /// The message is what the log shows.
     explicit LimitReached(const std::string& message) : std::runtime_error(message) {}
@@ -23,7 +23,7 @@ public:
 /// Counts work and memory. Whatever a generator repeats for each cell, piece or turn takes a step
 /// for each, so that a cancelled run ends within a moment and none grows without bound. Draws no
 /// random numbers and changes no result.
-class VAULTRY_API RunMeter {
+class RunMeter {
 public:
     /// The most steps between two questions whether the run was cancelled. A step looks at one
     /// thing; together they take a few thousandths of a second.

@@ -20,6 +20,6 @@ VAULTRY_API Di3Point WorldPosition(const DiPos& pos,
                                    std::int32_t tileSize);
 
 /// Whole degrees to radians.
-VAULTRY_API float Radians(std::int32_t degrees);
+float Radians(std::int32_t degrees);
 
 } // namespace Tarnex

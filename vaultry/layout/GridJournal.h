@@ -15,7 +15,7 @@ namespace Tarnex {
 /// Cells may share their elements with the layouts they came from, which see every change. The
 /// first Rollback ends that: the grid gets elements of its own, and those layouts keep theirs as
 /// the failed attempt left them.
-class VAULTRY_API GridJournal {
+class GridJournal {
 public:
     /// The grid must outlive the journal.
     explicit GridJournal(Layout& grid);

@@ -125,7 +125,7 @@ void ForEachTiled(const Layout& layout, const DiPos& origin, const Visitor& visi
 
 /// The plan of a level, its neighbours joined; what stands beside the level's own grid or on other
 /// floors is left out. Rooms have no numbers.
-VAULTRY_API LevelPlan PlanOf(const Layout& level);
+LevelPlan PlanOf(const Layout& level);
 
 /// The sides across which one can leave a cell. Behind a teleporting door is another level,
 /// whatever stands there on this one.

@@ -9,6 +9,6 @@ namespace Tarnex {
 /// The sides across which one can leave the element on foot, by its first tile: a room's wall is
 /// closed on its own side alone, a doorway on none, a hall as it is shaped, stairs along their
 /// axis. An element without tiles is closed all around.
-VAULTRY_API SideBits WalkableSides(const GridElmt& elmt);
+SideBits WalkableSides(const GridElmt& elmt);
 
 } // namespace Tarnex

@@ -11,7 +11,7 @@ namespace Tarnex {
 
 /// A coarse grid of room slots with the widest room of each column and the tallest of each row.
 /// Slots are addressed (row, column); as a DiPos a slot is (column, row, 0).
-class VAULTRY_API RoomInfo {
+class RoomInfo {
 public:
     /// The slots of one row, west to east; null where a slot is empty.
     using Row = std::vector<DiPtr<Layout>>;

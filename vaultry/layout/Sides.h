@@ -26,6 +26,6 @@ struct Side {
 VAULTRY_API const std::array<Side, 4>& Sides();
 
 /// The side of a straight facing, or null for any other.
-VAULTRY_API const Side* FindSide(TileDirT dir);
+const Side* FindSide(TileDirT dir);
 
 } // namespace Tarnex
