@@ -35,7 +35,6 @@ protected:
 TEST_F(ContainerTest, StartsEmpty) {
     EXPECT_EQ(container.GetId(), "");
     EXPECT_EQ(container.GetFriendlyName(), "");
-    EXPECT_EQ(container.GetModelName(), "");
     EXPECT_EQ(container.GetWeight(), 0.0F);
     EXPECT_EQ(container.GetEncumbrance(), 0.0F);
     EXPECT_TRUE(container.GetInventory().empty());

@@ -46,9 +46,9 @@ public:
         return stream.str();
     }
 
-    std::string TextSub(std::string_view tag, const std::string& text, std::uint32_t length) const {
+    std::string TextSub(std::string_view tag, const std::string& text) const {
         std::ostringstream stream(std::ios::binary);
-        WriteText(stream, tag, text, length);
+        WriteText(stream, tag, text);
         return stream.str();
     }
 
@@ -140,8 +140,8 @@ TEST_F(ElementTest, ARecordHeaderIsTagSizeAndTwoZeroWords) {
 
 TEST_F(ElementTest, ASubRecordIsTagSizeAndData) {
     EXPECT_EQ(writers.WordSub("INTV", 258), "INTV" + Hex("04 00 00 00  02 01 00 00"));
-    EXPECT_EQ(writers.TextSub("NAME", "ab", 3), "NAME" + Hex("03 00 00 00") + "ab" + Zeros(1));
-    EXPECT_EQ(writers.TextSub("MODL", "", 0), "MODL" + Hex("00 00 00 00"));
+    EXPECT_EQ(writers.TextSub("NAME", "ab"), "NAME" + Hex("03 00 00 00") + "ab" + Zeros(1));
+    EXPECT_EQ(writers.TextSub("MODL", ""), "MODL" + Hex("01 00 00 00") + Zeros(1));
 }
 
 } // namespace

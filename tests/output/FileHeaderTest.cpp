@@ -13,9 +13,8 @@ namespace {
 
 class FileHeaderTest : public LogTest {
 protected:
-    void ExpectMaster(const char* name, std::uint32_t size) const {
-        EXPECT_EQ(header.GetMasterName(), name);
-        EXPECT_EQ(header.GetMasterSize(), size);
+    void ExpectMaster(const std::string& name, std::uint32_t size) {
+        EXPECT_EQ(MasterOf(Written(header)), name + ' ' + std::to_string(size));
     }
 
     FileHeader header;

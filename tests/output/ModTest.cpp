@@ -106,8 +106,7 @@ TEST_F(ModTest, ResetContentKeepsTheHeader) {
     mod.ResetContent();
     EXPECT_TRUE(mod.GetCells().empty());
     EXPECT_TRUE(mod.GetContainers().empty());
-    EXPECT_EQ(mod.GetHeader().GetMasterName(), "My.esm");
-    EXPECT_EQ(mod.GetHeader().GetMasterSize(), 7U);
+    EXPECT_EQ(MasterOf(Written(mod)), "My.esm 7");
     EXPECT_EQ(WrittenRecords(), (Names{"TES3"}));
     mod.CreateCell("B");
     EXPECT_EQ(WrittenRecords(), (Names{"TES3", "CELL B"}));
@@ -115,11 +114,9 @@ TEST_F(ModTest, ResetContentKeepsTheHeader) {
 
 TEST_F(ModTest, SetMasterFileReachesTheHeader) {
     mod.SetMasterFile("My.esm", 0);
-    EXPECT_EQ(mod.GetHeader().GetMasterName(), "My.esm");
-    EXPECT_EQ(mod.GetHeader().GetMasterSize(), 0U);
+    EXPECT_EQ(MasterOf(Written(mod)), "My.esm 0");
     mod.SetMasterFile(nullptr, 0);
-    EXPECT_EQ(mod.GetHeader().GetMasterName(), "Morrowind.esm");
-    EXPECT_EQ(mod.GetHeader().GetMasterSize(), 79821084U);
+    EXPECT_EQ(MasterOf(Written(mod)), "Morrowind.esm 79821084");
     EXPECT_EQ(Written(mod).size(), 362U);
 }
 

@@ -95,4 +95,10 @@ std::string Tags(const std::vector<SubRecord>& subs) {
     return tags;
 }
 
+std::string MasterOf(std::string_view bytes) {
+    const std::vector<SubRecord> subs = WalkRecords(bytes).at(0).subs;
+    const std::string& name = subs.at(1).data;
+    return name.substr(0, name.find('\0')) + ' ' + std::to_string(WordAt(subs.at(2).data, 0));
+}
+
 } // namespace Tarnex::Test

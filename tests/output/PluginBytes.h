@@ -41,4 +41,7 @@ std::vector<Record> WalkRecords(std::string_view bytes);
 /// The tags of sub-records in order, with blanks in between.
 std::string Tags(const std::vector<SubRecord>& subs);
 
+/// The name and size of the master that a header's record names: "My.esm 7".
+std::string MasterOf(std::string_view bytes);
+
 } // namespace Tarnex::Test

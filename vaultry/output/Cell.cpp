@@ -3,7 +3,6 @@
 
 #include <array>
 #include <ostream>
-#include <utility>
 
 namespace Tarnex {
 
@@ -14,18 +13,8 @@ constexpr std::uint32_t kAmbientWords = 4;
 
 } // namespace
 
-Cell::Cell(const char* name_) : name(name_), nameSize(FieldLength(name)) {}
-
-void Cell::AddRef(const Ref& ref) {
-    refs.push_back(ref);
-}
-
-void Cell::AddRef(Ref&& ref) {
-    refs.push_back(std::move(ref));
-}
-
 void Cell::UpdateSize() {
-    recordSize = kSubHeader + nameSize;           // NAME
+    recordSize = kSubHeader + FieldLength(name);  // NAME
     recordSize += kSubHeader + kDataWords * 4;    // DATA
     recordSize += kWordSub;                       // INTV
     recordSize += kSubHeader + kAmbientWords * 4; // AMBI
@@ -41,7 +30,7 @@ void Cell::Write(std::ostream& stream) {
     UpdateSize();
     const std::uint32_t density = FloatBits(fogDensity);
     WriteRecordHeader(stream, "CELL", recordSize);
-    WriteText(stream, "NAME", name, nameSize);
+    WriteText(stream, "NAME", name);
     // An interior has no grid position; its place in DATA holds the fog colour and density.
     WriteWords(
         stream, "DATA", std::array<std::uint32_t, kDataWords>{flags, fogColor.Word(), density});

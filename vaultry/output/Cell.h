@@ -6,6 +6,7 @@
 #include <vaultry/output/RGBColor.h>
 #include <vaultry/output/Ref.h>
 
+#include <utility>
 #include <vector>
 
 namespace Tarnex {
@@ -15,7 +16,7 @@ class VAULTRY_API Cell : public Element {
 public:
     /// A cell without references. The name may be empty, not null; the game shows it and looks the
     /// cell up by it.
-    explicit Cell(const char* name);
+    explicit Cell(const char* name_) : name(name_) {}
 
     /// The name that the cell was made with.
     const std::string& GetName() const { return name; }
@@ -24,10 +25,8 @@ public:
 
     /// Makes room for that many further references at once.
     void Reserve(std::size_t count) { refs.reserve(refs.size() + count); }
-    /// Appends a copy of the reference.
-    void AddRef(const Ref& ref);
-    /// Appends the reference itself.
-    void AddRef(Ref&& ref);
+    /// Appends the reference.
+    void AddRef(Ref ref) { refs.push_back(std::move(ref)); }
 
     /// Computes the record's data size, as Write does first.
     void UpdateSize();
@@ -40,7 +39,6 @@ public:
 private:
     std::uint32_t recordSize = 0;
     std::string name;
-    std::uint32_t nameSize = 0;
     std::uint32_t flags = 1; // an interior
     RGBColor ambient{71, 71, 71};
     RGBColor fogColor{0, 0, 0};

@@ -14,19 +14,17 @@ constexpr std::uint32_t kContainerFlags = 8;
 
 } // namespace
 
-void Container::SetId(const char* newId) {
-    id = newId;
-    idSize = FieldLength(id);
+const std::string& Container::TextOf(const Name& name) {
+    static const std::string none;
+    return name ? *name : none;
 }
 
-void Container::SetFriendlyName(const char* newName) {
-    friendlyName = newName;
-    friendlyNameSize = FieldLength(friendlyName);
-}
-
-void Container::SetModelName(const char* newName) {
-    modelName = newName;
-    modelNameSize = FieldLength(modelName);
+void Container::WriteName(std::ostream& stream, std::string_view tag, const Name& name) const {
+    if (name) {
+        WriteText(stream, tag, *name);
+    } else {
+        WriteWords(stream, tag, {});
+    }
 }
 
 void Container::Add(const char* itemId, std::uint32_t count) {
@@ -34,20 +32,19 @@ void Container::Add(const char* itemId, std::uint32_t count) {
 }
 
 void Container::UpdateSize() {
-    recordSize = kSubHeader + idSize;            // NAME
-    recordSize += kSubHeader + modelNameSize;    // MODL
-    recordSize += kSubHeader + friendlyNameSize; // FNAM
-    recordSize += kWordSub;                      // CNDT
-    recordSize += kWordSub;                      // FLAG
+    recordSize = 2 * kWordSub; // CNDT, FLAG
+    for (const auto* name : {&id, &modelName, &friendlyName}) {
+        recordSize += kSubHeader + (*name ? FieldLength(**name) : 0);
+    }
     recordSize += (kSubHeader + kNpcoSize) * static_cast<std::uint32_t>(inventory.size());
 }
 
 void Container::Write(std::ostream& stream) {
     UpdateSize();
     WriteRecordHeader(stream, "CONT", recordSize);
-    WriteText(stream, "NAME", id, idSize);
-    WriteText(stream, "MODL", modelName, modelNameSize);
-    WriteText(stream, "FNAM", friendlyName, friendlyNameSize);
+    WriteName(stream, "NAME", id);
+    WriteName(stream, "MODL", modelName);
+    WriteName(stream, "FNAM", friendlyName);
     WriteWord(stream, "CNDT", FloatBits(weight));
     WriteWord(stream, "FLAG", kContainerFlags);
     for (const auto& [itemId, count] : inventory) {

@@ -4,6 +4,7 @@
 
 #include <vaultry/output/Element.h>
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -19,17 +20,15 @@ public:
     Container() = default;
 
     /// Sets the identifier that references name; not null. See NextContainerId.
-    void SetId(const char* newId);
+    void SetId(const char* newId) { id = newId; }
     /// Sets the name that the player sees; not null.
-    void SetFriendlyName(const char* newName);
+    void SetFriendlyName(const char* newName) { friendlyName = newName; }
     /// Sets the model's file, relative to the game's folder of meshes; not null.
-    void SetModelName(const char* newName);
+    void SetModelName(const char* newName) { modelName = newName; }
     /// The identifier, empty until it is set.
-    const std::string& GetId() const { return id; }
+    const std::string& GetId() const { return TextOf(id); }
     /// The name that the player sees, empty until it is set.
-    const std::string& GetFriendlyName() const { return friendlyName; }
-    /// The model's file, empty until it is set.
-    const std::string& GetModelName() const { return modelName; }
+    const std::string& GetFriendlyName() const { return TextOf(friendlyName); }
 
     /// The carrying capacity. [weight units of the game]
     float GetWeight() const { return weight; }
@@ -56,15 +55,18 @@ public:
     void Write(std::ostream& stream) override;
 
 private:
+    // A name that was never set has a field without a byte, an empty one its closing zero.
+    using Name = std::optional<std::string>;
+
+    static const std::string& TextOf(const Name& name);
+    void WriteName(std::ostream& stream, std::string_view tag, const Name& name) const;
+
     float encumbrance = 0.0F;
     std::uint32_t recordSize = 0;
     float weight = 0.0F;
-    std::string id;
-    std::uint32_t idSize = 0;
-    std::string friendlyName;
-    std::uint32_t friendlyNameSize = 0;
-    std::string modelName;
-    std::uint32_t modelNameSize = 0;
+    Name id;
+    Name friendlyName;
+    Name modelName;
     std::vector<Entry> inventory;
 };
 

@@ -104,10 +104,8 @@ void Element::WriteWord(std::ostream& stream, std::string_view tag, std::uint32_
     WriteWords(stream, tag, {&word, 1});
 }
 
-void Element::WriteText(std::ostream& stream,
-                        std::string_view tag,
-                        const std::string& text,
-                        std::uint32_t length) const {
+void Element::WriteText(std::ostream& stream, std::string_view tag, const std::string& text) const {
+    const std::uint32_t length = FieldLength(text);
     WordBlock block;
     block.Add(tag);
     block.Add(length);

@@ -25,8 +25,6 @@ public:
     virtual void Write(std::ostream& stream) = 0;
 
 protected:
-    /// Size of a record's header: tag, data size, reserved word, flags. [bytes]
-    static constexpr std::uint32_t kRecordHeader = 16;
     /// Size of a sub-record's header: tag, data size. [bytes]
     static constexpr std::uint32_t kSubHeader = 8;
     /// Size of a sub-record that holds one word. [bytes]
@@ -49,11 +47,8 @@ protected:
     /// Writes a sub-record of a single word.
     void WriteWord(std::ostream& stream, std::string_view tag, std::uint32_t word) const;
 
-    /// Writes a sub-record whose data is one text field of `length` bytes.
-    void WriteText(std::ostream& stream,
-                   std::string_view tag,
-                   const std::string& text,
-                   std::uint32_t length) const;
+    /// Writes a sub-record whose data is the text and its closing zero byte.
+    void WriteText(std::ostream& stream, std::string_view tag, const std::string& text) const;
 
     /// The bits of a float as they stand in the file; what is no number is one and the same there.
     static std::uint32_t FloatBits(float value);

@@ -27,12 +27,11 @@ void FileHeader::SetMasterFile(const char* name, std::uint32_t size) {
     const bool named = name != nullptr && *name != '\0';
     masterName = named ? name : kGameMaster;
     masterSize = named || size != 0 ? size : kGameMasterSize;
-    masterNameSize = FieldLength(masterName);
 }
 
 void FileHeader::UpdateSize() {
     constexpr std::uint32_t kHeaders = kSubHeader + kSubHeader + (kSubHeader + kDataSize);
-    recordSize = masterNameSize + kHedrSize + kHeaders;
+    recordSize = FieldLength(masterName) + kHedrSize + kHeaders;
 }
 
 void FileHeader::Write(std::ostream& stream) {
@@ -44,7 +43,7 @@ void FileHeader::Write(std::ostream& stream) {
     WriteInt(stream, static_cast<std::int32_t>(fileType));
     WriteString(stream, author, kAuthorLength);
     WriteString(stream, description, kDescriptionLength);
-    WriteText(stream, "MAST", masterName, masterNameSize);
+    WriteText(stream, "MAST", masterName);
     // The master's 64-bit size: the low word, then a high word of 0.
     WriteWords(stream, "DATA", std::array<std::uint32_t, 2>{masterSize, 0});
 }

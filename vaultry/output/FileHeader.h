@@ -16,11 +16,6 @@ public:
     /// with `size`, or with that master's usual size when `size` is 0.
     void SetMasterFile(const char* name, std::uint32_t size);
 
-    /// The file name of the master.
-    const std::string& GetMasterName() const { return masterName; }
-    /// The master's size as it is written. [bytes]
-    std::uint32_t GetMasterSize() const { return masterSize; }
-
     /// Computes the record's data size, as Write does first.
     void UpdateSize();
     /// The data size last computed, without the record's header. [bytes]
@@ -35,7 +30,6 @@ private:
     std::uint32_t fileType = 0; // a plug-in
     std::string author = "Ostrel";
     std::string description = "Auto-generated mod";
-    std::uint32_t masterNameSize = 0;
     std::string masterName;
     std::uint32_t masterSize = 0;
 };

@@ -20,8 +20,6 @@ public:
 
     /// See FileHeader::SetMasterFile.
     void SetMasterFile(const char* name, std::uint32_t size);
-    /// The header, which outlives the content.
-    const FileHeader& GetHeader() const { return header; }
 
     /// Makes a cell of that name at the end of the cell list.
     DiPtr<Cell> CreateCell(const char* name);

@@ -12,30 +12,21 @@ constexpr std::uint32_t kPlaceWords = 6;
 
 } // namespace
 
-Ref::Ref(const char* name_) {
-    SetName(name_);
-}
-
-void Ref::SetName(const char* newName) {
-    name = newName;
-    nameSize = FieldLength(name);
-}
-
 void Ref::Teleport(const Ref& place) {
     destination = MakeDi<Ref>(place);
 }
 
 std::uint32_t Ref::GetTotalSize() const {
     constexpr std::uint32_t kPlaceSub = kSubHeader + kPlaceWords * 4;
-    std::uint32_t size = kWordSub; // FRMR
-    size += kSubHeader + nameSize; // NAME
+    std::uint32_t size = kWordSub;          // FRMR
+    size += kSubHeader + FieldLength(name); // NAME
     if (scale != kPlainScale) {
         size += kWordSub; // XSCL
     }
     if (destination) {
         size += kPlaceSub; // DODT
         if (!destination->name.empty()) {
-            size += kSubHeader + destination->nameSize; // DNAM
+            size += kSubHeader + FieldLength(destination->name); // DNAM
         }
     }
     return size + kPlaceSub; // DATA
@@ -51,14 +42,14 @@ void Ref::Write(std::ostream& stream) {
                                                       FloatBits(ref.rotation.z)};
     };
     WriteWord(stream, "FRMR", index);
-    WriteText(stream, "NAME", name, nameSize);
+    WriteText(stream, "NAME", name);
     if (scale != kPlainScale) {
         WriteWord(stream, "XSCL", FloatBits(scale));
     }
     if (destination) {
         WriteWords(stream, "DODT", place(*destination));
         if (!destination->name.empty()) {
-            WriteText(stream, "DNAM", destination->name, destination->nameSize);
+            WriteText(stream, "DNAM", destination->name);
         }
     }
     WriteWords(stream, "DATA", place(*this));

@@ -34,13 +34,13 @@ public:
     Di3Point rotation;             ///< about x, y, z [radians]
     RefSort sort = RefSort::Other; ///< for reports; not written
 
-    /// `name` is the identifier of the object that is placed; not null.
-    explicit Ref(const char* name);
+    /// `name_` is the identifier of the object that is placed; not null.
+    explicit Ref(const char* name_) : name(name_) {}
 
     /// The identifier of the object that is placed.
     const std::string& GetName() const { return name; }
     /// Replaces the identifier; not null.
-    void SetName(const char* newName);
+    void SetName(const char* newName) { name = newName; }
 
     /// The number under which the reference is written, 1-based within its cell.
     void SetIndex(std::uint32_t newIndex) { index = newIndex; }
@@ -61,7 +61,6 @@ private:
     std::uint32_t index = 0;
     DiPtr<Ref> destination;
     std::string name;
-    std::uint32_t nameSize = 0;
 };
 
 } // namespace Tarnex
