@@ -460,7 +460,8 @@ TEST_F(GenIntRandomTest, RoomFromATemplateHasItsOuterDoorsClosedAndNoName) {
     const DiPtr<LayoutTemplate> part = ToTemplate("dW dE");
     part->SetOffset(Di3Point(3.0F, 1.0F, 0.5F));
     info.config.roomLayouts.front()->AddChild(part);
-    const DiPtr<Layout> room = OpenRandom(info).CreateFromUserLayout();
+    OpenRandom gen(info);
+    const DiPtr<Layout> room = gen.CreateFromUserLayout();
     EXPECT_EQ(ToText(*room), Map(R"(
         NW wN NE
         wW c  dE

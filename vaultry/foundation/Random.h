@@ -19,6 +19,13 @@ VAULTRY_API std::int32_t RandomInt(std::int32_t n);
 /// A number from 0.0 to 1.0, both reachable. Tests compare it as "draw <= threshold" in double.
 VAULTRY_API float RandomUnit();
 
+/// One of the list, which is not empty, by a RandomInt of its length.
+template <typename List>
+auto& DrawOne(List& list) {
+    const std::int32_t pick = RandomInt(static_cast<std::int32_t>(list.size()));
+    return list[static_cast<std::size_t>(pick)];
+}
+
 /// One recorded draw.
 struct RandomDraw {
     std::uint64_t index; ///< 1 for the first draw since recording began

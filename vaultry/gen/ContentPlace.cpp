@@ -116,28 +116,6 @@ void FitAtWall(ContentItem& item, const WallRow& row, const Fit& fit) {
     }
 }
 
-PlacementCounts Count(const ThemeItem& item, std::uint32_t count, bool raiseToMinimum) {
-    // The share of the places, cut: a tenth of nine places is none.
-    const std::int64_t n = TruncToInt(count * double{item.ratio});
-    PlacementCounts counts{};
-    if (item.minimum != ThemeItem::kNotGiven) {
-        counts.minimum = item.minimum;
-    } else {
-        // What is certain is all placed; what falls to chance may be missing altogether.
-        counts.minimum = item.chance >= 1.0F ? n : 0;
-    }
-    if (item.maximum != ThemeItem::kNotGiven) {
-        counts.maximum = item.maximum;
-        return counts;
-    }
-    // One more than the share if there is room, or small rooms would never see a rare thing.
-    counts.maximum = n < std::int64_t{count} ? n + 1 : n;
-    if (raiseToMinimum) {
-        counts.maximum = std::max(counts.maximum, counts.minimum);
-    }
-    return counts;
-}
-
 constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
     {Content_Container, RefSort::Container},
     {Content_Creature, RefSort::Creature},
@@ -149,11 +127,30 @@ constexpr std::array<std::pair<std::string_view, RefSort>, 5> kSorts = {{
 } // namespace
 
 PlacementCounts CountPlacements(const ThemeItem& item, std::uint32_t count) {
-    return Count(item, count, false);
+    // The share of the places, cut: a tenth of nine places is none.
+    const std::int64_t n = TruncToInt(count * double{item.ratio});
+    PlacementCounts counts{};
+    if (item.minimum != ThemeItem::kNotGiven) {
+        counts.minimum = item.minimum;
+    } else {
+        // What is certain is all placed; what falls to chance may be missing altogether.
+        counts.minimum = item.chance >= 1.0F ? n : 0;
+    }
+    if (item.maximum != ThemeItem::kNotGiven) {
+        counts.maximum = item.maximum;
+    } else {
+        // One more than the share if there is room, or small rooms would never see a rare thing.
+        counts.maximum = n < std::int64_t{count} ? n + 1 : n;
+    }
+    return counts;
 }
 
 PlacementCounts CountTreasure(const ThemeItem& item, std::uint32_t count) {
-    return Count(item, count, true);
+    PlacementCounts counts = CountPlacements(item, count);
+    if (item.maximum == ThemeItem::kNotGiven) {
+        counts.maximum = std::max(counts.maximum, counts.minimum);
+    }
+    return counts;
 }
 
 void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tileSet) {

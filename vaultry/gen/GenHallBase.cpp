@@ -131,11 +131,7 @@ DiPos GenHallBase::SearchSide(const Layout& room, const Side& side, const DiDire
             AddIfSafe(candidates, room, cell, facings);
         }
     }
-    if (candidates.empty()) {
-        return {};
-    }
-    const auto pick = RandomInt(static_cast<std::int32_t>(candidates.size()));
-    return candidates[static_cast<std::size_t>(pick)];
+    return candidates.empty() ? DiPos() : DrawOne(candidates);
 }
 
 void GenHallBase::AddIfSafe(std::vector<DiPos>& candidates,

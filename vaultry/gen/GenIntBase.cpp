@@ -72,8 +72,15 @@ GenIntBase::GenIntBase(GenInfo& info_)
 
 GenIntBase::~GenIntBase() = default;
 
-// An empty interior, for what only needs the stages.
-void GenIntBase::Gen() {}
+void GenIntBase::Gen() {
+    info.meter.Start(info.jobStatus);
+    info.report = GenReport();
+    try {
+        Make();
+    } catch (const RunCanceled&) {
+        info.report.canceled = true;
+    }
+}
 
 void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
     for (std::uint32_t row = 0; row < from.GetHeight(); ++row) {

@@ -23,10 +23,13 @@ public:
     GenIntBase& operator=(const GenIntBase&) = delete;
     virtual ~GenIntBase();
 
-    /// The generator's pipeline; nothing in the base.
+    /// Makes the interior. Cancelled, it ends early and says so in the report.
     virtual void Gen();
 
 protected:
+    /// The generator's pipeline; nothing in the base.
+    virtual void Make() {}
+
     /// Elements of a layout that outlives the list.
     using ElmtList = std::vector<GridElmt*>;
 

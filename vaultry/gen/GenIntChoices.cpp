@@ -16,21 +16,18 @@ namespace {
 constexpr double kKeepsTileSet = 0.7;
 constexpr std::uint32_t kAnyLevel = std::numeric_limits<std::uint32_t>::max();
 
-constexpr const char* kLogSource = "Generator";
-
-void LogNoFurniture(const RandomGenInfo& /*wanted*/) {
-    Logger::WriteError(kLogSource, "No matching furniture themes.");
+// The first level has nothing to keep and draws nothing for it.
+bool KeepsLast(bool first, double share) {
+    if (first) {
+        return false;
+    }
+    const double draw = RandomUnit();
+    return draw <= share;
 }
 
-void LogNoCreatures(const RandomGenInfo& wanted) {
-    Logger::WriteError(kLogSource,
-                       "No creature themes with %d <= Level <= %d.",
-                       static_cast<int>(wanted.minLevel),
-                       static_cast<int>(wanted.maxLevel));
-}
-
-void LogNoTreasure(const RandomGenInfo& /*wanted*/) {
-    Logger::WriteError(kLogSource, "No matching treasure themes.");
+// The log's numbers have a sign.
+std::string LevelText(std::uint32_t level) {
+    return std::to_string(static_cast<std::int32_t>(level));
 }
 
 } // namespace
@@ -42,19 +39,12 @@ struct GenIntRandom::ThemeChoice {
     const std::vector<DiPtr<Theme>>& themes;
     std::uint32_t lowest;
     std::uint32_t highest;
-    void (*logNoMatch)(const RandomGenInfo& wanted);
+    std::string noMatch; // what is logged then
 };
 
 void GenIntRandom::InitRandomTileSet(bool first) {
-    if (!info.randomInfo.randomTileSet) {
+    if (!info.randomInfo.randomTileSet || KeepsLast(first, kKeepsTileSet)) {
         return;
-    }
-    // The first level has nothing to keep and draws nothing for it.
-    if (!first) {
-        const double draw = RandomUnit();
-        if (draw <= kKeepsTileSet) {
-            return;
-        }
     }
     // Caves first: the place in this list is what the draw picks.
     std::vector<DiPtr<TileSet>> sets = config->caveTileSets;
@@ -62,8 +52,7 @@ void GenIntRandom::InitRandomTileSet(bool first) {
     if (sets.empty()) {
         return;
     }
-    const auto pick = RandomInt(static_cast<std::int32_t>(sets.size()));
-    tileSet = sets[static_cast<std::size_t>(pick)];
+    tileSet = DrawOne(sets);
     // The run's context learns of it, since halls are built from there.
     info.defTileSet = tileSet;
 }
@@ -71,42 +60,41 @@ void GenIntRandom::InitRandomTileSet(bool first) {
 void GenIntRandom::InitRandomThemes(bool first) {
     const RandomGenInfo& wanted = info.randomInfo;
     // Furniture, creatures, treasure: the order of the draws.
-    ChooseTheme(info.defTheme,
-                {wanted.randomTheme, 0.33, config->themes, 1, kAnyLevel, LogNoFurniture},
-                first);
+    ChooseTheme(
+        info.defTheme,
+        {wanted.randomTheme, 0.33, config->themes, 1, kAnyLevel, "No matching furniture themes."},
+        first);
     ChooseTheme(info.defCreatureTheme,
                 {wanted.randomCreatureTheme,
                  0.25,
                  config->creatureThemes,
                  wanted.minLevel,
                  wanted.maxLevel,
-                 LogNoCreatures},
+                 "No creature themes with " + LevelText(wanted.minLevel) +
+                     " <= Level <= " + LevelText(wanted.maxLevel) + '.'},
                 first);
-    ChooseTheme(
-        info.defTreasureTheme,
-        {wanted.randomTreasureTheme, 0.25, config->treasureThemes, 1, kAnyLevel, LogNoTreasure},
-        first);
+    ChooseTheme(info.defTreasureTheme,
+                {wanted.randomTreasureTheme,
+                 0.25,
+                 config->treasureThemes,
+                 1,
+                 kAnyLevel,
+                 "No matching treasure themes."},
+                first);
 }
 
 void GenIntRandom::ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const {
-    if (!choice.wanted) {
+    if (!choice.wanted || KeepsLast(first, choice.keeps)) {
         return;
-    }
-    if (!first) {
-        const double draw = RandomUnit();
-        if (draw <= choice.keeps) {
-            return;
-        }
     }
     std::vector<DiPtr<Theme>> matching = FilterThemes(choice.themes, choice.lowest, choice.highest);
     if (matching.empty()) {
-        choice.logNoMatch(info.randomInfo);
+        Logger::WriteError(S_LogSrc, "%s", choice.noMatch.c_str());
         // A dungeon with monsters of the wrong level is better than one without any.
         matching = choice.themes;
     }
     if (!matching.empty()) {
-        const auto pick = RandomInt(static_cast<std::int32_t>(matching.size()));
-        theme = matching[static_cast<std::size_t>(pick)];
+        theme = DrawOne(matching);
     }
 }
 

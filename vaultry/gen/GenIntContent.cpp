@@ -301,13 +301,9 @@ DiPtr<ContentTemplate> GenIntBase::SelectContent(const ThemeItem& item,
     if (item.uniqueNames.empty()) {
         return SelectItem(candidates);
     }
-    std::size_t choice = 0;
-    if (item.uniqueNames.size() > 1) {
-        const auto names = static_cast<std::int32_t>(item.uniqueNames.size());
-        choice = static_cast<std::size_t>(RandomInt(names));
-    }
     // A single name is no choice and costs no draw.
-    const std::string& name = item.uniqueNames[choice];
+    const auto& names = item.uniqueNames;
+    const std::string& name = names.size() == 1 ? names.front() : DrawOne(names);
     DiPtr<ContentTemplate> content = ContentMgr::FindWithUniqueName(name, candidates);
     if (!content) {
         Logger::WriteError(S_LogSrc,
@@ -324,9 +320,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectItem(const ContentList& candidates) con
     }
     // A list of nothing but treasures would be drawn from for ever, were it not for the meter.
     while (info.meter.StepPlacing(1)) {
-        const auto size = static_cast<std::int32_t>(candidates.size());
-        const auto pick = static_cast<std::size_t>(RandomInt(size));
-        const DiPtr<ContentTemplate>& content = candidates[pick];
+        const DiPtr<ContentTemplate>& content = DrawOne(candidates);
         if (content->value <= kCommonValue) {
             return content;
         }
@@ -420,8 +414,7 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
         if (!content) {
             return;
         }
-        const auto pick = RandomInt(static_cast<std::int32_t>(filled.size()));
-        Container* container = filled[static_cast<std::size_t>(pick)].get();
+        Container* container = DrawOne(filled).get();
         // The container is drawn before the number of pieces.
         const std::uint32_t quantity = DetermineQty(*content);
         info.meter.Step(quantity);

@@ -96,11 +96,7 @@ DiPos GenIntRandom::FindElmt(const Layout& layout, TileType type) const {
             }
         }
     }
-    if (candidates.empty()) {
-        return {};
-    }
-    const auto pick = RandomInt(static_cast<std::int32_t>(candidates.size()));
-    return candidates[static_cast<std::size_t>(pick)];
+    return candidates.empty() ? DiPos() : DrawOne(candidates);
 }
 
 DiPtr<GridElmt> GenIntRandom::AddTeleDoor(Layout& layout, const DiPos& pos) const {

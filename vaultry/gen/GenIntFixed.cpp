@@ -7,17 +7,7 @@ namespace Tarnex {
 
 GenIntFixed::GenIntFixed(GenInfo& info_) : GenIntBase(info_), plan(info_.defTemplate) {}
 
-void GenIntFixed::Gen() {
-    info.meter.Start(info.jobStatus);
-    info.report = GenReport();
-    try {
-        MakeCell();
-    } catch (const RunCanceled&) {
-        info.report.canceled = true;
-    }
-}
-
-void GenIntFixed::MakeCell() {
+void GenIntFixed::Make() {
     containers.clear();
     InitCell();
     LayoutOwner owner;

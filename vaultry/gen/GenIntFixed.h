@@ -13,12 +13,11 @@ public:
     /// `info` must outlive the generator and have a tile set and a template.
     explicit GenIntFixed(GenInfo& info);
 
-    /// Makes the cell. Cancelled, it ends early and says so in the report.
-    void Gen() override;
+protected:
+    /// Makes the cell.
+    void Make() override;
 
 private:
-    void MakeCell();
-
     DiPtr<LayoutTemplate> plan;
 };
 

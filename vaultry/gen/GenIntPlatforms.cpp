@@ -129,8 +129,7 @@ void GenIntBase::AddPlatforms(Layout& layout) {
         return;
     }
     // One kit for the whole cell.
-    const auto pick = RandomInt(static_cast<std::int32_t>(platforms.size()));
-    const Platform& platform = *platforms[static_cast<std::size_t>(pick)];
+    const Platform& platform = *DrawOne(platforms);
     SortedElmts sorted;
     SortLayout(sorted, layout);
     std::int64_t left = kMaxPlatformPieces;

@@ -102,35 +102,6 @@ std::int32_t DrawRoomSide(std::int32_t choices) {
     return choices == 1 ? kSmallestRoom : kSmallestRoom + RandomInt(choices);
 }
 
-// Lets go of rooms that did not come into a level: a room and its parts hold each other. In a level
-// the parts belong to it and still need their room.
-class UnplacedRooms {
-public:
-    explicit UnplacedRooms(const RoomInfo& rooms_) : rooms(rooms_) {}
-    UnplacedRooms(const UnplacedRooms&) = delete;
-    UnplacedRooms& operator=(const UnplacedRooms&) = delete;
-
-    ~UnplacedRooms() {
-        if (placed) {
-            return;
-        }
-        // Without a list of them: memory may have run out.
-        for (std::uint32_t row = 0; row < rooms.GetHeight(); ++row) {
-            for (std::uint32_t col = 0; col < rooms.GetWidth(); ++col) {
-                if (const DiPtr<Layout>& room = rooms.GetLayout(row, col)) {
-                    room->Dissolve();
-                }
-            }
-        }
-    }
-
-    void SetPlaced() { placed = true; }
-
-private:
-    const RoomInfo& rooms;
-    bool placed = false;
-};
-
 std::int64_t CountParts(const LayoutTemplate& plan) {
     std::int64_t count = 0;
     for (const DiPtr<LayoutTemplate>& child : plan.GetChildren()) {
@@ -154,19 +125,7 @@ std::int32_t MakeRoomForParts(std::int32_t shift, float leastPartOffset) {
 
 } // namespace
 
-GenIntRandom::GenIntRandom(GenInfo& info_) : GenIntBase(info_) {}
-
-void GenIntRandom::Gen() {
-    info.meter.Start(info.jobStatus);
-    info.report = GenReport();
-    try {
-        MakeLevels();
-    } catch (const RunCanceled&) {
-        info.report.canceled = true;
-    }
-}
-
-void GenIntRandom::MakeLevels() {
+void GenIntRandom::Make() {
     LayoutOwner levels;
     Report("Generating Layouts");
     MakeLayouts(levels);
@@ -271,8 +230,9 @@ void GenIntRandom::InitRoomGridSize(DiPos& size) const {
 }
 
 DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& report) {
+    // What the last attempt left: by now nobody asks its rooms for their cells.
+    drafts.Clear();
     RoomInfo rooms(grid);
-    UnplacedRooms unplaced(rooms);
     CreateRooms(rooms);
     SpaceRooms(rooms);
     const std::int64_t width = std::int64_t{rooms.GetTotalWidth()} + kSpareCells;
@@ -287,17 +247,15 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& repor
         return nullptr;
     }
     const DiPos size(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 0);
-    const DiPtr<Layout> main = MakeLayout(size);
-    LayoutGuard guard(main);
-    PlaceRooms(*main, rooms);
-    unplaced.SetPlaced();
-    const bool joined = ConnectRooms(*main, rooms, report);
-    report.size = main->GetSize();
-    if (joined) {
-        JudgeWalkability(report, *main, rooms);
-        return guard.Release();
+    Layout& main = drafts.Own(MakeLayout(size));
+    PlaceRooms(main, rooms);
+    const bool joined = ConnectRooms(main, rooms, report);
+    report.size = size;
+    if (!joined) {
+        return nullptr;
     }
-    return nullptr;
+    JudgeWalkability(report, main, rooms);
+    return drafts.ReleaseLast();
 }
 
 void GenIntRandom::CreateRooms(RoomInfo& rooms) {
@@ -336,8 +294,7 @@ DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
     if (templates.empty()) {
         return nullptr;
     }
-    const auto pick = RandomInt(static_cast<std::int32_t>(templates.size()));
-    const LayoutTemplate& plan = *templates[static_cast<std::size_t>(pick)];
+    const LayoutTemplate& plan = *DrawOne(templates);
     const std::int64_t parts = CountParts(plan);
     if (parts > kMaxRoomParts) {
         Logger::WriteError(S_LogSrc,
@@ -347,12 +304,11 @@ DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
                            static_cast<int>(kMaxRoomParts));
         return nullptr;
     }
-    const DiPtr<Layout> room = MakeLayout(plan.GetSize());
-    LayoutGuard guard(room);
-    TemplateToLayout(*room, plan);
+    Layout& room = drafts.Own(MakeLayout(plan.GetSize()));
+    TemplateToLayout(room, plan);
     // The template's author meant its outer doorways for the front of a fixed interior.
-    RemoveExteriorDoors(*room);
-    return guard.Release();
+    RemoveExteriorDoors(room);
+    return &room;
 }
 
 void GenIntRandom::LayoutRoom(Layout& room) const {

@@ -18,13 +18,12 @@ namespace Tarnex {
 class GenIntRandom : public GenIntBase {
 public:
     /// `info` must outlive the generator and have a tile set.
-    explicit GenIntRandom(GenInfo& info);
-
-    /// Makes the levels that the context's parameters ask for and reports on each. Cancelled, it
-    /// ends early and says so in the report.
-    void Gen() override;
+    using GenIntBase::GenIntBase;
 
 protected:
+    /// Makes the levels that the context's parameters ask for and reports on each.
+    void Make() override;
+
     /// Levels in the order of their numbers.
     using Levels = std::vector<DiPtr<Layout>>;
 
@@ -77,13 +76,14 @@ private:
     void MarkLinked(const Layout& level);
     void Report(const char* text) const;
     void StepProgress() const;
-    void MakeLevels();
     void MakeLayouts(LayoutOwner& levels);
     DiPtr<Layout> TryMainLayout(const DiPos& size, LevelReport& report);
     void NameLevel(Layout& level, const std::string& baseName, std::uint32_t number) const;
     void FinishLevel(Layout& level, const LevelReport& report, bool first);
     void ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const;
     void CloseDoorway(GridElmt& elmt, TileDirT facing) const;
+
+    LayoutOwner drafts; ///< of the floor plan under way: rooms from templates, the level last
 };
 
 } // namespace Tarnex

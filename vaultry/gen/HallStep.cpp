@@ -16,10 +16,11 @@ struct HallKinds {
     TileKind northSouth = TileKind::Of(Tile_HallNS);
     TileKind eastWest = TileKind::Of(Tile_HallEW);
     TileKind fourWay = TileKind::Of(Tile_Hall4Way);
-    TileKind cornerNW = TileKind::Of(Tile_HallCornerNW);
-    TileKind cornerNE = TileKind::Of(Tile_HallCornerNE);
-    TileKind cornerSW = TileKind::Of(Tile_HallCornerSW);
-    TileKind cornerSE = TileKind::Of(Tile_HallCornerSE);
+    // By whether the closed sides are the northern and the western one.
+    std::array<std::array<TileKind, 2>, 2> corners = {{
+        {TileKind::Of(Tile_HallCornerSE), TileKind::Of(Tile_HallCornerSW)},
+        {TileKind::Of(Tile_HallCornerNE), TileKind::Of(Tile_HallCornerNW)},
+    }};
 };
 
 const HallKinds& Kinds() {
@@ -41,54 +42,36 @@ HallChoice InPlace(TileKind tile, CvtAction action) {
 }
 
 // By the distance, not by the step: a doorway is left straight ahead even where the way would turn.
-HallChoice StraightNS(const DiDirection& wanted, CvtAction action) {
-    if (wanted.distY == 0) {
+HallChoice Straight(bool vertical, const DiDirection& wanted, CvtAction action) {
+    const std::int32_t step = SignOf(vertical ? wanted.distY : wanted.distX);
+    if (step == 0) {
         return Blocked(action);
     }
-    return {Kinds().northSouth, {0, SignOf(wanted.distY), 0}, action};
+    return vertical ? HallChoice{Kinds().northSouth, {0, step, 0}, action}
+                    : HallChoice{Kinds().eastWest, {step, 0, 0}, action};
 }
 
-HallChoice StraightEW(const DiDirection& wanted, CvtAction action) {
-    if (wanted.distX == 0) {
-        return Blocked(action);
-    }
-    return {Kinds().eastWest, {SignOf(wanted.distX), 0, 0}, action};
+// A corner is closed ahead of where the hall came from and behind where it goes: so it stays open
+// towards both.
+HallChoice Turn(bool vertical, const DiDirection& wanted, const DiPos& previous, CvtAction action) {
+    const bool closedNorth = vertical ? previous.y < 0 : wanted.stepY > 0;
+    const bool closedWest = vertical ? wanted.stepX > 0 : previous.x < 0;
+    return InPlace(Kinds().corners[closedNorth ? 1 : 0][closedWest ? 1 : 0], action);
 }
 
-HallChoice FromNorthSouth(const DiDirection& wanted, const DiPos& previous, CvtAction action) {
-    if (StepsVertically(wanted) || action == CvtNone) {
-        return StraightNS(wanted, action);
+template <bool vertical>
+HallChoice LeaveStraight(const DiDirection& wanted, const DiPos& previous, CvtAction action) {
+    if (StepsVertically(wanted) == vertical || action == CvtNone) {
+        return Straight(vertical, wanted, action);
     }
-    const HallKinds& kinds = Kinds();
     if (action == CvtFourWay) {
-        return InPlace(kinds.fourWay, action);
-    }
-    // The corner stays open towards where the hall came from.
-    const bool northward = previous.y < 0;
-    if (wanted.stepX < 0) {
-        return InPlace(northward ? kinds.cornerNE : kinds.cornerSE, action);
-    }
-    return InPlace(northward ? kinds.cornerNW : kinds.cornerSW, action);
-}
-
-HallChoice FromEastWest(const DiDirection& wanted, const DiPos& previous, CvtAction action) {
-    if (!StepsVertically(wanted) || action == CvtNone) {
-        return StraightEW(wanted, action);
-    }
-    const HallKinds& kinds = Kinds();
-    if (action == CvtFourWay) {
-        return InPlace(kinds.fourWay, action);
+        return InPlace(Kinds().fourWay, action);
     }
     // A zero step counts as vertical, and there is nowhere to turn to.
-    if (wanted.stepY == 0) {
+    if (wanted.stepX == 0 && wanted.stepY == 0) {
         return Blocked(action);
     }
-    // Open towards where the hall came from.
-    const bool westward = previous.x < 0;
-    if (wanted.stepY < 0) {
-        return InPlace(westward ? kinds.cornerSW : kinds.cornerSE, action);
-    }
-    return InPlace(westward ? kinds.cornerNW : kinds.cornerNE, action);
+    return Turn(vertical, wanted, previous, action);
 }
 
 // Only an open side lets the hall out; until it has failed a few times it hopes for another way.
@@ -153,11 +136,11 @@ HallChoice ChooseStep(TileDirT current,
     case DirN:
     case DirS:
     case DirNS:
-        return FromNorthSouth(wanted, previous, action);
+        return LeaveStraight<true>(wanted, previous, action);
     case DirE:
     case DirW:
     case DirEW:
-        return FromEastWest(wanted, previous, action);
+        return LeaveStraight<false>(wanted, previous, action);
     case DirNW:
     case DirNE:
     case DirSW:

@@ -22,7 +22,7 @@ struct FinishedLevel {
 /// GenMgr::SetLevelObserver.
 class VAULTRY_API LevelObserver {
 public:
-    virtual ~LevelObserver();
+    virtual ~LevelObserver() = default;
     /// Called before a run, which must not throw: levels that were shown until then are none of its
     /// own.
     virtual void StartOver() {}

@@ -14,10 +14,9 @@ namespace Tarnex {
 struct RunCanceled {};
 
 /// Ends a run that needs more than a run may; says which limit and its value.
-class LimitReached : public std::runtime_error {
-public:
+struct LimitReached : std::runtime_error {
     /// The message is what the log shows.
-    explicit LimitReached(const std::string& message) : std::runtime_error(message) {}
+    using std::runtime_error::runtime_error;
 };
 
 /// Counts work and memory. Whatever a generator repeats for each cell, piece or turn takes a step

@@ -1,8 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include <vaultry/gen/LevelObserver.h>
-
-namespace Tarnex {
-
-LevelObserver::~LevelObserver() = default;
-
-} // namespace Tarnex
