@@ -87,6 +87,7 @@ void PushToWall(ContentItem& item, const WallRow& row, const Fit& fit) {
     if (row.thickness == Thickness::Before) {
         Add(depth, -row.outward * fit.thickness);
     }
+    // Step by step, and rounded at each: for southern walls the thickness comes first.
     const double toWall = (fit.tileSize - item.size.y) * 0.5;
     Add(depth, row.outward * (fit.reduced ? -halfDepth : toWall));
     if (row.thickness != Thickness::Before) {
@@ -130,6 +131,7 @@ PlacementCounts CountPlacements(const ThemeItem& item, std::uint32_t count) {
     // The share of the places, cut: a tenth of nine places is none.
     const std::int64_t n = TruncToInt(count * double{item.ratio});
     PlacementCounts counts{};
+    // Exactly -1 is not given. Other negative numbers are, and ask for nothing.
     if (item.minimum != ThemeItem::kNotGiven) {
         counts.minimum = item.minimum;
     } else {

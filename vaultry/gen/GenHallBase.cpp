@@ -28,6 +28,7 @@ CellRange CoveredCells(const Layout& room) {
 }
 
 // The first wall or, when there is none, the first doorway.
+// An element with both can still be opened at its wall.
 const Tile* PeekWallOrDoorway(const GridElmt& elmt) {
     const Tile* doorway = nullptr;
     for (const DiPtr<Tile>& tile : elmt.tiles) {
@@ -68,6 +69,8 @@ void GenHallBase::MapRoom(const Layout& room) {
     for (std::int32_t y = cells.first.y; y <= cells.last.y; ++y) {
         for (std::int32_t x = cells.first.x; x <= cells.last.x; ++x) {
             const DiPos pos(x, y, 0);
+            // Rooms meet in the row and column that they cover beyond their own; the first one
+            // keeps them.
             if (IsInside(pos) && PosToRoom(pos) == nullptr) {
                 roomAt[CellIndex(main, pos)] = &room;
             }
@@ -80,6 +83,7 @@ GridElmt* GenHallBase::ElmtAt(const DiPos& pos) const {
 }
 
 bool GenHallBase::IsInside(const DiPos& pos) const {
+    // Negative places are far outside as unsigned numbers.
     return static_cast<std::uint32_t>(pos.x) < main.GetWidth() &&
            static_cast<std::uint32_t>(pos.y) < main.GetHeight();
 }
@@ -102,7 +106,10 @@ const Layout* GenHallBase::PosToRoom(const DiPos& pos) const {
 DiPos GenHallBase::FindForDoorway(const Layout& room, const DiDirection& way) const {
     const bool vertical = way.stepY != 0;
     const Side* ahead = SideTowards(vertical, vertical ? way.stepY : way.stepX);
+    // A way without a step has no side ahead; the western one stands in, so that some doorway is
+    // found.
     const DiPos found = SearchSide(room, ahead != nullptr ? *ahead : Sides()[DirW], way);
+    // (0, 0, 0) can stand for none: on the border no doorway is safe.
     if (!(found == DiPos())) {
         return found;
     }
@@ -124,6 +131,7 @@ DiPos GenHallBase::SearchSide(const Layout& room, const Side& side, const DiDire
     info.meter.Step(std::int64_t{lines} * length);
     std::vector<DiPos> candidates;
     candidates.reserve(static_cast<std::size_t>(lines) + static_cast<std::size_t>(length));
+    // Every line, not only the outermost: rooms made by hand have walls inside, and notches.
     for (std::int32_t i = 0; i < lines; ++i) {
         const std::int32_t line = fromFar ? lines - 1 - i : i;
         for (std::int32_t along = 0; along < length; ++along) {
@@ -131,6 +139,7 @@ DiPos GenHallBase::SearchSide(const Layout& room, const Side& side, const DiDire
             AddIfSafe(candidates, room, cell, facings);
         }
     }
+    // Nothing is drawn where there is nothing to choose from.
     return candidates.empty() ? DiPos() : DrawOne(candidates);
 }
 
@@ -156,6 +165,7 @@ void GenHallBase::AddIfSafe(std::vector<DiPos>& candidates,
 
 bool GenHallBase::IsSafeForDoor(const Tile& tile, const DiPos& pos) const {
     const Side* side = FindSide(GetTileDir(tile));
+    // A doorway in a corner has no facing that would tell where outside is.
     if (side == nullptr || IsOnBorder(pos)) {
         return false;
     }
@@ -163,6 +173,7 @@ bool GenHallBase::IsSafeForDoor(const Tile& tile, const DiPos& pos) const {
     if (outside == nullptr) {
         return true;
     }
+    // A part of another room, raised or lowered: its walls are not in this grid to be opened.
     if (outside->isShadow) {
         return false;
     }
@@ -181,6 +192,8 @@ bool GenHallBase::IsSafeForDoor(const Tile& tile, const DiPos& pos) const {
 
 // True when the neighbours on the side and on the opposite one both open towards the piece.
 bool GenHallBase::IsThroughHall(const DiPos& pos, const Side& side) const {
+    // Whatever shape the neighbours have, only their openings count: a doorway joins as a hall
+    // does.
     const Side& back = *FindSide(side.opposite);
     const GridElmt* ahead = ElmtAt(pos + side.step);
     const GridElmt* behind = ElmtAt(pos + back.step);

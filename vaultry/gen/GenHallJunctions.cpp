@@ -73,13 +73,16 @@ void GenHallway::LayTile(const DiPos& pos, TileKind kind) {
 }
 
 bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
+    // A copy of what a part of a room has there: a change would be lost with it.
     if (elmt.isShadow) {
         return false;
     }
+    // Whichever way it looks: behind a doorway the walk goes on inside the room.
     if (HasTileOfType(elmt, TileDoorway)) {
         return true;
     }
     if (HasTileOfType(elmt, TileWall)) {
+        // Only a straight piece runs into a wall; the way that the wall itself looks is not asked.
         if (!RunsNorthSouth(dir) && !RunsEastWest(dir)) {
             return false;
         }
@@ -91,6 +94,8 @@ bool GenHallway::CvtElmt(GridElmt& elmt, TileDirT dir, const DiPos& pos) {
         return GetTileDir(*hall) == dir || Try4Way(elmt, pos, false);
     }
     if (const Tile* end = PeekTileOfType(elmt, TileHallEnd)) {
+        // An end in line is lengthened; any other would stay closed to the walk, so it becomes a
+        // junction.
         const TileDirT facing = GetTileDir(*end);
         if (dir == DirNS && RunsNorthSouth(facing)) {
             ReplaceTiles(elmt, pos, TileKind::Of(Tile_HallNS));
@@ -110,6 +115,7 @@ void GenHallway::CvtToDoorway(const DiPos& pos) {
     if (elmt == nullptr || !HasTileOfType(*elmt, TileWall)) {
         return;
     }
+    // By the first tile, be it the wall or not; what has no straight facing gets a western doorway.
     const Side* facing = FindSide(GetElmtDir(*elmt));
     const Side& side = facing != nullptr ? *facing : Sides()[DirW];
     ReplaceTiles(*elmt, pos, side.doorway);
@@ -123,14 +129,17 @@ void GenHallway::CvtToDoorway(const DiPos& pos) {
     if (outside != nullptr && HasTileOfType(*outside, TileDoorway)) {
         return;
     }
+    // Frame, jamb, leaf: the order of the references.
     elmt->AddTile(TileOf(side.doorjamb));
     elmt->AddTile(TileOf(side.door));
 }
 
 bool GenHallway::Try4Way(GridElmt& elmt, const DiPos& pos, bool testOnly) {
+    // Its ends would have no cell to lie in.
     if (IsOnBorder(pos)) {
         return false;
     }
+    // One on trial counts as one that is there already.
     if (elmt.HasTile(Tile_Hall4Way)) {
         return true;
     }
@@ -190,6 +199,8 @@ void GenHallway::Place4Way(const DiPos& pos) {
     };
     std::vector<Junction> open;
     const auto begin = [this, &open](const DiPos& at) {
+        // Places without an element are left alone; all others become junctions, whatever they
+        // were.
         if (GridElmt* elmt = ElmtAt(at)) {
             ReplaceTiles(*elmt, at, FourWay());
             open.push_back({at, 0});
@@ -218,6 +229,7 @@ bool GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
     }
     GridElmt* neighbour = ElmtAt(at);
     if (neighbour == nullptr) {
+        // A stub, for whatever comes this way later to lengthen.
         LayTile(at, side.hallEnd);
         return false;
     }
@@ -229,9 +241,11 @@ bool GenHallway::FitToJunction(const Side& side, const DiPos& junction) {
         return false;
     }
     if (HasTileOfType(*neighbour, TileHall)) {
+        // No piece has three openings: a hall that runs past can be opened only by a junction.
         return !OpensTo(*neighbour, side.opposite);
     }
     if (const Tile* end = PeekTileOfType(*neighbour, TileHallEnd)) {
+        // Closed on its far side, it is open towards the junction already.
         if (GetTileDir(*end) != side.dir) {
             ReplaceTiles(*neighbour, at, FittedEnd(side.dir, GetTileDir(*end)));
         }

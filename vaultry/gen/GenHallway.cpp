@@ -66,6 +66,7 @@ std::vector<DiPtr<Layout>> ShuffleRooms(std::vector<DiPtr<Layout>> rooms) {
     if (draw <= kShuffle || rooms.size() < 2) {
         return rooms;
     }
+    // Half of the rooms go to the end, one by one; the same one may go twice.
     for (std::size_t i = 0; i < rooms.size() / 2; ++i) {
         const auto pick = rooms.begin() + RandomInt(static_cast<std::int32_t>(rooms.size()));
         std::rotate(pick, pick + 1, rooms.end());
@@ -100,6 +101,7 @@ bool GenHallway::Gen() {
     constexpr float kShadowDepth = 1.0F;
     failedHalls.clear();
     const auto all = rooms.GetRoomList();
+    // Without rooms nothing is drawn; a single one draws for its order, and for a hall to itself.
     if (all.empty()) {
         return true;
     }
@@ -108,16 +110,19 @@ bool GenHallway::Gen() {
     const auto ring = ShuffleRooms(all);
     for (std::size_t i = 0; i < ring.size(); ++i) {
         const Layout& room = *ring[i];
+        // A ring: with two halls to every room a single failure cuts nobody off.
         const Layout& next = *ring[(i + 1) % ring.size()];
         if (!ConnectRooms(room, next)) {
             failedHalls.push_back({rooms.GetLogicalRoomPos(room), rooms.GetLogicalRoomPos(next)});
         }
     }
+    // For carving alone: whoever furnishes the level must not find them.
     main.RemoveShadows();
     return failedHalls.size() <= kToleratedFailures;
 }
 
 bool GenHallway::ConnectRooms(const Layout& from, const Layout& to) {
+    // Halls that stand are not taken back with one that fails.
     journal.Begin();
     Walk walk{&from, &to, Prep(from, to)};
     const auto parts = static_cast<std::int64_t>(main.GetChildren().size());
@@ -125,6 +130,7 @@ bool GenHallway::ConnectRooms(const Layout& from, const Layout& to) {
     bool finished = false;
     while (!finished) {
         info.meter.Step(stepsPerMove);
+        // Before the step: a room without a place for a doorway has failed often enough at once.
         if (walk.cursor.blocked >= kGivesUpBlocked) {
             SeekDetour(walk);
         }
@@ -154,11 +160,13 @@ void GenHallway::SeekDetour(Walk& walk) {
     if (++walk.stuck >= kMaxDetours) {
         return;
     }
+    // A hall that goes nowhere is taken back, or its dead end would stay. The steps count on.
     if (walk.cursor.inside == nullptr) {
         StepBack();
         walk.cursor = Prep(*walk.from, *walk.to);
     }
     const double draw = RandomUnit();
+    // The draw is made even where no neighbour lies on the way, and the destination stays.
     walk.cursor.dest = draw < kDetourByRoom ? AltDest(walk.cursor) : RandomDest();
     walk.cursor.blocked = 0;
     walk.detourFrom = walk.cursor.inside;
@@ -189,14 +197,17 @@ bool GenHallway::TurnBack(Walk& walk) {
             static_cast<int>(walk.stuck));
         return false;
     }
+    // Detours and failures count anew from this end, runs do not.
     walk = {walk.to, walk.from, Prep(*walk.to, *walk.from), 0, 0, walk.reversals + 1};
     return true;
 }
 
 HallCursor GenHallway::Prep(const Layout& from, const Layout& to) const {
     HallCursor cursor;
+    // From the middle, whatever stands there: the first step is to a doorway.
     cursor.place = FindCenter(from);
     cursor.dest = TrueDest(to, cursor.place);
+    // The room stays the goal whatever detours the place takes.
     cursor.destRoom = &to;
     cursor.inside = &from;
     return cursor;
@@ -205,6 +216,7 @@ HallCursor GenHallway::Prep(const Layout& from, const Layout& to) const {
 DiPos GenHallway::TrueDest(const Layout& room, const DiPos& from) const {
     const DiPos center = FindCenter(room);
     const GridElmt* elmt = ElmtAt(center);
+    // A room with a hole in its middle, or a raised part, is entered at its wall instead.
     if (elmt != nullptr && !elmt->isShadow) {
         return center;
     }
@@ -213,6 +225,7 @@ DiPos GenHallway::TrueDest(const Layout& room, const DiPos& from) const {
 }
 
 DiPos GenHallway::AltDest(const HallCursor& cursor) const {
+    // By slots of the room grid, which gaps and sizes of rooms do not move.
     const DiPos here = rooms.GetLogicalRoomPos(*cursor.inside);
     const DiPos there = rooms.GetLogicalRoomPos(*cursor.destRoom);
     const Layout* detour = ChooseDetour(rooms.GetAdjacentRooms(*cursor.inside), here, there);
@@ -220,11 +233,14 @@ DiPos GenHallway::AltDest(const HallCursor& cursor) const {
         return cursor.dest;
     }
     const DiPos dest = TrueDest(*detour, cursor.place);
+    // (0, 0, 0) stands for none; a corner of the level is nowhere to go.
     return dest == DiPos() ? cursor.dest : dest;
 }
 
 DiPos GenHallway::RandomDest() const {
     const DiPos& size = main.GetSize();
+    // Across before down, over the whole level: border places are moved in, so inner rims are
+    // likelier.
     const std::int32_t x = RandomInt(size.x);
     const std::int32_t y = RandomInt(size.y);
     return {OffBorder(x, size.x), OffBorder(y, size.y), 0};
@@ -234,16 +250,19 @@ void GenHallway::LeaveRoom(HallCursor& cursor) {
     const DiDirection way(cursor.place, cursor.dest);
     const DiPos door = FindForDoorway(*cursor.inside, way);
     if (door == DiPos()) {
+        // As good as ten failed steps: the next one seeks a detour.
         cursor.blocked += kGivesUpBlocked;
         ReportNoPlaceForDoor(S_LogSrc, cursor.place, way);
         return;
     }
+    // The place is taken even if the level has no wall there any more; the next try starts from it.
     cursor.place = door;
     GridElmt* elmt = ElmtAt(door);
     if (elmt == nullptr) {
         return;
     }
     const Tile* wall = PeekTileOfType(*elmt, TileWall);
+    // A doorway that is there already is used again.
     const Tile* opening = wall != nullptr ? wall : PeekTileOfType(*elmt, TileDoorway);
     if (opening == nullptr) {
         return;
@@ -265,9 +284,12 @@ void GenHallway::NextStep(HallCursor& cursor) {
     if (cursor.blocked > kTurnsAside) {
         GetBlockedDir(way);
     }
+    // Asked of the level, while the facing is that of the piece chosen last: they may differ after
+    // a junction was refused.
     const CvtAction action = CanInPlaceCvt(cursor.place);
     const HallChoice choice =
         ChooseStep(GetTileDir(*cursor.tile), way, cursor.lastStep, action, cursor.blocked);
+    // No choice and a kind that the set lacks come to the same: a step that failed.
     const DiPtr<Tile>& tile = TileOf(choice.tile);
     if (!tile) {
         ++cursor.blocked;
@@ -305,12 +327,14 @@ void GenHallway::Move(HallCursor& cursor, const HallChoice& choice, const Tile& 
         Logger::DebugError(S_LogSrc, "Internal:  out of bounds in NextStep()");
         return;
     }
+    // What is there decides whether the hall may enter; an empty cell always takes it.
     GridElmt* elmt = ElmtAt(next);
     if (elmt != nullptr && !CvtElmt(*elmt, GetTileDir(tile), next)) {
         ++cursor.blocked;
         return;
     }
     cursor.place = next;
+    // Only a move ends a row of failures; a change in place does not.
     cursor.lastStep = choice.step;
     cursor.blocked = 0;
     if (elmt != nullptr) {
@@ -330,6 +354,7 @@ void GenHallway::MoveOnto(HallCursor& cursor, const GridElmt& elmt) const {
         return;
     }
     const bool isDoorway = GetTileType(*cursor.tile) == TileDoorway;
+    // Straight pieces and corners can lie on the row and column that a room covers beyond its own.
     if (!isDoorway && cursor.tile->kindName.Kind() != fourWay) {
         return;
     }

@@ -77,6 +77,7 @@ void GenIntBase::Gen() {
     info.report = GenReport();
     try {
         Make();
+        // Out of the middle of any stage; what was made until then stays for the caller to look at.
     } catch (const RunCanceled&) {
         info.report.canceled = true;
     }
@@ -160,6 +161,7 @@ void GenIntBase::SortLayout(SortedElmts& sorted, const Layout& layout) const {
     for (const DiPtr<Layout>& child : layout.GetChildren()) {
         SortLayout(sorted, *child);
     }
+    // Kept beside the lists, which get shorter: shares are of all places that there were.
     sorted.numCenters = static_cast<std::uint32_t>(sorted.centers.size());
     sorted.numCorners = static_cast<std::uint32_t>(sorted.corners.size());
     sorted.numHalls = static_cast<std::uint32_t>(sorted.halls.size());
@@ -168,6 +170,7 @@ void GenIntBase::SortLayout(SortedElmts& sorted, const Layout& layout) const {
 
 void GenIntBase::InitCell() {
     cell = info.mod.CreateCell(info.cellName.c_str());
+    // Before all else, so that it is the first reference of every cell.
     Ref marker(kNorthMarker);
     // North of the origin, as the north of the map.
     marker.position.y = kNorthMarkerY;
@@ -181,6 +184,7 @@ void GenIntBase::FillCell(const Layout& layout) {
     info.meter.TakeMemory(pieces.memory);
     // One piece of memory for all references instead of growing through many.
     cell->Reserve(pieces.count);
+    // From the origin: where a level would lie in a larger world plays no part.
     LayoutToCell(*cell, layout, Di3Point());
 }
 
@@ -200,6 +204,7 @@ void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point
         }
     }
     for (const DiPtr<Layout>& child : layout.GetChildren()) {
+        // Rounded to single precision at every level of nesting.
         LayoutToCell(target, *child, offset + child->GetOffset());
     }
 }
@@ -219,8 +224,11 @@ void GenIntBase::CvtTiles(Cell& target,
         if (tile->requiredName.empty()) {
             continue;
         }
+        // Of one step only: what a companion asks for in its turn is not followed. A set may lack
+        // it.
         const DiPtr<Tile>& companion = tileSet->Get(tile->requiredName);
         if (companion) {
+            // Counted here: FillCell does not foresee companions.
             info.meter.TakeMemory(sizeof(Ref) + companion->id.size());
             DoCvtTile(target, elmt, *companion, pos, offset);
         }
@@ -252,6 +260,7 @@ void GenIntBase::MakeTeleport(Ref& door, const GridElmt& elmt) const {
     const DiPos& at = elmt.teleDest;
     const DiPtr<GridElmt>& arrival =
         level.GetElmt(static_cast<std::uint32_t>(at.y), static_cast<std::uint32_t>(at.x));
+    // Nothing to arrive at: the door stays shut.
     if (!arrival) {
         return;
     }
@@ -261,6 +270,7 @@ void GenIntBase::MakeTeleport(Ref& door, const GridElmt& elmt) const {
     // On a raised floor one arrives on top of it, not inside.
     const std::int64_t lift = arrival->platforms.empty() ? 0 : arrival->platformHeight;
     Ref destination(level.GetName().c_str());
+    // Rows run south, but y runs north.
     destination.position = Di3Point(static_cast<float>(at.x * size),
                                     static_cast<float>(-(at.y * size)),
                                     static_cast<float>(at.z * size + lift));
@@ -288,6 +298,7 @@ Ref GenIntBase::MakeRef(const std::string& id,
     info.meter.Step(kStepsPerPiece);
     Ref ref(id.c_str());
     ref.position = WorldPosition(pos, offset, local, tileSet->GetTileSize());
+    // Pieces turn about the upright axis alone.
     ref.rotation.z = Radians(zRotate);
     return ref;
 }

@@ -49,6 +49,7 @@ void GenIntRandom::InitRandomTileSet(bool first) {
     // Caves first: the place in this list is what the draw picks.
     std::vector<DiPtr<TileSet>> sets = config->caveTileSets;
     sets.insert(sets.end(), config->roomTileSets.begin(), config->roomTileSets.end());
+    // Without a set to choose nothing is drawn, and the default stays.
     if (sets.empty()) {
         return;
     }
@@ -101,6 +102,7 @@ void GenIntRandom::ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, b
 std::vector<DiPtr<Theme>> GenIntRandom::FilterThemes(const std::vector<DiPtr<Theme>>& list,
                                                      std::uint32_t lo,
                                                      std::uint32_t hi) {
+    // Bounds in the wrong order leave the upper one alone.
     std::vector<DiPtr<Theme>> matching;
     for (const DiPtr<Theme>& theme : list) {
         const std::int64_t level = theme->level;

@@ -130,6 +130,7 @@ bool HasTurn(std::int64_t turn,
 
 // The first that fits, not one by chance: no draw depends on how full the containers are.
 Container* FindCtrWithRoom(const std::vector<DiPtr<Container>>& list, float amount) {
+    // Full to the brim is too full here, though the container that was drawn takes as much.
     const auto found = std::ranges::find_if(list, [amount](const DiPtr<Container>& container) {
         return double{container->GetEncumbrance()} + amount < container->GetWeight();
     });
@@ -156,6 +157,7 @@ void Lighten(Stack& stack, float unitWeight, const Container& container) {
     // different.
     while (stack.count > 1 && Overloads(container, stack)) {
         --stack.count;
+        // Rounded piece by piece.
         stack.weight = static_cast<float>(double{stack.weight} - unitWeight);
     }
 }
@@ -176,6 +178,7 @@ void GenIntBase::AddContents(Layout& layout) {
     static constexpr std::array<PlaceRow, 1> kPopulation = {{
         {Content_Creature, &GenIntBase::PlaceCreatures},
     }};
+    // No furniture theme, no creatures either: an empty dungeon stays empty.
     if (!info.defTheme) {
         return;
     }
@@ -231,9 +234,11 @@ void GenIntBase::PlaceCreatures(SortedElmts& sorted, const ThemeItem& item) {
     RemoveBySubtype(candidates, Creature_Bird.data());
     RemoveBySubtype(candidates, Creature_Fish.data());
     ElmtList elements = sorted.centers;
+    // Centres, halls, walls: a draw picks by the place in this list.
     Append(elements, sorted.halls);
     Append(elements, sorted.walls);
     PlaceItems(elements, item, candidates, sorted.numWalls + sorted.numHalls + sorted.numCenters);
+    // Only now: while placing, an element leaves the copy alone.
     RemoveFullElmts(sorted.centers);
     RemoveFullElmts(sorted.halls);
     RemoveFullElmts(sorted.walls);
@@ -264,6 +269,7 @@ void GenIntBase::PlaceItems(ElmtList& elements,
     if (elements.empty() || !info.meter.StepPlacing(toCopy)) {
         return;
     }
+    // A share of all places that were sorted, not of those still free.
     const PlacementCounts counts = CountPlacements(item, count);
     const std::int64_t toSelect = kStepsPerTurn + StepsToSelect(item, candidates);
     for (std::int64_t turn = 0; HasTurn(turn, counts, item, placed); ++turn) {
@@ -278,6 +284,7 @@ void GenIntBase::PlaceItems(ElmtList& elements,
         if (!content || elements.empty()) {
             return;
         }
+        // Each place is drawn once for an item, rugs too, which leave it free for other items.
         GridElmt* elmt = TakeElement(elements);
         PlaceItem(*content, *elmt);
         if (!content->IsKind(Content_Rug)) {
@@ -315,6 +322,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectContent(const ThemeItem& item,
 }
 
 DiPtr<ContentTemplate> GenIntBase::SelectItem(const ContentList& candidates) const {
+    // Nothing to choose from, nothing drawn.
     if (candidates.empty()) {
         return nullptr;
     }
@@ -324,6 +332,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectItem(const ContentList& candidates) con
         if (content->value <= kCommonValue) {
             return content;
         }
+        // A second draw for the precious alone; a refusal costs the first one too and picks anew.
         const double draw = RandomUnit();
         if (draw <= AcceptedShare(content->value)) {
             return content;
@@ -339,11 +348,14 @@ DiPtr<ContentTemplate> GenIntBase::ThemeItemToContent(const ThemeItem& item) con
 std::uint32_t GenIntBase::DetermineQty(const ContentTemplate& content) const {
     // Negative and absent maxima mean a single piece.
     const std::int32_t most = std::max(content.maxCount, 1);
+    // Drawn even for a single piece.
     std::int64_t quantity = RandomInt(most) + 1;
     if (quantity >= kLargePile && content.value * quantity > kPlausibleWorth) {
         const double draw = RandomUnit();
+        // The value is above 0 here, or the pile would have been worth nothing.
         quantity = PileWorth(draw) / content.value;
     }
+    // However much the worth would buy, the content says how many lie together at most.
     return static_cast<std::uint32_t>(std::clamp<std::int64_t>(quantity, 1, most));
 }
 
@@ -379,6 +391,7 @@ void GenIntBase::MakeContainer(ContentItem& item) {
     container->SetId(item.uniqueName.c_str());
     container->SetFriendlyName(item.friendlyName.c_str());
     container->SetModelName(item.modelFile.c_str());
+    // What the content weighs is what its container holds.
     container->SetWeight(item.weight);
     containers.push_back(container);
 }
@@ -395,6 +408,7 @@ void GenIntBase::AddCtrTreasure(std::vector<DiPtr<Container>>& filled) {
 }
 
 void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const ThemeItem& item) {
+    // Without containers nothing is drawn.
     if (filled.empty()) {
         return;
     }
@@ -411,6 +425,7 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
             continue;
         }
         const DiPtr<ContentTemplate> content = SelectContent(item, candidates);
+        // The first name that nobody knows ends the item, whatever other names it has.
         if (!content) {
             return;
         }
@@ -421,6 +436,7 @@ void GenIntBase::PlaceCtrTreasure(std::vector<DiPtr<Container>>& filled, const T
         Stack stack{quantity, static_cast<float>(quantity * double{content->weight})};
         Lighten(stack, content->weight, *container);
         if (Overloads(*container, stack)) {
+            // Drawn once only; the rest is a search.
             container = FindCtrWithRoom(filled, stack.weight);
         }
         if (container != nullptr) {

@@ -30,6 +30,7 @@ bool IsExterior(const Layout& layout, const DiPos& pos, TileDirT facing) {
     const bool alongY = facing == DirN || facing == DirS;
     const DiPos before = alongY ? DiPos(pos.x, pos.y - 1, 0) : DiPos(pos.x - 1, pos.y, 0);
     const DiPos behind = alongY ? DiPos(pos.x, pos.y + 1, 0) : DiPos(pos.x + 1, pos.y, 0);
+    // The room behind counts like the hall before: a doorway in the open is closed too.
     return !HasAnything(layout, before) || !HasAnything(layout, behind);
 }
 
@@ -62,6 +63,7 @@ void GenIntRandom::RemoveExteriorDoors(Layout& layout) const {
             }
             // A look at both sides goes through every part of the room.
             info.meter.Step(kMaxRoomParts);
+            // The doorway need not be the first tile of its element.
             const TileDirT facing = GetTileDir(*doorway);
             if (IsExterior(layout, DiPos(col, row, 0), facing)) {
                 CloseDoorway(*elmt, facing);
@@ -69,6 +71,7 @@ void GenIntRandom::RemoveExteriorDoors(Layout& layout) const {
         }
     }
     for (const DiPtr<Layout>& child : layout.GetChildren()) {
+        // A part looks at the whole room around it, wherever in it the part lies.
         RemoveExteriorDoors(*child);
     }
 }
@@ -96,6 +99,7 @@ DiPos GenIntRandom::FindElmt(const Layout& layout, TileType type) const {
             }
         }
     }
+    // Nothing is drawn without a candidate, and the cell in the corner stands in.
     return candidates.empty() ? DiPos() : DrawOne(candidates);
 }
 
@@ -105,6 +109,8 @@ DiPtr<GridElmt> GenIntRandom::AddTeleDoor(Layout& layout, const DiPos& pos) cons
     if (!elmt) {
         return nullptr;
     }
+    // By the first tile. What has no straight facing stays as it is and yet leads to the other
+    // level.
     if (const Side* side = FindSide(GetElmtDir(*elmt))) {
         const TileSet& set = *layout.GetTileSet();
         // From the level's own set, which need not be the one of the level made last.
@@ -124,6 +130,7 @@ void GenIntRandom::AddTeleportingDoors(const Levels& levels) {
         const DiPos earlierPos = FindElmt(*earlier, TileWall);
         const DiPtr<GridElmt> laterDoor = AddTeleDoor(*later, laterPos);
         const DiPtr<GridElmt> earlierDoor = AddTeleDoor(*earlier, earlierPos);
+        // A door that was built by then stays, and leads nowhere.
         if (!laterDoor || !earlierDoor) {
             return;
         }
@@ -138,6 +145,7 @@ void GenIntRandom::AddTeleportingDoors(const Levels& levels) {
 
 void GenIntRandom::MarkLinked(const Layout& level) {
     for (LevelReport& report : info.report.levels) {
+        // By name: where there are several levels each has its own.
         report.linked = report.linked || (report.made && report.name == level.GetName());
     }
 }

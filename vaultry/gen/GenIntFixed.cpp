@@ -8,6 +8,7 @@ namespace Tarnex {
 GenIntFixed::GenIntFixed(GenInfo& info_) : GenIntBase(info_), plan(info_.defTemplate) {}
 
 void GenIntFixed::Make() {
+    // A generator may be run again.
     containers.clear();
     InitCell();
     LayoutOwner owner;

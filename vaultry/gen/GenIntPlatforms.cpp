@@ -25,6 +25,7 @@ void PlaceStairs(GridElmt& elmt,
     if (!stairs) {
         return;
     }
+    // Along the other axis the author's offset stays.
     stairs->offset.*plan.axis = plan.place;
     // First down to the floor of the cell, then so far that the top step is at the platform's
     // height.
@@ -72,8 +73,10 @@ bool PlaceSlab(GridElmt& elmt,
     Add(piece->offset.x, slab.x);
     Add(piece->offset.y, slab.y);
     Add(piece->offset.z, plan.z);
+    // The slab before its beams.
     elmt.platforms.push_back(piece);
 
+    // A beam stands at either end of its row or column.
     const bool atRowEnd = slab.column == 0 || slab.column == plan.columns - 1;
     const bool atColumnEnd = slab.row == 0 || slab.row == plan.rows - 1;
     // A platform without a beam breaks off its row at the first edge that asks for one.
@@ -99,6 +102,7 @@ void PlaceRow(GridElmt& elmt,
         if (!PlaceSlab(elmt, platform, plan, floor, slab)) {
             return;
         }
+        // A running sum, rounded slab by slab.
         Add(slab.x, floor.size.x);
     }
 }
@@ -117,6 +121,7 @@ void PlaceFloor(GridElmt& elmt,
 }
 
 std::int64_t SlabCount(const PlatformPlan& plan) {
+    // Two negative counts must not make a positive one.
     const bool none = plan.columns <= 0 || plan.rows <= 0;
     return none ? 0 : std::int64_t{plan.columns} * plan.rows;
 }
@@ -129,6 +134,7 @@ void GenIntBase::AddPlatforms(Layout& layout) {
         return;
     }
     // One kit for the whole cell.
+    // Drawn even from a single one.
     const Platform& platform = *DrawOne(platforms);
     SortedElmts sorted;
     SortLayout(sorted, layout);
@@ -153,6 +159,7 @@ void GenIntBase::AddPlatform(GridElmt& elmt, const Platform& platform) const {
 }
 
 void GenIntBase::RaisePlatform(GridElmt& elmt, const Platform& platform, std::int64_t& left) const {
+    // A kit without a floor raises nothing, not even the contents.
     const DiPtr<PlatformTile> floor = platform.Get(Platform_Floor);
     if (!floor) {
         return;
@@ -168,6 +175,7 @@ void GenIntBase::RaisePlatform(GridElmt& elmt, const Platform& platform, std::in
                            first.kindName.c_str());
         return;
     }
+    // Before the slabs: the order of the references.
     if (plan->stairs) {
         PlaceStairs(elmt, platform, *plan->stairs, tileSize);
     }

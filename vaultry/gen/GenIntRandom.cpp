@@ -46,6 +46,7 @@ using Marks = std::vector<std::vector<bool>>;
 // small grid is filled instead. The draw is made for every spacing, even where it plays no part:
 // the draws that follow it belong to the same seed.
 std::int32_t TargetCount(std::int32_t total) {
+    // Cut, not rounded: of nine slots four are certain.
     const std::int32_t half = total / 2;
     const std::int32_t target = half + RandomInt(half);
     return target < kFewRooms ? total : target;
@@ -54,6 +55,7 @@ std::int32_t TargetCount(std::int32_t total) {
 // Row by row from the north-west: slots that stay empty lie in the south-east.
 void MarkInOrder(Marks& marks, std::int32_t target) {
     for (auto& row : marks) {
+        // Slots behind the target stay empty.
         for (std::size_t col = 0; col < row.size() && target > 0; ++col, --target) {
             row[col] = true;
         }
@@ -64,6 +66,7 @@ void MarkInOrder(Marks& marks, std::int32_t target) {
 void MarkByChance(Marks& marks, const DiPos& size, std::int32_t target) {
     std::int32_t misses = 0;
     for (std::int32_t count = 0; count < target;) {
+        // Row before column.
         const auto row = static_cast<std::size_t>(RandomInt(size.y));
         const auto col = static_cast<std::size_t>(RandomInt(size.x));
         const bool isFree = !marks[row][col];
@@ -120,6 +123,7 @@ std::int32_t DrawShift(std::uint32_t slot, std::int32_t room) {
 std::int32_t MakeRoomForParts(std::int32_t shift, float leastPartOffset) {
     const float reach = -leastPartOffset;
     const bool reachesOut = leastPartOffset < 0.0F && static_cast<float>(shift) < reach;
+    // Whole cells only: a room between cells would have no place in the grid.
     return reachesOut ? TruncToInt(reach) : shift;
 }
 
@@ -128,6 +132,7 @@ std::int32_t MakeRoomForParts(std::int32_t shift, float leastPartOffset) {
 void GenIntRandom::Make() {
     LayoutOwner levels;
     Report("Generating Layouts");
+    // All floor plans before the first furniture: a door leads to a level that comes later.
     MakeLayouts(levels);
     Report("Adding Content");
     // Before any content, which must not stand in front of a door.
@@ -142,6 +147,7 @@ void GenIntRandom::Make() {
 }
 
 void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
+    // The run writes over it, level by level.
     const std::string baseName = info.cellName;
     const std::uint32_t count = std::min(info.randomInfo.numLevels, kMaxLevels);
     if (count < info.randomInfo.numLevels) {
@@ -151,6 +157,7 @@ void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
                            static_cast<int>(count));
     }
     for (std::uint32_t i = 0; i < count; ++i) {
+        // However small the levels are.
         info.meter.Ask();
         // Before the grid, as rooms and gaps depend on whether the level is a cave.
         InitRandomTileSet(i == 0);
@@ -167,9 +174,11 @@ void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
         }
         levels.Own(level);
         NameLevel(*level, baseName, i + 1);
+        // Later levels may replace that of the generator.
         level->SetTileSet(tileSet);
         report.made = true;
         report.name = level->GetName();
+        // Levels that were given up make no step.
         StepProgress();
     }
 }
@@ -197,6 +206,8 @@ void GenIntRandom::NameLevel(Layout& level,
                              const std::string& baseName,
                              std::uint32_t number) const {
     info.cellName = baseName;
+    // By the number asked for, however many come about. A single level has the empty name unless
+    // the front end wants it named.
     if (info.randomInfo.numLevels > 1) {
         info.cellName += ", Level " + std::to_string(number);
         level.SetName(info.cellName.c_str());
@@ -211,6 +222,7 @@ void GenIntRandom::FinishLevel(Layout& level, const LevelReport& report, bool fi
     info.defTileSet = tileSet;
     // Treasure goes to the containers of this level alone.
     containers.clear();
+    // The first level that was made, whatever its number, has no theme to keep.
     InitRandomThemes(first);
     info.cellName = level.GetName();
     InitCell();
@@ -223,6 +235,7 @@ void GenIntRandom::FinishLevel(Layout& level, const LevelReport& report, bool fi
 
 void GenIntRandom::InitRoomGridSize(DiPos& size) const {
     const auto& grids = RoomGrids(info.randomInfo.levelSize);
+    // Sizes with one grid draw nothing.
     const double draw = grids.size() > 1 ? RandomUnit() : 0.0;
     const GridOdds& grid = PickBelow(grids, draw);
     size.x = grid.columns;
@@ -247,6 +260,7 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& repor
         return nullptr;
     }
     const DiPos size(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 0);
+    // Only now, when its size is known to be bearable, is the level made.
     Layout& main = drafts.Own(MakeLayout(size));
     PlaceRooms(main, rooms);
     const bool joined = ConnectRooms(main, rooms, report);
@@ -281,6 +295,7 @@ void GenIntRandom::CreateRooms(RoomInfo& rooms) {
 DiPtr<Layout> GenIntRandom::CreateRoom() {
     const double draw = RandomUnit();
     const std::int32_t choices = PickBelow(kRoomSizes, draw).choices;
+    // One draw bounds both sides; west to east is drawn before north to south.
     const std::int32_t width = DrawRoomSide(choices);
     const std::int32_t height = DrawRoomSide(choices);
     DiPtr<Layout> room = Layout::Create(DiPos(width, height, 0));
@@ -291,6 +306,7 @@ DiPtr<Layout> GenIntRandom::CreateRoom() {
 DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
     // Caves take templates for caves: those of rooms have walls that a cave has no pieces for.
     const auto& templates = tileSet->IsCave() ? config->caveLayouts : config->roomLayouts;
+    // A slot without a room, and no draw.
     if (templates.empty()) {
         return nullptr;
     }
@@ -326,6 +342,7 @@ void GenIntRandom::LayoutRoom(Layout& room) const {
     for (std::int32_t row = 0; row < size.y; ++row) {
         for (std::int32_t col = 0; col < size.x; ++col) {
             const auto elmt = MakeDi<GridElmt>();
+            // A kind that the set lacks leaves an element without tiles, which no hall enters.
             elmt->AddTile(tileSet->Get(kinds[edge(row, size.y)][edge(col, size.x)]));
             room.SetElmt(elmt, row, col);
         }
@@ -334,6 +351,7 @@ void GenIntRandom::LayoutRoom(Layout& room) const {
 
 void GenIntRandom::SpaceRooms(RoomInfo& rooms) const {
     const auto& spacings = RoomSpacings(info.randomInfo.roomSpacing, tileSet->IsCave());
+    // As with the grids, one entry draws nothing.
     const double draw = spacings.size() > 1 ? RandomUnit() : 0.0;
     const SpacingRange& range = PickBelow(spacings, draw).range;
     if (range.AddsNothing()) {
@@ -361,6 +379,7 @@ void GenIntRandom::PlaceRooms(Layout& main, RoomInfo& rooms) const {
             const std::uint32_t width = rooms.GetMaxColWidth(col);
             if (const DiPtr<Layout>& room = rooms.GetLayout(row, col)) {
                 const DiPos total = room->GetTotalSize();
+                // Parts may reach out of their room to the north and west.
                 const Di3Point parts = room->GetMinChildOffset();
                 // Down is drawn before right.
                 const std::int32_t drawnDown = DrawShift(height, total.y);
@@ -370,6 +389,7 @@ void GenIntRandom::PlaceRooms(Layout& main, RoomInfo& rooms) const {
                 room->SetOffset(Di3Point(static_cast<float>(std::int64_t{left} + right),
                                          static_cast<float>(std::int64_t{top} + down),
                                          0.0F));
+                // Where rooms overlap the later one wins, its empty cells too.
                 main.AddContents(*room);
             }
             left += width;

@@ -71,6 +71,7 @@ private:
 bool WriteFile(Mod& mod, const char* path) try {
     std::ofstream stream(PathFromUtf8(path), std::ios::out | std::ios::binary | std::ios::trunc);
     mod.Write(stream);
+    // Before the question: what was still on its way may find the disk full.
     stream.close();
     return stream.good();
 } catch (const std::bad_alloc&) {
@@ -89,6 +90,7 @@ struct SharedAtTheEnd {
 } // namespace
 
 GenMgr::GenMgr() {
+    // Or front ends that never seed would make the same dungeon each time.
     SeedRandom(static_cast<std::uint32_t>(std::time(nullptr)));
 }
 
@@ -115,6 +117,7 @@ void GenMgr::InitFromMemory(std::string_view text, const char* name, const JobSt
 // What was read until memory ran out or that was cancelled would pass for a whole configuration.
 template <typename ReadConfig>
 void GenMgr::Read(ReadConfig readConfig) {
+    // Before anything is read: a manager never holds parts of two configurations.
     config.Reset();
     configFault.reset();
     try {
@@ -140,6 +143,8 @@ bool GenMgr::StartReading() {
 }
 
 void GenMgr::ChooseDefaults() {
+    // Rooms, not caves. Creatures are not among the defaults: a dungeon is empty of them until
+    // asked.
     defTemplate = FirstOf(config.roomLayouts);
     defTheme = FirstOf(config.themes);
     defTileSet = FirstOf(config.roomTileSets);
@@ -166,6 +171,7 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
         return ModResult::Refused;
     }
     const SharedAtTheEnd memory;
+    // Behind the checks: a run that is refused leaves what the last one made.
     mod.ResetContent();
     if (!RunGenerator(OrEmpty(name), fixedLayout)) {
         return ModResult::Refused;
@@ -175,6 +181,8 @@ ModResult GenMgr::Generate(const char* name, bool fixedLayout) {
 }
 
 bool GenMgr::CheckDefaults() const {
+    // The first lack alone is told. Random levels need no template, and are refused without one
+    // too.
     if (!defTileSet) {
         Logger::WriteError(kLogSource, "Unable to generate:  No default tile set.");
         return false;
@@ -189,12 +197,14 @@ bool GenMgr::CheckDefaults() const {
 // Whatever a generator throws ends here: no exception crosses the library's border.
 bool GenMgr::RunGenerator(const char* name, bool fixedLayout) {
     try {
+        // Random runs write over it; each starts from what it was asked for.
         cellName = name;
         if (fixedLayout) {
             GenIntFixed(*this).Gen();
         } else {
             GenIntRandom(*this).Gen();
         }
+        // A wish that came after the last question counts like one before.
         report.canceled = report.canceled || (jobStatus != nullptr && jobStatus->HasBeenCanceled());
         return true;
     } catch (const std::bad_alloc&) {
@@ -203,6 +213,7 @@ bool GenMgr::RunGenerator(const char* name, bool fixedLayout) {
         Logger::WriteError(kLogSource, "Generation failed:  Out of memory.");
         return false;
     } catch (const LimitReached& e) {
+        // A whole line by itself: a limit that was reached is no fault inside.
         Logger::WriteError(kLogSource, "%s", e.what());
         return false;
     } catch (const std::exception& e) {
@@ -224,6 +235,7 @@ void GenMgr::SetDefaultTemplate(const char* name, bool cave) {
 }
 
 void GenMgr::SetDefaultTheme(const char* name) {
+    // Unlike tile sets and layouts, which no run can do without: an unknown theme means none.
     defTheme = FindByName(config.themes, OrEmpty(name));
 }
 

@@ -12,6 +12,7 @@ std::size_t LevelReport::ReachableRooms() const {
 bool GenReport::AreLevelsLinked() const {
     bool isFirst = true;
     for (const LevelReport& level : levels) {
+        // Levels given up leave no gap: doors join those that there are.
         if (!level.made) {
             continue;
         }
@@ -24,6 +25,7 @@ bool GenReport::AreLevelsLinked() const {
 }
 
 bool GenReport::IsWalkable() const {
+    // A level that was given up is none to walk in, though the others may hang together.
     return AreLevelsLinked() && std::ranges::all_of(levels, &LevelReport::IsWalkable);
 }
 

@@ -61,9 +61,11 @@ HallChoice Turn(bool vertical, const DiDirection& wanted, const DiPos& previous,
 
 template <bool vertical>
 HallChoice LeaveStraight(const DiDirection& wanted, const DiPos& previous, CvtAction action) {
+    // A piece that must stay as it is can only be left straight on.
     if (StepsVertically(wanted) == vertical || action == CvtNone) {
         return Straight(vertical, wanted, action);
     }
+    // The step itself follows, as one from a junction.
     if (action == CvtFourWay) {
         return InPlace(Kinds().fourWay, action);
     }
@@ -80,6 +82,7 @@ HallChoice LeaveCorner(TileDirT corner, const DiDirection& wanted, CvtAction act
         DiPos step;
         std::array<TileDirT, 2> openCorners; // the corners that are open on that side
     };
+    // A corner is named by its closed sides.
     static constexpr std::array<Exit, 4> kExits = {{
         {{-1, 0, 0}, {DirNE, DirSE}},
         {{1, 0, 0}, {DirNW, DirSW}},
@@ -110,6 +113,7 @@ HallChoice UndoCorner(const DiPos& previous, CvtAction action) {
 // All sides of a junction are open.
 HallChoice AlongStep(const DiDirection& wanted, CvtAction action) {
     const HallKinds& kinds = Kinds();
+    // Without a step the junction itself is replaced by a straight piece.
     return {StepsVertically(wanted) ? kinds.northSouth : kinds.eastWest,
             {wanted.stepX, wanted.stepY, 0},
             action};
@@ -119,6 +123,7 @@ HallChoice AlongStep(const DiDirection& wanted, CvtAction action) {
 
 void GetBlockedDir(DiDirection& way) {
     if (StepsVertically(way)) {
+        // No distance to cover goes west, or north below: aside is aside.
         way.stepX = way.distX < 1 ? -1 : 1;
         way.stepY = 0;
     } else {
@@ -136,6 +141,7 @@ HallChoice ChooseStep(TileDirT current,
     case DirN:
     case DirS:
     case DirNS:
+        // Doorways and ends are left as straight pieces of their axis are.
         return LeaveStraight<true>(wanted, previous, action);
     case DirE:
     case DirW:
@@ -150,6 +156,7 @@ HallChoice ChooseStep(TileDirT current,
     case DirAll:
         return AlongStep(wanted, action);
     case DirNone:
+        // Doors in corners, stairs: nobody knows where they let one out.
         break;
     }
     return Blocked(action);

@@ -8,6 +8,7 @@ namespace Tarnex {
 namespace {
 
 std::int32_t PositionOf(const char* text, const std::vector<std::string>& words) {
+    // What is no word stands for the first one: anything may come.
     if (text == nullptr) {
         return 0;
     }
@@ -22,6 +23,7 @@ std::int32_t PositionOf(const char* text, const std::vector<std::string>& words)
 } // namespace
 
 const std::vector<std::string>& RandomGenInfo::GetLevelSizeStrings() {
+    // The positions are the values that front ends store.
     static const std::vector<std::string> words = {"Random", "Tiny", "Small", "Medium", "Large"};
     return words;
 }

@@ -7,11 +7,13 @@
 namespace Tarnex {
 
 void RunMeter::Start(const JobStatus* status_) {
+    // What the last run used up is not this one's.
     *this = RunMeter();
     status = status_;
 }
 
 void RunMeter::Ask() {
+    // Before the question, which may throw: the next one comes a full count later.
     sinceQuestion = 0;
     if (status != nullptr && status->HasBeenCanceled()) {
         throw RunCanceled();

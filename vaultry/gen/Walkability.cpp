@@ -12,8 +12,10 @@ namespace {
 void NumberRooms(LevelPlan& plan, const std::vector<DiPtr<Layout>>& rooms) {
     for (std::size_t i = 0; i < rooms.size(); ++i) {
         ForEachTiled(*rooms[i], OriginOf(*rooms[i]), [&](const GridElmt&, const DiPos& place) {
+            // Rooms that their parts push aside can reach out of the level.
             PlanCell* cell = plan.IsInside(place) ? plan.Find(place) : nullptr;
             if (cell != nullptr) {
+                // Where rooms overlap the later one lies on top, as it does in the level.
                 cell->room = i + 1;
             }
         });
@@ -26,9 +28,11 @@ void JudgeWalkability(LevelReport& report, const Layout& main, const RoomInfo& r
     LevelPlan plan = PlanOf(main);
     report.openEnds = 0;
     for (const PlanCell& cell : plan.cells) {
+        // A junction may have several.
         report.openEnds += static_cast<std::uint32_t>(std::popcount(cell.loose));
     }
     const auto list = rooms.GetRoomList();
+    // Numbers from 1: halls belong to no room and have 0.
     NumberRooms(plan, list);
     const std::vector<bool> reached = ReachedRooms(plan, list.size());
     report.rooms.clear();
