@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/CheckCommand.h"
+#include "cli/Commands.h"
 
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
@@ -8,7 +8,7 @@
 
 namespace Tarnex::Cli {
 
-ExitStatus RunCheck(const CheckOptions& options, const Console& console) {
+ExitStatus RunVerb(const CheckOptions& options, const Console& console) {
     const EndingSignals ending;
     const ConfigSource source(options.config);
     const LibraryLog log(std::nullopt);

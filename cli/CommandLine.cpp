@@ -2,15 +2,7 @@
 #include "cli/CommandLine.h"
 
 #include "cli/Arguments.h"
-#include "cli/CheckCommand.h"
-#include "cli/ConfigCommand.h"
-#include "cli/DiffCommand.h"
-#include "cli/ExitStatus.h"
-#include "cli/GenerateCommand.h"
-#include "cli/InspectCommand.h"
-#include "cli/ListCommand.h"
-#include "cli/MapCommand.h"
-#include "cli/SearchCommand.h"
+#include "cli/Commands.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/run/SafeFile.h>
@@ -26,35 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Dispatch {
-    const Console& console;
-
-    ExitStatus operator()(const GenerateOptions& options) const {
-        return RunGenerate(options, console);
-    }
-    ExitStatus operator()(const MapOptions& options) const { return RunMap(options, console); }
-    ExitStatus operator()(const SearchOptions& options) const {
-        return RunSearch(options, console);
-    }
-    ExitStatus operator()(const ListOptions& options) const { return RunList(options, console); }
-    ExitStatus operator()(const ConfigOptions& options) const {
-        return RunConfig(options, console);
-    }
-    ExitStatus operator()(const InspectOptions& options) const {
-        return RunInspect(options, console);
-    }
-    ExitStatus operator()(const DiffOptions& options) const { return RunDiff(options, console); }
-    ExitStatus operator()(const CheckOptions& options) const { return RunCheck(options, console); }
-    ExitStatus operator()(const PrintText& request) const {
-        console.out << request.text;
-        return ExitStatus::Success;
-    }
-    ExitStatus operator()(const NoVerb& request) const {
-        console.err << request.help;
-        return ExitStatus::Usage;
-    }
-};
-
 // A result that did not reach its reader, on a full disk for instance, is no success.
 ExitStatus CheckOutput(ExitStatus status, const Console& console) {
     console.out.flush();
@@ -67,8 +30,8 @@ ExitStatus CheckOutput(ExitStatus status, const Console& console) {
 
 ExitStatus Run(const std::vector<std::string>& arguments, const Console& console) {
     try {
-        const Request request = ParseArguments(arguments);
-        return CheckOutput(std::visit(Dispatch{console}, request), console);
+        const auto run = [&](const auto& options) { return RunVerb(options, console); };
+        return CheckOutput(std::visit(run, ParseArguments(arguments)), console);
     } catch (const UsageError& e) {
         console.Say(e.what());
         return ExitStatus::Usage;
@@ -93,6 +56,16 @@ ExitStatus Run(const std::vector<std::string>& arguments, const Console& console
 }
 
 } // namespace
+
+ExitStatus RunVerb(const PrintText& request, const Console& console) {
+    console.out << request.text;
+    return ExitStatus::Success;
+}
+
+ExitStatus RunVerb(const NoVerb& request, const Console& console) {
+    console.err << request.help;
+    return ExitStatus::Usage;
+}
 
 int RunCommandLine(const std::vector<std::string>& arguments, const Console& console) {
     return static_cast<int>(Run(arguments, console));

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "cli/ConfigCommand.h"
+#include "cli/Commands.h"
 
 #include "cli/ConfigSource.h"
 
 namespace Tarnex::Cli {
 
-ExitStatus RunConfig(const ConfigOptions& options, const Console& console) {
+ExitStatus RunVerb(const ConfigOptions& options, const Console& console) {
     console.out << FindBuiltin(options.name).text;
     return ExitStatus::Success;
 }

@@ -20,6 +20,8 @@ struct Console {
     void Say(std::string_view line) const;
     /// Likewise, marked as a warning.
     void Warn(std::string_view line) const;
+    /// Where progress is shown; null for nowhere.
+    std::ostream* Progress(bool quiet) const { return errIsTerminal && !quiet ? &err : nullptr; }
     /// The library's lines on standard error, made harmless likewise.
     void Show(const std::vector<std::string>& lines) const;
 };

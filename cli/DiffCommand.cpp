@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/DiffCommand.h"
+#include "cli/Commands.h"
 
 #include "cli/CancelSignals.h"
 #include "tools/plugins/DiffReport.h"
@@ -19,7 +19,7 @@ Report::LoadedPlugin Load(const std::string& path, const Console& console) {
 
 } // namespace
 
-ExitStatus RunDiff(const DiffOptions& options, const Console& console) {
+ExitStatus RunVerb(const DiffOptions& options, const Console& console) {
     const EndingSignals ending;
     const Report::LoadedPlugin a = Load(options.a, console);
     const Report::LoadedPlugin b = Load(options.b, console);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/InspectCommand.h"
+#include "cli/Commands.h"
 
 #include "cli/CancelSignals.h"
 #include "tools/plugins/InspectReport.h"
@@ -8,7 +8,7 @@
 
 namespace Tarnex::Cli {
 
-ExitStatus RunInspect(const InspectOptions& options, const Console& console) {
+ExitStatus RunVerb(const InspectOptions& options, const Console& console) {
     const EndingSignals ending;
     const Report::LoadedPlugin plugin = Report::LoadPlugin(options.plugin);
     const std::vector<PluginFinding> findings = Report::FindInconsistencies(plugin.file);

@@ -9,8 +9,10 @@
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/run/SafeFile.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace Tarnex::Cli {
 
@@ -51,12 +53,9 @@ LibraryLog::~LibraryLog() {
 }
 
 std::vector<std::string> LibraryLog::Errors() const {
-    return ToUtf8(Logger::GetErrors());
-}
-
-void LibraryLog::AddErrors(std::vector<std::string>& list) const {
-    const std::vector<std::string> errors = Errors();
-    list.insert(list.end(), errors.begin(), errors.end());
+    std::vector<std::string> errors = kept;
+    std::ranges::move(ToUtf8(Logger::GetErrors()), std::back_inserter(errors));
+    return errors;
 }
 
 std::optional<std::string> LibraryLog::Fault() const {

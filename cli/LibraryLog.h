@@ -17,16 +17,17 @@ public:
     LibraryLog(const LibraryLog&) = delete;
     LibraryLog& operator=(const LibraryLog&) = delete;
 
-    /// The error lines so far, in UTF-8; a run begins them anew.
+    /// The error lines so far, in UTF-8.
     std::vector<std::string> Errors() const;
-    /// Appends them to a list.
-    void AddErrors(std::vector<std::string>& list) const;
+    /// Called before a run, which begins the library's list anew.
+    void KeepErrors() { kept = Errors(); }
 
     /// That the file lacks lines and why, in one line of UTF-8; nothing while it is whole.
     std::optional<std::string> Fault() const;
 
 private:
     std::string path; // empty without a file
+    std::vector<std::string> kept;
 };
 
 } // namespace Tarnex::Cli

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/ListCommand.h"
+#include "cli/Commands.h"
 
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
@@ -30,7 +30,7 @@ void Print(const Report::OfferedList& list, std::ostream& out) {
 
 } // namespace
 
-ExitStatus RunList(const ListOptions& options, const Console& console) {
+ExitStatus RunVerb(const ListOptions& options, const Console& console) {
     const EndingSignals ending;
     const ConfigSource source(options.config);
     const LibraryLog log(std::nullopt);

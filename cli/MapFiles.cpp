@@ -3,7 +3,10 @@
 
 #include "cli/Aside.h"
 #include "cli/CancelSignals.h"
+#include "tools/maps/MapText.h"
+#include "tools/runs/RunLine.h"
 #include "tools/text/UsageError.h"
+#include "tools/text/Words.h"
 
 namespace Tarnex::Cli {
 
@@ -31,6 +34,24 @@ void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files) 
     }
 }
 
+Report::MapCaption CaptionOf(const GenerateOptions& options) {
+    return {options.seed.value_or(0), Report::LevelWords(options), options.config};
+}
+
+void PrintMaps(Report::MapLevels& levels, const Console& console) {
+    for (std::size_t i = 0; i < levels.Count(); ++i) {
+        Report::PrintMap(levels.Level(i), console.outInColour, console.out);
+        console.out << '\n';
+    }
+    Report::PrintMapLegend(console.out);
+}
+
+void SayWritten(const std::vector<WrittenFile>& files, const Console& console) {
+    for (const WrittenFile& file : files) {
+        console.Say("drew \"" + file.path + "\": " + Report::Counted(file.bytes, "byte"));
+    }
+}
+
 MapFiles::MapFiles(const MapFileOptions& options) {
     drawing->settings = {options.look, options.scale};
     if (options.map) {
@@ -43,11 +64,10 @@ MapFiles::MapFiles(const MapFileOptions& options) {
 }
 
 void MapFiles::Drawing::Write(Report::MapFormat format, std::ostream& out) {
-    if (!surveyed) {
+    if (!survey) {
         survey = Report::SurveyOf(*levels);
-        surveyed = true;
     }
-    Report::WriteMaps(*levels, survey, caption, format, settings, out);
+    Report::WriteMaps(*levels, *survey, caption, format, settings, out);
 }
 
 void MapFiles::Write(const std::shared_ptr<Report::MapLevels>& levels,

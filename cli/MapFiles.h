@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The files that maps are written to.
+// Where maps go: into files, or onto the terminal.
 #pragma once
 
+#include "cli/Console.h"
 #include "cli/Options.h"
 #include "tools/maps/LevelMap.h"
 #include "tools/maps/MapFile.h"
@@ -21,20 +22,27 @@ namespace Tarnex::Cli {
 void CheckMapOptions(const MapFileOptions& options);
 void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files);
 
+/// What the margin of a map says about a run.
+Report::MapCaption CaptionOf(const GenerateOptions& options);
+
+/// Prints every level, and what the characters mean.
+void PrintMaps(Report::MapLevels& levels, const Console& console);
+
+/// Says which maps were written.
+void SayWritten(const std::vector<WrittenFile>& files, const Console& console);
+
 /// The maps that were asked for, each replaced whole or not at all.
 class MapFiles {
 public:
     /// Nothing is created yet. Throws FilePlaceError when a file cannot be written to.
     explicit MapFiles(const MapFileOptions& options);
 
-    bool AreWanted() const { return !files.empty(); }
-
     /// Draws into the temporary files, see WriteAside. Throws Report::MapError, and FileError when
     /// a file could not be written whole or a signal asked to stop.
     void Write(const std::shared_ptr<Report::MapLevels>& levels, const Report::MapCaption& caption);
 
     /// What is known of the levels that were written.
-    const Report::MapSurvey& Survey() const { return drawing->survey; }
+    const Report::MapSurvey& Survey() const { return drawing->survey.value(); }
 
     /// Gives the files their names and returns what was written. Throws FileError.
     std::vector<WrittenFile> Commit();
@@ -54,8 +62,7 @@ private:
         std::shared_ptr<Report::MapLevels> levels;
         Report::MapCaption caption;
         Report::MapSettings settings;
-        Report::MapSurvey survey;
-        bool surveyed = false;
+        std::optional<Report::MapSurvey> survey;
 
         void Write(Report::MapFormat format, std::ostream& out);
     };

@@ -10,6 +10,7 @@ namespace Tarnex::Cli {
 namespace {
 
 constexpr std::size_t kMostListed = 12;
+constexpr std::size_t kLongestName = 63;
 
 std::string Quoted(const std::vector<std::string>& names) {
     std::string text;
@@ -17,6 +18,12 @@ std::string Quoted(const std::vector<std::string>& names) {
         text += (text.empty() ? "\"" : ", \"") + name + '"';
     }
     return text;
+}
+
+// Of the last of several levels, whose name is the longest.
+std::string LastCellName(const GenerateOptions& options, const std::string& name) {
+    const bool numbered = !options.fixed && options.numLevels > 1;
+    return numbered ? name + ", Level " + std::to_string(options.numLevels) : name;
 }
 
 } // namespace
@@ -33,6 +40,27 @@ std::string OfferNames(std::string_view name, const std::vector<std::string>& na
     const auto count = static_cast<std::ptrdiff_t>(std::min(names.size(), kMostListed));
     const std::vector<std::string> listed(names.begin(), names.begin() + count);
     return "there are " + Quoted(listed) + (many ? " and more" : "");
+}
+
+std::vector<std::string> NameWarnings(const GenerateOptions& options) {
+    std::vector<std::string> warnings;
+    bool lost = false;
+    const std::string name = FromUtf8(options.cell, &lost);
+    if (lost) {
+        warnings.push_back("the name of the cell has letters that the game lacks; it becomes \"" +
+                           Tarnex::ToUtf8(name) + '"');
+    }
+    const std::size_t length = LastCellName(options, name).size();
+    if (length > kLongestName) {
+        warnings.push_back("the name of the cell has " + std::to_string(length) +
+                           " bytes in Windows-1252, of which the game reads " +
+                           std::to_string(kLongestName));
+    }
+    FromUtf8(options.master.value_or(""), &lost);
+    if (lost) {
+        warnings.emplace_back("the name of the master file has letters that the game lacks");
+    }
+    return warnings;
 }
 
 std::vector<std::string> ToUtf8(const std::vector<std::string>& codePageNames) {

@@ -21,6 +21,8 @@ struct MapFileOptions {
     std::optional<std::string> html; ///< a path
     Report::MapLook look = Report::MapLook::Auto;
     double scale = Report::MapSettings().scale; ///< see Report::MapSettings
+
+    bool AreWanted() const { return map || html; }
 };
 
 /// A file that a run left behind.
@@ -31,33 +33,35 @@ struct WrittenFile {
 
 /// vaultry generate: a run, where it begins and where it ends
 struct GenerateOptions : Report::RunRequest {
-    std::string out = "dungeon.esp"; ///< a path; empty when no plug-in is written
-    std::optional<std::string> log;  ///< a path
+    std::optional<std::string> out = "dungeon.esp"; ///< a path, of search that of its table
+    std::optional<std::string> log;                 ///< a path
     MapFileOptions maps;
     bool quiet = false;
     bool json = false;
 };
 
+/// The same where no file is written unless it is asked for.
+struct TrialOptions : GenerateOptions {
+    TrialOptions() { out.reset(); }
+};
+
 /// vaultry map: generates without writing a plug-in, or draws one
 struct MapOptions {
-    GenerateOptions generate;
+    TrialOptions generate;
     std::optional<std::string> plugin;   ///< a path; only config, maps, log, quiet, json go with it
     std::optional<std::string> onlyCell; ///< the cell, or the dungeon, that is drawn of it
 };
 
 /// vaultry search
 struct SearchOptions {
-    GenerateOptions generate;              ///< what is generated from each seed
+    TrialOptions generate;                 ///< what is generated from each seed
     std::optional<std::string> seeds;      ///< "A..B"
     std::vector<std::string> merge;        ///< paths of tables to merge instead
     std::string where;                     ///< a condition; empty: none
     std::string sort;                      ///< keys; empty: by seed
     std::uint64_t top = 0;                 ///< the most hits that are kept; 0: all
-    std::optional<std::string> csv;        ///< a path
     std::optional<std::string> thumbnails; ///< a folder
     std::uint32_t jobs = 0;                ///< threads; 0: one per processor
-    bool quiet = false;
-    bool json = false;
 };
 
 /// vaultry list

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "cli/PluginMapCommand.h"
+#include "cli/Commands.h"
 
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
-#include "cli/JsonReport.h"
 #include "cli/LibraryLog.h"
-#include "cli/MapCommand.h"
 #include "cli/MapFiles.h"
 #include "tools/maps/MapLabels.h"
 #include "tools/maps/PluginMap.h"
 #include "tools/plugins/PluginLoad.h"
+#include "tools/text/Json.h"
 #include "tools/text/UsageError.h"
 #include "tools/text/Words.h"
 
@@ -24,7 +23,45 @@ namespace Tarnex::Cli {
 
 namespace {
 
+using Report::Json;
+
 constexpr std::size_t kMostCells = 100; // in one drawing
+
+// What was drawn. All text is UTF-8.
+struct PluginMapReport {
+    std::string plugin; // as it was given
+    std::string config; // that told what the references are
+    std::vector<Report::SurveyedLevel> levels;
+    std::vector<WrittenFile> files;
+};
+
+Json LevelJson(const Report::SurveyedLevel& level) {
+    const Report::MapOutline& map = level.outline;
+    return {{"name", map.name},
+            {"tileset", map.tileSet.empty() ? Json(nullptr) : Json(map.tileSet)},
+            {"width", map.width},
+            {"height", map.height},
+            {"cell-size", map.tileSize},
+            {"rooms", level.rooms},
+            {"reachable-rooms", level.reachableRooms},
+            {"openings-onto-nothing", level.looseEnds},
+            {"references-left-out", map.leftOut}};
+}
+
+std::string ToJson(const PluginMapReport& report) {
+    Json json = Report::JsonHeader();
+    json["plugin"] = report.plugin;
+    json["config"] = report.config;
+    Json& files = json["files"] = Json::array();
+    for (const WrittenFile& file : report.files) {
+        files.push_back({{"path", file.path}, {"bytes", file.bytes}});
+    }
+    Json& levels = json["levels"] = Json::array();
+    for (const Report::SurveyedLevel& level : report.levels) {
+        levels.push_back(LevelJson(level));
+    }
+    return Report::JsonText(json);
+}
 
 // A dungeon's levels are found by the name of the whole dungeon too.
 bool IsNamed(const PluginCell& cell, const std::string& name) {
@@ -163,7 +200,7 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     const std::shared_ptr<Report::MapLevels> levels(
         drawing, &drawing->levels.emplace(cells, file, chosen.pieces));
     PluginMapReport report{path, chosen.config, {}, {}};
-    if (files.AreWanted()) {
+    if (shared.maps.AreWanted()) {
         const ExitStatus drawn = DrawFiles(files, levels, report, console);
         if (drawn != ExitStatus::Success) {
             return drawn;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/RunReport.h"
 
+#include "tools/runs/RunJson.h"
+#include "tools/text/Json.h"
 #include "tools/text/Words.h"
 
 #include <vaultry/foundation/CodePage.h>
@@ -12,9 +14,7 @@ namespace Tarnex::Cli {
 namespace {
 
 using Report::Counted;
-
-constexpr std::array<const char*, 7> kEndingWords = {
-    "written", "drawn", "refused", "not-written", "strict", "unwalkable", "cancelled"};
+using Report::Json;
 
 std::uint64_t ReferenceCount(const RunReport& report) {
     std::uint64_t count = 0;
@@ -25,8 +25,8 @@ std::uint64_t ReferenceCount(const RunReport& report) {
 }
 
 std::string Outcome(const RunReport& report) {
-    const std::string& out = report.options.out;
-    const std::string file = out.empty() ? "the map" : '"' + out + '"';
+    const std::optional<std::string>& out = report.options.out;
+    const std::string file = out ? '"' + *out + '"' : "the map";
     switch (report.result) {
     case Ending::Written:
         return "wrote " + file + ": " + Counted(report.bytes, "byte") + ", " +
@@ -51,11 +51,46 @@ std::string Outcome(const RunReport& report) {
     return {};
 }
 
-} // namespace
-
-const char* EndingWord(Ending result) {
-    return kEndingWords.at(static_cast<std::size_t>(result));
+template <typename T>
+Json OrNull(const std::optional<T>& value) {
+    return value ? Json(*value) : Json(nullptr);
 }
+
+// Every option that decides what is generated, under the name of its switch.
+Json OptionsOf(const GenerateOptions& options) {
+    Json json = Report::OptionsJson(options);
+    json["keep-going"] = options.keepGoing;
+    return json;
+}
+
+Json CellJson(const CellReport& cell) {
+    Json references = Json::object();
+    for (std::size_t sort = 0; sort < kRefSorts; ++sort) {
+        references[Report::SortWord(static_cast<RefSort>(sort))] = cell.references[sort];
+    }
+    return {{"name", cell.name}, {"references", references}, {"teleports", cell.teleports}};
+}
+
+Json FilesJson(const RunReport& report) {
+    Json files = Json::array();
+    if (report.result == Ending::Written) {
+        files.push_back({{"path", *report.options.out}, {"bytes", report.bytes}});
+    }
+    for (const WrittenFile& file : report.maps) {
+        files.push_back({{"path", file.path}, {"bytes", file.bytes}});
+    }
+    return files;
+}
+
+Json CellsJson(const RunReport& report) {
+    Json cells = Json::array();
+    for (const CellReport& cell : report.cells) {
+        cells.push_back(CellJson(cell));
+    }
+    return cells;
+}
+
+} // namespace
 
 void TakeOver(const RunResult& run, RunReport& report) {
     // In the order of RunEnd.
@@ -91,6 +126,26 @@ std::string Summary(const RunReport& report) {
         line += ", stamp " + std::to_string(report.options.stamp.value());
     }
     return line;
+}
+
+std::string ToJson(const RunReport& report) {
+    Json json = Report::JsonHeader();
+    json["result"] = WordOf(report.result);
+    json["seed"] = OrNull(report.options.seed);
+    json["stamp"] = OrNull(report.options.stamp);
+    json["config"] = report.options.config;
+    json["options"] = OptionsOf(report.options);
+    json["files"] = FilesJson(report);
+    json["cells"] = CellsJson(report);
+    json["levels"] = Report::LevelsJson(report.levels);
+    if (!report.options.fixed) {
+        json["walkable"] = report.levels.IsWalkable();
+        json["tries"] = report.tries;
+    }
+    json["containers"] = {{"count", report.containers}, {"entries", report.entries}};
+    json["errors"] = report.errors;
+    json["warnings"] = report.warnings;
+    return Report::JsonText(json);
 }
 
 } // namespace Tarnex::Cli

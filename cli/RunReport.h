@@ -2,6 +2,7 @@
 // What a run made, and how to repeat it.
 #pragma once
 
+#include "cli/ExitStatus.h"
 #include "cli/Options.h"
 
 #include <vaultry/output/Mod.h>
@@ -14,17 +15,6 @@
 #include <vector>
 
 namespace Tarnex::Cli {
-
-/// How a run of the verbs generate and map ended.
-enum class Ending {
-    Written,    ///< the plug-in stands at its destination
-    Drawn,      ///< generated for maps alone
-    Refused,    ///< nothing was generated
-    NotWritten, ///< generated, but the file could not be written
-    Strict,     ///< not written because of an error, as asked
-    Unwalkable, ///< not written: no seed that was tried made every room reachable
-    Canceled,
-};
 
 /// One cell of the plug-in.
 struct CellReport {
@@ -46,13 +36,9 @@ struct RunReport {
     std::uint32_t tries = 1; ///< seeds tried
     std::uint64_t containers = 0;
     std::uint64_t entries = 0; ///< inventory entries of all containers
-    bool logged = true;        ///< nothing is missing in the log
     std::vector<std::string> errors;
     std::vector<std::string> warnings;
 };
-
-/// The word of a result in reports.
-const char* EndingWord(Ending result);
 
 /// Takes over what the library says of a run, but for the errors, of which writing may add some: a
 /// plug-in that was made has yet to be written.
@@ -63,5 +49,8 @@ void CountContent(const Mod& mod, RunReport& report);
 
 /// One line: what was written, with the seed, and the stamp when it was given.
 std::string Summary(const RunReport& report);
+
+/// For programs: one JSON object, valid UTF-8 whatever the names hold.
+std::string ToJson(const RunReport& report);
 
 } // namespace Tarnex::Cli

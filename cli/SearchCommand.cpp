@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "cli/SearchCommand.h"
+#include "cli/Commands.h"
 
-#include "cli/CancelSignals.h"
-#include "cli/ConfigSource.h"
 #include "cli/ConsoleStatus.h"
-#include "cli/LibraryLog.h"
-#include "cli/MapCommand.h"
 #include "cli/MapFiles.h"
 #include "cli/MergedTables.h"
-#include "cli/RunSetup.h"
 #include "cli/SearchReport.h"
+#include "cli/VerbRun.h"
 #include "tools/maps/LevelMap.h"
 #include "tools/maps/PngModule.h"
 #include "tools/runs/RunLine.h"
@@ -71,39 +67,51 @@ void CheckChoice(const SearchOptions& options) {
     }
 }
 
-// The table that is written in the end. Whether it can be is found out beforehand.
-class CsvFile {
-public:
-    explicit CsvFile(const std::optional<std::string>& csv) {
-        if (csv) {
-            file.emplace(*csv);
-        }
+// False when the table, if one was asked for, could not be written.
+bool WriteTable(std::optional<SafeFile>& table,
+                const std::vector<Search::Hit>& hits,
+                const Console& console) {
+    if (!table) {
+        return true;
     }
-
-    // False when it could not be written.
-    bool Write(const std::vector<Search::Hit>& hits, const Console& console) {
-        if (!file) {
-            return true;
-        }
-        try {
-            Search::WriteCsv(hits, file->Open());
-            file->Finish();
-            file->Commit();
-            return true;
-        } catch (const FileError& e) {
-            console.Say(e.what());
-            return false;
-        }
+    try {
+        Search::WriteCsv(hits, table->Open());
+        table->Finish();
+        table->Commit();
+        return true;
+    } catch (const FileError& e) {
+        console.Say(e.what());
+        return false;
     }
+}
 
-private:
-    std::optional<SafeFile> file;
-};
+Ending EndingOf(const SearchReport& report, bool written) {
+    if (report.outcome.end == Search::SearchEnd::Stopped) {
+        return Ending::Canceled;
+    }
+    const bool whole = report.outcome.end == Search::SearchEnd::Complete && report.lost.empty();
+    return whole && written ? Ending::Written : Ending::NotWritten;
+}
 
-ExitStatus Merge(const SearchOptions& options, const Query& query, const Console& console) {
+void Tell(const SearchReport& report, bool saysMore, const Console& console) {
+    if (report.options.generate.json) {
+        console.out << ToJson(report);
+    } else {
+        PrintHits(report, console.out);
+    }
+    if (saysMore) {
+        console.Say(Summary(report));
+    }
+}
+
+ExitStatus Merge(SearchReport& report, const Query& query, const Console& console) {
+    const SearchOptions& options = report.options;
     // Watched until the temporary file is gone.
     const CancelSignals signals;
-    CsvFile table(options.csv);
+    std::optional<SafeFile> table;
+    if (options.generate.out) {
+        table.emplace(*options.generate.out);
+    }
     MergedHits all = ReadTables(options.merge, query.where, signals);
     Search::Ranking ranking(query.order, options.top);
     while (!all.empty() && !signals.Requested()) {
@@ -113,21 +121,11 @@ ExitStatus Merge(const SearchOptions& options, const Query& query, const Console
         console.Say("cancelled, nothing was merged");
         return ExitStatus::Canceled;
     }
-    SearchReport report;
-    report.options = options;
-    report.columns = query.Columns();
     report.found = ranking.Added();
     report.hits = ranking.Take();
-    const bool written = table.Write(report.hits, console);
-    if (options.json) {
-        console.out << ToJson(report);
-    } else {
-        PrintHits(report, console.out);
-    }
-    if (!options.quiet) {
-        console.Say(Summary(report));
-    }
-    return written ? ExitStatus::Success : ExitStatus::Failure;
+    const bool written = WriteTable(table, report.hits, console);
+    Tell(report, !options.generate.quiet, console);
+    return StatusOf(EndingOf(report, written));
 }
 
 // What every thread that judges begins with.
@@ -181,9 +179,7 @@ public:
             const Console& searchConsole)
         : report(searchReport), ranking(searchRanking), signals(cancelSignals),
           console(searchConsole), start(Clock::now()),
-          line(
-              console.errIsTerminal && !report.options.quiet ? &console.err : nullptr, signals, 1) {
-    }
+          line(console.Progress(report.options.generate.quiet), signals, 1) {}
 
     void Found(Report::FactValues values) override {
         const auto seed = static_cast<std::uint32_t>(values.front());
@@ -299,13 +295,6 @@ private:
     std::vector<const char*> ends = PictureEnds();
 };
 
-void CheckFiles(const SearchOptions& options, const ConfigSource& source) {
-    const std::optional<std::string> config = source.Path();
-    if (options.csv && config && SameFile(*options.csv, *config)) {
-        throw UsageError("\"" + *options.csv + "\" is named for two files");
-    }
-}
-
 void MakeFolder(const std::optional<std::string>& folder) {
     if (!folder) {
         return;
@@ -321,70 +310,61 @@ std::size_t JobsOf(const SearchOptions& options) {
     return options.jobs > 0 ? options.jobs : std::max(1U, std::thread::hardware_concurrency());
 }
 
-ExitStatus StatusOf(const SearchReport& report, bool written) {
-    if (report.outcome.end == Search::SearchEnd::Stopped) {
-        return ExitStatus::Canceled;
-    }
-    const bool whole = report.outcome.end == Search::SearchEnd::Complete && report.lost.empty();
-    return whole && written ? ExitStatus::Success : ExitStatus::Failure;
+GenerateOptions WithStamp(GenerateOptions options) {
+    options.stamp = options.stamp.value_or(kUsualStamp);
+    return options;
 }
 
-ExitStatus SearchRange(const SearchOptions& options, const Query& query, const Console& console) {
-    SearchReport report;
-    report.options = options;
-    report.range = Search::ParseSeedRange(*options.seeds);
-    report.columns = query.Columns();
-    CheckText(options.generate);
-    const ConfigSource source(options.generate.config);
-    CheckFiles(options, source);
-    CsvFile table(options.csv);
-    const CancelSignals signals;
-    const LibraryLog log(std::nullopt);
-    GenMgr manager;
-    GenerateOptions fixedChance = options.generate;
-    fixedChance.stamp = fixedChance.stamp.value_or(kUsualStamp);
-    FixChance(fixedChance);
-    std::string config;
-    const bool configured = Configure(manager, fixedChance, source, signals, log, console, &config);
-    report.errors = log.Errors();
-    console.Show(report.errors);
-    MakeFolder(options.thumbnails);
-    Search::Ranking ranking(query.order, options.top);
-    if (configured) {
-        Watcher watcher(report, ranking, signals, console);
-        const Beginning beginning{fixedChance, config, Logger::GetErrors(), query.where};
-        report.outcome =
-            Search::SearchSeeds(*report.range, JobsOf(options), JudgeMaker(beginning), watcher);
-        report.seconds = watcher.Seconds();
-    } else {
-        report.outcome = {Search::SearchEnd::Stopped, 0, report.range->first};
-    }
+void Judge(VerbRun& run,
+           const std::string& config,
+           const Query& query,
+           SearchReport& report,
+           const Console& console) {
+    Search::Ranking ranking(query.order, report.options.top);
+    Watcher watcher(report, ranking, run.Signals(), console);
+    const Beginning beginning{run.report.options, config, Logger::GetErrors(), query.where};
+    report.outcome =
+        Search::SearchSeeds(*report.range, JobsOf(report.options), JudgeMaker(beginning), watcher);
+    report.seconds = watcher.Seconds();
     std::ranges::sort(report.lost, {}, &LostSeed::seed);
     report.found = ranking.Added();
     report.hits = ranking.Take();
+}
+
+ExitStatus SearchRange(SearchReport& report, const Query& query, const Console& console) {
+    const SearchOptions& options = report.options;
+    report.range = Search::ParseSeedRange(*options.seeds);
+    report.outcome = {Search::SearchEnd::Stopped, 0, report.range->first};
+    VerbRun run(WithStamp(options.generate), console);
+    std::string config;
+    const bool configured = run.Configure(&config);
+    run.Show();
+    report.errors = run.report.errors;
+    MakeFolder(options.thumbnails);
     // A search that never began has found nothing that an earlier table should give way to.
-    bool written = !configured || table.Write(report.hits, console);
-    if (options.json) {
-        console.out << ToJson(report);
-    } else {
-        PrintHits(report, console.out);
+    bool written = true;
+    if (configured) {
+        Judge(run, config, query, report, console);
+        written = WriteTable(run.Output(), report.hits, console);
     }
-    if (!options.quiet || StatusOf(report, written) != ExitStatus::Success) {
-        console.Say(Summary(report));
-    }
+    const bool failed = StatusOf(EndingOf(report, written)) != ExitStatus::Success;
+    Tell(report, failed || !options.generate.quiet, console);
     if (options.thumbnails) {
-        Thumbnails thumbnails(manager, fixedChance, *options.thumbnails);
-        written = thumbnails.Draw(report.hits, signals, console) && written;
+        Thumbnails thumbnails(run.manager, run.report.options, *options.thumbnails);
+        written = thumbnails.Draw(report.hits, run.Signals(), console) && written;
     }
-    return StatusOf(report, written);
+    return StatusOf(EndingOf(report, written));
 }
 
 } // namespace
 
-ExitStatus RunSearch(const SearchOptions& options, const Console& console) {
+ExitStatus RunVerb(const SearchOptions& options, const Console& console) {
     CheckChoice(options);
     const Query query(options);
-    return options.seeds ? SearchRange(options, query, console) : Merge(options, query, console);
+    SearchReport report;
+    report.options = options;
+    report.columns = query.Columns();
+    return options.seeds ? SearchRange(report, query, console) : Merge(report, query, console);
 }
 
 } // namespace Tarnex::Cli

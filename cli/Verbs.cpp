@@ -227,8 +227,7 @@ void AddMapFiles(CLI::App& verb, MapFileOptions& options) {
         ->type_name("N");
 }
 
-template <typename Options>
-void AddSummary(CLI::App& verb, Options& options) {
+void AddSummary(CLI::App& verb, GenerateOptions& options) {
     verb.add_flag("--quiet", options.quiet, "No progress and no summary");
     verb.add_flag("--json", options.json, "A report on standard output");
 }
@@ -320,7 +319,8 @@ void AddSearch(CLI::App& verb, Asked& asked) {
         verb, "--where", options.where, "CONDITION", "What a dungeon must be like (default: any)");
     AddText(verb, "--sort", options.sort, "KEY,...", "Which are the best (default: by seed)");
     AddNumber(verb, "--top", "Keeps the best only (default: all)", 1, kMaxWord, Into(options.top));
-    AddText(verb, "--csv", options.csv, "FILE", "Writes a table of all facts (default: none)");
+    AddText(
+        verb, "--csv", options.generate.out, "FILE", "Writes a table of all facts (default: none)");
     AddText(verb,
             "--thumbnails",
             options.thumbnails,
@@ -332,7 +332,7 @@ void AddSearch(CLI::App& verb, Asked& asked) {
               1,
               kMostJobs,
               Into(options.jobs));
-    AddSummary(verb, options);
+    AddSummary(verb, options.generate);
     AddConfig(verb, options.generate.config, options.generate.keepGoing);
     AddRunOptions(verb, options.generate, kForSearch);
 }

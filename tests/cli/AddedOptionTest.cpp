@@ -2,7 +2,7 @@
 // An option is a row of one table: whoever speaks of options has it from there.
 #include "cli/Arguments.h"
 #include "cli/CommandHelp.h"
-#include "cli/JsonReport.h"
+#include "cli/RunReport.h"
 #include "tools/runs/RunLine.h"
 
 #include <vaultry/run/RunOptions.h>

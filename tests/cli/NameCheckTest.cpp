@@ -56,6 +56,33 @@ TEST(NameCheckTest, OfferCutsALongList) {
     EXPECT_EQ(whole.substr(whole.size() - 9), ", \"Stone\"");
 }
 
+GenerateOptions Named(const std::string& cell, bool fixed, std::uint32_t levels) {
+    GenerateOptions options;
+    options.cell = cell;
+    options.fixed = fixed;
+    options.numLevels = levels;
+    return options;
+}
+
+TEST(NameWarningsTest, NumberOfTheLastLevelCounts) {
+    // ", Level 10" has ten letters.
+    EXPECT_TRUE(NameWarnings(Named(std::string(53, 'x'), false, 10)).empty());
+    EXPECT_EQ(NameWarnings(Named(std::string(54, 'x'), false, 10)).size(), 1U);
+}
+
+TEST(NameWarningsTest, SingleLevelHasNoNumber) {
+    EXPECT_TRUE(NameWarnings(Named(std::string(63, 'x'), false, 1)).empty());
+    EXPECT_EQ(NameWarnings(Named(std::string(64, 'x'), false, 1)).size(), 1U);
+}
+
+TEST(NameWarningsTest, FixedInteriorHasNoNumber) {
+    EXPECT_TRUE(NameWarnings(Named(std::string(63, 'x'), true, 10)).empty());
+}
+
+TEST(NameWarningsTest, LostLettersAndLengthAreTwoWarnings) {
+    EXPECT_EQ(NameWarnings(Named(std::string(63, 'x') + "\xCE\xA9", true, 1)).size(), 2U);
+}
+
 } // namespace
 
 } // namespace Tarnex::Cli

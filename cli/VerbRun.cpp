@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "cli/VerbRun.h"
+
+#include "cli/ConsoleStatus.h"
+#include "cli/LevelLines.h"
+#include "cli/NameCheck.h"
+#include "tools/text/UsageError.h"
+
+#include <vaultry/run/Run.h>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+void CheckText(const GenerateOptions& options) {
+    if (options.cell.empty()) {
+        throw UsageError("--cell: the name of the cell is empty");
+    }
+    if (options.ensureWalkable && options.fixed) {
+        throw UsageError("--ensure-walkable is for random levels, not for --fixed");
+    }
+    CheckMapOptions(options.maps);
+    if (options.master && options.master->empty()) {
+        throw UsageError("--master: the name of the master file is empty");
+    }
+}
+
+RunReport ReportOn(const GenerateOptions& options) {
+    CheckText(options);
+    RunReport report;
+    report.options = options;
+    report.stampGiven = options.stamp.has_value();
+    FixChance(report.options);
+    return report;
+}
+
+// The library refuses names that it lacks; here the nearest are offered.
+void CheckNames(GenMgr& manager, const GenerateOptions& options) {
+    for (const OptionRow* row : UnknownNames(options, manager)) {
+        const std::string name = std::get<std::string>(ValueOf(options, *row));
+        throw UsageError(std::string("the configuration has no ") + row->choice->what + " \"" +
+                         name + "\"; " + OfferNames(name, ToUtf8(row->choice->names(manager))));
+    }
+}
+
+// Why a file could not be written; empty when it was.
+template <typename Step>
+std::string FaultOf(Step step) try {
+    step();
+    return {};
+} catch (const FileError& e) {
+    return e.what();
+}
+
+} // namespace
+
+VerbRun::Files::Files(const GenerateOptions& options, const ConfigSource& source) {
+    if (options.out) {
+        output.emplace(*options.out);
+    }
+    maps.emplace(options.maps);
+    RequireDistinctFiles(
+        {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
+}
+
+VerbRun::VerbRun(const GenerateOptions& options, const Console& runConsole)
+    : report(ReportOn(options)), console(runConsole), source(options.config),
+      files(std::in_place, options, source), log(options.log) {}
+
+bool VerbRun::Configure(std::string* copy) try {
+    source.Load(manager, CancelSignals::Status(), copy);
+    if (Signals().Requested()) {
+        report.result = Ending::Canceled;
+        return false;
+    }
+    if (!report.options.keepGoing || report.options.strict) {
+        source.RequireWhole(manager);
+    }
+    CheckNames(manager, report.options);
+    return true;
+} catch (const UsageError&) {
+    console.Show(log.Errors());
+    throw;
+}
+
+void VerbRun::Generate() {
+    const GenerateOptions& options = report.options;
+    const bool drawn = !options.out || options.maps.AreWanted();
+    log.KeepErrors();
+    ConsoleStatus status(
+        console.Progress(options.quiet), Signals(), options.fixed ? 1 : options.numLevels);
+    manager.SetJobStatus(&status);
+    manager.SetLevelObserver(drawn ? maps.get() : nullptr);
+    TakeOver(Run(manager, options).Generate(), report);
+    manager.SetLevelObserver(nullptr);
+    manager.SetJobStatus(nullptr);
+    if (report.result == Ending::Written) {
+        AddTreasure(maps->Maps(), manager.mod);
+        report.result = options.out            ? Ending::Written
+                        : maps->Maps().empty() ? Ending::Refused
+                                               : Ending::Drawn;
+    }
+}
+
+void VerbRun::Write() {
+    if (StatusOf(report.result) != ExitStatus::Success) {
+        return;
+    }
+    report.fault = FaultOf([this] { Fill(); });
+    report.result = Filled();
+    if (StatusOf(report.result) == ExitStatus::Success) {
+        report.fault = FaultOf([this] { Commit(); });
+        report.result = report.fault.empty() ? report.result : Ending::NotWritten;
+    }
+}
+
+void VerbRun::Fill() {
+    files->maps->Write(maps, CaptionOf(report.options));
+    if (files->output) {
+        manager.mod.Write(files->output->Open(&CancelSignals::Status()));
+        files->output->Finish();
+    }
+}
+
+// Writing may have added errors.
+Ending VerbRun::Filled() {
+    if (Signals().Requested()) {
+        return Ending::Canceled;
+    }
+    if (!report.fault.empty()) {
+        return Ending::NotWritten;
+    }
+    if (files->output) {
+        CountContent(manager.mod, report);
+    }
+    return report.options.strict && !log.Errors().empty() ? Ending::Strict : report.result;
+}
+
+void VerbRun::Commit() {
+    if (files->output) {
+        files->output->Commit();
+        report.bytes = files->output->Size();
+    }
+    report.maps = files->maps->Commit();
+}
+
+void VerbRun::Show() {
+    report.errors = log.Errors();
+    console.Show(report.errors);
+    Warn(LevelWarnings(report.levels));
+}
+
+void VerbRun::Warn(const std::vector<std::string>& warnings) {
+    for (const std::string& warning : warnings) {
+        report.warnings.push_back(warning);
+        console.Warn(warning);
+    }
+}
+
+ExitStatus VerbRun::End() {
+    const GenerateOptions& options = report.options;
+    const bool writes = options.out || options.maps.AreWanted();
+    ExitStatus status = StatusOf(report.result);
+    if (status != ExitStatus::Success || (writes && !options.quiet)) {
+        SayWritten(report.maps, console);
+        console.Say(Summary(report));
+    }
+    if (const auto fault = log.Fault()) {
+        report.warnings.push_back(*fault);
+        console.Say(*fault);
+        status = status == ExitStatus::Success ? ExitStatus::Failure : status;
+    }
+    if (options.json) {
+        console.out << ToJson(report);
+    }
+    return status;
+}
+
+} // namespace Tarnex::Cli
