@@ -8,7 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
+#include <map>
 
 namespace Tarnex::Cli {
 
@@ -27,19 +27,24 @@ constexpr const char* kOverviewExample =
     "\n"
     "\"vaultry VERB --help\" describes a verb.";
 
-void SetUp(CLI::App& app) {
+// What may be asked for, by verb.
+using Asked = std::map<std::string, Request>;
+
+// Declaring options takes longer than reading them: only verbs among `words` get theirs, or all
+// without words.
+void SetUp(CLI::App& app, Asked& asked, const std::vector<std::string>* words) {
     app.footer(kOverviewExample);
     app.set_version_flag("--version", "vaultry " VAULTRY_VERSION, "Print the version and exit");
     app.require_subcommand(0, 1);
     app.allow_windows_style_options(false);
     app.get_formatter()->column_width(kHelpColumn);
-}
-
-CLI::App& AddVerb(CLI::App& app, const Verb& row) {
-    CLI::App& verb = *app.add_subcommand(row.name, row.help);
-    verb.footer(row.footer);
-    verb.allow_windows_style_options(false);
-    return verb;
+    for (const Verb& row : Verbs()) {
+        CLI::App& verb = *app.add_subcommand(row.name, row.help);
+        verb.footer(row.footer);
+        if (words == nullptr || std::ranges::find(*words, row.name) != words->end()) {
+            row.declare(verb, asked[row.name]);
+        }
+    }
 }
 
 // The parser's own words for these two speak of counts.
@@ -50,17 +55,11 @@ std::string WrongCount(const CLI::ArgumentMismatch& e) {
 }
 
 // The words that an option offers stand behind the colon of its help.
-std::vector<std::string> WordsOf(const OptionHelp& option) {
-    std::vector<std::string> words;
-    if (option.value != "WORD") {
-        return words;
-    }
-    std::size_t begin = option.text.find(": ");
-    while (begin != std::string::npos) {
-        begin += 2;
-        const std::size_t end = option.text.find(", ", begin);
-        words.push_back(option.text.substr(begin, end - begin));
-        begin = end;
+std::string WordsOf(const OptionHelp& option) {
+    std::string words;
+    if (option.value == "WORD") {
+        words = option.text.substr(option.text.find(": ") + 2);
+        std::erase(words, ',');
     }
     return words;
 }
@@ -97,54 +96,26 @@ std::string WordsForHelp(const CLI::App& app) {
     return "vaultry " + (verbs.empty() ? "" : verbs.front()->get_name() + ' ') + "--help";
 }
 
-// Declaring options takes longer than reading them: only verbs among the arguments get theirs.
-Request Parse(CLI::App& app, const std::vector<std::string>& arguments) {
+Request Parse(CLI::App& app, const std::vector<std::string>& words) {
     Asked asked;
-    for (const Verb& row : Verbs()) {
-        CLI::App& verb = AddVerb(app, row);
-        if (std::ranges::find(arguments, row.name) != arguments.end()) {
-            row.declare(verb, asked);
-        }
-    }
+    SetUp(app, asked, &words);
     // The parser takes the words from the back.
-    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
-    for (const Verb& row : Verbs()) {
-        if (app.got_subcommand(row.name)) {
-            return row.request(asked);
-        }
-    }
-    return NoVerb{app.help()};
+    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+    const std::vector<CLI::App*> verbs = app.get_subcommands();
+    return verbs.empty() ? NoVerb{app.help()} : std::move(asked[verbs.front()->get_name()]);
 }
 
 } // namespace
 
 CommandHelp DescribeCommandLine() {
     CLI::App app(kOverview, "vaultry");
-    SetUp(app);
     Asked asked;
-    for (const Verb& row : Verbs()) {
-        row.declare(AddVerb(app, row), asked);
-    }
+    SetUp(app, asked, nullptr);
     return Describe(app);
-}
-
-std::uint64_t ParseWhole(const std::string& option,
-                         const std::string& text,
-                         std::uint64_t lowest,
-                         std::uint64_t highest) {
-    std::uint64_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, fault] = std::from_chars(text.data(), end, number);
-    if (fault != std::errc() || stop != end || number < lowest || number > highest) {
-        throw UsageError(option + ": \"" + text + "\" is not a whole number from " +
-                         std::to_string(lowest) + " to " + std::to_string(highest));
-    }
-    return number;
 }
 
 Request ParseArguments(const std::vector<std::string>& arguments) {
     CLI::App app(kOverview, "vaultry");
-    SetUp(app);
     try {
         return Parse(app, arguments);
     } catch (const CLI::CallForHelp&) {

@@ -138,6 +138,6 @@ const JobStatus& CancelSignals::Status() {
     return status;
 }
 
-EndingSignals::EndingSignals() : signals(EndAtOnce) {}
+EndingSignals::EndingSignals() : StopSignals(EndAtOnce) {}
 
 } // namespace Tarnex::Cli

@@ -58,12 +58,9 @@ private:
 
 /// While one lives, these signals end the process at once, with the status of a cancelled run: for
 /// verbs that leave nothing half done.
-class EndingSignals {
+class EndingSignals : StopSignals {
 public:
     EndingSignals();
-
-private:
-    StopSignals signals;
 };
 
 } // namespace Tarnex::Cli

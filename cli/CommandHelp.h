@@ -12,7 +12,7 @@ struct OptionHelp {
     std::vector<std::string> names; ///< with their dashes, short ones first; empty for an argument
     std::string value;              ///< the kind of its value, such as "FILE"; empty for none
     std::string text;
-    std::vector<std::string> words; ///< the values it takes, when they are few
+    std::string words; ///< the values it takes, between blanks, when they are few
 };
 
 struct VerbHelp {

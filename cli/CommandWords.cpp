@@ -50,14 +50,13 @@ std::optional<std::uint32_t> TakeSeed(std::string_view& line) {
 GenerateLines::Understood GenerateLines::Read(const std::string& line) {
     std::string_view behind = line;
     const std::optional<std::uint32_t> seed = TakeSeed(behind);
-    if (known && seed && behind == read) {
+    if (seed && behind == read) {
         return {*seed, std::string(kStart) + std::to_string(*seed) + printed};
     }
     const GenerateOptions options = OptionsOf(line);
     const std::string whole = Report::GenerateCommandLine(options, *options.seed);
-    if (seed) {
-        std::string_view words = whole;
-        known = TakeSeed(words).has_value();
+    std::string_view words = whole;
+    if (seed && TakeSeed(words)) {
         read = behind;
         printed = words;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace Tarnex::Cli {
@@ -21,9 +22,8 @@ public:
     Understood Read(const std::string& line);
 
 private:
-    bool known = false;
-    std::string read;    // what stood behind the seed of the last line,
-    std::string printed; // and what stands there for it
+    std::optional<std::string> read; // what stood behind the seed of the last line,
+    std::string printed;             // and what stands there for it
 };
 
 } // namespace Tarnex::Cli

@@ -39,6 +39,12 @@ ExitStatus RunVerb(const DiffOptions& options, const Console& console);
 /// cannot be read is a usage error.
 ExitStatus RunVerb(const CheckOptions& options, const Console& console);
 
+/// Prints the manual page.
+ExitStatus RunVerb(const ManualOptions& options, const Console& console);
+
+/// Prints what a shell completes arguments by.
+ExitStatus RunVerb(const CompletionOptions& options, const Console& console);
+
 /// Prints what was asked for.
 ExitStatus RunVerb(const PrintText& request, const Console& console);
 

@@ -58,11 +58,14 @@ std::vector<std::string> LibraryLog::Errors() const {
     return errors;
 }
 
-std::optional<std::string> LibraryLog::Fault() const {
+std::optional<std::string> LibraryLog::SayFault(const Console& console) const {
     const std::error_code fault = Logger::GetFault();
-    return fault ? std::optional("the log \"" + path +
-                                 "\" could not be written whole: " + fault.message())
-                 : std::nullopt;
+    if (!fault) {
+        return std::nullopt;
+    }
+    const std::string line = "the log \"" + path + "\" could not be written whole: ";
+    console.Say(line + fault.message());
+    return line + fault.message();
 }
 
 } // namespace Tarnex::Cli

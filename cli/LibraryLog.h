@@ -2,6 +2,8 @@
 // The library's log and its error lines.
 #pragma once
 
+#include "cli/Console.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,8 +24,8 @@ public:
     /// Called before a run, which begins the library's list anew.
     void KeepErrors() { kept = Errors(); }
 
-    /// That the file lacks lines and why, in one line of UTF-8; nothing while it is whole.
-    std::optional<std::string> Fault() const;
+    /// Says that the file lacks lines and why; returns what was said, nothing while it is whole.
+    std::optional<std::string> SayFault(const Console& console) const;
 
 private:
     std::string path; // empty without a file

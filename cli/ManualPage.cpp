@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/CommandHelp.h"
+#include "cli/Commands.h"
 
 #include <sstream>
 
@@ -69,6 +70,11 @@ std::string ManualPage(const CommandHelp& help) {
         WriteVerb(page, verb);
     }
     return page.str();
+}
+
+ExitStatus RunVerb(const ManualOptions& /*options*/, const Console& console) {
+    console.out << ManualPage(DescribeCommandLine());
+    return ExitStatus::Success;
 }
 
 } // namespace Tarnex::Cli

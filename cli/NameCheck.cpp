@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/NameCheck.h"
 
+#include "tools/text/NearNames.h"
+
 #include <vaultry/foundation/CodePage.h>
 
 #include <algorithm>
@@ -29,7 +31,7 @@ std::string LastCellName(const GenerateOptions& options, const std::string& name
 } // namespace
 
 std::string OfferNames(std::string_view name, const std::vector<std::string>& names) {
-    const std::vector<std::string> nearest = NearestNames(name, names);
+    const std::vector<std::string> nearest = Report::NearestNames(name, names);
     if (!nearest.empty()) {
         return "did you mean " + Quoted(nearest) + "?";
     }

@@ -3,16 +3,12 @@
 #pragma once
 
 #include "cli/Options.h"
-#include "tools/text/NearNames.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Tarnex::Cli {
-
-using Report::EditDistance;
-using Report::NearestNames;
 
 /// Half a sentence that offers the nearest of `names`, or all of them when none is near.
 std::string OfferNames(std::string_view name, const std::vector<std::string>& names);

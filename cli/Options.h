@@ -96,6 +96,14 @@ struct CheckOptions {
     bool json = false;
 };
 
+/// vaultry manual
+struct ManualOptions {};
+
+/// vaultry completion
+struct CompletionOptions {
+    std::string shell; ///< its name
+};
+
 /// A text asked for, such as the help.
 struct PrintText {
     std::string text;
@@ -114,6 +122,8 @@ using Request = std::variant<GenerateOptions,
                              InspectOptions,
                              DiffOptions,
                              CheckOptions,
+                             ManualOptions,
+                             CompletionOptions,
                              PrintText,
                              NoVerb>;
 

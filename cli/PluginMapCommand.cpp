@@ -10,12 +10,10 @@
 #include "tools/plugins/PluginLoad.h"
 #include "tools/text/Json.h"
 #include "tools/text/UsageError.h"
-#include "tools/text/Words.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -121,6 +119,7 @@ struct ChosenPieces {
 // A plug-in with what it is drawn from, for the thread that draws.
 struct PluginDrawing {
     Report::LoadedPlugin plugin;
+    std::vector<const PluginCell*> cells;
     std::optional<ChosenPieces> chosen;
     std::optional<Report::PluginLevels> levels;
 };
@@ -149,66 +148,86 @@ void WarnOfLabels(const PluginMapReport& report, const Console& console) {
     }
 }
 
+std::shared_ptr<PluginDrawing> LoadDrawing(const MapOptions& options, const Console& console) {
+    const std::string& path = options.plugin.value();
+    auto drawing = std::make_shared<PluginDrawing>();
+    drawing->plugin = Report::LoadPlugin(path);
+    if (!drawing->plugin.file.complete) {
+        console.Warn('"' + path + "\" cannot be read to its end; \"vaultry inspect\" tells why");
+    }
+    drawing->cells = ChooseCells(options, drawing->plugin.file);
+    return drawing;
+}
+
+std::shared_ptr<Report::MapLevels> LevelsOf(const std::shared_ptr<PluginDrawing>& drawing,
+                                            const GenerateOptions& options,
+                                            const LibraryLog& log,
+                                            const Console& console) {
+    const ChosenPieces& chosen = drawing->chosen.emplace(ChoosePieces(options, drawing->cells));
+    console.Show(log.Errors());
+    if (chosen.known == 0) {
+        console.Warn("the configuration \"" + options.config +
+                     "\" knows no tile of the plug-in; everything is drawn as marks");
+    }
+    return {drawing, &drawing->levels.emplace(drawing->cells, drawing->plugin.file, chosen.pieces)};
+}
+
 // Until the files have their names, Ctrl-C leaves nothing of them behind.
-ExitStatus DrawFiles(MapFiles& files,
-                     const std::shared_ptr<Report::MapLevels>& levels,
-                     PluginMapReport& report,
-                     const Console& console) {
+Ending DrawFiles(MapFiles& files,
+                 const std::shared_ptr<Report::MapLevels>& levels,
+                 PluginMapReport& report,
+                 const Console& console) {
     const CancelSignals signals;
-    const Report::MapCaption caption{0, "", report.config, report.plugin};
     std::string fault;
     try {
-        files.Write(levels, caption);
+        files.Write(levels, {0, "", report.config, report.plugin});
         if (!signals.Requested()) {
             report.files = files.Commit();
             report.levels = files.Survey().levels;
             WarnOfLabels(report, console);
-            return ExitStatus::Success;
+            return Ending::Drawn;
         }
     } catch (const FileError& e) {
         fault = e.what();
     }
     const bool canceled = signals.Requested();
     console.Say(canceled ? "cancelled, the map was not written" : fault);
-    return canceled ? ExitStatus::Canceled : ExitStatus::Failure;
+    return canceled ? Ending::Canceled : Ending::NotWritten;
+}
+
+Ending Draw(const GenerateOptions& options,
+            MapFiles& files,
+            const std::shared_ptr<Report::MapLevels>& levels,
+            PluginMapReport& report,
+            const Console& console) {
+    if (options.maps.AreWanted()) {
+        return DrawFiles(files, levels, report, console);
+    }
+    if (options.json) {
+        report.levels = Report::SurveyOf(*levels).levels;
+    } else {
+        PrintMaps(*levels, console);
+    }
+    return Ending::Drawn;
 }
 
 } // namespace
 
 ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
-    const EndingSignals ending;
+    const EndingSignals signals;
     const GenerateOptions& shared = options.generate;
-    const std::string& path = options.plugin.value();
     CheckMapOptions(shared.maps);
     const ConfigSource source(shared.config);
     MapFiles files(shared.maps);
-    RequireDistinctFiles({path, source.Path(), shared.log, shared.maps.map, shared.maps.html});
-    const auto drawing = std::make_shared<PluginDrawing>();
-    drawing->plugin = Report::LoadPlugin(path);
-    const PluginFile& file = drawing->plugin.file;
-    if (!file.complete) {
-        console.Warn('"' + path + "\" cannot be read to its end; \"vaultry inspect\" tells why");
-    }
-    const std::vector<const PluginCell*> cells = ChooseCells(options, file);
+    RequireDistinctFiles(
+        {options.plugin, source.Path(), shared.log, shared.maps.map, shared.maps.html});
+    const std::shared_ptr<PluginDrawing> drawing = LoadDrawing(options, console);
     const LibraryLog log(shared.log);
-    const ChosenPieces& chosen = drawing->chosen.emplace(ChoosePieces(shared, cells));
-    console.Show(log.Errors());
-    if (chosen.known == 0) {
-        console.Warn("the configuration \"" + shared.config +
-                     "\" knows no tile of the plug-in; everything is drawn as marks");
-    }
-    const std::shared_ptr<Report::MapLevels> levels(
-        drawing, &drawing->levels.emplace(cells, file, chosen.pieces));
-    PluginMapReport report{path, chosen.config, {}, {}};
-    if (shared.maps.AreWanted()) {
-        const ExitStatus drawn = DrawFiles(files, levels, report, console);
-        if (drawn != ExitStatus::Success) {
-            return drawn;
-        }
-    } else if (shared.json) {
-        report.levels = Report::SurveyOf(*levels).levels;
-    } else {
-        PrintMaps(*levels, console);
+    const auto levels = LevelsOf(drawing, shared, log, console);
+    PluginMapReport report{*options.plugin, drawing->chosen->config, {}, {}};
+    const Ending ending = Draw(shared, files, levels, report, console);
+    if (ending != Ending::Drawn) {
+        return StatusOf(ending);
     }
     if (shared.json) {
         console.out << ToJson(report);
@@ -216,11 +235,7 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     if (!shared.quiet) {
         SayWritten(report.files, console);
     }
-    if (const auto fault = log.Fault()) {
-        console.Say(*fault);
-        return ExitStatus::Failure;
-    }
-    return ExitStatus::Success;
+    return log.SayFault(console) ? ExitStatus::Failure : ExitStatus::Success;
 }
 
 } // namespace Tarnex::Cli

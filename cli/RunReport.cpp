@@ -56,13 +56,6 @@ Json OrNull(const std::optional<T>& value) {
     return value ? Json(*value) : Json(nullptr);
 }
 
-// Every option that decides what is generated, under the name of its switch.
-Json OptionsOf(const GenerateOptions& options) {
-    Json json = Report::OptionsJson(options);
-    json["keep-going"] = options.keepGoing;
-    return json;
-}
-
 Json CellJson(const CellReport& cell) {
     Json references = Json::object();
     for (std::size_t sort = 0; sort < kRefSorts; ++sort) {
@@ -134,7 +127,8 @@ std::string ToJson(const RunReport& report) {
     json["seed"] = OrNull(report.options.seed);
     json["stamp"] = OrNull(report.options.stamp);
     json["config"] = report.options.config;
-    json["options"] = OptionsOf(report.options);
+    json["options"] = Report::OptionsJson(report.options);
+    json["options"]["keep-going"] = report.options.keepGoing;
     json["files"] = FilesJson(report);
     json["cells"] = CellsJson(report);
     json["levels"] = Report::LevelsJson(report.levels);

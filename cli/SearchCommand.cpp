@@ -42,6 +42,8 @@ using Clock = std::chrono::steady_clock;
 // As long as most stamps that are drawn, since the size of a plug-in depends on that.
 constexpr std::int64_t kUsualStamp = 9'007'199'254'740'991;
 
+constexpr double kThumbnailScale = 1.0; // smaller than a map that stands alone
+
 // What was asked for, understood.
 struct Query {
     explicit Query(const SearchOptions& options)
@@ -241,59 +243,43 @@ std::vector<const char*> PictureEnds() {
     }
 }
 
-// Draws the hits, as long as nobody wants to stop; false when a map could not be written.
-class Thumbnails {
-public:
-    Thumbnails(GenMgr& configured, const GenerateOptions& fixedChance, std::string folderPath)
-        : manager(configured), options(fixedChance), folder(std::move(folderPath)),
-          run(manager, options) {}
+// Draws one dungeon in every format.
+void DrawSeed(VerbRun& search, const GenerateOptions& options, const std::string& path) {
+    const auto maps = std::make_shared<Report::MapCollector>();
+    search.manager.SetLevelObserver(maps.get());
+    Run(search.manager, options).GenerateFrom(options.seed.value());
+    search.manager.SetLevelObserver(nullptr);
+    for (const char* end : PictureEnds()) {
+        MapFileOptions file;
+        file.map = path + end;
+        file.scale = kThumbnailScale;
+        MapFiles files(file);
+        files.Write(maps, CaptionOf(options));
+        files.Commit();
+    }
+}
 
-    bool Draw(const std::vector<Search::Hit>& hits,
-              const CancelSignals& signals,
-              const Console& console) {
-        for (const Search::Hit& hit : hits) {
-            if (signals.Requested()) {
+// Draws the hits, as long as nobody wants to stop; false when a map could not be written.
+bool DrawHits(VerbRun& search, const SearchReport& report, const Console& console) {
+    GenerateOptions options = search.report.options;
+    for (const Search::Hit& hit : report.hits) {
+        if (search.Signals().Requested()) {
+            return true;
+        }
+        options.seed = static_cast<std::uint32_t>(hit.values.front());
+        const std::string name = "seed-" + std::to_string(*options.seed);
+        try {
+            DrawSeed(search, options, report.options.thumbnails.value() + '/' + name);
+        } catch (const std::runtime_error& e) {
+            if (search.Signals().Requested()) {
                 return true;
             }
-            options.seed = static_cast<std::uint32_t>(hit.values.front());
-            const std::string name = "seed-" + std::to_string(*options.seed);
-            try {
-                DrawSeed(folder + '/' + name);
-            } catch (const std::runtime_error& e) {
-                if (signals.Requested()) {
-                    return true;
-                }
-                console.Say("the map of " + name + ": " + e.what());
-                return false;
-            }
-        }
-        return true;
-    }
-
-private:
-    void DrawSeed(const std::string& path) {
-        const auto maps = std::make_shared<Report::MapCollector>();
-        manager.SetLevelObserver(maps.get());
-        run.GenerateFrom(*options.seed);
-        manager.SetLevelObserver(nullptr);
-        for (const char* end : ends) {
-            MapFileOptions file;
-            file.map = path + end;
-            file.scale = kScale;
-            MapFiles files(file);
-            files.Write(maps, CaptionOf(options));
-            files.Commit();
+            console.Say("the map of " + name + ": " + e.what());
+            return false;
         }
     }
-
-    static constexpr double kScale = 1.0; // smaller than a map that stands alone
-
-    GenMgr& manager;
-    GenerateOptions options;
-    std::string folder;
-    Run run;
-    std::vector<const char*> ends = PictureEnds();
-};
+    return true;
+}
 
 void MakeFolder(const std::optional<std::string>& folder) {
     if (!folder) {
@@ -350,8 +336,7 @@ ExitStatus SearchRange(SearchReport& report, const Query& query, const Console& 
     const bool failed = StatusOf(EndingOf(report, written)) != ExitStatus::Success;
     Tell(report, failed || !options.generate.quiet, console);
     if (options.thumbnails) {
-        Thumbnails thumbnails(run.manager, run.report.options, *options.thumbnails);
-        written = thumbnails.Draw(report.hits, run.Signals(), console) && written;
+        written = DrawHits(run, report, console) && written;
     }
     return StatusOf(EndingOf(report, written));
 }

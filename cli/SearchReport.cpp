@@ -29,17 +29,8 @@ constexpr std::array<std::string_view, 9> kListed = {"seed",
 
 constexpr std::size_t kMostListed = 11;
 
-const char* EndWord(Search::SearchEnd end) {
-    switch (end) {
-    case Search::SearchEnd::Complete:
-        return "complete";
-    case Search::SearchEnd::Stopped:
-        return "cancelled";
-    case Search::SearchEnd::Failed:
-        return "given-up";
-    }
-    return "";
-}
+// In the order of Search::SearchEnd.
+constexpr std::array<const char*, 3> kEndWords = {"complete", "cancelled", "given-up"};
 
 Json HitJson(const Search::Hit& hit) {
     Json json = Json::object();
@@ -113,7 +104,7 @@ std::string Summary(const SearchReport& report) {
 
 std::string ToJson(const SearchReport& report) {
     Json json = Report::JsonHeader();
-    json["result"] = EndWord(report.outcome.end);
+    json["result"] = kEndWords.at(static_cast<std::size_t>(report.outcome.end));
     if (report.range) {
         json["seeds"] = {{"first", report.range->first},
                          {"last", report.range->last},

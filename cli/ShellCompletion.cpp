@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "cli/CommandHelp.h"
+#include "cli/Commands.h"
+#include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 #include <string_view>
@@ -28,13 +31,16 @@ constexpr std::array<PathKind, 7> kPathKinds = {{
     {"FOLDER", "-d", "_files -/"},
 }};
 
+struct Shell {
+    std::string_view name;
+    std::string (*completion)(const CommandHelp& help);
+};
+
+constexpr std::array<Shell, 2> kShells = {{{"bash", BashCompletion}, {"zsh", ZshCompletion}}};
+
 const PathKind* FindPathKind(const std::string& value) {
-    for (const PathKind& kind : kPathKinds) {
-        if (kind.value == value) {
-            return &kind;
-        }
-    }
-    return nullptr;
+    const auto* const kind = std::ranges::find(kPathKinds, value, &PathKind::value);
+    return kind == kPathKinds.end() ? nullptr : kind;
 }
 
 std::vector<std::string> Switches(const VerbHelp& verb) {
@@ -63,7 +69,7 @@ void WriteBashValue(std::ostream& script, const std::string& verb, const OptionH
     }
     script << "    " << JoinWords(spellings, "|") << ") ";
     if (!option.words.empty()) {
-        script << "COMPREPLY=($(compgen -W '" << JoinWords(option.words, " ") << "' -- \"$word\"))";
+        script << "COMPREPLY=($(compgen -W '" << option.words << "' -- \"$word\"))";
     } else if (const PathKind* kind = FindPathKind(option.value)) {
         script << "mapfile -t COMPREPLY < <(compgen " << kind->bash << " -- \"$word\")";
     } else {
@@ -94,7 +100,7 @@ std::string ZshText(const std::string& text) {
 
 std::string ZshAction(const OptionHelp& option) {
     if (!option.words.empty()) {
-        return "(" + JoinWords(option.words, " ") + ")";
+        return "(" + option.words + ")";
     }
     const PathKind* kind = FindPathKind(option.value);
     return kind != nullptr ? std::string(kind->zsh) : " ";
@@ -181,6 +187,15 @@ std::string ZshCompletion(const CommandHelp& help) {
               "}\n"
               "_vaultry \"$@\"\n";
     return script.str();
+}
+
+ExitStatus RunVerb(const CompletionOptions& options, const Console& console) {
+    const auto* const shell = std::ranges::find(kShells, options.shell, &Shell::name);
+    if (shell == kShells.end()) {
+        throw UsageError("completion: \"" + options.shell + "\" is none of bash, zsh");
+    }
+    console.out << shell->completion(DescribeCommandLine());
+    return ExitStatus::Success;
 }
 
 } // namespace Tarnex::Cli

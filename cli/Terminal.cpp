@@ -10,6 +10,8 @@
 #include <io.h>
 
 #include <windows.h>
+
+#include <shellapi.h>
 #else
 #include <unistd.h>
 #endif
@@ -46,17 +48,12 @@ void SwitchOnColours(DWORD stream) {
 constexpr DWORD kOut = STD_OUTPUT_HANDLE;
 constexpr DWORD kErr = STD_ERROR_HANDLE;
 
-// Returns what gives the console back its settings.
-std::function<void()> PrepareStreams() {
-    const UINT oldCodePage = GetConsoleOutputCP();
-    SetConsoleOutputCP(CP_UTF8);
-    for (std::FILE* const stream : {stdout, stderr}) {
-        _setmode(_fileno(stream), _O_BINARY);
-    }
-    for (const DWORD stream : {kOut, kErr}) {
-        SwitchOnColours(stream);
-    }
-    return [oldCodePage] { SetConsoleOutputCP(oldCodePage); };
+std::string Utf8(const wchar_t* text) {
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+    std::string utf8(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, utf8.data(), size, nullptr, nullptr);
+    utf8.pop_back(); // the terminating zero
+    return utf8;
 }
 
 #else
@@ -72,10 +69,6 @@ bool ShowsColours(int stream) {
 constexpr int kOut = STDOUT_FILENO;
 constexpr int kErr = STDERR_FILENO;
 
-std::function<void()> PrepareStreams() {
-    return {};
-}
-
 #endif
 
 } // namespace
@@ -89,12 +82,41 @@ bool StandardOutputTakesColour() {
     return ShowsColours(kOut) && (refused == nullptr || *refused == '\0');
 }
 
-StreamSetup::StreamSetup() : restore(PrepareStreams()) {}
+#ifdef _WIN32
 
-StreamSetup::~StreamSetup() {
-    if (restore) {
-        restore();
+std::vector<std::string> ProgramArguments(int, char**) {
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) {
+        arguments.push_back(Utf8(words[i]));
     }
+    LocalFree(words);
+    return arguments;
 }
+
+std::shared_ptr<void> PrepareStreams() {
+    const UINT oldCodePage = GetConsoleOutputCP();
+    SetConsoleOutputCP(CP_UTF8);
+    for (std::FILE* const stream : {stdout, stderr}) {
+        _setmode(_fileno(stream), _O_BINARY);
+    }
+    for (const DWORD stream : {kOut, kErr}) {
+        SwitchOnColours(stream);
+    }
+    return {nullptr, [oldCodePage](void*) { SetConsoleOutputCP(oldCodePage); }};
+}
+
+#else
+
+std::vector<std::string> ProgramArguments(int argc, char** argv) {
+    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+std::shared_ptr<void> PrepareStreams() {
+    return nullptr;
+}
+
+#endif
 
 } // namespace Tarnex::Cli

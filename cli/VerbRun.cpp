@@ -165,9 +165,8 @@ ExitStatus VerbRun::End() {
         SayWritten(report.maps, console);
         console.Say(Summary(report));
     }
-    if (const auto fault = log.Fault()) {
+    if (const auto fault = log.SayFault(console)) {
         report.warnings.push_back(*fault);
-        console.Say(*fault);
         status = status == ExitStatus::Success ? ExitStatus::Failure : status;
     }
     if (options.json) {

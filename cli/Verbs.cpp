@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Verbs.h"
 
-#include "cli/Arguments.h"
-#include "cli/CommandHelp.h"
 #include "tools/facts/DungeonFacts.h"
 #include "tools/text/UsageError.h"
 
@@ -13,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <functional>
 #include <limits>
 
 namespace Tarnex::Cli {
@@ -84,85 +83,80 @@ constexpr const char* kCompletionExample =
     "Example:\n"
     "  vaultry completion bash > ~/.local/share/bash-completion/completions/vaultry";
 
-struct Shell {
-    const char* name;
-    std::string (*completion)(const CommandHelp& help);
-};
-
-constexpr std::array<Shell, 2> kShells = {{{"bash", BashCompletion}, {"zsh", ZshCompletion}}};
-
 // In the order of Report::MapLook.
 const std::vector<std::string> kLooks = {"Auto", "Light", "Dark"};
 
-template <typename Word>
-Word ParseWord(const char* option, const std::string& text, const std::vector<std::string>& words) {
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        if (EqualsNoCase(text, words[i])) {
-            return static_cast<Word>(i);
-        }
-    }
-    throw UsageError(std::string(option) + ": \"" + text + "\" is none of " + JoinWords(words));
-}
+// Takes the text of an option and returns what is wrong with it, the second half of a sentence;
+// empty for nothing.
+using Taker = std::function<std::string(const std::string& text)>;
 
-// Holds the long name of an option apart from its declaration "-c,--config".
-std::string LongName(const std::string& declaration) {
-    return declaration.substr(declaration.find("--"));
-}
-
-void AddNumber(CLI::App& verb,
-               const std::string& declaration,
-               const char* help,
-               std::uint64_t lowest,
-               std::uint64_t highest,
-               std::function<void(std::uint64_t)> store) {
-    const std::string option = LongName(declaration);
-    verb.add_option_function<std::string>(
-            declaration,
-            [=, store = std::move(store)](const std::string& text) {
-                store(ParseWhole(option, text, lowest, highest));
+CLI::Option* AddValue(CLI::App& verb,
+                      const std::string& names,
+                      const char* type,
+                      const std::string& help,
+                      Taker take) {
+    const std::string longName = names.substr(names.find(',') + 1);
+    return verb
+        .add_option_function<std::string>(
+            names,
+            [longName, take = std::move(take)](const std::string& text) {
+                const std::string fault = take(text);
+                if (!fault.empty()) {
+                    throw UsageError(longName + ": \"" + text + "\" " + fault);
+                }
             },
             help)
-        ->type_name("N");
-}
-
-template <typename Number>
-std::function<void(std::uint64_t)> Into(Number& field) {
-    return [&field](std::uint64_t number) { field = static_cast<Number>(number); };
+        ->type_name(type);
 }
 
 template <typename Field>
 CLI::Option*
-AddText(CLI::App& verb, const char* declaration, Field& field, const char* type, const char* help) {
-    return verb
-        .add_option_function<std::string>(
-            declaration, [&field](const std::string& text) { field = text; }, help)
-        ->type_name(type);
+AddText(CLI::App& verb, const char* names, Field& field, const char* type, const char* help) {
+    return AddValue(verb, names, type, help, [&field](const std::string& text) {
+        field = text;
+        return std::string();
+    });
 }
 
-template <typename Word>
-void AddWord(CLI::App& verb,
-             const char* option,
-             Word& field,
-             const std::vector<std::string>& words,
-             const char* help) {
-    verb.add_option_function<std::string>(
-            option,
-            [=, &field, &words](const std::string& text) {
-                field = ParseWord<Word>(option, text, words);
-            },
-            std::string(help) + ": " + JoinWords(words))
-        ->type_name("WORD");
-}
-
-double ParseScale(const std::string& text) {
-    double scale = 0.0;
+template <typename Number>
+bool Reads(const std::string& text, Number& number) {
     const char* const end = text.data() + text.size();
-    const auto [stop, fault] = std::from_chars(text.data(), end, scale);
-    if (fault != std::errc() || stop != end ||
-        !(scale >= Report::kSmallestScale && scale <= Report::kLargestScale)) {
-        throw UsageError("--scale: \"" + text + "\" is not a number from 0.1 to 10");
+    const auto [stop, fault] = std::from_chars(text.data(), end, number);
+    return fault == std::errc() && stop == end;
+}
+
+// A whole number from 1.
+template <typename Field>
+void AddCount(
+    CLI::App& verb, const char* name, Field& field, std::uint64_t highest, const char* help) {
+    AddValue(verb, name, "N", help, [&field, highest](const std::string& text) -> std::string {
+        std::uint64_t number = 0;
+        if (!Reads(text, number) || number < 1 || number > highest) {
+            return "is not a whole number from 1 to " + std::to_string(highest);
+        }
+        field = static_cast<Field>(number);
+        return {};
+    });
+}
+
+std::string TakeLook(MapFileOptions& options, const std::string& text) {
+    const auto found = std::ranges::find_if(
+        kLooks, [&text](const std::string& look) { return EqualsNoCase(look, text); });
+    if (found == kLooks.end()) {
+        return "is none of " + JoinWords(kLooks);
     }
-    return scale;
+    options.look = static_cast<Report::MapLook>(found - kLooks.begin());
+    return {};
+}
+
+std::string TakeScale(MapFileOptions& options, const std::string& text) {
+    double scale = 0.0;
+    if (!Reads(text, scale) ||
+        !(scale >= Report::kSmallestScale && scale <= Report::kLargestScale)) {
+        return "is not a number from 0.1 to 10";
+    }
+    options.scale = scale;
+    return {};
 }
 
 void AddConfig(CLI::App& verb, std::string& config, bool& keepGoing) {
@@ -186,17 +180,12 @@ CLI::Option* AddRunOption(CLI::App& verb, const OptionRow& row, RunOptions& opti
     }
     const std::vector<std::string> words = WordsOf(row);
     const std::string help = words.empty() ? row.help : row.help + (": " + JoinWords(words));
-    return verb
-        .add_option_function<std::string>(
-            names,
-            [&options, &row, option](const std::string& text) {
-                const std::string fault = SetOption(options, row, text);
-                if (!fault.empty()) {
-                    throw UsageError(option + ": \"" + text + "\" " + fault);
-                }
-            },
-            help)
-        ->type_name(kValueWords.at(static_cast<std::size_t>(KindOf(row))));
+    return AddValue(
+        verb,
+        names,
+        kValueWords.at(static_cast<std::size_t>(KindOf(row))),
+        help,
+        [&options, &row](const std::string& text) { return SetOption(options, row, text); });
 }
 
 // What a run is asked for, as far as the verb takes it: 0 stands for all of it.
@@ -219,12 +208,16 @@ void AddMapFiles(CLI::App& verb, MapFileOptions& options) {
     AddText(
         verb, "--map", options.map, "FILE", "Draws every level, as .svg or .png (default: none)");
     AddText(verb, "--html", options.html, "FILE", "Writes a page with maps and tables");
-    AddWord(verb, "--look", options.look, kLooks, "Colours of maps and pages");
-    verb.add_option_function<std::string>(
-            "--scale",
-            [&options](const std::string& text) { options.scale = ParseScale(text); },
-            "Pixels of a PNG per unit, 24 units to a cell (default: 1.5)")
-        ->type_name("N");
+    AddValue(verb,
+             "--look",
+             "WORD",
+             "Colours of maps and pages: " + JoinWords(kLooks),
+             [&options](const std::string& text) { return TakeLook(options, text); });
+    AddValue(verb,
+             "--scale",
+             "N",
+             "Pixels of a PNG per unit, 24 units to a cell (default: 1.5)",
+             [&options](const std::string& text) { return TakeScale(options, text); });
 }
 
 void AddSummary(CLI::App& verb, GenerateOptions& options) {
@@ -243,26 +236,11 @@ void AddJson(CLI::App& verb, bool& json, const char* help = "As JSON") {
 
 // A plug-in is drawn as it is: what shapes levels does not go with it.
 void CheckPluginOptions(const CLI::App& verb) {
-    static const std::vector<std::string> kAllowed = {"plugin",
-                                                      "help",
-                                                      "config",
-                                                      "keep-going",
-                                                      "cell",
-                                                      "map",
-                                                      "html",
-                                                      "look",
-                                                      "scale",
-                                                      "log",
-                                                      "quiet",
-                                                      "json"};
-    for (const CLI::Option* option : verb.get_options()) {
-        const std::string name =
-            option->get_lnames().empty() ? option->get_name() : option->get_lnames().front();
-        const bool allowed = std::ranges::find(kAllowed, name) != kAllowed.end();
-        if (option->count() > 0 && !allowed) {
-            throw UsageError("--" + name +
-                             " shapes what is generated and does not go with a "
-                             "plug-in");
+    for (const OptionRow& row : RunOptionRows()) {
+        const std::string option = std::string("--") + row.name;
+        const bool given = (row.uses & kForMaps) != 0 && verb.count(option) > 0;
+        if (given && option != "--cell") {
+            throw UsageError(option + " shapes what is generated and does not go with a plug-in");
         }
     }
 }
@@ -278,8 +256,8 @@ std::string SearchFooter() {
     return text + '\n' + kSearchExample;
 }
 
-void AddGenerate(CLI::App& verb, Asked& asked) {
-    GenerateOptions& options = asked.generate;
+void AddGenerate(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<GenerateOptions>();
     AddConfig(verb, options.config, options.keepGoing);
     AddText(verb, "-o,--out", options.out, "FILE", "The plug-in (default: dungeon.esp)");
     AddRunOptions(verb, options);
@@ -287,8 +265,8 @@ void AddGenerate(CLI::App& verb, Asked& asked) {
     AddReport(verb, options);
 }
 
-void AddMap(CLI::App& verb, Asked& asked) {
-    MapOptions& map = asked.map;
+void AddMap(CLI::App& verb, Request& request) {
+    auto& map = request.emplace<MapOptions>();
     GenerateOptions& options = map.generate;
     AddText(verb, "plugin", map.plugin, "PLUGIN", "A plug-in to draw (default: none)");
     AddConfig(verb, options.config, options.keepGoing);
@@ -307,8 +285,8 @@ void AddMap(CLI::App& verb, Asked& asked) {
     });
 }
 
-void AddSearch(CLI::App& verb, Asked& asked) {
-    SearchOptions& options = asked.search;
+void AddSearch(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<SearchOptions>();
     verb.footer(SearchFooter());
     CLI::Option* seeds =
         AddText(verb, "--seeds", options.seeds, "A..B", "The seeds to try, A and B included");
@@ -318,7 +296,7 @@ void AddSearch(CLI::App& verb, Asked& asked) {
     AddText(
         verb, "--where", options.where, "CONDITION", "What a dungeon must be like (default: any)");
     AddText(verb, "--sort", options.sort, "KEY,...", "Which are the best (default: by seed)");
-    AddNumber(verb, "--top", "Keeps the best only (default: all)", 1, kMaxWord, Into(options.top));
+    AddCount(verb, "--top", options.top, kMaxWord, "Keeps the best only (default: all)");
     AddText(
         verb, "--csv", options.generate.out, "FILE", "Writes a table of all facts (default: none)");
     AddText(verb,
@@ -326,80 +304,69 @@ void AddSearch(CLI::App& verb, Asked& asked) {
             options.thumbnails,
             "FOLDER",
             "Draws each dungeon listed (default: no maps)");
-    AddNumber(verb,
-              "--jobs",
-              "Dungeons made at once (default: one per processor)",
-              1,
-              kMostJobs,
-              Into(options.jobs));
+    AddCount(verb,
+             "--jobs",
+             options.jobs,
+             kMostJobs,
+             "Dungeons made at once (default: one per processor)");
     AddSummary(verb, options.generate);
     AddConfig(verb, options.generate.config, options.generate.keepGoing);
     AddRunOptions(verb, options.generate, kForSearch);
 }
 
-void AddList(CLI::App& verb, Asked& asked) {
-    AddConfig(verb, asked.list.config, asked.list.keepGoing);
-    AddJson(verb, asked.list.json);
+void AddList(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<ListOptions>();
+    AddConfig(verb, options.config, options.keepGoing);
+    AddJson(verb, options.json);
 }
 
-void AddPrint(CLI::App& verb, Asked& asked) {
-    AddText(verb, "name", asked.config.name, "NAME", "Which one (default: default)");
+void AddPrint(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<ConfigOptions>();
+    AddText(verb, "name", options.name, "NAME", "Which one (default: default)");
 }
 
-void AddInspect(CLI::App& verb, Asked& asked) {
-    AddText(verb, "plugin", asked.inspect.plugin, "PLUGIN", "The plug-in")->required();
-    verb.add_flag("--refs", asked.inspect.refs, "Every reference, rotations in degrees");
-    AddJson(verb, asked.inspect.json, "As JSON, with every reference");
+void AddInspect(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<InspectOptions>();
+    AddText(verb, "plugin", options.plugin, "PLUGIN", "The plug-in")->required();
+    verb.add_flag("--refs", options.refs, "Every reference, rotations in degrees");
+    AddJson(verb, options.json, "As JSON, with every reference");
 }
 
-void AddDiff(CLI::App& verb, Asked& asked) {
-    AddText(verb, "a", asked.diff.a, "A", "A plug-in")->required();
-    AddText(verb, "b", asked.diff.b, "B", "The one to compare it with")->required();
-    AddJson(verb, asked.diff.json);
+void AddDiff(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<DiffOptions>();
+    AddText(verb, "a", options.a, "A", "A plug-in")->required();
+    AddText(verb, "b", options.b, "B", "The one to compare it with")->required();
+    AddJson(verb, options.json);
 }
 
-void AddCheck(CLI::App& verb, Asked& asked) {
-    AddText(verb, "config", asked.check.config, "CONFIG", "A file, builtin or builtin:NAME")
+void AddCheck(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<CheckOptions>();
+    AddText(verb, "config", options.config, "CONFIG", "A file, builtin or builtin:NAME")
         ->required();
-    AddJson(verb, asked.check.json);
+    AddJson(verb, options.json);
 }
 
-void AddNothing(CLI::App& /*verb*/, Asked& /*asked*/) {}
-
-void AddShell(CLI::App& verb, Asked& asked) {
-    AddText(verb, "shell", asked.shell, "SHELL", "bash or zsh")->required();
+void AddManual(CLI::App& /*verb*/, Request& request) {
+    request.emplace<ManualOptions>();
 }
 
-template <auto Member>
-Request Take(Asked& asked) {
-    return std::move(asked.*Member);
-}
-
-Request Manual(Asked& /*asked*/) {
-    return PrintText{ManualPage(DescribeCommandLine())};
-}
-
-Request Completion(Asked& asked) {
-    for (const Shell& known : kShells) {
-        if (known.name == asked.shell) {
-            return PrintText{known.completion(DescribeCommandLine())};
-        }
-    }
-    throw UsageError("completion: \"" + asked.shell + "\" is none of bash, zsh");
+void AddCompletion(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<CompletionOptions>();
+    AddText(verb, "shell", options.shell, "SHELL", "bash or zsh")->required();
 }
 
 // clang-format off
 constexpr std::array<Verb, 10> kVerbs = {{
-    {"generate",   "Generates an interior as a plug-in",            kGenerateExample,   AddGenerate, Take<&Asked::generate>},
-    {"map",        "Draws a plug-in, or what would be generated",   kMapExample,        AddMap,      Take<&Asked::map>},
-    {"search",     "Finds the best among many seeds",               kSearchExample,     AddSearch,   Take<&Asked::search>},
-    {"list",       "Names what a configuration offers",             kListExample,       AddList,     Take<&Asked::list>},
-    {"config",     "Prints a built-in configuration",               kConfigExample,     AddPrint,    Take<&Asked::config>},
-    {"inspect",    "Tells what a plug-in holds and what is wrong",  kInspectExample,    AddInspect,  Take<&Asked::inspect>},
-    {"diff",       "Tells in words how two plug-ins differ",        kDiffExample,       AddDiff,     Take<&Asked::diff>},
-    {"check",      "Tells what is wrong with a configuration",      kCheckExample,      AddCheck,    Take<&Asked::check>},
-    {"manual",     "Prints the manual page",                        kManualExample,     AddNothing,  Manual},
-    {"completion", "Prints what a shell completes arguments by",    kCompletionExample, AddShell,    Completion},
+    {"generate",   "Generates an interior as a plug-in",            kGenerateExample,   AddGenerate},
+    {"map",        "Draws a plug-in, or what would be generated",   kMapExample,        AddMap},
+    {"search",     "Finds the best among many seeds",               kSearchExample,     AddSearch},
+    {"list",       "Names what a configuration offers",             kListExample,       AddList},
+    {"config",     "Prints a built-in configuration",               kConfigExample,     AddPrint},
+    {"inspect",    "Tells what a plug-in holds and what is wrong",  kInspectExample,    AddInspect},
+    {"diff",       "Tells in words how two plug-ins differ",        kDiffExample,       AddDiff},
+    {"check",      "Tells what is wrong with a configuration",      kCheckExample,      AddCheck},
+    {"manual",     "Prints the manual page",                        kManualExample,     AddManual},
+    {"completion", "Prints what a shell completes arguments by",    kCompletionExample, AddCompletion},
 }};
 // clang-format on
 

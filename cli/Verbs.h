@@ -5,7 +5,6 @@
 #include "cli/Options.h"
 
 #include <span>
-#include <string>
 
 namespace CLI {
 class App;
@@ -13,28 +12,14 @@ class App;
 
 namespace Tarnex::Cli {
 
-/// What may be asked for; the options of each verb write into its part.
-struct Asked {
-    GenerateOptions generate;
-    MapOptions map;
-    SearchOptions search;
-    ListOptions list;
-    ConfigOptions config;
-    InspectOptions inspect;
-    DiffOptions diff;
-    CheckOptions check;
-    std::string shell; ///< to print completion for
-};
-
 /// One verb.
 struct Verb {
     const char* name;
     const char* help;
     const char* footer; ///< exit status and examples
-    /// Declares the options, which write into `asked`; it must outlive the parser.
-    void (*declare)(CLI::App& verb, Asked& asked);
-    /// What was asked for, once the options are read; takes it out of `asked`. Throws UsageError.
-    Request (*request)(Asked& asked);
+    /// Makes `request` one for this verb and declares the options, which write into it and throw
+    /// UsageError; it must outlive the parser and stay where it is.
+    void (*declare)(CLI::App& verb, Request& request);
 };
 
 /// All verbs, in the order in which the help lists them.

@@ -3,13 +3,13 @@
 #include "cli/Aside.h"
 #include "cli/CommandLine.h"
 #include "cli/ExitStatus.h"
-#include "cli/ProgramArguments.h"
 #include "cli/Terminal.h"
 
 #include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <new>
 
 namespace {
@@ -21,25 +21,18 @@ namespace {
     std::_Exit(static_cast<int>(Tarnex::Cli::ExitStatus::Failure));
 }
 
-bool IsLackOfMemory(const std::exception_ptr& fault) {
-    try {
-        if (fault) {
-            std::rethrow_exception(fault);
-        }
-    } catch (const std::bad_alloc&) {
-        return true;
-    } catch (...) {
-        return false;
-    }
-    return false;
-}
-
 std::terminate_handler usualEnd = nullptr;
 
 // Where memory runs out while the objects of another library are destroyed, nothing can be caught.
 void EndWithoutUnwinding() {
-    if (IsLackOfMemory(std::current_exception())) {
+    try {
+        if (const std::exception_ptr fault = std::current_exception()) {
+            std::rethrow_exception(fault);
+        }
+    } catch (const std::bad_alloc&) {
         EndWithoutMemory();
+    } catch (...) {
+        usualEnd();
     }
     usualEnd();
 }
@@ -52,7 +45,7 @@ int main(int argc, char** argv) try {
     // A file that may not grow further is a failure to write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
-    const Tarnex::Cli::StreamSetup streams;
+    const std::shared_ptr<void> streams = Tarnex::Cli::PrepareStreams();
     const Tarnex::Cli::Console console{std::cout,
                                        std::cerr,
                                        Tarnex::Cli::StandardErrorIsTerminal(),

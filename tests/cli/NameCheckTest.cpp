@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/NameCheck.h"
 
+#include "tools/text/NearNames.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -10,6 +12,8 @@ namespace Tarnex::Cli {
 
 namespace {
 
+using Report::EditDistance;
+using Report::NearestNames;
 using Names = std::vector<std::string>;
 
 TEST(NameCheckTest, DistanceCountsInsertedRemovedAndReplacedLetters) {
