@@ -114,4 +114,16 @@ std::vector<std::string> LevelWarnings(const GenReport& report) {
     return warnings;
 }
 
+std::vector<std::string> ArrivalWarnings(const std::vector<Arrival>& arrivals) {
+    std::vector<std::string> warnings;
+    for (const Arrival& arrival : arrivals) {
+        if (!arrival.good) {
+            warnings.push_back('"' + arrival.cell +
+                               "\" has no free place to arrive at; the best there is may be beside "
+                               "the floor or in a thing");
+        }
+    }
+    return warnings;
+}
+
 } // namespace Tarnex::Cli

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/gen/GenReport.h>
+#include <vaultry/run/Arrival.h>
 
 #include <string>
 #include <vector>
@@ -15,5 +16,8 @@ std::vector<std::string> LevelLines(const GenReport& report);
 /// What is wrong with the levels: rooms that cannot be reached, levels without doors between them,
 /// levels that were given up, with the rooms that could not be joined and what may help.
 std::vector<std::string> LevelWarnings(const GenReport& report);
+
+/// The levels on which no place to arrive at is free.
+std::vector<std::string> ArrivalWarnings(const std::vector<Arrival>& arrivals);
 
 } // namespace Tarnex::Cli

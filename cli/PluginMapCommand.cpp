@@ -5,10 +5,11 @@
 #include "cli/ConfigSource.h"
 #include "cli/LibraryLog.h"
 #include "cli/MapFiles.h"
+#include "cli/PluginPieces.h"
 #include "tools/maps/MapLabels.h"
 #include "tools/maps/PluginMap.h"
 #include "tools/plugins/PluginLoad.h"
-#include "tools/text/Json.h"
+#include "tools/text/PlaceJson.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
@@ -43,6 +44,7 @@ Json LevelJson(const Report::SurveyedLevel& level) {
             {"rooms", level.rooms},
             {"reachable-rooms", level.reachableRooms},
             {"openings-onto-nothing", level.looseEnds},
+            {"arrival", map.arrival ? Report::ArrivalJson(*map.arrival) : Json(nullptr)},
             {"references-left-out", map.leftOut}};
 }
 
@@ -88,34 +90,6 @@ std::vector<const PluginCell*> ChooseCells(const MapOptions& options, const Plug
     return cells;
 }
 
-Report::PieceIndex ReadPieces(const std::string& config, bool keepGoing) {
-    const ConfigSource source(config);
-    GenMgr manager;
-    source.Load(manager);
-    if (!keepGoing) {
-        source.RequireWhole(manager);
-    }
-    return Report::PieceIndex(manager.config);
-}
-
-// The configurations that may have been used.
-std::vector<std::string> Candidates(const std::string& config) {
-    if (config != kBuiltin) {
-        return {config};
-    }
-    std::vector<std::string> names;
-    for (const BuiltinConfig& builtin : BuiltinConfigs()) {
-        names.push_back(std::string(kBuiltin) + ':' + std::string(builtin.name));
-    }
-    return names;
-}
-
-struct ChosenPieces {
-    std::string config;
-    Report::PieceIndex pieces;
-    std::size_t known = 0;
-};
-
 // A plug-in with what it is drawn from, for the thread that draws.
 struct PluginDrawing {
     Report::LoadedPlugin plugin;
@@ -123,20 +97,6 @@ struct PluginDrawing {
     std::optional<ChosenPieces> chosen;
     std::optional<Report::PluginLevels> levels;
 };
-
-// The one that knows the most of what is placed.
-ChosenPieces ChoosePieces(const GenerateOptions& options,
-                          const std::vector<const PluginCell*>& cells) {
-    std::optional<ChosenPieces> best;
-    for (const std::string& name : Candidates(options.config)) {
-        Report::PieceIndex pieces = ReadPieces(name, options.keepGoing);
-        const std::size_t known = Report::CountKnownTiles(cells, pieces);
-        if (!best || known > best->known) {
-            best = {name, std::move(pieces), known};
-        }
-    }
-    return *std::move(best);
-}
 
 void WarnOfLabels(const PluginMapReport& report, const Console& console) {
     for (const Report::SurveyedLevel& level : report.levels) {
@@ -163,7 +123,8 @@ std::shared_ptr<Report::MapLevels> LevelsOf(const std::shared_ptr<PluginDrawing>
                                             const GenerateOptions& options,
                                             const LibraryLog& log,
                                             const Console& console) {
-    const ChosenPieces& chosen = drawing->chosen.emplace(ChoosePieces(options, drawing->cells));
+    const ChosenPieces& chosen =
+        drawing->chosen.emplace(ChoosePieces(options.config, options.keepGoing, drawing->cells));
     console.Show(log.Errors());
     if (chosen.known == 0) {
         console.Warn("the configuration \"" + options.config +

@@ -2,7 +2,7 @@
 #include "cli/RunReport.h"
 
 #include "tools/runs/RunJson.h"
-#include "tools/text/Json.h"
+#include "tools/text/PlaceJson.h"
 #include "tools/text/Words.h"
 
 #include <vaultry/foundation/CodePage.h>
@@ -93,6 +93,7 @@ void TakeOver(const RunResult& run, RunReport& report) {
     report.options.seed = run.seed;
     report.tries = run.tries;
     report.levels = run.levels;
+    report.arrivals = run.arrivals;
 }
 
 void CountContent(const Mod& mod, RunReport& report) {
@@ -121,6 +122,21 @@ std::string Summary(const RunReport& report) {
     return line;
 }
 
+std::vector<std::string> NextSteps(const RunReport& report) {
+    const std::string& path = *report.options.out;
+    const std::string name = path.substr(path.find_last_of("/\\") + 1);
+    std::vector<std::string> steps = {
+        "copy it into the game's folder \"Data Files\", or for OpenMW into a folder that "
+        "openmw.cfg "
+        "names with data=",
+        "tick \"" + name + "\" under Data Files in the launcher of the game, or of OpenMW"};
+    if (!report.arrivals.empty()) {
+        steps.push_back("load a game, open the console (the key left of 1) and type: " +
+                        ConsoleLine(report.arrivals.front()));
+    }
+    return steps;
+}
+
 std::string ToJson(const RunReport& report) {
     Json json = Report::JsonHeader();
     json["result"] = WordOf(report.result);
@@ -132,6 +148,7 @@ std::string ToJson(const RunReport& report) {
     json["files"] = FilesJson(report);
     json["cells"] = CellsJson(report);
     json["levels"] = Report::LevelsJson(report.levels);
+    json["arrivals"] = Report::ArrivalsJson(report.arrivals);
     if (!report.options.fixed) {
         json["walkable"] = report.levels.IsWalkable();
         json["tries"] = report.tries;

@@ -31,8 +31,9 @@ struct RunReport {
     std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
     std::vector<WrittenFile> maps;
     std::vector<CellReport> cells;
-    GenReport levels;        ///< of random levels; without any for a fixed interior
-    std::uint32_t tries = 1; ///< seeds tried
+    GenReport levels;              ///< of random levels; without any for a fixed interior
+    std::vector<Arrival> arrivals; ///< of the levels, where one can arrive
+    std::uint32_t tries = 1;       ///< seeds tried
     std::uint64_t containers = 0;
     std::uint64_t entries = 0; ///< inventory entries of all containers
     std::vector<std::string> errors;
@@ -45,6 +46,9 @@ void TakeOver(const RunResult& run, RunReport& report);
 
 /// Counts what the plug-in holds.
 void CountContent(const Mod& mod, RunReport& report);
+
+/// What the player does next, a line each, after a plug-in was written.
+std::vector<std::string> NextSteps(const RunReport& report);
 
 /// One line: what was written, with the seed, and the stamp when it was given.
 std::string Summary(const RunReport& report);

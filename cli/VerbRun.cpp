@@ -95,6 +95,9 @@ void VerbRun::Generate() {
     manager.SetLevelObserver(nullptr);
     manager.SetJobStatus(nullptr);
     if (report.result == Ending::Written) {
+        if (drawn) {
+            AddArrivals(maps->Maps(), report.arrivals);
+        }
         AddTreasure(maps->Maps(), manager.mod);
         report.result = options.out            ? Ending::Written
                         : maps->Maps().empty() ? Ending::Refused
@@ -148,6 +151,7 @@ void VerbRun::Show() {
     report.errors = log.Errors();
     console.Show(report.errors);
     Warn(LevelWarnings(report.levels));
+    Warn(ArrivalWarnings(report.arrivals));
 }
 
 void VerbRun::Warn(const std::vector<std::string>& warnings) {
@@ -164,6 +168,11 @@ ExitStatus VerbRun::End() {
     if (status != ExitStatus::Success || (writes && !options.quiet)) {
         SayWritten(report.maps, console);
         console.Say(Summary(report));
+    }
+    if (report.result == Ending::Written && !options.quiet) {
+        for (const std::string& step : NextSteps(report)) {
+            console.Say(step);
+        }
     }
     if (const auto fault = log.SayFault(console)) {
         report.warnings.push_back(*fault);

@@ -67,6 +67,7 @@ RunEnd Generate(vaultry_generator& generator, RunState* callers) {
     generator.lastSeed = result.seed;
     const RunEnd end = result.end;
     if (end == RunEnd::Made) {
+        AddArrivals(maps->Maps(), result.arrivals);
         AddTreasure(maps->Maps(), manager.mod);
     }
     generator.run = {std::move(result), options, maps};

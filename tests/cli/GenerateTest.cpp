@@ -93,9 +93,9 @@ TEST_F(GenerateTest, SameSeedAndStampGiveTheSameBytes) {
 TEST_F(GenerateTest, ClosingLineNamesSeedAndStamp) {
     const Outcome outcome = Generate(
         {"--seed", "4294967295", "--stamp", "12", "--theme", "Bare", "--template", "Spot"});
-    ASSERT_EQ(outcome.ErrLines().size(), 1U);
-    EXPECT_TRUE(Contains(outcome.err, "1 cell, 2 references, 0 containers"));
-    EXPECT_TRUE(Contains(outcome.err, "seed 4294967295, stamp 12"));
+    const std::string line = outcome.ErrLines().at(0);
+    EXPECT_TRUE(Contains(line, "1 cell, 2 references, 0 containers"));
+    EXPECT_TRUE(line.ends_with("seed 4294967295, stamp 12"));
 }
 
 TEST_F(GenerateTest, ClosingLineLeavesOutAStampThatWasNotGiven) {
@@ -130,7 +130,7 @@ TEST_F(GenerateTest, ListsErrorLinesAndStillWrites) {
     const Outcome outcome = Run({"generate", "-c", faultyConfig, "--fixed"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(Files(), Lines{"dungeon.esp"});
-    ASSERT_EQ(outcome.ErrLines().size(), 2U);
+    ASSERT_EQ(outcome.ErrLines().size(), 5U);
     EXPECT_EQ(outcome.ErrLines()[0], kFaultyLine);
 }
 

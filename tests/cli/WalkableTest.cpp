@@ -54,7 +54,7 @@ TEST_F(WalkableTest, EachLevelHasALine) {
         Run({"generate", "--seed", "3", "--levels", "2", "--size", "tiny", "--spacing", "tight"});
     EXPECT_EQ(outcome.status, 0);
     const Lines lines = outcome.ErrLines();
-    ASSERT_EQ(lines.size(), 3U);
+    ASSERT_EQ(lines.size(), 6U);
     EXPECT_TRUE(lines[0].starts_with("vaultry: level 1: 4 of 4 rooms can be reached, "));
     EXPECT_TRUE(lines[1].starts_with("vaultry: level 2: 4 of 4 rooms can be reached, "));
     EXPECT_TRUE(Contains(lines[2], "; seed 3"));

@@ -4,11 +4,13 @@
 #include "tools/maps/MapCells.h"
 #include "tools/text/Words.h"
 
+#include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/gen/WorldPlace.h>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <unordered_map>
 #include <utility>
 
@@ -23,6 +25,10 @@ constexpr std::array<RefSort, 7> kByWeight = {RefSort::Creature,
                                               RefSort::Rug,
                                               RefSort::Tapestry,
                                               RefSort::Other};
+
+std::int32_t Nearest(double value) {
+    return TruncToInt(std::floor(value + 0.5));
+}
 
 // Contents above or below a cell that is drawn stand in that cell.
 void AddHidden(MapCell& drawn, const MapCell& hidden) {
@@ -82,6 +88,16 @@ std::string ContentWords(const MapContent& content, ListedItems& listed) {
 
 const MapCell LevelMap::kEmptyCell;
 
+const MapCell* LevelMap::ArrivalCell() const {
+    if (!arrival || tileSize <= 0) {
+        return nullptr;
+    }
+    const DiPos place(Nearest((double{arrival->place.x} - corner.x) / tileSize),
+                      Nearest((double{corner.y} - arrival->place.y) / tileSize),
+                      0);
+    return IsInside(place) ? Find(place) : nullptr;
+}
+
 LevelMap MapOf(const FinishedLevel& level) {
     std::vector<LevelPart> parts = PartsOf(level.layout);
     DiPos low;
@@ -115,6 +131,14 @@ LevelMap MapOf(const FinishedLevel& level) {
         NumberAreas(map);
     }
     return map;
+}
+
+void AddArrivals(std::vector<LevelMap>& maps, const std::vector<Arrival>& arrivals) {
+    for (const Arrival& arrival : arrivals) {
+        LevelMap& map = maps.at(arrival.level);
+        map.arrival = arrival;
+        map.arrival->cell = map.name; // harmless
+    }
 }
 
 void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod) {
@@ -164,6 +188,9 @@ std::string CellWords(const LevelMap& map, const MapCell& cell, ListedItems& lis
                    (map.IsReachable(cell) ? "" : " (cannot be reached)"));
     }
     Append(text, JoinWords(cell.tiles));
+    if (map.ArrivalCell() == &cell) {
+        Append(text, "Arrive here: " + ConsoleLine(*map.arrival));
+    }
     if (cell.teleport) {
         Append(text, "Leads to " + (cell.leadsTo.empty() ? "the outside" : cell.leadsTo));
     }

@@ -6,9 +6,11 @@
 #include <vaultry/layout/LevelPlan.h>
 #include <vaultry/output/Mod.h>
 #include <vaultry/output/Ref.h>
+#include <vaultry/run/Arrival.h>
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -56,11 +58,12 @@ struct MapRoom {
 struct MapOutline {
     std::string name;
     std::string tileSet;
-    std::int32_t tileSize = 0; ///< edge of a cell [world units]
-    std::int32_t width = 0;    ///< [cells]
-    std::int32_t height = 0;   ///< [cells]
-    Di3Point corner{};         ///< the middle of the north-western cell; of levels of a run alone
-    std::size_t leftOut = 0;   ///< references too far away to be drawn
+    std::int32_t tileSize = 0;        ///< edge of a cell [world units]
+    std::int32_t width = 0;           ///< [cells]
+    std::int32_t height = 0;          ///< [cells]
+    Di3Point corner{};                ///< the middle of the north-western cell [world units]
+    std::optional<Arrival> arrival{}; ///< where one can be put down, if anywhere
+    std::size_t leftOut = 0;          ///< references too far away to be drawn
 };
 
 /// Copies everything that is drawn, so that it outlives the run. Empty cells take next to no
@@ -79,6 +82,8 @@ struct LevelMap : MapOutline, PlanGrid<MapCell> {
         const MapCell* cell = Find(DiPos(x, y, 0));
         return cell == nullptr ? kEmptyCell : *cell;
     }
+    /// The cell in which one arrives, or null.
+    const MapCell* ArrivalCell() const;
     /// The cell there, which is one of `cells`.
     MapCell& Held(std::int32_t x, std::int32_t y) { return *Find(DiPos(x, y, 0)); }
     bool IsReachable(const MapCell& cell) const {
@@ -125,6 +130,9 @@ public:
 private:
     std::vector<LevelMap> maps;
 };
+
+/// Marks on the maps of a run where one arrives.
+void AddArrivals(std::vector<LevelMap>& maps, const std::vector<Arrival>& arrivals);
 
 /// Gives the containers on the maps their names and what is in them.
 void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod);

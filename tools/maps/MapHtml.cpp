@@ -76,7 +76,7 @@ std::string PageStyle(MapLook look) {
         style += "@media screen and (prefers-color-scheme:dark){" + std::string(kDarkPage) + "}\n";
     }
     style += kPage;
-    for (const MapLayer& layer : kMapLayers) {
+    for (const MapLayer& layer : MapLayers()) {
         style.append("body:has(#show-")
             .append(layer.name)
             .append(":not(:checked)) .layer-")
@@ -93,7 +93,7 @@ std::string CheckBox(const std::string& id, std::string_view words) {
 
 std::string Switches() {
     std::string text = "<fieldset class=\"layers\"><legend>Show</legend>\n";
-    for (const MapLayer& layer : kMapLayers) {
+    for (const MapLayer& layer : MapLayers()) {
         text += CheckBox("show-" + std::string(layer.name), layer.words);
     }
     return text + CheckBox("fit", "Fit to the window") + "</fieldset>\n";
@@ -162,6 +162,13 @@ std::string Picture(const LevelMap& map, std::size_t level, ListedItems& listed)
            NorthArrow(width - kPanelMargin - 24, height - 44) + "</svg></div>\n";
 }
 
+// To be copied into the game's console.
+std::string ArrivalWords(const LevelMap& map) {
+    return map.arrival ? "<p>To stand there: <code>" + ForMarkup(ConsoleLine(*map.arrival)) +
+                             "</code></p>\n"
+                       : std::string();
+}
+
 // What the drawings and what the tables have listed of a page.
 struct PageItems {
     ListedItems inDrawings;
@@ -174,8 +181,9 @@ std::string Section(const LevelMap& map, std::size_t level, PageItems& listed) {
     return "<section id=\"" + LevelId(level) + "\">\n<h2>" + ForMarkup(map.name) +
            "</h2>\n<p class=\"faint\">" +
            ForMarkup(map.tileSet.empty() ? size : map.tileSet + ", " + size) + "</p>\n" +
-           Picture(map, level, listed.inDrawings) + "<h3>Rooms</h3>\n<div class=\"scroll\">" +
-           RoomTable(map, level) + "</div>\n<h3>Containers</h3>\n<div class=\"scroll\">" +
+           ArrivalWords(map) + Picture(map, level, listed.inDrawings) +
+           "<h3>Rooms</h3>\n<div class=\"scroll\">" + RoomTable(map, level) +
+           "</div>\n<h3>Containers</h3>\n<div class=\"scroll\">" +
            ContainerTable(map, level, listed.inTables) + "</div>\n</section>\n";
 }
 

@@ -78,6 +78,7 @@ Json LevelJson(const LevelMap& map, const Cell& cell) {
             {"height", map.height},
             {"cell-size", map.tileSize},
             {"corner", PointJson(map.corner)},
+            {"arrival", map.arrival ? ArrivalJson(*map.arrival) : Json(nullptr)},
             {"cells", ListJson(map.cells, CellJson)},
             {"rooms", ListJson(map.rooms, RoomJson)},
             {"things", ListJson(cell.GetRefs(), ThingJson)}};

@@ -90,6 +90,9 @@ public:
         for (const DiPos& place : RoomNumberPlaces(map)) {
             numbered[Index(place.x, place.y)] = true;
         }
+        if (const MapCell* arrival = map.ArrivalCell()) {
+            numbered[Index(arrival->place.x, arrival->place.y)] = true;
+        }
     }
 
     MapLabel Place(const DiPos& cell) {
@@ -178,6 +181,7 @@ std::vector<DiPos> RoomNumberPlaces(const LevelMap& map) {
     for (const MapRoom& room : map.rooms) {
         places.push_back(room.origin);
     }
+    const MapCell* arrival = map.ArrivalCell();
     std::vector<std::int32_t> nearest(map.rooms.size(), std::numeric_limits<std::int32_t>::max());
     for (const MapCell& cell : map.cells) {
         if (cell.room == 0 || cell.tile != PlanTile::Room) {
@@ -187,7 +191,7 @@ std::vector<DiPos> RoomNumberPlaces(const LevelMap& map) {
         const std::int32_t distance =
             std::abs(2 * (cell.place.x - room.origin.x) + 1 - room.size.x) +
             std::abs(2 * (cell.place.y - room.origin.y) + 1 - room.size.y) +
-            (cell.contents.empty() ? 0 : kTaken) +
+            (cell.contents.empty() && &cell != arrival ? 0 : kTaken) +
             (cell.open == 0xF && cell.doorway == 0 ? 0 : kBeside);
         if (distance < nearest[cell.room - 1]) {
             nearest[cell.room - 1] = distance;

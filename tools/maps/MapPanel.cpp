@@ -8,6 +8,7 @@
 #include <vaultry/foundation/HarmlessText.h>
 
 #include <algorithm>
+#include <array>
 
 namespace Tarnex::Report {
 
@@ -42,6 +43,7 @@ constexpr BySide kDoors = {{{6, -2.5, "h12v5h-12z"},
                             {6, 21.5, "h12v5h-12z"},
                             {21.5, 6, "h5v12h-5z"},
                             {-2.5, 6, "h5v12h-5z"}}};
+constexpr std::string_view kArrivalArrow = "M0 -9L6.5 7L0 3.5L-6.5 7Z";
 constexpr Piece kWholeFloor = {0, 0, "h24v24h-24z"};
 constexpr Piece kHallMiddle = {6, 6, "h12v12h-12z"};
 constexpr Piece kStepsNS = {3, 4, "h18m-18 4h18m-18 4h18m-18 4h18m-18 4h18"};
@@ -250,6 +252,23 @@ std::string AllMarks(const LevelMap& map) {
     return text;
 }
 
+// An arrow that looks the way one faces on arrival.
+std::string ArrivalMark(const LevelMap& map) {
+    if (map.ArrivalCell() == nullptr) {
+        return {};
+    }
+    const auto place = [&map](double units) {
+        return Coordinate((units / map.tileSize + 0.5) * kCell);
+    };
+    const double east = double{map.arrival->place.x} - map.corner.x;
+    const double south = double{map.corner.y} - map.arrival->place.y;
+    return "<path class=\"arrival\"" + Attribute("d", kArrivalArrow) +
+           Attribute("transform",
+                     "translate(" + place(east) + ' ' + place(south) + ") rotate(" +
+                         std::to_string(map.arrival->facing) + ')') +
+           "/>\n";
+}
+
 // Invisible areas that tell what is there.
 std::string Hits(const LevelMap& map, ListedItems& listed) {
     std::string text;
@@ -287,9 +306,7 @@ std::string Heading(const LevelMap& map) {
            NorthArrow(PanelWidth(map) - 2 * kPanelMargin - 24, -60);
 }
 
-} // namespace
-
-const std::array<MapLayer, 13> kMapLayers = {{
+constexpr auto kLayers = std::to_array<MapLayer>({
     {"grid", "Grid"},
     {"rooms", "Rooms"},
     {"halls", "Halls"},
@@ -302,8 +319,15 @@ const std::array<MapLayer, 13> kMapLayers = {{
     {"container", "Containers"},
     {"creature", "Creatures"},
     {"other", "Other content"},
+    {"arrival", "Arrival"},
     {"warnings", "Warnings"},
-}};
+});
+
+} // namespace
+
+std::span<const MapLayer> MapLayers() {
+    return kLayers;
+}
 
 std::int32_t PanelWidth(const MapOutline& map) {
     const auto letters = static_cast<std::int32_t>(map.name.size());
@@ -324,8 +348,9 @@ std::string MapDrawing(const LevelMap& map, ListedItems* listed) {
            Layer("rooms", RoomFloors(map)) + Layer("warnings", CutFloors(map)) +
            Layer("platforms", Platforms(map)) + Layer("halls", HallWalls(map)) +
            Layer("rooms", RoomWalls(map)) + Layer("numbers", Numbers(map)) + AllMarks(map) +
-           Layer("warnings", LooseEnds(map)) + Layer("doors", Doors(map)) +
-           (listed == nullptr ? std::string() : Hits(map, *listed)) + Scale(map);
+           Layer("arrival", ArrivalMark(map)) + Layer("warnings", LooseEnds(map)) +
+           Layer("doors", Doors(map)) + (listed == nullptr ? std::string() : Hits(map, *listed)) +
+           Scale(map);
 }
 
 std::string MapPanel(const LevelMap& map, ListedItems* listed) {

@@ -4,8 +4,8 @@
 
 #include "tools/maps/LevelMap.h"
 
-#include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -17,7 +17,8 @@ struct MapLayer {
     std::string_view words;
 };
 
-extern const std::array<MapLayer, 13> kMapLayers;
+/// All of them, in the order in which they are offered.
+std::span<const MapLayer> MapLayers();
 
 /// The size of a panel on the picture, margins included.
 std::int32_t PanelWidth(const MapOutline& map);

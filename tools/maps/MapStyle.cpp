@@ -3,6 +3,8 @@
 
 #include "tools/maps/SvgText.h"
 
+#include <algorithm>
+
 namespace Tarnex::Report {
 
 namespace {
@@ -34,6 +36,7 @@ svg text{font-family:"DejaVu Sans",Verdana,sans-serif;font-size:11px;fill:#222}
 .tapestry{fill:#2c62b0;stroke:#fff;stroke-width:.6}
 .loosedoor{fill:none;stroke:#9a5b22;stroke-width:2}
 .other{fill:#666}
+.arrival{fill:#1c8a3a;stroke:#fff;stroke-width:1;stroke-linejoin:round}
 .warn{stroke:#e00000;stroke-width:3.4;fill:none}
 .warning{fill:#c80000}
 .hit{fill:#000;fill-opacity:0}
@@ -63,9 +66,61 @@ svg text{fill:#e6e6e6}
 .tapestry{fill:#79adff;stroke:#15181c}
 .loosedoor{stroke:#d08a45}
 .other{fill:#b5b5b5}
+.arrival{fill:#5fd886;stroke:#15181c}
 .warn{stroke:#ff4d42}
 .warning{fill:#ff7168}
 )";
+
+using Shows = bool (*)(const LevelMap& map, const MapCell& cell);
+
+struct LegendEntry {
+    LegendItem item;
+    Shows shows; ///< whether a cell needs the entry
+};
+
+template <PlanTile Tile>
+bool IsTile(const LevelMap& /*map*/, const MapCell& cell) {
+    return cell.tile == Tile;
+}
+
+template <RefSort Sort>
+bool Holds(const LevelMap& /*map*/, const MapCell& cell) {
+    return std::ranges::find(cell.contents, Sort, &MapContent::sort) != cell.contents.end();
+}
+
+const auto kEntries = std::to_array<LegendEntry>({
+    {{R"(<path class="floor" d="M0 0H24V24H0Z"/><path class="wall" d="M0 0H24V24H0Z"/>)", "room"},
+     IsTile<PlanTile::Room>},
+    {{R"(<path class="hallfloor" d="M0 6H24V18H0Z"/><path class="wall" d="M0 6H24M0 18H24"/>)",
+      "hall"},
+     IsTile<PlanTile::Hall>},
+    {{R"(<path class="step" d="M3 4H21M3 8H21M3 12H21M3 16H21M3 20H21"/>)", "stairs"},
+     IsTile<PlanTile::Stairs>},
+    {{R"(<path class="raised" d="M2.5 2.5H21.5V21.5H2.5Z"/>)", "platform"},
+     [](const LevelMap&, const MapCell& cell) { return cell.platform; }},
+    {{R"(<path class="wall" d="M0 12H6M18 12H24"/>)", "doorway"},
+     [](const LevelMap&, const MapCell& cell) { return cell.doorway != 0 && !cell.door; }},
+    {{R"(<path class="wall" d="M0 12H6M18 12H24"/><path class="door" d="M6 9.5H18V14.5H6Z"/>)",
+      "door"},
+     [](const LevelMap&, const MapCell& cell) { return cell.door && !cell.teleport; }},
+    {{R"(<path class="wall" d="M0 12H6M18 12H24"/><path class="tele" d="M6 9.5H18V14.5H6Z"/>)",
+      "door to a level"},
+     [](const LevelMap&, const MapCell& cell) { return cell.door && cell.teleport; }},
+    {{R"(<use href="#loosedoor"/>)", "door, side unknown"}, Holds<RefSort::Door>},
+    {{R"(<use href="#creature" x="-5" y="-5"/>)", "creature"}, Holds<RefSort::Creature>},
+    {{R"(<use href="#container" x="5" y="-5"/>)", "container"}, Holds<RefSort::Container>},
+    {{R"(<use href="#furniture" x="5" y="5"/>)", "furniture"}, Holds<RefSort::Furniture>},
+    {{R"(<use href="#rug"/>)", "rug"}, Holds<RefSort::Rug>},
+    {{R"(<use href="#tapestry" x="-5" y="5"/>)", "tapestry"}, Holds<RefSort::Tapestry>},
+    {{R"(<use href="#other"/>)", "anything else"}, Holds<RefSort::Other>},
+    {{R"(<path class="arrival" d="M12 3L18.5 19L12 15.5L5.5 19Z"/>)", "arrival"},
+     [](const LevelMap& map, const MapCell& cell) { return map.ArrivalCell() == &cell; }},
+    {{R"(<path class="cut" d="M0 0H24V24H0Z"/>)", "out of reach"},
+     [](const LevelMap& map, const MapCell& cell) { return !map.IsReachable(cell); }},
+    {{R"(<path class="warn" d="M6 12H18"/>)", "opens onto nothing"},
+     [](const LevelMap&, const MapCell& cell) { return cell.loose != 0; }},
+});
+static_assert(kEntries.size() <= LegendNeeds().size());
 
 } // namespace
 
@@ -116,6 +171,25 @@ std::string MapDefinitions() {
         text += "<g" + Attribute("id", mark.name) + '>' + std::string(mark.drawing) + "</g>\n";
     }
     return text + "</defs>\n";
+}
+
+LegendNeeds LegendOf(const LevelMap& map) {
+    LegendNeeds needs;
+    for (std::size_t i = 0; i < kEntries.size(); ++i) {
+        needs[i] = std::ranges::any_of(
+            map.cells, [&](const MapCell& cell) { return kEntries[i].shows(map, cell); });
+    }
+    return needs;
+}
+
+std::vector<LegendItem> LegendItems(const LegendNeeds& needs) {
+    std::vector<LegendItem> items;
+    for (std::size_t i = 0; i < kEntries.size(); ++i) {
+        if (needs[i]) {
+            items.push_back(kEntries[i].item);
+        }
+    }
+    return items;
 }
 
 } // namespace Tarnex::Report

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
-// How maps look: colours, marks, shapes.
+// How maps look and what their marks mean.
 #pragma once
 
-#include <vaultry/output/Ref.h>
+#include "tools/maps/LevelMap.h"
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarnex::Report {
 
@@ -38,5 +40,20 @@ std::string MapStyle(MapLook look);
 
 /// The definitions of the marks and steps.
 std::string MapDefinitions();
+
+/// One mark with its meaning; the drawing lies in a cell from (0, 0) to (kCell, kCell).
+struct LegendItem {
+    std::string_view drawing;
+    std::string_view words;
+};
+
+/// Which marks need to be explained, by their place in the legend.
+using LegendNeeds = std::bitset<64>;
+
+/// Those that are on the map.
+LegendNeeds LegendOf(const LevelMap& map);
+
+/// The marks that are needed.
+std::vector<LegendItem> LegendItems(const LegendNeeds& needs);
 
 } // namespace Tarnex::Report

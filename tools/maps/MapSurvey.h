@@ -3,7 +3,7 @@
 #pragma once
 
 #include "tools/maps/LevelMap.h"
-#include "tools/maps/MapLegend.h"
+#include "tools/maps/MapStyle.h"
 
 #include <cstddef>
 #include <vector>

@@ -19,9 +19,21 @@ using Glyphs = std::array<std::string_view, 16>;
 constexpr Glyphs kHalls = {
     "·", "╵", "╷", "│", "╶", "└", "┌", "├", "╴", "┘", "┐", "┤", "─", "┴", "┬", "┼"};
 
-enum class Ink { Plain, Wall, Hall, Number, Door, Teleport, Creature, Container, Thing, Warning };
+enum class Ink {
+    Plain,
+    Wall,
+    Hall,
+    Number,
+    Door,
+    Teleport,
+    Creature,
+    Container,
+    Thing,
+    Arrival,
+    Warning
+};
 
-constexpr std::array<std::string_view, 10> kInks = {"",
+constexpr std::array<std::string_view, 11> kInks = {"",
                                                     "",
                                                     "\x1B[36m",
                                                     "\x1B[1m",
@@ -30,6 +42,7 @@ constexpr std::array<std::string_view, 10> kInks = {"",
                                                     "\x1B[1;31m",
                                                     "\x1B[1;33m",
                                                     "\x1B[32m",
+                                                    "\x1B[1;32m",
                                                     "\x1B[1;97;41m"};
 constexpr std::string_view kNoInk = "\x1B[0m";
 
@@ -141,6 +154,9 @@ Pair PairOf(const LevelMap& map, const MapCell& cell) {
     }
     PutDoor(pair, cell);
     PutContent(pair, cell);
+    if (map.ArrivalCell() == &cell) {
+        Free(pair, cell) = {"@", Ink::Arrival};
+    }
     if (cell.loose != 0) {
         pair.right = {"!", Ink::Warning};
     }
@@ -158,7 +174,7 @@ void PutNumbers(const LevelMap& map, std::vector<Pair>& pairs) {
     for (std::size_t i = 0; i < map.cells.size(); ++i) {
         const MapCell& cell = map.cells[i];
         if (numbered[cell.room] || cell.open != 0xF || cell.doorway != 0 ||
-            !cell.contents.empty() || cell.tile != PlanTile::Room) {
+            !cell.contents.empty() || cell.tile != PlanTile::Room || &cell == map.ArrivalCell()) {
             continue;
         }
         numbered[cell.room] = true;
@@ -188,6 +204,9 @@ void PrintRow(const std::vector<Glyph>& row, bool colour, std::ostream& out) {
 }
 
 void PrintRemarks(const LevelMap& map, std::ostream& out) {
+    if (map.arrival) {
+        out << "@ " << ConsoleLine(*map.arrival) << '\n';
+    }
     std::size_t loose = 0;
     for (const MapCell& cell : map.cells) {
         if (cell.teleport) {
@@ -242,7 +261,8 @@ void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
 
 void PrintMapLegend(std::ostream& out) {
     out << "━┃ wall  ─│ hall  ' doorway  + door  » door to a level  ≡ stairs  ▒ platform\n"
-           "& creature  $ container  f furniture  ~ rug  t tapestry  * other  ! warning\n";
+           "& creature  $ container  f furniture  ~ rug  t tapestry  * other  @ arrival  ! "
+           "warning\n";
 }
 
 } // namespace Tarnex::Report

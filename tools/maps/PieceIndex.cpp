@@ -54,6 +54,8 @@ PieceIndex::PieceIndex(const ConfigMgr& config) {
     const auto add = [this](const ContentList& list, RefSort sort) {
         for (const DiPtr<ContentTemplate>& content : list) {
             sorts.emplace(ToUpper(content->uniqueName), sort);
+            const bool byModel = sort == RefSort::Container;
+            contents.emplace(ToUpper(byModel ? content->modelFile : content->uniqueName), content);
         }
     };
     add(config.contentMgr->GetContainers(), RefSort::Container);
@@ -62,6 +64,8 @@ PieceIndex::PieceIndex(const ConfigMgr& config) {
     add(config.contentMgr->GetRugs(), RefSort::Rug);
     add(config.contentMgr->GetTapestries(), RefSort::Tapestry);
     AddPlatforms(config);
+    const ContentList& creatures = config.contentMgr->GetCreatures();
+    firstCreature = creatures.empty() ? nullptr : creatures.front();
 }
 
 void PieceIndex::AddPlatforms(const ConfigMgr& config) {
@@ -79,6 +83,11 @@ void PieceIndex::AddPlatforms(const ConfigMgr& config) {
 std::optional<RefSort> PieceIndex::SortOf(std::string_view id) const {
     const auto found = sorts.find(ToUpper(id));
     return found == sorts.end() ? std::nullopt : std::optional(found->second);
+}
+
+const ContentTemplate* PieceIndex::ContentOf(std::string_view idOrModel) const {
+    const auto found = contents.find(ToUpper(idOrModel));
+    return found == contents.end() ? nullptr : found->second.get();
 }
 
 } // namespace Tarnex::Report

@@ -36,12 +36,19 @@ public:
     const std::vector<TilePieces>& TileSets() const { return sets; }
     /// A platform piece or a kind of content, or nothing when the configuration does not know it.
     std::optional<RefSort> SortOf(std::string_view id) const;
+    /// The content of that identifier, or the container of that model; null for neither.
+    const ContentTemplate* ContentOf(std::string_view idOrModel) const;
+    /// The configuration's first creature, or null.
+    const ContentTemplate* FirstCreature() const { return firstCreature.get(); }
 
 private:
     void AddPlatforms(const ConfigMgr& config);
 
     std::vector<TilePieces> sets;
     std::unordered_map<std::string, RefSort> sorts; // by upper-cased identifier
+    // By upper-cased identifier, or model of a container.
+    std::unordered_map<std::string, DiPtr<ContentTemplate>> contents;
+    DiPtr<ContentTemplate> firstCreature;
 };
 
 } // namespace Tarnex::Report

@@ -6,6 +6,7 @@
 #include "tools/text/Words.h"
 
 #include <vaultry/foundation/Text.h>
+#include <vaultry/run/ArrivalPlace.h>
 
 #include <algorithm>
 #include <cmath>
@@ -218,6 +219,7 @@ public:
         JoinNeighbours(map);
         NumberAreas(map);
         JudgeReach(map);
+        FindArrival();
         return std::move(map);
     }
 
@@ -308,6 +310,9 @@ private:
         // The file holds heights in world units, rounded where they do not divide evenly.
         constexpr double kRounding = 0.01; // [cells]
         const double main = MainHeight();
+        map.corner = {static_cast<float>(frame.x + low.x * frame.size),
+                      static_cast<float>(frame.y - low.y * frame.size),
+                      static_cast<float>(main * frame.size)};
         std::vector<double> nearest(map.cells.size(), std::numeric_limits<double>::max());
         const auto index = [this](const PlacedTile& tile) { return map.NumberOf(Held(tile.cell)); };
         for (const PlacedTile& tile : tiles) {
@@ -334,8 +339,9 @@ private:
                 const DiPos place = map.cells[i].place;
                 map.cells[i] = DrawnCell(*elements[i]);
                 map.cells[i].place = place;
-                map.cells[i].sameFloor =
-                    std::abs(nearest[i] - main) <= double{kSameFloor} + kRounding;
+                const double above = std::abs(nearest[i] - main);
+                map.cells[i].sameFloor = above <= double{kSameFloor} + kRounding;
+                map.cells[i].even = above <= kRounding;
                 Lead(map.cells[i], doors[i]);
             }
         }
@@ -352,6 +358,7 @@ private:
         const RefSort sort = SortOf(ref);
         if (sort == RefSort::Platform) {
             place.platform = true;
+            place.even = false;
             return;
         }
         MapContent content{sort, Shown(ref.id)};
@@ -365,6 +372,34 @@ private:
                 (ref.destination->cell.empty() ? "the outside" : Shown(ref.destination->cell));
         }
         place.contents.push_back(std::move(content));
+    }
+
+    // What the configuration does not know has the usual reach.
+    std::optional<Obstacle> ObstacleAt(const PluginRef& ref) const {
+        const PluginContainer* chest = chests.Record(ref.id);
+        const ContentTemplate* content = pieces.ContentOf(chest == nullptr ? ref.id : chest->model);
+        return content == nullptr ? Obstacle{ref.place.position}
+                                  : ObstacleOf(*content, ref.place.position);
+    }
+
+    void FindArrival() {
+        std::vector<Obstacle> obstacles;
+        for (const PlacedThing& thing : things) {
+            if (const auto obstacle = ObstacleAt(*thing.ref)) {
+                obstacles.push_back(*obstacle);
+            }
+        }
+        if (tiles.empty()) {
+            return;
+        }
+        const auto isReachable = [this](const MapCell& at) { return map.IsReachable(at); };
+        map.arrival = BestArrival(
+            StandingCells(map, isReachable),
+            obstacles,
+            {map.corner, map.tileSize, FeetHeight(pieces.FirstCreature(), map.tileSize)});
+        if (map.arrival) {
+            map.arrival->cell = map.name;
+        }
     }
 
     RefSort SortOf(const PluginRef& ref) {
@@ -412,6 +447,11 @@ std::shared_ptr<const MapChest> PluginChests::Find(const std::string& id) {
         entry.chest = std::move(chest);
     }
     return entry.chest;
+}
+
+const PluginContainer* PluginChests::Record(const std::string& id) const {
+    const auto found = entries.find(ToUpper(id));
+    return found == entries.end() ? nullptr : found->second.container;
 }
 
 LevelMap MapOf(const PluginCell& cell, PluginChests& chests, const PieceIndex& pieces) {

@@ -24,6 +24,9 @@ public:
     /// The container, made when it is first asked for, or null.
     std::shared_ptr<const MapChest> Find(const std::string& id);
 
+    /// Its record, or null.
+    const PluginContainer* Record(const std::string& id) const;
+
 private:
     struct Entry {
         const PluginContainer* container;

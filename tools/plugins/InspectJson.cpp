@@ -127,6 +127,7 @@ std::string ToJson(const Inspection& inspection) {
     for (const PluginCell& cell : file.cells) {
         cells.push_back(CellJson(cell, index));
     }
+    json["arrivals"] = ArrivalsJson(inspection.arrivals);
     Json& containers = json["containers"] = Json::array();
     for (const PluginContainer& container : file.containers) {
         containers.push_back(ContainerJson(container));

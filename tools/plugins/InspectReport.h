@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/output/PluginFile.h>
+#include <vaultry/run/Arrival.h>
 
 #include <ostream>
 #include <string>
@@ -15,6 +16,7 @@ struct Inspection {
     std::string path; ///< as it was given [UTF-8]
     const PluginFile& file;
     const std::vector<PluginFinding>& findings; ///< see FindInconsistencies
+    std::vector<Arrival> arrivals{}; ///< by the number of their cell in the file, where known
 };
 
 /// Prints header, cells, containers and findings for people, in UTF-8; with `refs` every reference

@@ -6,6 +6,7 @@
 
 #include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/Text.h>
+#include <algorithm>
 
 #include <array>
 #include <charconv>
@@ -112,7 +113,20 @@ void PrintRefs(const PluginCell& cell, const PluginIndex& index, std::ostream& o
     table.Print(out, 2);
 }
 
-void PrintCell(const PluginCell& cell, const PluginIndex& index, bool refs, std::ostream& out) {
+// What one types into the game's console to stand in the cell of that number.
+void PrintArrival(const Inspection& inspection, std::size_t number, std::ostream& out) {
+    const auto found = std::ranges::find(inspection.arrivals, number, &Arrival::level);
+    if (found != inspection.arrivals.end()) {
+        PrintFact(out, "Arrive", ConsoleLine(*found));
+    }
+}
+
+void PrintCell(const Inspection& inspection,
+               std::size_t number,
+               const PluginIndex& index,
+               bool refs,
+               std::ostream& out) {
+    const PluginCell& cell = inspection.file.cells[number];
     const CellSummary summary = Summarise(cell, index);
     out << "\nCell " << Quoted(cell.name) << ": " << Counted(cell.refs.size(), "reference") << ", "
         << Counted(summary.doors, "door") << ", " << Counted(summary.teleports, "teleport") << ", "
@@ -131,6 +145,7 @@ void PrintCell(const PluginCell& cell, const PluginIndex& index, bool refs, std:
     if ((cell.flags & kHasWater) != 0) {
         PrintFact(out, "Water", "at height " + Number(cell.waterHeight));
     }
+    PrintArrival(inspection, number, out);
     PrintTeleports(cell, index, out);
     if (refs && !cell.refs.empty()) {
         PrintRefs(cell, index, out);
@@ -195,8 +210,8 @@ void PrintInspection(const Inspection& inspection, bool refs, std::ostream& out)
     const PluginFile& file = inspection.file;
     const PluginIndex index(file);
     PrintHeader(inspection, out);
-    for (const PluginCell& cell : file.cells) {
-        PrintCell(cell, index, refs, out);
+    for (std::size_t number = 0; number < file.cells.size(); ++number) {
+        PrintCell(inspection, number, index, refs, out);
     }
     const ContainerPlaces places = FindContainers(file, index);
     for (const PluginContainer& container : file.containers) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/runs/RunJson.h"
 
+#include "tools/text/PlaceJson.h"
+
 #include <vaultry/foundation/CodePage.h>
 
 #include <array>
@@ -124,6 +126,7 @@ std::string ToJson(const RunResult& run, const RunOptions& options) {
                       {"creature-theme", NameOrNull(run.creatureTheme)},
                       {"treasure-theme", NameOrNull(run.treasureTheme)}};
     json["levels"] = LevelsJson(run.levels);
+    json["arrivals"] = ArrivalsJson(run.arrivals);
     json["walkable"] = options.fixed ? Json(nullptr) : Json(run.levels.IsWalkable());
     json["tries"] = run.tries;
     json["errors"] = run.errors;

@@ -29,6 +29,22 @@ Json PointJson(const Di3Point& point) {
     return Json::array({Widened(point.x), Widened(point.y), Widened(point.z)});
 }
 
+Json ArrivalJson(const Arrival& arrival) {
+    return {{"cell", arrival.cell},
+            {"position", PointJson(arrival.place)},
+            {"degrees", arrival.facing},
+            {"free", arrival.good},
+            {"console", ConsoleLine(arrival)}};
+}
+
+Json ArrivalsJson(const std::vector<Arrival>& arrivals) {
+    Json list = Json::array();
+    for (const Arrival& arrival : arrivals) {
+        list.push_back(ArrivalJson(arrival));
+    }
+    return list;
+}
+
 Json DegreesJson(const Di3Point& radians) {
     return Json::array(
         {RoundedDegrees(radians.x), RoundedDegrees(radians.y), RoundedDegrees(radians.z)});

@@ -5,6 +5,9 @@
 #include "tools/text/Json.h"
 
 #include <vaultry/foundation/Di3Point.h>
+#include <vaultry/run/Arrival.h>
+
+#include <vector>
 
 namespace Tarnex::Report {
 
@@ -16,5 +19,11 @@ Json PointJson(const Di3Point& point);
 
 /// Radians as degrees, rounded to four decimals.
 Json DegreesJson(const Di3Point& radians);
+
+/// Where one arrives on a level, and what one types to stand there.
+Json ArrivalJson(const Arrival& arrival);
+
+/// Likewise, for each level that has such a place.
+Json ArrivalsJson(const std::vector<Arrival>& arrivals);
 
 } // namespace Tarnex::Report

@@ -211,7 +211,7 @@ void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point
 
 void GenIntBase::ShowLevel(const Layout& layout, const LevelReport* report) const {
     if (info.levelObserver != nullptr) {
-        info.levelObserver->LevelFinished({layout, *cell, *tileSet, report});
+        info.levelObserver->LevelFinished({layout, *cell, *tileSet, *config, report});
     }
 }
 

@@ -2,6 +2,7 @@
 // Looking at finished levels, for maps and statistics.
 #pragma once
 
+#include <vaultry/catalogue/ConfigMgr.h>
 #include <vaultry/foundation/Export.h>
 #include <vaultry/gen/GenReport.h>
 #include <vaultry/layout/Layout.h>
@@ -15,6 +16,7 @@ struct FinishedLevel {
     const Layout& layout;      ///< with contents, doors and platforms
     const Cell& cell;          ///< with all its references
     const TileSet& tileSet;    ///< that the level is built from
+    const ConfigMgr& config;   ///< that it is made from
     const LevelReport* report; ///< null for a fixed interior
 };
 

@@ -46,16 +46,21 @@ PlanCell PlanCellOf(const GridElmt& elmt) {
     }
     cell.teleport = elmt.isTeleport;
     cell.sameFloor = true;
+    cell.even = elmt.platforms.empty();
+    cell.reduced = !elmt.tiles.empty() && !elmt.FirstTile()->IsFullSize();
     return cell;
 }
 
 std::vector<LevelPart> PartsOf(const Layout& level) {
-    std::vector<LevelPart> parts = {{&level, DiPos(), true}};
+    std::vector<LevelPart> parts = {{&level, DiPos(), true, true}};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const LevelPart parent = parts[i];
         for (const DiPtr<Layout>& child : parent.layout->GetChildren()) {
-            const bool near = i == 0 && std::abs(child->GetOffset().z) <= kSameFloor;
-            parts.push_back({child.get(), parent.origin + OriginOf(*child), near});
+            const float height = std::abs(child->GetOffset().z);
+            parts.push_back({child.get(),
+                             parent.origin + OriginOf(*child),
+                             i == 0 && height <= kSameFloor,
+                             parent.even && height == 0.0F});
         }
     }
     // The form over ranges does not compile with clang 14.
@@ -66,15 +71,20 @@ std::vector<LevelPart> PartsOf(const Layout& level) {
 
 LevelPlan PlanOf(const Layout& level) {
     const DiPos& size = level.GetSize();
-    std::vector<const GridElmt*> elmts;
+    const std::vector<LevelPart> parts = PartsOf(level);
+    struct Standing {
+        const GridElmt* elmt;
+        bool even;
+    };
+    std::vector<Standing> elmts;
     std::vector<DiPos> places;
-    for (const LevelPart& part : PartsOf(level)) {
+    for (const LevelPart& part : parts) {
         if (!part.sameFloor) {
             break;
         }
         ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& place) {
             if (place.x >= 0 && place.y >= 0 && place.x < size.x && place.y < size.y) {
-                elmts.push_back(&elmt);
+                elmts.push_back({&elmt, part.even});
                 places.push_back(place);
             }
         });
@@ -84,8 +94,9 @@ LevelPlan PlanOf(const Layout& level) {
     for (std::size_t i = 0; i < places.size(); ++i) {
         PlanCell& cell = *plan.Find(places[i]);
         if (cell.tile == PlanTile::Empty) {
-            cell = PlanCellOf(*elmts[i]);
+            cell = PlanCellOf(*elmts[i].elmt);
             cell.place = places[i];
+            cell.even = cell.even && elmts[i].even;
         }
     }
     JoinNeighbours(plan);

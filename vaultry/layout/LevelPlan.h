@@ -6,6 +6,7 @@
 #include <vaultry/layout/Layout.h>
 #include <vaultry/layout/Sides.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -29,6 +30,8 @@ struct PlanCell {
     SideBits loose = 0; ///< openings of halls and doorways, after JoinNeighbours those onto nothing
     bool teleport = false;  ///< behind the doorway is another level
     bool sameFloor = false; ///< stands on the level's own floor, see kSameFloor
+    bool even = false;      ///< neither raised nor lowered at all, and without a platform
+    bool reduced = false;   ///< a half or quarter tile: its walls run through the middle
     std::size_t room = 0;   ///< its number from 1; 0 outside of rooms
 };
 
@@ -101,6 +104,7 @@ struct LevelPart {
     const Layout* layout; ///< not null
     DiPos origin;         ///< [cells]
     bool sameFloor;       ///< see kSameFloor
+    bool even;            ///< neither raised nor lowered
 };
 
 /// The level itself, then the parts on its floor, then all others. Where several have tiles in one
@@ -137,9 +141,10 @@ inline SideBits WaysOut(const PlanCell& cell) {
 /// level's floor. The loose ends that lead somewhere are no longer such.
 template <typename Cell>
 void JoinNeighbours(PlanGrid<Cell>& grid) {
+    const std::array<Side, 4>& sides = Sides();
     for (Cell& cell : grid.cells) {
         unsigned entered = 0;
-        for (const Side& side : Sides()) {
+        for (const Side& side : sides) {
             const Cell* to = grid.Find(cell.place + side.step);
             if (to != nullptr && to->sameFloor && (WaysOut(*to) & SideBit(side.opposite)) != 0) {
                 entered |= SideBit(side.dir);
@@ -155,10 +160,11 @@ void JoinNeighbours(PlanGrid<Cell>& grid) {
 /// for, and from those on.
 template <typename Cell, typename Enters>
 void Walk(PlanGrid<Cell>& grid, std::vector<Cell*> open, const Enters& enters) {
+    const std::array<Side, 4>& sides = Sides();
     while (!open.empty()) {
         const Cell& from = *open.back();
         open.pop_back();
-        for (const Side& side : Sides()) {
+        for (const Side& side : sides) {
             if ((from.ways & SideBit(side.dir)) == 0) {
                 continue;
             }

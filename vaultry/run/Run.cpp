@@ -7,6 +7,7 @@
 #include <vaultry/foundation/RunState.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/LevelObserver.h>
+#include <vaultry/run/ArrivalPlace.h>
 
 #include <random>
 
@@ -26,7 +27,8 @@ public:
     explicit KeptSettings(GenMgr& kept)
         : manager(kept), tileSet(kept.defTileSet), layout(kept.defTemplate), theme(kept.defTheme),
           creatureTheme(kept.defCreatureTheme), treasureTheme(kept.defTreasureTheme),
-          random(kept.randomInfo), platforms(kept.addPlatforms), named(kept.nameSingleLevel) {}
+          random(kept.randomInfo), platforms(kept.addPlatforms), named(kept.nameSingleLevel),
+          observer(kept.levelObserver) {}
 
     ~KeptSettings() {
         manager.defTileSet = tileSet;
@@ -37,6 +39,7 @@ public:
         manager.randomInfo = random;
         manager.addPlatforms = platforms;
         manager.nameSingleLevel = named;
+        manager.levelObserver = observer;
     }
 
     KeptSettings(const KeptSettings&) = delete;
@@ -52,6 +55,7 @@ private:
     RandomGenInfo random;
     bool platforms;
     bool named;
+    LevelObserver* observer;
 };
 
 // A state of the run's own, with what listens to whoever calls: log, listeners of problems, and the
@@ -70,6 +74,37 @@ private:
     RunState& outer;
     RunState state;
     UseRunState use;
+};
+
+// Notes where one arrives on the levels that it passes on to the caller's observer.
+class ArrivalFinder : public LevelObserver {
+public:
+    explicit ArrivalFinder(LevelObserver* nextObserver) : next(nextObserver) {}
+
+    void StartOver() override {
+        levels = 0;
+        arrivals.clear();
+        if (next != nullptr) {
+            next->StartOver();
+        }
+    }
+
+    void LevelFinished(const FinishedLevel& level) override {
+        if (auto arrival = ArrivalOf(level)) {
+            arrival->level = levels;
+            arrivals.push_back(*std::move(arrival));
+        }
+        ++levels;
+        if (next != nullptr) {
+            next->LevelFinished(level);
+        }
+    }
+
+    std::vector<Arrival> arrivals;
+
+private:
+    LevelObserver* next;
+    std::size_t levels = 0;
 };
 
 RunEnd EndOf(ModResult result) {
@@ -112,9 +147,11 @@ Run::Run(GenMgr& manager_, const RunOptions& options_) : manager(manager_), opti
 // one log.
 RunResult Run::Generate() {
     const OwnState own;
+    ArrivalFinder finder(manager.levelObserver);
     for (std::uint32_t tries = 1;; ++tries) {
-        RunResult result = Try(SeedOfTry(options.seed.value(), tries - 1));
+        RunResult result = Try(SeedOfTry(options.seed.value(), tries - 1), &finder);
         result.tries = tries;
+        result.arrivals = finder.arrivals;
         const bool asWanted =
             !options.ensureWalkable || options.fixed || result.levels.IsWalkable();
         if (result.end != RunEnd::Made || asWanted) {
@@ -133,7 +170,7 @@ RunResult Run::Generate() {
 
 RunResult Run::GenerateFrom(std::uint32_t seed) {
     const OwnState own;
-    return Try(seed);
+    return Try(seed, manager.levelObserver);
 }
 
 bool Run::HasItsNames() const {
@@ -164,8 +201,9 @@ void Run::HandOver() const {
 }
 
 // Every try starts from the same state, so that its seed makes the same dungeon by itself.
-RunResult Run::Try(std::uint32_t seed) const {
+RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
     const KeptSettings settings(manager);
+    manager.levelObserver = observer;
     RunResult result;
     result.seed = seed;
     result.stamp = options.stamp.value();
@@ -174,8 +212,8 @@ RunResult Run::Try(std::uint32_t seed) const {
         HandOver();
         SeedRandom(seed);
         SetContainerStamp(result.stamp);
-        if (manager.levelObserver != nullptr) {
-            manager.levelObserver->StartOver();
+        if (observer != nullptr) {
+            observer->StartOver();
         }
         result.end = EndOf(manager.Generate(FromUtf8(options.cell).c_str(), options.fixed));
         result.levels = manager.report;

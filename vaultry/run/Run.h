@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/gen/GenMgr.h>
+#include <vaultry/run/Arrival.h>
 #include <vaultry/run/RunOptions.h>
 
 #include <cstdint>
@@ -31,6 +32,7 @@ struct RunResult {
     std::string creatureTheme;       ///< likewise
     std::string treasureTheme;       ///< likewise
     std::vector<std::string> errors; ///< of the last try, as they were logged
+    std::vector<Arrival> arrivals;   ///< of every level that has any, in order; see Generate
 };
 
 /// Draws seed and stamp unless they are given: a run can be repeated only when what chance and the
@@ -63,18 +65,19 @@ public:
     /// As they were given, with seed and stamp.
     const RunOptions& Options() const { return options; }
 
-    /// Generates into the manager's `mod`; where the options ask for a walkable dungeon, from
-    /// further seeds until there is one. Names that the configuration lacks are refused. The log's
-    /// error list holds those of the last try afterwards.
+    /// Generates into the manager's `mod`, and finds where one arrives; where the options ask for a
+    /// walkable dungeon, from further seeds until there is one. Names that the configuration lacks
+    /// are refused. The log's error list holds those of the last try afterwards.
     RunResult Generate();
 
-    /// Generates from that seed instead, once.
+    /// Generates from that seed instead, once, for whoever tries many: nobody arrives there, so
+    /// that no places are looked for.
     RunResult GenerateFrom(std::uint32_t seed);
 
 private:
     bool HasItsNames() const;
     void HandOver() const;
-    RunResult Try(std::uint32_t seed) const;
+    RunResult Try(std::uint32_t seed, LevelObserver* observer) const;
 
     GenMgr& manager;
     RunOptions options;

@@ -30,7 +30,7 @@ protected:
     }
 
     Report::LevelMap Map(const LevelReport* report = nullptr) const {
-        return Report::MapOf({*layout, cell, tileSet, report});
+        return Report::MapOf({*layout, cell, tileSet, config, report});
     }
 
     static std::string Words(const Report::LevelMap& map, const Report::MapCell& cell) {
@@ -41,6 +41,7 @@ protected:
     DiPtr<Layout> layout = Layout::Create(DiPos(1, 3, 0));
     Tarnex::Cell cell{"Vault"};
     TileSet tileSet;
+    ConfigMgr config;
 };
 
 TEST_F(LevelMapTest, CopiesSizeNameTilesAndOpenings) {
@@ -55,6 +56,22 @@ TEST_F(LevelMapTest, CopiesSizeNameTilesAndOpenings) {
     EXPECT_EQ(map.At(0, 1).tile, PlanTile::Hall);
     EXPECT_EQ(map.At(0, 1).open, Open("NS"));
     EXPECT_EQ(map.At(0, 2).tile, PlanTile::Empty);
+}
+
+TEST_F(LevelMapTest, TheCellOfTheArrivalTellsWhatToType) {
+    std::vector<Report::LevelMap> maps = {Map(), Map()};
+    AddArrivals(maps, {{1, "Vault", Di3Point(20.0F, -256.0F, -96.0F), 90, true}});
+    EXPECT_EQ(maps[0].ArrivalCell(), nullptr);
+    ASSERT_EQ(maps[1].ArrivalCell(), &maps[1].At(0, 1));
+    EXPECT_EQ(Words(maps[1], maps[1].At(0, 1)),
+              "HallNS\nArrive here: player->positioncell 20 -256 -96 90 \"Vault\"\n"
+              "Opens onto nothing");
+}
+
+TEST_F(LevelMapTest, AnArrivalBesideTheMapIsInNoCell) {
+    std::vector<Report::LevelMap> maps = {Map()};
+    AddArrivals(maps, {{0, "Vault", Di3Point(0.0F, 256.0F, 0.0F), 0, false}});
+    EXPECT_EQ(maps[0].ArrivalCell(), nullptr);
 }
 
 TEST_F(LevelMapTest, MarksOpeningsOntoNothing) {

@@ -101,6 +101,31 @@ TEST_F(PluginMapTest, UnknownObjectsAreMarks) {
     EXPECT_TRUE(map.rooms.empty());
 }
 
+// Of two cells of floor the one without the chair, at the height of the level.
+TEST_F(PluginMapTest, OneArrivesOnTheFloorAwayFromThings) {
+    Put("floor", 64.0F, 0.0F, 640.0F);
+    Put("floor", 320.0F, 0.0F, 640.0F);
+    Put("chair", 320.0F, 0.0F, 512.0F);
+    const LevelMap map = Map();
+    ASSERT_TRUE(map.arrival);
+    EXPECT_TRUE(map.arrival->good);
+    EXPECT_EQ(ConsoleLine(*map.arrival), "player->positioncell 64 0 640 90 \"Hall\"");
+    EXPECT_EQ(map.ArrivalCell(), &map.At(0, 0));
+}
+
+TEST_F(PluginMapTest, WhatIsNotKnownIsInTheWayToo) {
+    Put("floor", 0.0F, 0.0F);
+    Put("statue", 90.0F, 0.0F);
+    const LevelMap map = Map();
+    ASSERT_TRUE(map.arrival);
+    EXPECT_FALSE(map.arrival->good);
+}
+
+TEST_F(PluginMapTest, NobodyArrivesWhereNothingIsFloor) {
+    Put("chair", 0.0F, 0.0F);
+    EXPECT_FALSE(Map().arrival);
+}
+
 TEST_F(PluginMapTest, ContainersHaveNamesAndTreasure) {
     Mod sample;
     FillSample(sample);

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "cli/PluginPieces.h"
+
+#include "cli/ConfigSource.h"
+#include "tools/maps/PluginMap.h"
+#include "tools/runs/RunLine.h"
+
+#include <optional>
+#include <utility>
+
+namespace Tarnex::Cli {
+
+namespace {
+
+Report::PieceIndex ReadPieces(const std::string& config, bool keepGoing) {
+    const ConfigSource source(config);
+    GenMgr manager;
+    source.Load(manager);
+    if (!keepGoing) {
+        source.RequireWhole(manager);
+    }
+    return Report::PieceIndex(manager.config);
+}
+
+// The configurations that may have been used.
+std::vector<std::string> Candidates(const std::string& config) {
+    if (config != Report::kBuiltin) {
+        return {config};
+    }
+    std::vector<std::string> names;
+    for (const BuiltinConfig& builtin : BuiltinConfigs()) {
+        names.push_back(std::string(Report::kBuiltin) + ':' + std::string(builtin.name));
+    }
+    return names;
+}
+
+} // namespace
+
+ChosenPieces ChoosePieces(const std::string& config,
+                          bool keepGoing,
+                          const std::vector<const PluginCell*>& cells) {
+    std::optional<ChosenPieces> best;
+    for (const std::string& name : Candidates(config)) {
+        Report::PieceIndex pieces = ReadPieces(name, keepGoing);
+        const std::size_t known = Report::CountKnownTiles(cells, pieces);
+        if (!best || known > best->known) {
+            best = {name, std::move(pieces), known};
+        }
+    }
+    return *std::move(best);
+}
+
+} // namespace Tarnex::Cli

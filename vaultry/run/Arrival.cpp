@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include <vaultry/run/Arrival.h>
+
+#include <cmath>
+
+namespace Tarnex {
+
+std::string ConsoleLine(const Arrival& arrival) {
+    const auto whole = [](float value) { return std::to_string(std::lround(value)) + ' '; };
+    return "player->positioncell " + whole(arrival.place.x) + whole(arrival.place.y) +
+           whole(arrival.place.z) + std::to_string(arrival.facing) + " \"" + arrival.cell + '"';
+}
+
+} // namespace Tarnex

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Where one can be put down in a dungeon.
+#pragma once
+
+#include <vaultry/foundation/Di3Point.h>
+#include <vaultry/foundation/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace Tarnex {
+
+/// A place to stand on one level.
+struct Arrival {
+    std::size_t level = 0;   ///< counted from 0 among those that were made
+    std::string cell;        ///< the level's [UTF-8]
+    Di3Point place;          ///< of the feet [world units]
+    std::int32_t facing = 0; ///< clockwise from north [whole degrees]
+    /// On the even floor of a room that can be reached, with nothing within a body's width. A level
+    /// without such a place has the best there is, or none.
+    bool good = false;
+};
+
+/// What one types into the game's console to stand there, in UTF-8.
+VAULTRY_API std::string ConsoleLine(const Arrival& arrival);
+
+} // namespace Tarnex
