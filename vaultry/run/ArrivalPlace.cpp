@@ -162,6 +162,10 @@ std::optional<Arrival> BestArrival(const std::vector<StandingCell>& cells,
     std::optional<Arrival> best;
     Rank least;
     for (const StandingCell& cell : cells) {
+        // Most cells would be no better with nothing near them at all.
+        if (best && RankOf(cell, kFarEnough) >= least) {
+            continue;
+        }
         const Di3Point feet = FeetAt(cell, ground);
         const Rank rank = RankOf(cell, things.Clearance(feet, cell.place));
         if (best && rank >= least) {
