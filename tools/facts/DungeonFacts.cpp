@@ -1,52 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "tools/facts/DungeonFacts.h"
 
+#include "tools/text/NearNames.h"
+#include "tools/text/Quote.h"
+
 #include <vaultry/foundation/Text.h>
 #include <vaultry/gen/Limits.h>
 
 #include <algorithm>
 #include <limits>
-#include <ostream>
-#include <streambuf>
+#include <numeric>
+#include <sstream>
 
 namespace Tarnex::Report {
 
 namespace {
 
-// Counts what is written to it.
-class ByteCounter : public std::streambuf {
-public:
-    std::uint64_t Count() const { return count; }
-
-protected:
-    int_type overflow(int_type letter) override {
-        ++count;
-        return traits_type::not_eof(letter);
-    }
-    std::streamsize xsputn(const char*, std::streamsize size) override {
-        count += static_cast<std::uint64_t>(size);
-        return size;
-    }
-
-private:
-    std::uint64_t count = 0;
-};
-
 std::uint64_t SizeOf(Mod& mod) {
-    ByteCounter counter;
-    std::ostream stream(&counter);
-    mod.Write(stream);
-    return counter.Count();
+    std::ostringstream bytes;
+    bytes.exceptions(std::ios::badbit); // a lack of memory is no size
+    mod.Write(bytes);
+    return static_cast<std::uint64_t>(bytes.tellp());
 }
 
 // A configuration may give any worth, so that sums come to an end.
 std::int64_t AddUpTo(std::int64_t sum, std::int64_t more) {
-    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
-    constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
     if (more > 0) {
-        return sum > kMost - more ? kMost : sum + more;
+        return sum > kNoMost - more ? kNoMost : sum + more;
     }
-    return sum < kLeast - more ? kLeast : sum + more;
+    return sum < kNoLeast - more ? kNoLeast : sum + more;
 }
 
 std::int64_t Worth(const Container& container, const ContentWorth& worth) {
@@ -85,11 +67,7 @@ std::int64_t Doors(const DungeonTally& tally) {
 }
 
 std::int64_t References(const DungeonTally& tally) {
-    std::uint64_t sum = 0;
-    for (const std::uint64_t count : tally.references) {
-        sum += count;
-    }
-    return static_cast<std::int64_t>(sum);
+    return std::accumulate(tally.references.begin(), tally.references.end(), std::int64_t{0});
 }
 
 template <std::int32_t Lowest, std::int32_t Highest>
@@ -100,11 +78,8 @@ std::int64_t Creatures(const DungeonTally& tally) {
 }
 
 std::int64_t CreatureLevels(const DungeonTally& tally) {
-    std::int64_t sum = 0;
-    for (const std::int32_t level : tally.creatureLevels) {
-        sum += level;
-    }
-    return sum;
+    return std::accumulate(
+        tally.creatureLevels.begin(), tally.creatureLevels.end(), std::int64_t{0});
 }
 
 template <auto Field>
@@ -211,6 +186,21 @@ std::optional<std::size_t> FindFact(std::string_view name) {
         return std::nullopt;
     }
     return static_cast<std::size_t>(found - kFacts.begin());
+}
+
+std::string NoFact(std::string_view name) {
+    const bool isLong = name.size() > kLongestQuote;
+    std::string text = Quote(name) + " is no fact";
+    // The effort of comparing grows with the length, and no fact is that long.
+    const std::vector<std::string> nearest =
+        isLong ? std::vector<std::string>() : NearestNames(name, FactNames());
+    if (nearest.empty()) {
+        return text + "; \"vaultry search --help\" lists them";
+    }
+    for (const std::string& fact : nearest) {
+        text += (&fact == &nearest.front() ? "; did you mean \"" : " or \"") + fact + '"';
+    }
+    return text + '?';
 }
 
 std::vector<std::string> FactNames() {

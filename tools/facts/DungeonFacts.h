@@ -93,6 +93,9 @@ std::span<const Fact> Facts();
 /// stands for "-".
 std::optional<std::size_t> FindFact(std::string_view name);
 
+/// "X is no fact", with the names that may have been meant.
+std::string NoFact(std::string_view name);
+
 /// The names of all facts.
 std::vector<std::string> FactNames();
 

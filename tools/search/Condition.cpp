@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/search/Condition.h"
 
-#include "tools/search/FactOffer.h"
 #include "tools/text/Quote.h"
 #include "tools/text/UsageError.h"
 
@@ -10,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -19,10 +19,6 @@ namespace Tarnex::Search {
 namespace {
 
 // Not those of the standard library, which depend on the locale.
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -39,7 +35,7 @@ bool IsInSign(char c) {
     return c == '<' || c == '>' || c == '=' || c == '!';
 }
 
-enum class Kind { End, Word, Number, Sign, Open, Close, Other };
+enum class Kind { End, Word, Number, Sign, Other };
 
 struct Token {
     Kind kind = Kind::End;
@@ -74,25 +70,52 @@ Kind KindOf(std::string_view token) {
     if (IsInWord(first)) {
         return Kind::Number;
     }
-    if (IsInSign(first)) {
-        return Kind::Sign;
-    }
-    return first == '(' ? Kind::Open : first == ')' ? Kind::Close : Kind::Other;
+    return IsInSign(first) ? Kind::Sign : Kind::Other;
 }
 
-class Scanner {
+// What stands there, for messages.
+std::string Named(const Token& token) {
+    return token.kind == Kind::End ? std::string("the end") : Report::Quote(token.text);
+}
+
+template <typename Relation>
+bool Holding(std::int64_t left, std::int64_t right) {
+    return Relation()(left, right);
+}
+
+using Comparison = bool (*)(std::int64_t left, std::int64_t right);
+
+constexpr std::array<std::pair<std::string_view, Comparison>, 7> kSigns = {
+    {{"<", Holding<std::less<>>},
+     {"<=", Holding<std::less_equal<>>},
+     {">", Holding<std::greater<>>},
+     {">=", Holding<std::greater_equal<>>},
+     {"=", Holding<std::equal_to<>>},
+     {"==", Holding<std::equal_to<>>},
+     {"!=", Holding<std::not_equal_to<>>}}};
+
+} // namespace
+
+class Condition::Parser {
 public:
-    Scanner(std::string_view condition, std::string_view conditionName)
-        : text(condition), name(conditionName) {
+    Parser(Condition& target, std::string_view condition_, std::string_view conditionName)
+        : condition(target), text(condition_), name(conditionName) {
         Next();
     }
 
-    const Token& Current() const { return token; }
-
-    void Next() {
-        while (place < text.size() && IsBlank(text[place])) {
-            ++place;
+    void Parse() {
+        ParseOr();
+        if (token.kind == Kind::Sign) {
+            Refuse(token, "a comparison has two sides; join comparisons with \"and\"");
         }
+        if (token.kind != Kind::End) {
+            Refuse(token, "\"and\", \"or\" or the end is expected, not " + Named(token));
+        }
+    }
+
+private:
+    void Next() {
+        place = std::min(text.find_first_not_of(" \t\n\r", place), text.size());
         token = {Kind::End, {}, place};
         if (place < text.size()) {
             token.text = text.substr(place, LengthOf(text.substr(place)));
@@ -110,48 +133,12 @@ public:
                          what);
     }
 
-private:
-    std::string_view text;
-    std::string_view name;
-    std::size_t place = 0;
-    Token token;
-};
-
-// What stands there, for messages.
-std::string Named(const Token& token) {
-    return token.kind == Kind::End ? std::string("the end") : Report::Quote(token.text);
-}
-
-} // namespace
-
-class Condition::Parser {
-public:
-    Parser(Condition& target, std::string_view text, std::string_view name)
-        : condition(target), scanner(text, name) {}
-
-    void Parse() {
-        ParseOr();
-        if (scanner.Current().kind == Kind::Sign) {
-            scanner.Refuse(scanner.Current(),
-                           "a comparison has two sides; join comparisons with \"and\"");
-        }
-        if (scanner.Current().kind != Kind::End) {
-            scanner.Refuse(scanner.Current(),
-                           "\"and\", \"or\" or the end is expected, not " +
-                               Named(scanner.Current()));
-        }
-    }
-
-private:
-    bool IsKeyword(std::string_view keyword) const {
-        return scanner.Current().kind == Kind::Word &&
-               EqualsNoCase(scanner.Current().text, keyword);
-    }
+    bool Is(std::string_view keyword) const { return EqualsNoCase(token.text, keyword); }
 
     bool Accept(std::string_view keyword) {
-        const bool there = IsKeyword(keyword);
+        const bool there = Is(keyword);
         if (there) {
-            scanner.Next();
+            Next();
         }
         return there;
     }
@@ -175,14 +162,13 @@ private:
     }
 
     void ParseFactor() {
-        const Token start = scanner.Current();
+        const Token start = token;
         if (Accept("not")) {
             Enter(start);
             ParseFactor();
             Add({Act::Not});
             --depth;
-        } else if (start.kind == Kind::Open) {
-            scanner.Next();
+        } else if (Accept("(")) {
             Enter(start);
             ParseOr();
             Close(start);
@@ -194,88 +180,73 @@ private:
 
     void Enter(const Token& at) {
         if (++depth > kDeepest) {
-            scanner.Refuse(at, "nested more than " + std::to_string(kDeepest) + " deep");
+            Refuse(at, "nested more than " + std::to_string(kDeepest) + " deep");
         }
     }
 
     void Close(const Token& opening) {
-        if (scanner.Current().kind == Kind::End) {
-            scanner.Refuse(opening, "this \"(\" is never closed");
+        if (token.kind == Kind::End) {
+            Refuse(opening, "this \"(\" is never closed");
         }
-        if (scanner.Current().kind != Kind::Close) {
-            scanner.Refuse(scanner.Current(),
-                           "\"and\", \"or\" or \")\" is expected, not " + Named(scanner.Current()));
+        if (!Accept(")")) {
+            Refuse(token, "\"and\", \"or\" or \")\" is expected, not " + Named(token));
         }
-        scanner.Next();
     }
 
     void ParseComparison() {
-        const Token start = scanner.Current();
-        Instruction comparison;
-        comparison.left = ParseOperand();
-        if (scanner.Current().kind == Kind::Sign) {
-            comparison.sign = ParseSign();
-            comparison.right = ParseOperand();
-        } else if (comparison.left.isFact) {
-            comparison.sign = Sign::NotEqual;
+        const Token start = token;
+        const Operand left = ParseOperand();
+        if (token.kind == Kind::Sign) {
+            const Comparison compare = ParseSign();
+            Add({Act::Compare, compare, left, ParseOperand()});
+        } else if (left.fact) {
+            Add({Act::Compare, Holding<std::not_equal_to<>>, left});
         } else {
-            scanner.Refuse(start, "a number must be compared with something");
+            Refuse(start, "a number must be compared with something");
         }
-        Add(comparison);
     }
 
-    Sign ParseSign() {
-        constexpr std::array<std::pair<std::string_view, Sign>, 7> kSigns = {
-            {{"<", Sign::Less},
-             {"<=", Sign::LessEqual},
-             {">", Sign::Greater},
-             {">=", Sign::GreaterEqual},
-             {"=", Sign::Equal},
-             {"==", Sign::Equal},
-             {"!=", Sign::NotEqual}}};
-        const Token token = scanner.Current();
+    Comparison ParseSign() {
         const auto* const found =
-            std::ranges::find(kSigns, token.text, &std::pair<std::string_view, Sign>::first);
+            std::ranges::find(kSigns, token.text, [](const auto& row) { return row.first; });
         if (found == kSigns.end()) {
-            scanner.Refuse(token,
-                           Report::Quote(token.text) +
-                               " is none of < <= > >= = !=; for \"not\" write not");
+            Refuse(token,
+                   Report::Quote(token.text) + " is none of < <= > >= = !=; for \"not\" write not");
         }
-        scanner.Next();
+        Next();
         return found->second;
     }
 
     Operand ParseOperand() {
-        const Token token = scanner.Current();
-        if (token.kind == Kind::Number) {
-            scanner.Next();
-            return {false, 0, ParseNumber(token)};
+        const Token start = token;
+        if (start.kind == Kind::Number) {
+            Next();
+            return {std::nullopt, ParseNumber(start)};
         }
-        if (token.kind == Kind::Word && !IsKeyword("and") && !IsKeyword("or") &&
-            !IsKeyword("not")) {
-            scanner.Next();
-            return {true, ParseFact(token), 0};
+        if (start.kind == Kind::Word && !Is("and") && !Is("or") && !Is("not")) {
+            Next();
+            return {ParseFact(start)};
         }
-        scanner.Refuse(token, "a fact or a number is expected, not " + Named(token));
+        Refuse(start, "a fact or a number is expected, not " + Named(start));
     }
 
-    std::int64_t ParseNumber(const Token& token) const {
+    std::int64_t ParseNumber(const Token& at) const {
         std::int64_t number = 0;
-        const char* const end = token.text.data() + token.text.size();
-        const auto [stop, fault] = std::from_chars(token.text.data(), end, number);
+        const char* const end = at.text.data() + at.text.size();
+        const auto [stop, fault] = std::from_chars(at.text.data(), end, number);
         if (fault == std::errc::result_out_of_range) {
-            scanner.Refuse(token, Report::Quote(token.text) + " is too large");
+            Refuse(at, Report::Quote(at.text) + " is too large");
         }
         if (fault != std::errc() || stop != end) {
-            scanner.Refuse(token, Report::Quote(token.text) + " is no whole number");
+            Refuse(at, Report::Quote(at.text) + " is no whole number");
         }
         return number;
     }
 
-    std::size_t ParseFact(const Token& token) {
-        const std::optional<std::size_t> fact = Report::FindFact(token.text);
+    std::size_t ParseFact(const Token& at) {
+        const std::optional<std::size_t> fact = Report::FindFact(at.text);
         if (!fact) {
-            scanner.Refuse(token, NoFact(token.text));
+            Refuse(at, Report::NoFact(at.text));
         }
         if (std::ranges::find(condition.used, *fact) == condition.used.end()) {
             condition.used.push_back(*fact);
@@ -284,36 +255,15 @@ private:
     }
 
     Condition& condition;
-    Scanner scanner;
+    std::string_view text;
+    std::string_view name;
+    std::size_t place = 0; // behind the token
+    Token token;
     int depth = 0;
 };
 
 Condition::Condition(std::string_view text, std::string_view name) {
     Parser(*this, text, name).Parse();
-}
-
-std::int64_t Condition::ValueOf(const Operand& operand, const Report::FactValues& values) {
-    return operand.isFact ? values.at(operand.fact) : operand.number;
-}
-
-bool Condition::Compare(const Instruction& comparison, const Report::FactValues& values) {
-    const std::int64_t left = ValueOf(comparison.left, values);
-    const std::int64_t right = ValueOf(comparison.right, values);
-    switch (comparison.sign) {
-    case Sign::Less:
-        return left < right;
-    case Sign::LessEqual:
-        return left <= right;
-    case Sign::Greater:
-        return left > right;
-    case Sign::GreaterEqual:
-        return left >= right;
-    case Sign::Equal:
-        return left == right;
-    case Sign::NotEqual:
-        return left != right;
-    }
-    return false;
 }
 
 bool Condition::Holds(const Report::FactValues& values) const {
@@ -325,7 +275,8 @@ bool Condition::Holds(const Report::FactValues& values) const {
     };
     for (const Instruction& instruction : program) {
         if (instruction.act == Act::Compare) {
-            results.push_back(Compare(instruction, values));
+            results.push_back(
+                instruction.compare(instruction.left.In(values), instruction.right.In(values)));
             continue;
         }
         const bool last = take();

@@ -5,6 +5,7 @@
 #include "tools/facts/DungeonFacts.h"
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -38,25 +39,24 @@ public:
 private:
     class Parser;
 
-    enum class Sign : std::uint8_t { Less, LessEqual, Greater, GreaterEqual, Equal, NotEqual };
     enum class Act : std::uint8_t { Compare, Not, And, Or };
 
     struct Operand {
-        bool isFact = false;
-        std::size_t fact = 0;
+        std::optional<std::size_t> fact;
         std::int64_t number = 0;
+
+        std::int64_t In(const Report::FactValues& values) const {
+            return fact ? values.at(*fact) : number;
+        }
     };
 
     // Parts stand before what joins them, so that no recursion is needed to judge.
     struct Instruction {
         Act act = Act::Compare;
-        Sign sign = Sign::Equal;
+        bool (*compare)(std::int64_t left, std::int64_t right) = nullptr;
         Operand left{};
         Operand right{};
     };
-
-    static std::int64_t ValueOf(const Operand& operand, const Report::FactValues& values);
-    static bool Compare(const Instruction& comparison, const Report::FactValues& values);
 
     std::vector<Instruction> program;
     std::vector<std::size_t> used;

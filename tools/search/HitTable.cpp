@@ -5,6 +5,7 @@
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/HarmlessText.h>
+#include <vaultry/foundation/Text.h>
 
 #include <charconv>
 #include <utility>
@@ -30,13 +31,9 @@ std::size_t ColumnCount() {
 } // namespace
 
 void WriteCsv(const std::vector<Hit>& hits, std::ostream& out) {
-    std::string line;
-    for (const std::string& column : Columns()) {
-        line += (line.empty() ? "" : ",") + column;
-    }
-    out << line << '\n';
+    out << JoinWords(Columns(), ",") << '\n';
     for (const Hit& hit : hits) {
-        line.clear();
+        std::string line;
         for (const std::int64_t value : hit.values) {
             line += std::to_string(value) + ',';
         }

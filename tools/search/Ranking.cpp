@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/search/Ranking.h"
 
-#include "tools/search/FactOffer.h"
 #include "tools/text/UsageError.h"
 
 #include <algorithm>
@@ -29,7 +28,7 @@ Order::Key Order::ParseKey(std::string_view text) {
     const std::string_view name = text.substr(0, colon);
     const std::optional<std::size_t> fact = Report::FindFact(name);
     if (!fact) {
-        throw UsageError("--sort: " + NoFact(name));
+        throw UsageError("--sort: " + Report::NoFact(name));
     }
     return {*fact, colon != std::string_view::npos && ParseDirection(text.substr(colon + 1))};
 }

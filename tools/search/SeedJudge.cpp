@@ -10,14 +10,7 @@ SeedJudge::SeedJudge(GenMgr& configured, Make makeDungeon, Condition condition)
     : manager(configured), make(std::move(makeDungeon)), wanted(std::move(condition)),
       worth(*manager.config.contentMgr), shapes(manager.jobStatus) {}
 
-// Another dungeon may well need less memory.
 Verdict SeedJudge::Judge(std::uint32_t seed) try {
-    return JudgeWithMemory(seed);
-} catch (const std::bad_alloc&) {
-    return {std::nullopt, "out of memory"};
-}
-
-Verdict SeedJudge::JudgeWithMemory(std::uint32_t seed) {
     manager.SetLevelObserver(&shapes);
     const RunResult result = make(seed);
     manager.SetLevelObserver(nullptr);
@@ -31,6 +24,8 @@ Verdict SeedJudge::JudgeWithMemory(std::uint32_t seed) {
     tally.errors = result.errors.size();
     Report::FactValues values = Report::ValuesOf(tally);
     return wanted.Holds(values) ? Verdict{std::move(values), {}} : Verdict{};
+} catch (const std::bad_alloc&) {
+    return {std::nullopt, "out of memory"}; // another dungeon may well need less
 }
 
 } // namespace Tarnex::Search

@@ -26,8 +26,6 @@ public:
     Verdict Judge(std::uint32_t seed);
 
 private:
-    Verdict JudgeWithMemory(std::uint32_t seed);
-
     GenMgr& manager;
     Make make;
     Condition wanted;

@@ -131,8 +131,6 @@ private:
 
 } // namespace
 
-SearchListener::~SearchListener() = default;
-
 SearchOutcome SearchSeeds(const SeedRange& range,
                           std::size_t jobs,
                           const MakeJudge& makeJudge,

@@ -24,7 +24,7 @@ using MakeJudge = std::function<Judge(JobStatus& status)>;
 /// Hears of a search while it runs, on the thread that searches, and of the seeds in their order.
 class SearchListener {
 public:
-    virtual ~SearchListener();
+    virtual ~SearchListener() = default;
     /// A seed that is wanted.
     virtual void Found(Report::FactValues values) = 0;
     /// A seed that could not be judged.
