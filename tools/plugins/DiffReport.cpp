@@ -4,19 +4,9 @@
 #include "tools/text/Json.h"
 #include "tools/text/Words.h"
 
+#include <vaultry/foundation/Text.h>
+
 namespace Tarnex::Report {
-
-namespace {
-
-// The first letter large; a subject begins with a word of ours.
-std::string Capitalised(std::string text) {
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') {
-        text[0] = static_cast<char>(text[0] - 'a' + 'A');
-    }
-    return text;
-}
-
-} // namespace
 
 DiffResult Diff(const LoadedPlugin& a, const LoadedPlugin& b) {
     DiffResult result{a.path, b.path, ComparePlugins(a.file, b.file)};
@@ -36,7 +26,7 @@ void PrintDiff(const DiffResult& result, std::ostream& out) {
     for (const Difference& difference : result.differences) {
         if (difference.subject != subject) {
             subject = difference.subject;
-            out << Capitalised(subject) << '\n';
+            out << ToUpper(subject.substr(0, 1)) << subject.substr(1) << '\n';
         }
         out << "  " << difference.text << '\n';
     }

@@ -39,24 +39,155 @@ class Checker {
 public:
     explicit Checker(const PluginFile& plugin) : file(plugin), index(plugin) {}
 
-    std::vector<PluginFinding> Run();
+    std::vector<PluginFinding> Run() {
+        findings = file.findings;
+        CheckHeader();
+        for (const PluginCell& cell : file.cells) {
+            CheckCell(cell);
+        }
+        for (const PluginContainer& container : file.containers) {
+            CheckContainer(container);
+        }
+        std::ranges::stable_sort(findings, {}, &PluginFinding::offset);
+        return std::move(findings);
+    }
 
 private:
     void Report(std::uint64_t offset, const std::string& owner, const std::string& text) {
         findings.push_back({offset, owner + ' ' + text});
     }
 
-    void CheckHeader();
+    void CheckHeader() {
+        const std::uint32_t count = file.header.recordCount;
+        if (file.complete && count != 0 && count != file.records) {
+            Report(0,
+                   "the header says",
+                   Counted(count, "record") + ", " + std::to_string(file.records) + " follow");
+        }
+        for (const PluginMaster& master : file.header.masters) {
+            if (master.name.empty()) {
+                Report(0, "the header", "names a master without a name");
+            }
+        }
+    }
+
     void CheckLength(std::uint64_t offset,
                      const std::string& owner,
                      const std::string& text,
-                     const Limit& limit);
-    void CheckCell(const PluginCell& cell);
-    void CheckCount(const PluginCell& cell, const std::string& owner);
-    void CheckRef(const PluginRef& ref, const std::string& owner);
-    void CheckPlace(const PluginRef& ref, const std::string& owner);
-    void CheckContainer(const PluginContainer& container);
-    void CheckItems(const PluginContainer& container, const std::string& owner);
+                     const Limit& limit) {
+        if (text.empty()) {
+            Report(offset, owner, std::string("has no ") + limit.what);
+        } else if (text.size() > limit.longest) {
+            Report(offset, owner, std::string("has ") + limit.aWhat + TooLong(text, limit));
+        }
+    }
+
+    void CheckCell(const PluginCell& cell) {
+        const std::string owner = "cell " + Quoted(cell.name);
+        CheckLength(cell.offset, owner, cell.name, kCellNameLimit);
+        if (!cellNames.insert(ToUpper(cell.name)).second) {
+            Report(cell.offset, owner, "has the name of another");
+        }
+        CheckCount(cell, owner);
+        // Ordered: a table could be filled with numbers that all collide in it.
+        std::set<std::uint32_t> numbers;
+        for (const PluginRef& ref : cell.refs) {
+            const std::string refOwner =
+                owner + ", reference " + RefNumber(ref) + ' ' + Quoted(ref.id);
+            if (!numbers.insert(ref.index).second) {
+                Report(ref.offset, refOwner, "has the number of another");
+            }
+            CheckRef(ref, refOwner);
+        }
+    }
+
+    void CheckCount(const PluginCell& cell, const std::string& owner) {
+        // Other programs count only those that stand behind the number.
+        const std::size_t behind = cell.refs.size() - cell.refsBeforeCount;
+        if (cell.refCount && *cell.refCount != cell.refs.size() && *cell.refCount != behind) {
+            Report(cell.offset,
+                   owner,
+                   "says " + Counted(*cell.refCount, "reference") + ", " +
+                       std::to_string(cell.refs.size()) + " are there");
+        }
+    }
+
+    void CheckRef(const PluginRef& ref, const std::string& owner) {
+        placedIds.insert(ToUpper(ref.id));
+        if (ref.deleted) {
+            return;
+        }
+        CheckLength(ref.offset, owner, ref.id, kIdLimit);
+        const std::uint32_t master = ref.index >> kMasterShift;
+        if (master > file.header.masters.size()) {
+            Report(ref.offset,
+                   owner,
+                   "belongs to master " + std::to_string(master) + " of " +
+                       std::to_string(file.header.masters.size()));
+        }
+        if (IsContainerId(ref.id) && !index.HasContainer(ref.id)) {
+            Report(ref.offset, owner, "is a container without a record");
+        }
+        CheckPlace(ref, owner);
+    }
+
+    void CheckPlace(const PluginRef& ref, const std::string& owner) {
+        if (!IsFinite(ref.place.position) || !IsFinite(ref.place.rotation)) {
+            Report(ref.offset, owner, "stands at no finite place");
+        }
+        // Written so that not-a-number is outside, too.
+        if (!(ref.scale >= kSmallestScale && ref.scale <= kLargestScale)) {
+            Report(ref.offset,
+                   owner,
+                   "has a scale of " + ExactNumber(ref.scale) + ", outside 0.5 to 2");
+        }
+        if (!ref.destination) {
+            return;
+        }
+        const PluginPlace& arrival = ref.destination->arrival;
+        if (!IsFinite(arrival.position) || !IsFinite(arrival.rotation)) {
+            Report(ref.offset, owner, "leads to no finite place");
+        }
+        const std::string& cell = ref.destination->cell;
+        if (!cell.empty() && !index.HasCell(cell)) {
+            Report(ref.offset, owner, "leads to " + Quoted(cell) + ", not in this plug-in");
+        }
+    }
+
+    void CheckContainer(const PluginContainer& container) {
+        const std::string owner = "container " + Quoted(container.id);
+        CheckLength(container.offset, owner, container.id, kIdLimit);
+        if (!containerIds.insert(ToUpper(container.id)).second) {
+            Report(container.offset, owner, "has the id of another");
+        }
+        if (container.deleted) {
+            return;
+        }
+        if (!std::isfinite(container.capacity)) {
+            Report(container.offset, owner, "has no finite capacity");
+        }
+        if ((container.flags & kContainerFlag) == 0) {
+            Report(container.offset, owner, "lacks flag 8, which the game demands");
+        }
+        CheckItems(container, owner);
+        // What stands in exteriors or behind the end of a cut file is not read.
+        if (file.complete && file.exteriorCells == 0 &&
+            !placedIds.contains(ToUpper(container.id))) {
+            Report(container.offset, owner, "is placed in no cell");
+        }
+    }
+
+    void CheckItems(const PluginContainer& container, const std::string& owner) {
+        for (const PluginItem& item : container.items) {
+            if (item.id.empty()) {
+                Report(container.offset, owner, "holds an item without an id");
+            } else if (item.id.size() > kIdLimit.longest) {
+                Report(container.offset,
+                       owner,
+                       "holds " + Quoted(item.id) + ", an id" + TooLong(item.id, kIdLimit));
+            }
+        }
+    }
 
     const PluginFile& file;
     PluginIndex index;
@@ -65,148 +196,6 @@ private:
     std::unordered_set<std::string> placedIds;
     std::vector<PluginFinding> findings;
 };
-
-void Checker::CheckHeader() {
-    const std::uint32_t count = file.header.recordCount;
-    if (file.complete && count != 0 && count != file.records) {
-        Report(0,
-               "the header says",
-               Counted(count, "record") + ", " + std::to_string(file.records) + " follow");
-    }
-    for (const PluginMaster& master : file.header.masters) {
-        if (master.name.empty()) {
-            Report(0, "the header", "names a master without a name");
-        }
-    }
-}
-
-void Checker::CheckLength(std::uint64_t offset,
-                          const std::string& owner,
-                          const std::string& text,
-                          const Limit& limit) {
-    if (text.empty()) {
-        Report(offset, owner, std::string("has no ") + limit.what);
-    } else if (text.size() > limit.longest) {
-        Report(offset, owner, std::string("has ") + limit.aWhat + TooLong(text, limit));
-    }
-}
-
-void Checker::CheckCount(const PluginCell& cell, const std::string& owner) {
-    // Other programs count only those that stand behind the number.
-    const std::size_t behind = cell.refs.size() - cell.refsBeforeCount;
-    if (cell.refCount && *cell.refCount != cell.refs.size() && *cell.refCount != behind) {
-        Report(cell.offset,
-               owner,
-               "says " + Counted(*cell.refCount, "reference") + ", " +
-                   std::to_string(cell.refs.size()) + " are there");
-    }
-}
-
-void Checker::CheckCell(const PluginCell& cell) {
-    const std::string owner = "cell " + Quoted(cell.name);
-    CheckLength(cell.offset, owner, cell.name, kCellNameLimit);
-    if (!cellNames.insert(ToUpper(cell.name)).second) {
-        Report(cell.offset, owner, "has the name of another");
-    }
-    CheckCount(cell, owner);
-    // Ordered: a table could be filled with numbers that all collide in it.
-    std::set<std::uint32_t> numbers;
-    for (const PluginRef& ref : cell.refs) {
-        const std::string refOwner = owner + ", reference " + RefNumber(ref) + ' ' + Quoted(ref.id);
-        if (!numbers.insert(ref.index).second) {
-            Report(ref.offset, refOwner, "has the number of another");
-        }
-        CheckRef(ref, refOwner);
-    }
-}
-
-void Checker::CheckPlace(const PluginRef& ref, const std::string& owner) {
-    if (!IsFinite(ref.place.position) || !IsFinite(ref.place.rotation)) {
-        Report(ref.offset, owner, "stands at no finite place");
-    }
-    // Written so that not-a-number is outside, too.
-    if (!(ref.scale >= kSmallestScale && ref.scale <= kLargestScale)) {
-        Report(
-            ref.offset, owner, "has a scale of " + ExactNumber(ref.scale) + ", outside 0.5 to 2");
-    }
-    if (!ref.destination) {
-        return;
-    }
-    const PluginPlace& arrival = ref.destination->arrival;
-    if (!IsFinite(arrival.position) || !IsFinite(arrival.rotation)) {
-        Report(ref.offset, owner, "leads to no finite place");
-    }
-    const std::string& cell = ref.destination->cell;
-    if (!cell.empty() && !index.HasCell(cell)) {
-        Report(ref.offset, owner, "leads to " + Quoted(cell) + ", not in this plug-in");
-    }
-}
-
-void Checker::CheckRef(const PluginRef& ref, const std::string& owner) {
-    placedIds.insert(ToUpper(ref.id));
-    if (ref.deleted) {
-        return;
-    }
-    CheckLength(ref.offset, owner, ref.id, kIdLimit);
-    const std::uint32_t master = ref.index >> kMasterShift;
-    if (master > file.header.masters.size()) {
-        Report(ref.offset,
-               owner,
-               "belongs to master " + std::to_string(master) + " of " +
-                   std::to_string(file.header.masters.size()));
-    }
-    if (IsContainerId(ref.id) && !index.HasContainer(ref.id)) {
-        Report(ref.offset, owner, "is a container without a record");
-    }
-    CheckPlace(ref, owner);
-}
-
-void Checker::CheckItems(const PluginContainer& container, const std::string& owner) {
-    for (const PluginItem& item : container.items) {
-        if (item.id.empty()) {
-            Report(container.offset, owner, "holds an item without an id");
-        } else if (item.id.size() > kIdLimit.longest) {
-            Report(container.offset,
-                   owner,
-                   "holds " + Quoted(item.id) + ", an id" + TooLong(item.id, kIdLimit));
-        }
-    }
-}
-
-void Checker::CheckContainer(const PluginContainer& container) {
-    const std::string owner = "container " + Quoted(container.id);
-    CheckLength(container.offset, owner, container.id, kIdLimit);
-    if (!containerIds.insert(ToUpper(container.id)).second) {
-        Report(container.offset, owner, "has the id of another");
-    }
-    if (container.deleted) {
-        return;
-    }
-    if (!std::isfinite(container.capacity)) {
-        Report(container.offset, owner, "has no finite capacity");
-    }
-    if ((container.flags & kContainerFlag) == 0) {
-        Report(container.offset, owner, "lacks flag 8, which the game demands");
-    }
-    CheckItems(container, owner);
-    // What stands in exteriors or behind the end of a cut file is not read.
-    if (file.complete && file.exteriorCells == 0 && !placedIds.contains(ToUpper(container.id))) {
-        Report(container.offset, owner, "is placed in no cell");
-    }
-}
-
-std::vector<PluginFinding> Checker::Run() {
-    findings = file.findings;
-    CheckHeader();
-    for (const PluginCell& cell : file.cells) {
-        CheckCell(cell);
-    }
-    for (const PluginContainer& container : file.containers) {
-        CheckContainer(container);
-    }
-    std::ranges::stable_sort(findings, {}, &PluginFinding::offset);
-    return std::move(findings);
-}
 
 } // namespace
 

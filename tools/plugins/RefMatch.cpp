@@ -72,7 +72,18 @@ public:
         PairNearest(group);
     }
 
-    std::vector<RefPair> Pairs() const;
+    std::vector<RefPair> Pairs() const {
+        std::vector<RefPair> pairs;
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            pairs.push_back({&a[i], partners[i] == kNone ? nullptr : &b[partners[i]]});
+        }
+        for (std::size_t i = 0; i < b.size(); ++i) {
+            if (!taken[i]) {
+                pairs.push_back({nullptr, &b[i]});
+            }
+        }
+        return pairs;
+    }
 
 private:
     static constexpr std::size_t kNone = ~std::size_t{0};
@@ -85,89 +96,73 @@ private:
         std::erase_if(group.a, [this](std::size_t i) { return partners[i] != kNone; });
         std::erase_if(group.b, [this](std::size_t i) { return taken[i]; });
     }
-    void PairEqual(Group& group, Words (*wordsOf)(const PluginRef&));
-    void PairNearest(Group& group);
+
+    void PairEqual(Group& group, Words (*wordsOf)(const PluginRef&)) {
+        const auto sorted = [wordsOf](const std::vector<std::size_t>& places,
+                                      const std::vector<PluginRef>& refs) {
+            std::vector<std::pair<Words, std::size_t>> entries;
+            entries.reserve(places.size());
+            for (const std::size_t place : places) {
+                entries.emplace_back(wordsOf(refs[place]), place);
+            }
+            std::ranges::sort(entries);
+            return entries;
+        };
+        const auto ofA = sorted(group.a, a);
+        const auto ofB = sorted(group.b, b);
+        auto next = ofB.begin();
+        for (const auto& [words, place] : ofA) {
+            while (next != ofB.end() && next->first < words) {
+                ++next;
+            }
+            if (next != ofB.end() && next->first == words) {
+                Pair(place, next->second);
+                ++next;
+            }
+        }
+        DropPaired(group);
+    }
+
+    // To look at every pair would take a plug-in made for it hours.
+    void PairNearest(Group& group) {
+        const auto later =
+            group.b.begin() + static_cast<std::ptrdiff_t>(std::min(group.b.size(), kMostCompared));
+        std::vector<std::size_t> candidates(group.b.begin(), later);
+        std::size_t next = candidates.size();
+        for (const std::size_t place : group.a) {
+            if (candidates.empty()) {
+                return;
+            }
+            const auto nearest =
+                candidates.begin() + NearestOf(candidates, a[place].place.position);
+            Pair(place, *nearest);
+            candidates.erase(nearest);
+            if (next < group.b.size()) {
+                candidates.push_back(group.b[next++]);
+            }
+        }
+    }
+
+    // Of equally near ones the first; what has no place is never nearer.
     std::ptrdiff_t NearestOf(const std::vector<std::size_t>& candidates,
-                             const Di3Point& position) const;
+                             const Di3Point& position) const {
+        std::size_t nearest = 0;
+        double least = std::numeric_limits<double>::infinity();
+        for (std::size_t i = 0; i < candidates.size(); ++i) {
+            const double distance = SquaredDistance(b[candidates[i]].place.position, position);
+            if (distance < least) {
+                least = distance;
+                nearest = i;
+            }
+        }
+        return static_cast<std::ptrdiff_t>(nearest);
+    }
 
     const std::vector<PluginRef>& a;
     const std::vector<PluginRef>& b;
     std::vector<std::size_t> partners; // of each of a, its place in b
     std::vector<bool> taken;           // of each of b
 };
-
-void Matcher::PairEqual(Group& group, Words (*wordsOf)(const PluginRef&)) {
-    const auto sorted = [wordsOf](const std::vector<std::size_t>& places,
-                                  const std::vector<PluginRef>& refs) {
-        std::vector<std::pair<Words, std::size_t>> entries;
-        entries.reserve(places.size());
-        for (const std::size_t place : places) {
-            entries.emplace_back(wordsOf(refs[place]), place);
-        }
-        std::ranges::sort(entries);
-        return entries;
-    };
-    const auto ofA = sorted(group.a, a);
-    const auto ofB = sorted(group.b, b);
-    auto next = ofB.begin();
-    for (const auto& [words, place] : ofA) {
-        while (next != ofB.end() && next->first < words) {
-            ++next;
-        }
-        if (next != ofB.end() && next->first == words) {
-            Pair(place, next->second);
-            ++next;
-        }
-    }
-    DropPaired(group);
-}
-
-// To look at every pair would take a plug-in made for it hours.
-void Matcher::PairNearest(Group& group) {
-    const auto later =
-        group.b.begin() + static_cast<std::ptrdiff_t>(std::min(group.b.size(), kMostCompared));
-    std::vector<std::size_t> candidates(group.b.begin(), later);
-    std::size_t next = candidates.size();
-    for (const std::size_t place : group.a) {
-        if (candidates.empty()) {
-            return;
-        }
-        const auto nearest = candidates.begin() + NearestOf(candidates, a[place].place.position);
-        Pair(place, *nearest);
-        candidates.erase(nearest);
-        if (next < group.b.size()) {
-            candidates.push_back(group.b[next++]);
-        }
-    }
-}
-
-// Of equally near ones the first; what has no place is never nearer.
-std::ptrdiff_t Matcher::NearestOf(const std::vector<std::size_t>& candidates,
-                                  const Di3Point& position) const {
-    std::size_t nearest = 0;
-    double least = std::numeric_limits<double>::infinity();
-    for (std::size_t i = 0; i < candidates.size(); ++i) {
-        const double distance = SquaredDistance(b[candidates[i]].place.position, position);
-        if (distance < least) {
-            least = distance;
-            nearest = i;
-        }
-    }
-    return static_cast<std::ptrdiff_t>(nearest);
-}
-
-std::vector<RefPair> Matcher::Pairs() const {
-    std::vector<RefPair> pairs;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        pairs.push_back({&a[i], partners[i] == kNone ? nullptr : &b[partners[i]]});
-    }
-    for (std::size_t i = 0; i < b.size(); ++i) {
-        if (!taken[i]) {
-            pairs.push_back({nullptr, &b[i]});
-        }
-    }
-    return pairs;
-}
 
 } // namespace
 
