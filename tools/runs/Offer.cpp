@@ -5,21 +5,11 @@
 
 #include <vaultry/foundation/CodePage.h>
 
+#include <type_traits>
+
 namespace Tarnex::Report {
 
 namespace {
-
-void AddProperties(OfferedName& /*offered*/, const TileSet& /*tileSet*/) {}
-
-void AddProperties(OfferedName& offered, const Theme& theme) {
-    offered.level = theme.level;
-}
-
-void AddProperties(OfferedName& offered, const LayoutTemplate& layout) {
-    offered.size = DiPos(static_cast<std::int32_t>(layout.GetWidth()),
-                         static_cast<std::int32_t>(layout.GetHeight()),
-                         0);
-}
 
 template <typename T>
 OfferedList ListOf(const char* option,
@@ -31,7 +21,11 @@ OfferedList ListOf(const char* option,
         OfferedName& offered = list.names.emplace_back();
         offered.name = ToUtf8(object->GetName());
         offered.isDefault = object == chosen;
-        AddProperties(offered, *object);
+        if constexpr (std::is_same_v<T, Theme>) {
+            offered.level = object->level;
+        } else if constexpr (std::is_same_v<T, LayoutTemplate>) {
+            offered.size = object->GetSize();
+        }
     }
     return list;
 }

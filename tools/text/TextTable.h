@@ -18,7 +18,6 @@ public:
 
     /// A row has as many cells as there are columns.
     void Add(std::vector<std::string> row) { rows.push_back(std::move(row)); }
-    bool IsEmpty() const { return rows.empty(); }
 
     /// Prints each row as a line behind `indent` blanks, without blanks at its end.
     void Print(std::ostream& out, std::size_t indent) const;

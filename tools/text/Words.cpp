@@ -27,20 +27,11 @@ std::string Shown(std::string_view codePageText) {
 }
 
 std::string Quoted(std::string_view codePageText) {
-    std::string text = "\"";
-    text += Shown(codePageText);
-    text += '"';
-    return text;
+    return '"' + Shown(codePageText) + '"';
 }
 
 std::string Counted(std::uint64_t count, std::string_view noun) {
-    std::string text = std::to_string(count);
-    text += ' ';
-    text += noun;
-    if (count != 1) {
-        text += 's';
-    }
-    return text;
+    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
 }
 
 std::string Number(double value, int decimals) {
@@ -90,17 +81,13 @@ double Degrees(float radians) {
 }
 
 std::string PointWords(const Di3Point& point) {
-    std::string text = "(";
-    text += ExactNumber(point.x) + ", " + ExactNumber(point.y) + ", " + ExactNumber(point.z);
-    text += ')';
-    return text;
+    return '(' + ExactNumber(point.x) + ", " + ExactNumber(point.y) + ", " + ExactNumber(point.z) +
+           ')';
 }
 
 std::string ColorWords(PluginColor color) {
-    std::string text = std::to_string(color & 0xFF);
-    text += ' ' + std::to_string(color >> 8 & 0xFF);
-    text += ' ' + std::to_string(color >> 16 & 0xFF);
-    return text;
+    return std::to_string(color & 0xFF) + ' ' + std::to_string(color >> 8 & 0xFF) + ' ' +
+           std::to_string(color >> 16 & 0xFF);
 }
 
 std::string TagWords(const PluginTagCounts& counts) {
