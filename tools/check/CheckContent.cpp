@@ -5,6 +5,7 @@
 #include <vaultry/gen/ContentPlace.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace Tarnex::Report {
 
@@ -17,22 +18,12 @@ struct Containers {
 };
 
 Containers PlacedContainers(const ConfigTree& tree) {
-    bool any = false;
-    NameSet names;
-    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
-        const ConfigElement* theme = tree.Around(*item);
-        if (theme == nullptr || theme->element != ElementClass::Theme ||
-            !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Container})) {
-            continue;
-        }
-        const auto listed = ListedNames(AttributeText(*item, Attrib_UniqueName));
-        any |= listed.empty();
-        names.insert(listed.begin(), listed.end());
-    }
+    const ChosenContent chosen =
+        ChosenIn(tree, ElementClass::Theme, std::numeric_limits<int>::min(), Content_Container);
     Containers containers;
     for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
-        const bool chosen = any || names.contains(AttributeText(*content, Attrib_UniqueName));
-        if (Is(*content, Content_Container) && chosen) {
+        if (Is(*content, Content_Container) &&
+            chosen.Has(AttributeText(*content, Attrib_UniqueName))) {
             containers.placed = true;
             containers.capacity = std::max(containers.capacity, RealOf(*content, Attrib_Weight));
         }

@@ -67,12 +67,6 @@ SetsOfType SetsOf(const ConfigTree& tree, std::string_view type) {
     return found;
 }
 
-// A layout and what is inside: all of it is built from one tile set.
-struct Drawn {
-    const ConfigElement& layout;
-    const SetsOfType& sets;
-};
-
 void CheckCell(const ConfigElement& col, const SetsOfType& sets, Findings& findings) {
     for (const std::string& name : ListedNames(col.text)) {
         if (sets.all.contains(name)) {
@@ -183,24 +177,28 @@ void CheckSize(const ConfigElement& layout, Findings& findings) {
     }
 }
 
-void CheckLayout(const ConfigTree& tree, const Drawn& drawn, Findings& findings) {
-    CheckSize(drawn.layout, findings);
+// A layout and what is inside: all of it is built from one tile set.
+void CheckLayout(const ConfigTree& tree,
+                 const ConfigElement& layout,
+                 const SetsOfType& sets,
+                 Findings& findings) {
+    CheckSize(layout, findings);
     bool nests = false;
-    for (const ConfigElement* inside : tree.Inside(drawn.layout)) {
+    for (const ConfigElement* inside : tree.Inside(layout)) {
         const bool nested = inside->element == ElementClass::Layout;
         nests |= nested;
         if (nested) {
-            CheckLayout(tree, {*inside, drawn.sets}, findings);
+            CheckLayout(tree, *inside, sets, findings);
         }
         for (const ConfigElement* col : tree.Inside(*inside)) {
-            if (!nested && col->element == ElementClass::Col && !drawn.sets.all.empty()) {
-                CheckCell(*col, drawn.sets, findings);
+            if (!nested && col->element == ElementClass::Col && !sets.all.empty()) {
+                CheckCell(*col, sets, findings);
             }
         }
     }
     // The cells of others inside may lie beyond its rim.
     if (!nests) {
-        CheckRim(FilledCells(tree, drawn.layout), drawn.sets, findings);
+        CheckRim(FilledCells(tree, layout), sets, findings);
     }
 }
 
@@ -217,7 +215,7 @@ void CheckLayouts(const ConfigTree& tree, Findings& findings) {
         const bool cave = IsAnyOf(AttributeText(*layout, Attrib_Type), {Tile_Cave});
         // Without a tile set of the type, layouts may be meant for those of the other one.
         const bool useCaves = cave ? !caves.all.empty() : rooms.all.empty();
-        CheckLayout(tree, {*layout, useCaves ? caves : rooms}, findings);
+        CheckLayout(tree, *layout, useCaves ? caves : rooms, findings);
     }
 }
 

@@ -142,33 +142,11 @@ void CheckChance(const ConfigElement& item, Findings& findings) {
     }
 }
 
-// What random creature themes choose from: any creature, or those that are named.
-struct Wanted {
-    bool any = false;
-    NameSet names;
-};
-
-Wanted WantedCreatures(const ConfigTree& tree) {
-    Wanted wanted;
-    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
-        const ConfigElement* theme = tree.Around(*item);
-        const bool random = theme != nullptr && theme->element == ElementClass::CreatureTheme &&
-                            WholeOf(*theme, Attrib_Level) > 0;
-        if (!random || !IsAnyOf(AttributeText(*item, Attrib_Type), {Content_Creature})) {
-            continue;
-        }
-        const auto names = ListedNames(AttributeText(*item, Attrib_UniqueName));
-        wanted.any |= names.empty();
-        wanted.names.insert(names.begin(), names.end());
-    }
-    return wanted;
-}
-
 void CheckCreatures(const ConfigTree& tree, Findings& findings) {
-    const Wanted wanted = WantedCreatures(tree);
+    const ChosenContent chosen = ChosenIn(tree, ElementClass::CreatureTheme, 1, Content_Creature);
     for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
         const std::string name = AttributeText(*content, Attrib_UniqueName);
-        if (Is(*content, Content_Creature) && !wanted.any && !wanted.names.contains(name)) {
+        if (Is(*content, Content_Creature) && !chosen.Has(name)) {
             findings.Add(Weight::Note,
                          content->place,
                          "no CreatureTheme with a Level of 1 or more chooses Creature " +

@@ -3,6 +3,7 @@
 
 #include <vaultry/catalogue/Mirroring.h>
 #include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/Text.h>
 
 #include <algorithm>
 #include <array>
@@ -52,13 +53,10 @@ void CheckNeeded(const ConfigElement& tileSet, const NameSet& names, Findings& f
     }
     const bool forHalls = std::ranges::any_of(
         kHallPieces, [&names](std::string_view kind) { return names.contains(std::string(kind)); });
-    std::string list = missing.front();
-    for (std::size_t i = 1; i < missing.size(); ++i) {
-        list += ", " + missing[i];
-    }
     findings.Add(forHalls ? Weight::Warning : Weight::Note,
                  tileSet.place,
-                 "tile set " + InQuotes(AttributeText(tileSet, Tile_TsName)) + " lacks " + list,
+                 "tile set " + InQuotes(AttributeText(tileSet, Tile_TsName)) + " lacks " +
+                     JoinWords(missing),
                  forHalls ? "Random levels get holes, or their rooms cannot be joined."
                           : "The set serves fixed layouts; random levels cannot be built with it.");
 }

@@ -105,6 +105,23 @@ std::string ContentKind(const ConfigElement& content) {
     return Is(content, Content_Treasure) ? AttributeText(content, Attrib_Type) : content.name;
 }
 
+ChosenContent
+ChosenIn(const ConfigTree& tree, ElementClass themeClass, int leastLevel, std::string_view type) {
+    ChosenContent chosen;
+    for (const ConfigElement* item : tree.OfClass(ElementClass::ThemeItem)) {
+        const ConfigElement* theme = tree.Around(*item);
+        if (theme == nullptr || theme->element != themeClass ||
+            WholeOf(*theme, Attrib_Level) < leastLevel ||
+            !IsAnyOf(AttributeText(*item, Attrib_Type), {type})) {
+            continue;
+        }
+        const auto names = ListedNames(AttributeText(*item, Attrib_UniqueName));
+        chosen.any |= names.empty();
+        chosen.names.insert(names.begin(), names.end());
+    }
+    return chosen;
+}
+
 NameSet TileNames(const ConfigTree& tree, const ConfigElement& tileSet) {
     NameSet names;
     for (const ConfigElement* element : tree.Inside(tileSet)) {

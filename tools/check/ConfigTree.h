@@ -66,6 +66,18 @@ std::vector<std::string> ListedNames(const std::string& text);
 /// The kind of content under which themes find an element: its name, or the type of a treasure.
 std::string ContentKind(const ConfigElement& content);
 
+/// The content that items of themes choose: any of their type, or that of some names.
+struct ChosenContent {
+    bool any = false;
+    NameSet names;
+
+    bool Has(const std::string& name) const { return any || names.contains(name); }
+};
+
+/// What the items of that type choose in themes of that class and at least that level.
+ChosenContent
+ChosenIn(const ConfigTree& tree, ElementClass themeClass, int leastLevel, std::string_view type);
+
 /// The tiles of a set: those that are given and those that follow from them.
 NameSet TileNames(const ConfigTree& tree, const ConfigElement& tileSet);
 
