@@ -47,9 +47,9 @@ void SetText(T& object, const std::string& value) {
     Field<Path...>(object) = value;
 }
 
-template <typename T>
-void SetName(T& object, const std::string& value) {
-    object.SetName(value.c_str());
+template <typename T, void (T::*Setter)(const char*)>
+void Call(T& object, const std::string& value) {
+    (object.*Setter)(value.c_str());
 }
 
 template <typename T, auto... Path>
@@ -73,9 +73,9 @@ constexpr AttribRow<T> Text(std::string_view name) {
     return {{name}, SetText<T, Path...>};
 }
 
-template <typename T>
+template <typename T, void (T::*Setter)(const char*) = &T::SetName>
 constexpr AttribRow<T> Name(std::string_view name) {
-    return {{name}, SetName<T>};
+    return {{name}, Call<T, Setter>};
 }
 
 constexpr Bounds AtLeast(double least, const char* otherwise) {
@@ -115,10 +115,6 @@ void AddUniqueNames(ThemeItem& item, const std::string& value) {
     item.uniqueNames.insert(item.uniqueNames.end(), names.begin(), names.end());
 }
 
-void SetTileSetType(TileSet& tileSet, const std::string& value) {
-    tileSet.SetType(value.c_str());
-}
-
 void SetWallThickness(TileSet& tileSet, const std::string& value) {
     tileSet.SetWallThickness(static_cast<float>(ParseReal(value)));
 }
@@ -133,12 +129,9 @@ void SetTileSize(TileSet& tileSet, const std::string& value) {
     tileSet.SetTileSize(size);
 }
 
-double InitialTileSize() {
-    return TileSet().GetTileSize();
-}
-
-double InitialWallThickness() {
-    return static_cast<double>(TileSet().GetWallThickness());
+template <auto Getter>
+double InitialOfSet() {
+    return static_cast<double>((TileSet().*Getter)());
 }
 
 constexpr const char* kNoFloor = "No floor is laid.";
@@ -152,9 +145,9 @@ constexpr std::array<AttribRow<T>, 0> kAttribs = {};
 template <>
 constexpr std::array kAttribs<TileSet> = {
     Name<TileSet>(Tile_TsName),
-    AttribRow<TileSet>{{Tile_TsType}, SetTileSetType},
-    AttribRow<TileSet>{{Tile_WallThickness, ValueKind::Real, AtLeast(0, "What stands along walls is moved into them."), {}, InitialWallThickness}, SetWallThickness},
-    AttribRow<TileSet>{{Tile_TsSize, ValueKind::Whole, AtLeast(1, "The cells of a level lie one upon the other, or mirrored."), {}, InitialTileSize}, SetTileSize},
+    Name<TileSet, &TileSet::SetType>(Tile_TsType),
+    AttribRow<TileSet>{{Tile_WallThickness, ValueKind::Real, AtLeast(0, "What stands along walls is moved into them."), {}, InitialOfSet<&TileSet::GetWallThickness>}, SetWallThickness},
+    AttribRow<TileSet>{{Tile_TsSize, ValueKind::Whole, AtLeast(1, "The cells of a level lie one upon the other, or mirrored."), {}, InitialOfSet<&TileSet::GetTileSize>}, SetTileSize},
 };
 
 template <>

@@ -58,17 +58,6 @@ constexpr std::array<ElementFormat, 19> kElements = {{
 }};
 // clang-format on
 
-bool IsRecognised(Stands stands, const OpenElements& open) {
-    switch (stands) {
-    case Stands::InLayout:
-        return open.layout;
-    case Stands::InTheme:
-        return open.theme;
-    default:
-        return true;
-    }
-}
-
 } // namespace
 
 std::span<const ElementFormat> ElementFormats() {
@@ -95,7 +84,9 @@ ElementClass ClassifyElement(std::string_view name, const OpenElements& open) {
     if (open.platform) {
         return ElementClass::PlatformTile;
     }
-    const bool recognised = found != nullptr && IsRecognised(found->stands, open);
+    const bool recognised = found != nullptr &&
+                            (found->stands != Stands::InLayout || open.layout) &&
+                            (found->stands != Stands::InTheme || open.theme);
     return recognised ? found->element : ElementClass::Unknown;
 }
 

@@ -28,6 +28,21 @@ void Begin(DiPtr<T>& object, const xercesc::Attributes& attrs) {
     object = MakeFrom<T>(attrs);
 }
 
+template <typename T>
+void BeginPiece(DiPtr<T>& piece, const std::string& tag, const xercesc::Attributes& attrs) {
+    Begin(piece, attrs);
+    piece->kindName = tag;
+}
+
+// Files the piece if anything is open that takes it.
+template <typename Kit, typename T>
+void EndPiece(const DiPtr<Kit>& kit, DiPtr<T>& piece) {
+    if (kit) {
+        kit->Set(*piece);
+        piece = nullptr;
+    }
+}
+
 // Appends the object to the list if there is one, and lets go of it.
 template <typename T>
 void FileIn(std::vector<DiPtr<T>>& list, DiPtr<T>& object) {
@@ -92,15 +107,16 @@ void ConfigLoader::StartTag(const std::string& tag, const Attributes& attrs) {
     case ElementClass::TileSet:
         return Begin(curTileSet, attrs);
     case ElementClass::Tile:
-        return OnStartTile(tag, attrs);
+        return BeginPiece(curTile, tag, attrs);
     case ElementClass::Platform:
         return Begin(curPlatform, attrs);
     case ElementClass::PlatformTile:
-        return OnStartPlatformTile(tag, attrs);
+        return BeginPiece(curPlatformTile, tag, attrs);
     case ElementClass::Layout:
         return OnStartLayout(attrs);
     case ElementClass::Col:
-        return OnStartCol();
+        curCol = MakeDi<TemplateElmt>();
+        return;
     case ElementClass::Theme:
         return Begin(curTheme, attrs);
     case ElementClass::CreatureTheme:
@@ -150,9 +166,9 @@ void ConfigLoader::EndTag(const std::string& tag) {
         break;
     }
     if (curTile && EqualsNoCase(tag, curTile->kindName.Text())) {
-        OnEndTile();
+        EndPiece(curTileSet, curTile);
     } else if (curPlatformTile && EqualsNoCase(tag, curPlatformTile->kindName)) {
-        OnEndPlatformTile();
+        EndPiece(curPlatform, curPlatformTile);
     }
 }
 
@@ -171,16 +187,6 @@ void ConfigLoader::characters(const XMLCh* const chars, const XMLSize_t length) 
     for (const std::string_view name : SplitList(text)) {
         curCol->tileNames.emplace_back(name);
     }
-}
-
-void ConfigLoader::OnStartTile(const std::string& tag, const Attributes& attrs) {
-    Begin(curTile, attrs);
-    curTile->kindName = tag;
-}
-
-void ConfigLoader::OnStartPlatformTile(const std::string& tag, const Attributes& attrs) {
-    Begin(curPlatformTile, attrs);
-    curPlatformTile->kindName = tag;
 }
 
 // A refused layout leaves everything as it was: its cells then belong to whatever layout is open
@@ -217,10 +223,6 @@ bool ConfigLoader::IsTooLarge(const LayoutHead& head) {
     return false;
 }
 
-void ConfigLoader::OnStartCol() {
-    curCol = MakeDi<TemplateElmt>();
-}
-
 void ConfigLoader::OnStartThemeItem(const Attributes& attrs) {
     for (XMLSize_t i = 0; i < attrs.getLength(); ++i) {
         if (EqualsNoCase(Narrow(attrs.getQName(i)), Attrib_UniqueName)) {
@@ -248,20 +250,6 @@ void ConfigLoader::OnEndTileSet() {
         config.roomTileSets.push_back(tileSet);
     } else {
         ReportProblem({ProblemKind::UnknownTileSetType, {type, tileSet->GetName()}});
-    }
-}
-
-void ConfigLoader::OnEndTile() {
-    if (curTileSet) {
-        curTileSet->Set(*curTile);
-        curTile = nullptr;
-    }
-}
-
-void ConfigLoader::OnEndPlatformTile() {
-    if (curPlatform) {
-        curPlatform->Set(*curPlatformTile);
-        curPlatformTile = nullptr;
     }
 }
 

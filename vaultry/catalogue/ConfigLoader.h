@@ -69,21 +69,19 @@ protected:
     /// What a start tag of that name begins at the place reached.
     ElementClass Classify(std::string_view tag) const;
 
+    /// Where the parser is; 0 before it has begun.
+    DocumentPlace Reached() const;
+
 private:
     using Attributes = xercesc::Attributes;
 
     void StartTag(const std::string& tag, const Attributes& attrs);
     void EndTag(const std::string& tag);
-    void OnStartTile(const std::string& tag, const Attributes& attrs);
-    void OnStartPlatformTile(const std::string& tag, const Attributes& attrs);
     void OnStartLayout(const Attributes& attrs);
-    void OnStartCol();
     void OnStartThemeItem(const Attributes& attrs);
     void OnStartContent(const std::string& tag, const Attributes& attrs);
 
     void OnEndTileSet();
-    void OnEndTile();
-    void OnEndPlatformTile();
     void OnEndLayout();
     void OnEndRow();
     void OnEndCol();
@@ -95,7 +93,6 @@ private:
     void SpendNames(std::u16string_view list);
     void SpendAttributes(const Attributes& attrs);
     void Break(Problem problem);
-    DocumentPlace Reached() const;
 
     ConfigMgr& config;
     std::string file;

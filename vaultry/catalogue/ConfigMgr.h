@@ -16,21 +16,18 @@ namespace Tarnex {
 /// entries of one name; searches by name take the first.
 class VAULTRY_API ConfigMgr : public DiRcObject {
 public:
-    DiPtr<ContentMgr> contentMgr;                   ///< never null
-    std::vector<DiPtr<Platform>> platformList;      ///< for fixed interiors of caves
-    std::vector<DiPtr<LayoutTemplate>> caveLayouts; ///< top-level templates of the type "Cave"
-    std::vector<DiPtr<LayoutTemplate>> roomLayouts; ///< top-level templates of the type "Room"
-    std::vector<DiPtr<Theme>> themes;               ///< of furniture
-    std::vector<DiPtr<Theme>> creatureThemes;       ///< of creatures
-    std::vector<DiPtr<Theme>> treasureThemes;       ///< of what lies in containers
-    std::vector<DiPtr<TileSet>> caveTileSets;       ///< of the type "Cave"
-    std::vector<DiPtr<TileSet>> roomTileSets;       ///< of the type "Room"
-
-    /// An empty store.
-    ConfigMgr();
+    DiPtr<ContentMgr> contentMgr = MakeDi<ContentMgr>(); ///< never null
+    std::vector<DiPtr<Platform>> platformList;           ///< for fixed interiors of caves
+    std::vector<DiPtr<LayoutTemplate>> caveLayouts;      ///< top-level templates of the type "Cave"
+    std::vector<DiPtr<LayoutTemplate>> roomLayouts;      ///< top-level templates of the type "Room"
+    std::vector<DiPtr<Theme>> themes;                    ///< of furniture
+    std::vector<DiPtr<Theme>> creatureThemes;            ///< of creatures
+    std::vector<DiPtr<Theme>> treasureThemes;            ///< of what lies in containers
+    std::vector<DiPtr<TileSet>> caveTileSets;            ///< of the type "Cave"
+    std::vector<DiPtr<TileSet>> roomTileSets;            ///< of the type "Room"
 
     /// Empties the store. Objects that others still hold live on until their last handle goes.
-    void Reset();
+    void Reset() { *this = ConfigMgr(); }
 };
 
 } // namespace Tarnex

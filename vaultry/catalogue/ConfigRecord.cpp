@@ -6,7 +6,6 @@
 #include <vaultry/catalogue/TagFinder.h>
 #include <vaultry/catalogue/XmlText.h>
 
-#include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax2/Attributes.hpp>
 
 #include <algorithm>
@@ -29,11 +28,6 @@ public:
                    ConfigRecord& record_,
                    const std::string& bytes)
         : ConfigLoader(config, name), record(record_), finder(bytes) {}
-
-    void setDocumentLocator(const xercesc::Locator* const locator) override {
-        here = locator;
-        ConfigLoader::setDocumentLocator(locator);
-    }
 
     void startElement(const XMLCh* const uri,
                       const XMLCh* const localname,
@@ -80,14 +74,9 @@ public:
     }
 
 private:
-    DocumentPlace Here() const {
-        return here == nullptr ? DocumentPlace{}
-                               : DocumentPlace{here->getLineNumber(), here->getColumnNumber()};
-    }
-
     ConfigElement
     Recorded(std::size_t around, const XMLCh* qname, const xercesc::Attributes& attrs) {
-        const DocumentPlace end = Here();
+        const DocumentPlace end = Reached();
         const TagPlaces tag = finder.Find(end).value_or(TagPlaces{end, {}});
         ConfigElement element;
         element.name = Narrow(qname);
@@ -108,7 +97,6 @@ private:
 
     ConfigRecord& record;
     TagFinder finder;
-    const xercesc::Locator* here = nullptr;
     std::vector<std::size_t> open; // the elements around the current place
 };
 

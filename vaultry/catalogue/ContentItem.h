@@ -10,7 +10,7 @@ namespace Tarnex {
 class VAULTRY_API ContentItem : public ContentBase {
 public:
     /// True.
-    bool Instantiable() const override;
+    bool Instantiable() const override { return true; }
 };
 
 } // namespace Tarnex

@@ -10,7 +10,7 @@ namespace Tarnex {
 class VAULTRY_API ContentTemplate : public ContentBase {
 public:
     /// True: an item is made of it first; see ContentMgr::CvtToItem.
-    bool Instantiable() const override;
+    bool Instantiable() const override { return true; }
 };
 
 } // namespace Tarnex

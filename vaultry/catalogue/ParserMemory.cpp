@@ -7,7 +7,7 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 
-#include <new>
+#include <utility>
 
 namespace Tarnex {
 
@@ -25,14 +25,6 @@ constexpr bool IsReader(XMLSize_t size) {
 }
 
 } // namespace
-
-ParserMemory::~ParserMemory() {
-    while (last != nullptr) {
-        BlockHead* const head = last;
-        last = head->previous;
-        ::operator delete(head);
-    }
-}
 
 // An exception outlives the parse and must not hold what is taken back with it.
 xercesc::MemoryManager* ParserMemory::getExceptionMemoryManager() {
@@ -57,35 +49,25 @@ void* ParserMemory::allocate(XMLSize_t size) {
 }
 
 void* ParserMemory::Allocate(XMLSize_t size) {
-    if (size > LoadBudget::Most(Of::Memory) ||
-        !budget.Affords(Of::Memory, size + sizeof(BlockHead))) {
+    const std::size_t whole = size + sizeof(Block);
+    if (size > LoadBudget::Most(Of::Memory) || !budget.Affords(Of::Memory, whole)) {
         throw xercesc::OutOfMemoryException();
     }
-    const std::size_t whole = size + sizeof(BlockHead);
-    auto* head = ::new (::operator new(whole)) BlockHead{whole, last, nullptr};
+    Block block{std::unique_ptr<std::byte[]>(new std::byte[size]), whole};
+    void* const start = block.bytes.get();
+    blocks.emplace(start, std::move(block));
     budget.Count(Of::Memory, whole);
-    if (last != nullptr) {
-        last->next = head;
-    }
-    last = head;
-    return head + 1;
+    return start;
 }
 
 // The parser frees some blocks before it asks for others in their place: when these are refused it
 // frees the old ones again.
 void ParserMemory::deallocate(void* block) {
     if (block != nullptr && !refused) {
-        Free(static_cast<BlockHead*>(block) - 1);
+        const auto found = blocks.find(block);
+        budget.GiveBack(Of::Memory, found->second.whole);
+        blocks.erase(found);
     }
-}
-
-void ParserMemory::Free(BlockHead* head) {
-    (head->next != nullptr ? head->next->previous : last) = head->previous;
-    if (head->previous != nullptr) {
-        head->previous->next = head->next;
-    }
-    budget.GiveBack(Of::Memory, head->size);
-    ::operator delete(head);
 }
 
 } // namespace Tarnex

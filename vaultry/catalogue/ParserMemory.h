@@ -5,6 +5,8 @@
 #include <xercesc/framework/MemoryManager.hpp>
 
 #include <cstddef>
+#include <memory>
+#include <unordered_map>
 
 namespace Tarnex {
 
@@ -18,28 +20,22 @@ class ParserMemory : public xercesc::MemoryManager {
 public:
     /// The budget is not owned.
     explicit ParserMemory(LoadBudget& budget) : budget(budget) {}
-    ~ParserMemory() override;
-    ParserMemory(const ParserMemory&) = delete;
-    ParserMemory& operator=(const ParserMemory&) = delete;
 
     xercesc::MemoryManager* getExceptionMemoryManager() override;
     void* allocate(XMLSize_t size) override;
     void deallocate(void* block) override;
 
 private:
-    // Stands in front of each block and keeps the alignment of what follows.
-    struct alignas(std::max_align_t) BlockHead {
-        std::size_t size; // of head and block
-        BlockHead* previous;
-        BlockHead* next;
+    struct Block {
+        std::unique_ptr<std::byte[]> bytes;
+        std::size_t whole = 0; // with this
     };
 
     void* Allocate(XMLSize_t size);
-    void Free(BlockHead* head);
 
     LoadBudget& budget;
     bool refused = false;
-    BlockHead* last = nullptr;
+    std::unordered_map<void*, Block> blocks; // by where they begin
 };
 
 } // namespace Tarnex

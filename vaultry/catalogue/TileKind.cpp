@@ -4,7 +4,6 @@
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Text.h>
 
-#include <algorithm>
 #include <array>
 #include <unordered_map>
 
@@ -93,11 +92,6 @@ constexpr std::array<KindRow, TileKind::kCount> kKinds = {{
     {Tile_wStairsDn_2,   DirEW,   TileNone},
 }};
 // clang-format on
-
-static_assert(std::ranges::count_if(kKinds, [](const KindRow& k) { return k.dir != DirNone; }) ==
-              51);
-static_assert(std::ranges::count_if(kKinds, [](const KindRow& k) { return k.type != TileNone; }) ==
-              43);
 
 const std::unordered_map<std::string, std::int8_t>& RowsByUpperName() {
     static const auto rows = [] {
