@@ -17,39 +17,28 @@ namespace {
 
 using Options = RunOptions;
 
-template <typename T>
-std::vector<std::string> NamesOf(const std::vector<DiPtr<T>>& list) {
+template <auto List>
+std::vector<std::string> NamesIn(GenMgr& manager) {
     std::vector<std::string> names;
-    names.reserve(list.size());
-    for (const DiPtr<T>& object : list) {
+    for (const auto& object : (manager.*List)()) {
         names.push_back(object->GetName());
     }
     return names;
 }
 
-template <auto List>
-std::vector<std::string> NamesIn(GenMgr& manager) {
-    return NamesOf((manager.*List)());
-}
-
-// A choice from a list of rooms or of caves.
-template <auto Set, bool Cave>
-void ChooseAmong(GenMgr& manager, const char* name) {
-    (manager.*Set)(name, Cave);
-}
-
-template <auto Set>
+// `IsCave` is given where one setter serves two lists, of rooms and of caves.
+template <auto Set, bool... IsCave>
 void Choose(GenMgr& manager, const char* name) {
-    (manager.*Set)(name);
+    (manager.*Set)(name, IsCave...);
 }
 
 using M = GenMgr;
 
 // clang-format off
-constexpr NamedChoice kRoomSet    {"room tile set",  NamesIn<&M::GetRoomTileSets>,   ChooseAmong<&M::SetDefaultTileSet, false>};
-constexpr NamedChoice kCaveSet    {"cave tile set",  NamesIn<&M::GetCaveTileSets>,   ChooseAmong<&M::SetDefaultTileSet, true>};
-constexpr NamedChoice kRoomLayout {"room layout",    NamesIn<&M::GetRoomLayouts>,    ChooseAmong<&M::SetDefaultTemplate, false>};
-constexpr NamedChoice kCaveLayout {"cave layout",    NamesIn<&M::GetCaveLayouts>,    ChooseAmong<&M::SetDefaultTemplate, true>};
+constexpr NamedChoice kRoomSet    {"room tile set",  NamesIn<&M::GetRoomTileSets>,   Choose<&M::SetDefaultTileSet, false>};
+constexpr NamedChoice kCaveSet    {"cave tile set",  NamesIn<&M::GetCaveTileSets>,   Choose<&M::SetDefaultTileSet, true>};
+constexpr NamedChoice kRoomLayout {"room layout",    NamesIn<&M::GetRoomLayouts>,    Choose<&M::SetDefaultTemplate, false>};
+constexpr NamedChoice kCaveLayout {"cave layout",    NamesIn<&M::GetCaveLayouts>,    Choose<&M::SetDefaultTemplate, true>};
 constexpr NamedChoice kTheme      {"theme",          NamesIn<&M::GetThemes>,         Choose<&M::SetDefaultTheme>};
 constexpr NamedChoice kCreatures  {"creature theme", NamesIn<&M::GetCreatureThemes>, Choose<&M::SetDefaultCreatureTheme>};
 constexpr NamedChoice kTreasure   {"treasure theme", NamesIn<&M::GetTreasureThemes>, Choose<&M::SetDefaultTreasureTheme>};
@@ -171,22 +160,15 @@ Read(std::string_view text, const OptionRow& /*row*/, Word& value) {
     return {};
 }
 
-OptionValue Shown(bool value) {
-    return value;
-}
-
-OptionValue Shown(const std::string& value) {
-    return value;
-}
-
-template <typename Number>
-requires std::is_integral_v<Number> OptionValue Shown(Number value) {
-    return static_cast<std::int64_t>(value);
-}
-
-template <typename Word>
-requires std::is_enum_v<Word> OptionValue Shown(Word value) {
-    return WordsFor(value).at(static_cast<std::size_t>(value));
+template <typename T>
+OptionValue Shown(const T& value) {
+    if constexpr (std::is_enum_v<T>) {
+        return WordsFor(value).at(static_cast<std::size_t>(value));
+    } else if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, std::string>) {
+        return value;
+    } else {
+        return static_cast<std::int64_t>(value);
+    }
 }
 
 template <typename T>

@@ -116,7 +116,7 @@ void SafeFile::Buffer::Fail(const std::error_code& why) {
 }
 
 SafeFile::Buffer::int_type SafeFile::Buffer::overflow(int_type c) {
-    if (!HandBlock()) {
+    if (sync() != 0) {
         return traits_type::eof();
     }
     if (!traits_type::eq_int_type(c, traits_type::eof())) {
@@ -125,39 +125,17 @@ SafeFile::Buffer::int_type SafeFile::Buffer::overflow(int_type c) {
     return traits_type::not_eof(c);
 }
 
-// What is large passes the block by.
-std::streamsize SafeFile::Buffer::xsputn(const char* bytes, std::streamsize count) {
-    if (count <= epptr() - pptr()) {
-        std::copy_n(bytes, count, pptr());
-        pbump(static_cast<int>(count));
-        return count;
-    }
-    return HandBlock() && Hand(bytes, static_cast<std::size_t>(count)) ? count : 0;
-}
-
 int SafeFile::Buffer::sync() {
-    return HandBlock() ? 0 : -1;
-}
-
-bool SafeFile::Buffer::HandBlock() {
-    const bool handed = Hand(pbase(), static_cast<std::size_t>(pptr() - pbase()));
-    setp(block.data(), block.data() + block.size());
-    return handed;
-}
-
-bool SafeFile::Buffer::Hand(const char* bytes, std::size_t count) {
-    while (!fault && count > 0) {
-        const std::size_t size = std::min(count, kBlock);
-        if (status != nullptr && status->HasBeenCanceled()) {
-            fault = std::make_error_code(std::errc::operation_canceled);
-        } else {
-            fault = file.Write(bytes, size);
-            bytes += size;
-            count -= size;
-            written += size;
-        }
+    const auto size = static_cast<std::size_t>(pptr() - pbase());
+    if (size > 0 && status != nullptr && status->HasBeenCanceled()) {
+        Fail(std::make_error_code(std::errc::operation_canceled));
     }
-    return !fault;
+    if (size > 0 && !fault) {
+        fault = file.Write(pbase(), size);
+        written += size;
+    }
+    setp(block.data(), block.data() + block.size());
+    return fault ? -1 : 0;
 }
 
 SafeFile::SafeFile(const std::string& name) : path(name), buffer(file), stream(&buffer) {

@@ -77,13 +77,9 @@ private:
 
     protected:
         int_type overflow(int_type c) override;
-        std::streamsize xsputn(const char* bytes, std::streamsize count) override;
         int sync() override;
 
     private:
-        bool Hand(const char* bytes, std::size_t count);
-        bool HandBlock();
-
         SystemFile& file;
         const JobStatus* status = nullptr;
         std::vector<char> block;
