@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A generator from C: texts in and out, and no exception past it.
-#include "embed/GeneratorOptions.h"
+#include "embed/Generator.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/run/SafeFile.h>
@@ -24,7 +24,7 @@ void TellLog(vaultry_generator& generator) {
 }
 
 vaultry_result StateOfConfig(vaultry_generator& generator) {
-    if (generator.call.IsCanceled()) {
+    if (generator.call.HasBeenCanceled()) {
         return VAULTRY_CANCELED;
     }
     GenMgr& manager = generator.manager;
@@ -40,7 +40,7 @@ vaultry_result ReadConfig(vaultry_generator* generator, const char* name, const 
         generator->config = TextOf(name);
         ForgetNames(*generator);
         const ProblemList problems;
-        read(generator->manager, WhileWanted(generator->call));
+        read(generator->manager, generator->call);
         generator->problems = problems.Get();
         TellLog(*generator);
         generator->configErrors = generator->errors.size();
@@ -107,7 +107,7 @@ vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
     TellLog(generator);
     if (!fault.empty()) {
         Tell(generator, fault);
-        return generator.call.IsCanceled() ? VAULTRY_CANCELED : VAULTRY_NOT_WRITTEN;
+        return generator.call.HasBeenCanceled() ? VAULTRY_CANCELED : VAULTRY_NOT_WRITTEN;
     }
     return VAULTRY_OK;
 }
@@ -167,7 +167,7 @@ vaultry_result vaultry_set(vaultry_generator* generator, const char* option, con
 }
 
 const char* vaultry_option(size_t index) {
-    return OptionName(index);
+    return index < RunOptionRows().size() ? RunOptionRows()[index].name : nullptr;
 }
 
 vaultry_result

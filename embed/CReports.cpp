@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What C can ask: everything as text.
-#include "embed/GeneratorOptions.h"
+#include "embed/Generator.h"
 #include "tools/check/ConfigCheck.h"
 #include "tools/check/GrammarJson.h"
 #include "tools/facts/FactsJson.h"
@@ -75,25 +75,18 @@ std::optional<Report::FactValues> FactsOf(vaultry_generator& generator) {
     return Report::ValuesOf(tally);
 }
 
-std::string Drawn(vaultry_generator& generator, Report::MapFormat format) {
+template <Report::MapFormat Format>
+std::string Drawn(vaultry_generator& generator) {
     const LastRun& run = RunOf(generator);
     Report::MapLevels& levels = *run.maps;
     std::ostringstream out;
     Report::WriteMaps(levels,
                       Report::SurveyOf(levels),
                       {run.result.seed, Report::LevelWords(run.options), generator.config},
-                      format,
+                      Format,
                       {},
                       out);
     return std::move(out).str();
-}
-
-std::string Svg(vaultry_generator& generator) {
-    return Drawn(generator, Report::MapFormat::Svg);
-}
-
-std::string Html(vaultry_generator& generator) {
-    return Drawn(generator, Report::MapFormat::Html);
 }
 
 std::string Text(vaultry_generator& generator) {
@@ -114,8 +107,10 @@ struct MapKind {
     std::string (*make)(vaultry_generator& generator);
 };
 
-constexpr std::array<MapKind, 4> kMapKinds = {
-    {{"svg", Svg}, {"html", Html}, {"text", Text}, {"json", MapJson}}};
+constexpr std::array<MapKind, 4> kMapKinds = {{{"svg", Drawn<Report::MapFormat::Svg>},
+                                               {"html", Drawn<Report::MapFormat::Html>},
+                                               {"text", Text},
+                                               {"json", MapJson}}};
 
 std::string MapAs(vaultry_generator& generator, std::string_view word) {
     for (const MapKind& kind : kMapKinds) {

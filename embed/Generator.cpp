@@ -32,7 +32,7 @@ void ProgressCall::Restart(std::uint32_t newSteps, RunState* newCallers) {
 
 bool ProgressCall::HasBeenCanceled() const {
     Ask();
-    return call.IsCanceled();
+    return call.HasBeenCanceled();
 }
 
 void ProgressCall::SetPos(std::int32_t position) {
@@ -47,7 +47,7 @@ void ProgressCall::SetText(const std::string& newText) {
 
 // A run that was cancelled stays so, whatever a later call answers.
 void ProgressCall::Ask() const {
-    if (function == nullptr || call.IsCanceled()) {
+    if (function == nullptr || call.HasBeenCanceled()) {
         return;
     }
     const UseRunState use(callers);

@@ -21,8 +21,9 @@
 
 namespace Tarnex {
 
-/// Whether a call is under way, and whether somebody wants it to end. Any thread may ask.
-class CallState {
+/// Whether a call is under way, and whether somebody wants it to end, which ends what reads. Any
+/// thread may ask.
+class CallState : public JobStatus {
 public:
     /// Begins a call; false when there is one already.
     bool Enter();
@@ -31,21 +32,11 @@ public:
     /// Cancels the call that is under way, if there is one.
     void Cancel();
     bool IsBusy() const { return state != State::Idle; }
-    bool IsCanceled() const { return state == State::Canceled; }
+    bool HasBeenCanceled() const override { return state == State::Canceled; }
 
 private:
     enum class State : std::uint8_t { Idle, Busy, Canceled };
     std::atomic<State> state = State::Idle;
-};
-
-/// Ends what reads or writes, once the call is cancelled.
-class WhileWanted : public JobStatus {
-public:
-    explicit WhileWanted(const CallState& callState) : call(callState) {}
-    bool HasBeenCanceled() const override { return call.IsCanceled(); }
-
-private:
-    const CallState& call;
 };
 
 /// Hands the progress of a run to a C function.
@@ -135,6 +126,14 @@ vaultry_result Enter(vaultry_generator& generator, const Call& call) noexcept {
 
 /// Adds an error. Whatever it quotes, the C side gets one line of UTF-8.
 void Tell(vaultry_generator& generator, std::string_view utf8);
+
+/// Takes back every name that was set: they are those of another configuration.
+void ForgetNames(vaultry_generator& generator);
+
+/// Sets an option from its text (both UTF-8). Returns what is wrong with them; empty for nothing,
+/// otherwise the generator is as it was.
+std::string
+SetOption(vaultry_generator& generator, std::string_view option, std::string_view value);
 
 /// A text of the C side, which may be null.
 inline const char* TextOf(const char* text) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "embed/GeneratorOptions.h"
+#include "embed/Generator.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>
@@ -45,10 +45,6 @@ void ForgetNames(vaultry_generator& generator) {
     }
 }
 
-const char* OptionName(std::size_t index) {
-    return index < RunOptionRows().size() ? RunOptionRows()[index].name : nullptr;
-}
-
 std::string
 SetOption(vaultry_generator& generator, std::string_view option, std::string_view value) {
     const OptionRow* const row = FindRunOption(option);
@@ -56,10 +52,8 @@ SetOption(vaultry_generator& generator, std::string_view option, std::string_vie
         return "there is no option \"" + std::string(option) + "\"";
     }
     const std::string fault = Set(generator, *row, value);
-    if (fault.empty()) {
-        return {};
-    }
-    return std::string(option) + ": \"" + std::string(value) + "\" " + fault;
+    return fault.empty() ? fault
+                         : std::string(option) + ": \"" + std::string(value) + "\" " + fault;
 }
 
 } // namespace Tarnex
