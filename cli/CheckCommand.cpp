@@ -11,7 +11,7 @@ namespace Tarnex::Cli {
 ExitStatus RunVerb(const CheckOptions& options, const Console& console) {
     const EndingSignals ending;
     const ConfigSource source(options.config);
-    const LibraryLog log(std::nullopt);
+    LibraryLog log(std::nullopt);
     const Report::ConfigCheck check = Report::CheckConfig(options.config, source.Record());
     if (options.json) {
         console.out << Report::ToJson(check);

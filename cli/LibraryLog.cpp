@@ -9,10 +9,8 @@
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/run/SafeFile.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace Tarnex::Cli {
 
@@ -52,10 +50,10 @@ LibraryLog::~LibraryLog() {
     Logger::Close();
 }
 
-std::vector<std::string> LibraryLog::Errors() const {
-    std::vector<std::string> errors = kept;
-    std::ranges::move(ToUtf8(Logger::GetErrors()), std::back_inserter(errors));
-    return errors;
+void LibraryLog::Add(const std::vector<Problem>& problems) {
+    for (const Problem& problem : problems) {
+        heard.Hear(problem);
+    }
 }
 
 std::optional<std::string> LibraryLog::SayFault(const Console& console) const {

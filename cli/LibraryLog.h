@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The library's log and its error lines.
+// The library's log and its errors.
 #pragma once
 
 #include "cli/Console.h"
+
+#include <vaultry/foundation/Problem.h>
 
 #include <optional>
 #include <string>
@@ -19,17 +21,19 @@ public:
     LibraryLog(const LibraryLog&) = delete;
     LibraryLog& operator=(const LibraryLog&) = delete;
 
-    /// The error lines so far, in UTF-8.
-    std::vector<std::string> Errors() const;
-    /// Called before a run, which begins the library's list anew.
-    void KeepErrors() { kept = Errors(); }
+    /// What went wrong so far.
+    const std::vector<Problem>& Problems() const { return heard.Get(); }
+    /// Its error lines, in UTF-8.
+    std::vector<std::string> Errors() const { return ErrorLines(Problems()); }
+    /// Takes over what a run tells in its result.
+    void Add(const std::vector<Problem>& problems);
 
     /// Says that the file lacks lines and why; returns what was said, nothing while it is whole.
     std::optional<std::string> SayFault(const Console& console) const;
 
 private:
     std::string path; // empty without a file
-    std::vector<std::string> kept;
+    ProblemList heard;
 };
 
 } // namespace Tarnex::Cli

@@ -33,7 +33,7 @@ void Print(const Report::OfferedList& list, std::ostream& out) {
 ExitStatus RunVerb(const ListOptions& options, const Console& console) {
     const EndingSignals ending;
     const ConfigSource source(options.config);
-    const LibraryLog log(std::nullopt);
+    LibraryLog log(std::nullopt);
     GenMgr manager;
     source.Load(manager);
     if (!options.keepGoing && manager.GetConfigFault()) {

@@ -183,7 +183,7 @@ ExitStatus RunPluginMap(const MapOptions& options, const Console& console) {
     RequireDistinctFiles(
         {options.plugin, source.Path(), shared.log, shared.maps.map, shared.maps.html});
     const std::shared_ptr<PluginDrawing> drawing = LoadDrawing(options, console);
-    const LibraryLog log(shared.log);
+    LibraryLog log(shared.log);
     const auto levels = LevelsOf(drawing, shared, log, console);
     PluginMapReport report{*options.plugin, drawing->chosen->config, {}, {}};
     const Ending ending = Draw(shared, files, levels, report, console);

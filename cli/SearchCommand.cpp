@@ -133,8 +133,8 @@ ExitStatus Merge(SearchReport& report, const Query& query, const Console& consol
 // What every thread that judges begins with.
 struct Beginning {
     const GenerateOptions& options;
-    const std::string& config;       // as it was read
-    std::vector<std::string> errors; // of reading it
+    const std::string& config;            // as it was read
+    const std::vector<Problem>& problems; // of reading it
     const Search::Condition& where;
 };
 
@@ -145,9 +145,10 @@ public:
     ThreadJudge(const Beginning& beginning, JobStatus& status) : run(manager, beginning.options) {
         Logger::InitWithoutFile();
         manager.SetJobStatus(&status);
+        ProblemList problems;
         manager.InitFromMemory(beginning.config, beginning.options.config.c_str(), status);
-        // The same text gives the same errors, unless there is no memory for it once more.
-        if (Logger::GetErrors() != beginning.errors) {
+        // The same text has the same problems, unless there is no memory for it once more.
+        if (problems.Get() != beginning.problems) {
             throw std::bad_alloc();
         }
         const auto make = [this](std::uint32_t seed) { return run.GenerateFrom(seed); };
@@ -308,7 +309,7 @@ void Judge(VerbRun& run,
            const Console& console) {
     Search::Ranking ranking(query.order, report.options.top);
     Watcher watcher(report, ranking, run.Signals(), console);
-    const Beginning beginning{run.report.options, config, Logger::GetErrors(), query.where};
+    const Beginning beginning{run.report.options, config, run.Problems(), query.where};
     report.outcome =
         Search::SearchSeeds(*report.range, JobsOf(report.options), JudgeMaker(beginning), watcher);
     report.seconds = watcher.Seconds();

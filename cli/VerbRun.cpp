@@ -86,12 +86,13 @@ bool VerbRun::Configure(std::string* copy) try {
 void VerbRun::Generate() {
     const GenerateOptions& options = report.options;
     const bool drawn = !options.out || options.maps.AreWanted();
-    log.KeepErrors();
     ConsoleStatus status(
         console.Progress(options.quiet), Signals(), options.fixed ? 1 : options.numLevels);
     manager.SetJobStatus(&status);
     manager.SetLevelObserver(drawn ? maps.get() : nullptr);
-    TakeOver(Run(manager, options).Generate(), report);
+    const RunResult result = Run(manager, options).Generate();
+    log.Add(result.problems);
+    TakeOver(result, report);
     manager.SetLevelObserver(nullptr);
     manager.SetJobStatus(nullptr);
     if (report.result == Ending::Written) {

@@ -53,6 +53,8 @@ public:
     GenMgr manager;
     const std::shared_ptr<Report::MapCollector> maps = std::make_shared<Report::MapCollector>();
 
+    /// What went wrong so far.
+    const std::vector<Problem>& Problems() const { return log.Problems(); }
     const CancelSignals& Signals() const { return files->signals; }
     /// The file besides maps, if there is one. Not after Close.
     std::optional<SafeFile>& Output() { return files->output; }

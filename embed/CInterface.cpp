@@ -17,9 +17,9 @@ constexpr const char* kBusy =
 constexpr const char* kUnwalkable =
     " seeds made every room of every level reachable; try another tileset, spacing or size";
 
-void TellLog(vaultry_generator& generator) {
-    for (const std::string& line : Logger::GetErrors()) {
-        Tell(generator, ToUtf8(line));
+void TellErrors(vaultry_generator& generator, const std::vector<Problem>& problems) {
+    for (const std::string& line : ErrorLines(problems)) {
+        Tell(generator, line);
     }
 }
 
@@ -39,10 +39,10 @@ vaultry_result ReadConfig(vaultry_generator* generator, const char* name, const 
         generator->run.reset();
         generator->config = TextOf(name);
         ForgetNames(*generator);
-        const ProblemList problems;
+        ProblemList problems;
         read(generator->manager, generator->call);
         generator->problems = problems.Get();
-        TellLog(*generator);
+        TellErrors(*generator, generator->problems);
         generator->configErrors = generator->errors.size();
         return StateOfConfig(*generator);
     });
@@ -75,7 +75,7 @@ RunEnd Generate(vaultry_generator& generator, RunState* callers) {
 }
 
 vaultry_result TellEnd(vaultry_generator& generator, RunEnd end) {
-    TellLog(generator);
+    TellErrors(generator, generator.run->result.problems);
     if (end == RunEnd::Unwalkable) {
         Tell(generator, "none of " + std::to_string(generator.run->result.tries) + kUnwalkable);
     }
@@ -87,14 +87,15 @@ vaultry_result TellEnd(vaultry_generator& generator, RunEnd end) {
 // Unlike CreateMod this keeps a file that is there until the new one is whole, and as long as
 // errors speak against it: some are met only while it is written.
 vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
+    ProblemList problems(generator.run->result.problems);
     std::string fault;
     try {
         SafeFile file(path);
         generator.manager.mod.Write(file.Open(&generator.progress));
         file.Finish();
-        const std::size_t errors = generator.configErrors + Logger::GetErrors().size();
+        const std::size_t errors = generator.configErrors + problems.Get().size();
         if (generator.options.strict && errors > 0) {
-            TellLog(generator);
+            TellErrors(generator, problems.Get());
             Tell(generator,
                  "nothing was written, as strict asks: errors of configuration and run, " +
                      std::to_string(errors));
@@ -104,7 +105,7 @@ vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
     } catch (const FileError& e) {
         fault = e.what();
     }
-    TellLog(generator);
+    TellErrors(generator, problems.Get());
     if (!fault.empty()) {
         Tell(generator, fault);
         return generator.call.HasBeenCanceled() ? VAULTRY_CANCELED : VAULTRY_NOT_WRITTEN;

@@ -71,7 +71,7 @@ std::optional<Report::FactValues> FactsOf(vaultry_generator& generator) {
                                                std::move(shapes),
                                                Report::ContentWorth(*manager.config.contentMgr));
     tally.seed = run.result.seed;
-    tally.errors = run.result.errors.size();
+    tally.errors = run.result.problems.size();
     return Report::ValuesOf(tally);
 }
 

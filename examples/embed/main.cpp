@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
     Progress progress(options.numLevels);
     manager.SetJobStatus(&progress);
     const Tarnex::RunResult result = Tarnex::Run(manager, options).Generate();
-    for (const std::string& error : result.errors) {
+    for (const std::string& error : Tarnex::ErrorLines(result.problems)) {
         std::cerr << error << '\n';
     }
     if (result.end != Tarnex::RunEnd::Made ||

@@ -112,7 +112,7 @@ TEST_F(LoadErrorTest, APathThatIsNotUtf8IsFatal) {
 }
 
 TEST_F(LoadErrorTest, ProblemsCarryFileAndPlace) {
-    const ProblemList list;
+    ProblemList list;
     Load("\n<Rugg/>\n<TileSet TsType='Room'><WallN>a</WallN>\n<WallN>b</WallN></TileSet>");
     ASSERT_EQ(list.Get().size(), 2U);
     const Problem& unknown = list.Get().front();
@@ -127,7 +127,7 @@ TEST_F(LoadErrorTest, ProblemsCarryFileAndPlace) {
 }
 
 TEST_F(LoadErrorTest, TheFaultIsTheProblemThatEndsTheLoad) {
-    const ProblemList list;
+    ProblemList list;
     const std::string path = dir.Write("broken.xml", "<OstrelData>\n<Rug></Tapestry>\n");
     const std::optional<Problem> fault = ReadConfigFile(path.c_str(), config);
     ASSERT_TRUE(fault);

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -55,8 +56,32 @@ TEST_F(ProblemTest, TheMessageIsCutLikeEveryOther) {
               before.size() + Logger::kMaxMessage);
 }
 
+TEST_F(ProblemTest, EveryKindHasAWordOfItsOwnASourceAndAText) {
+    std::set<std::string> words;
+    for (int i = 0; i <= static_cast<int>(ProblemKind::FieldTooLong); ++i) {
+        const auto kind = static_cast<ProblemKind>(i);
+        EXPECT_TRUE(words.insert(WordOf(kind)).second) << WordOf(kind);
+        const std::string text = TextOf({kind, {"a", "b", "c", "d"}});
+        const std::size_t end = text.find(" : ");
+        EXPECT_TRUE(end > 0 && end < text.size() - 3) << text;
+    }
+}
+
+TEST_F(ProblemTest, ANameEndsLikeAnyTextOfC) {
+    ReportProblem({ProblemKind::UnknownThemeItem, {std::string("Ru\0g", 4), "Theme", "Hall"}});
+    EXPECT_EQ(ErrorLines(),
+              Lines({"Error : Generator : Unrecognized theme item type 'Ru' in Theme 'Hall'."}));
+}
+
+TEST_F(ProblemTest, LinesForPeopleAreThoseOfErrorsInUtf8) {
+    const std::vector<Problem> problems = {{ProblemKind::Odd, {"words"}},
+                                           {ProblemKind::UnknownElement, {"R\xFCgg"}}};
+    EXPECT_EQ(Tarnex::ErrorLines(problems),
+              Lines({"Error : XML Parser : Unrecognized tag in XML:  'R\xC3\xBCgg'"}));
+}
+
 TEST_F(ProblemTest, IsHeardOnceLogged) {
-    const ProblemList list;
+    ProblemList list;
     ReportProblem({ProblemKind::UnknownElement, {"Rugg"}, {4, 2}});
     ASSERT_EQ(list.Get().size(), 1U);
     EXPECT_EQ(list.Get().front().kind, ProblemKind::UnknownElement);
@@ -66,16 +91,16 @@ TEST_F(ProblemTest, IsHeardOnceLogged) {
 }
 
 TEST_F(ProblemTest, WhatIsNoErrorIsHeardToo) {
-    const ProblemList list;
+    ProblemList list;
     ReportProblem({ProblemKind::Odd, {"words"}, {1, 2}});
     EXPECT_EQ(list.Get().size(), 1U);
     EXPECT_EQ(LogLines(), Lines({"Info : XML Parser : XML Warning at line 1 col 2:  words"}));
 }
 
 TEST_F(ProblemTest, AListAroundAnotherHearsWhatThatHears) {
-    const ProblemList outer;
+    ProblemList outer;
     {
-        const ProblemList inner;
+        ProblemList inner;
         ReportProblem({ProblemKind::UnknownElement, {"a"}});
         EXPECT_EQ(inner.Get().size(), 1U);
     }
@@ -86,7 +111,7 @@ TEST_F(ProblemTest, AListAroundAnotherHearsWhatThatHears) {
 }
 
 TEST_F(ProblemTest, AStateHasItsOwnListeners) {
-    const ProblemList list;
+    ProblemList list;
     RunState state;
     const UseRunState use(&state);
     Logger::InitWithoutFile();
@@ -100,7 +125,7 @@ TEST_F(ProblemTest, WhatTheLogKeepsNoMoreIsNotHeard) {
     for (std::size_t i = 0; i + 1 < Logger::kMaxErrors; ++i) {
         Logger::WriteError("Test", "%s", "");
     }
-    const ProblemList list;
+    ProblemList list;
     for (const char* name : {"last", "more", "silent"}) {
         ReportProblem({ProblemKind::UnknownElement, {name}});
     }

@@ -143,17 +143,20 @@ TEST_F(RunTest, ANameThatTheConfigurationLacksIsRefused) {
     options.theme = "No such hall";
     const RunResult result = Generate();
     EXPECT_EQ(result.end, RunEnd::Refused);
+    ASSERT_EQ(result.problems.size(), 1U);
+    EXPECT_EQ(result.problems.front(),
+              (Problem{ProblemKind::UnknownName, {"theme", "No such hall"}}));
     EXPECT_EQ(
-        result.errors,
+        ErrorLines(),
         std::vector<std::string>{"Error : Run : The configuration has no theme \"No such hall\"."});
-    EXPECT_EQ(ErrorLines(), result.errors);
+    EXPECT_EQ(ErrorLines(), Tarnex::ErrorLines(result.problems));
 }
 
 TEST_F(RunTest, ErrorsAreThoseOfTheRunAlone) {
     options.theme = "No such hall";
     Generate();
     options.theme.reset();
-    EXPECT_EQ(Generate().errors, std::vector<std::string>());
+    EXPECT_EQ(Generate().problems, std::vector<Problem>());
 }
 
 // Counts what it is shown since the last start.

@@ -129,7 +129,7 @@ std::string ToJson(const RunResult& run, const RunOptions& options) {
     json["arrivals"] = ArrivalsJson(run.arrivals);
     json["walkable"] = options.fixed ? Json(nullptr) : Json(run.levels.IsWalkable());
     json["tries"] = run.tries;
-    json["errors"] = run.errors;
+    json["errors"] = ErrorLines(run.problems);
     return JsonText(json);
 }
 

@@ -16,12 +16,13 @@ Verdict SeedJudge::Judge(std::uint32_t seed) try {
     manager.SetLevelObserver(nullptr);
     std::vector<Report::LevelShape> levels = shapes.Take();
     if (result.end != RunEnd::Made) {
-        return {std::nullopt, result.errors.empty() ? "no reason known" : result.errors.back()};
+        const std::vector<std::string> errors = ErrorLines(result.problems);
+        return {std::nullopt, errors.empty() ? "no reason known" : errors.back()};
     }
     Report::DungeonTally tally =
         Report::Tally(manager.mod, manager.report, std::move(levels), worth);
     tally.seed = seed;
-    tally.errors = result.errors.size();
+    tally.errors = result.problems.size();
     Report::FactValues values = Report::ValuesOf(tally);
     return wanted.Holds(values) ? Verdict{std::move(values), {}} : Verdict{};
 } catch (const std::bad_alloc&) {

@@ -5,30 +5,9 @@
 
 #include <vaultry/foundation/CodePage.h>
 
-#include <array>
-
 namespace Tarnex::Report {
 
 namespace {
-
-// In the order of ProblemKind.
-constexpr auto kKinds = std::to_array<const char*>({"too-many",
-                                                    "parser-unavailable",
-                                                    "broken",
-                                                    "invalid",
-                                                    "odd",
-                                                    "unknown-element",
-                                                    "unusual-tile-size",
-                                                    "unknown-tile-set-type",
-                                                    "unknown-layout-type",
-                                                    "layout-too-large",
-                                                    "layouts-too-large",
-                                                    "cell-outside",
-                                                    "tile-twice",
-                                                    "piece-twice",
-                                                    "unknown-content-kind",
-                                                    "unknown-content-list"});
-static_assert(kKinds.size() == static_cast<std::size_t>(ProblemKind::UnknownContentList) + 1);
 
 Json NumberOrNull(std::uint64_t number) {
     return number == 0 ? Json(nullptr) : Json(number);
@@ -39,7 +18,7 @@ Json ProblemJson(const Problem& problem) {
     for (const std::string& name : problem.names) {
         names.push_back(ToUtf8(name));
     }
-    return {{"kind", kKinds.at(static_cast<std::size_t>(problem.kind))},
+    return {{"kind", WordOf(problem.kind)},
             {"file", problem.file},
             {"line", NumberOrNull(problem.place.line)},
             {"column", NumberOrNull(problem.place.column)},

@@ -12,12 +12,15 @@ namespace Tarnex {
 
 /// A place in a document; 0 where it is not known.
 struct DocumentPlace {
+    /// Whether it is the same place.
+    bool operator==(const DocumentPlace&) const = default;
+
     std::uint64_t line = 0;   ///< from 1
     std::uint64_t column = 0; ///< from 1 [characters]
 };
 
-/// What can be wrong, each with the names that it is told with. Source and text of each stand in
-/// one table.
+/// What can be wrong, each with the names that it is told with. Word, source and text of each stand
+/// in one table.
 enum class ProblemKind : std::uint8_t {
     TooMany,            ///< the most that are kept: what comes behind is not told
     ParserUnavailable,  ///< the parser's words: it could not be started
@@ -35,10 +38,38 @@ enum class ProblemKind : std::uint8_t {
     PieceTwice,         ///< the piece and the platform
     UnknownContentKind, ///< the kind
     UnknownContentList, ///< the kind that was asked for
+    ReadMemory,         ///< there was too little to read the configuration
+    UnknownName,        ///< what the options name, and the name
+    NoTileSet,          ///< the configuration has none that a run could begin with
+    NoLayout,           ///< likewise
+    TooManyLevels,      ///< the levels asked for, and the most
+    NoTheme,            ///< for the furniture
+    NoCreatureTheme,    ///< the lowest and the highest level asked for
+    NoTreasureTheme,    ///< there is none to choose from
+    RoomTooNested,      ///< the layout, the layouts inside it, and the most
+    LevelTooLarge,      ///< height, width, and the most cells
+    RoomsUnconnected,   ///< a level was given up
+    MissingTile,        ///< the tile set, the tile and the layout
+    UnknownThemeItem,   ///< the type, the kind of theme and the furniture theme
+    UnknownUniqueName,  ///< the name and the type of the theme item
+    TooManyPlacements,  ///< the theme, the placements, the type of the item, and the most
+    TooMuchPlacing,     ///< the most steps of a run
+    UnknownPlatform,    ///< the tile that a platform cannot stand on
+    PlatformTooFine,    ///< the platform, columns, rows, and the most floor pieces of an element
+    PlatformsTooFine,   ///< the platform, and the most floor pieces of a cell
+    RunMemory,          ///< there was too little to generate
+    RunTooLarge,        ///< the most memory of a run [MiB]
+    RunFailed,          ///< what an exception says: a fault inside
+    NothingGenerated,   ///< there is nothing to write
+    WriteMemory,        ///< there was too little to write the plug-in
+    FieldTooLong,       ///< the text, and how long its field is [bytes]
 };
 
 /// Something that is wrong. All text is Windows-1252, but for the file's name.
 struct Problem {
+    /// Whether they are the same in everything.
+    bool operator==(const Problem&) const = default;
+
     ProblemKind kind = ProblemKind::Broken; ///< what is wrong
     std::vector<std::string> names = {};    ///< in the order that the kind tells them, numbers too
     DocumentPlace place = {};               ///< up to which the document was read
@@ -47,6 +78,12 @@ struct Problem {
 
 /// What the log says behind the kind of line: "source : message".
 VAULTRY_API std::string TextOf(const Problem& problem);
+
+/// The word by which programs know what can be wrong.
+VAULTRY_API const char* WordOf(ProblemKind kind);
+
+/// Those of the problems that are errors, as the log has them, in UTF-8.
+VAULTRY_API std::vector<std::string> ErrorLines(const std::vector<Problem>& problems);
 
 /// Logs the problem and tells it to the innermost listener.
 VAULTRY_API void ReportProblem(const Problem& problem);
@@ -75,7 +112,10 @@ private:
 /// Collects what it hears, for a front end to show.
 class VAULTRY_API ProblemList : public ProblemListener {
 public:
-    /// What was heard so far, in its order.
+    /// Begins with what is known already.
+    explicit ProblemList(std::vector<Problem> known = {});
+
+    /// That, and what was heard so far, in its order.
     const std::vector<Problem>& Get() const { return problems; }
 
     /// Keeps the problem and tells the listener around this one.

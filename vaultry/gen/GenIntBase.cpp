@@ -3,7 +3,7 @@
 #include <vaultry/gen/GenIntBase.h>
 
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/gen/LevelObserver.h>
 #include <vaultry/gen/WorldPlace.h>
 #include <vaultry/layout/ElmtKind.h>
@@ -100,12 +100,8 @@ void GenIntBase::TemplateToLayout(Layout& layout, const LayoutTemplate& from) {
                 // The element stays, with the tiles that there are: a hole in one place must not
                 // move the others.
                 if (!tile) {
-                    Logger::WriteError(
-                        S_LogSrc,
-                        "Tile Set '%s' does not have a Tile '%s', called for by Layout '%s'.",
-                        tileSet->GetName().c_str(),
-                        name.c_str(),
-                        from.GetName().c_str());
+                    ReportProblem({ProblemKind::MissingTile,
+                                   {tileSet->GetName(), name.c_str(), from.GetName()}});
                 }
                 elmt->AddTile(tile);
             }

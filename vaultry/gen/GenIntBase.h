@@ -46,9 +46,6 @@ protected:
         ElmtList walls;               ///< straight walls
     };
 
-    /// The source of messages in the log.
-    static constexpr const char* S_LogSrc = "Generator";
-
     // Frame.
 
     /// Fills `layout` from the template and its child templates. A tile that the tile set lacks is

@@ -2,7 +2,7 @@
 // What a random run leaves to chance: tile set and themes.
 #include <vaultry/gen/GenIntRandom.h>
 
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Random.h>
 
 #include <algorithm>
@@ -39,7 +39,7 @@ struct GenIntRandom::ThemeChoice {
     const std::vector<DiPtr<Theme>>& themes;
     std::uint32_t lowest;
     std::uint32_t highest;
-    std::string noMatch; // what is logged then
+    Problem noMatch; // what is reported then
 };
 
 void GenIntRandom::InitRandomTileSet(bool first) {
@@ -61,26 +61,25 @@ void GenIntRandom::InitRandomTileSet(bool first) {
 void GenIntRandom::InitRandomThemes(bool first) {
     const RandomGenInfo& wanted = info.randomInfo;
     // Furniture, creatures, treasure: the order of the draws.
-    ChooseTheme(
-        info.defTheme,
-        {wanted.randomTheme, 0.33, config->themes, 1, kAnyLevel, "No matching furniture themes."},
-        first);
-    ChooseTheme(info.defCreatureTheme,
-                {wanted.randomCreatureTheme,
-                 0.25,
-                 config->creatureThemes,
-                 wanted.minLevel,
-                 wanted.maxLevel,
-                 "No creature themes with " + LevelText(wanted.minLevel) +
-                     " <= Level <= " + LevelText(wanted.maxLevel) + '.'},
+    ChooseTheme(info.defTheme,
+                {wanted.randomTheme, 0.33, config->themes, 1, kAnyLevel, {ProblemKind::NoTheme}},
                 first);
+    ChooseTheme(
+        info.defCreatureTheme,
+        {wanted.randomCreatureTheme,
+         0.25,
+         config->creatureThemes,
+         wanted.minLevel,
+         wanted.maxLevel,
+         {ProblemKind::NoCreatureTheme, {LevelText(wanted.minLevel), LevelText(wanted.maxLevel)}}},
+        first);
     ChooseTheme(info.defTreasureTheme,
                 {wanted.randomTreasureTheme,
                  0.25,
                  config->treasureThemes,
                  1,
                  kAnyLevel,
-                 "No matching treasure themes."},
+                 {ProblemKind::NoTreasureTheme}},
                 first);
 }
 
@@ -90,7 +89,7 @@ void GenIntRandom::ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, b
     }
     std::vector<DiPtr<Theme>> matching = FilterThemes(choice.themes, choice.lowest, choice.highest);
     if (matching.empty()) {
-        Logger::WriteError(S_LogSrc, "%s", choice.noMatch.c_str());
+        ReportProblem(choice.noMatch);
         // A dungeon with monsters of the wrong level is better than one without any.
         matching = choice.themes;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Contents: furnishing a layout from the themes and filling its containers.
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/gen/ContainerIds.h>
@@ -108,6 +108,16 @@ bool SkipsTurn(std::int64_t turn, const PlacementCounts& counts, const ThemeItem
     return draw > item.chance;
 }
 
+// Apart, since what makes a problem would slow down every turn.
+[[gnu::cold]] void
+ReportTurns(const PlacementCounts& counts, const ThemeItem& item, const Theme* theme) {
+    ReportProblem({ProblemKind::TooManyPlacements,
+                   {theme == nullptr ? "" : theme->GetName(),
+                    std::to_string(static_cast<int>(counts.maximum)),
+                    item.type,
+                    std::to_string(kMaxTurns)}});
+}
+
 // True when there is a further turn. That an item still wants one after as many as a cell can take
 // in reasonable time is logged with its theme.
 bool HasTurn(std::int64_t turn,
@@ -118,12 +128,7 @@ bool HasTurn(std::int64_t turn,
         return true;
     }
     if (turn < counts.maximum) {
-        Logger::WriteError("Generator",
-                           "Theme '%s' asks for %d placements of '%s'; %d were tried.",
-                           theme == nullptr ? "" : theme->GetName().c_str(),
-                           static_cast<int>(counts.maximum),
-                           item.type.c_str(),
-                           static_cast<int>(kMaxTurns));
+        ReportTurns(counts, item, theme);
     }
     return false;
 }
@@ -196,11 +201,8 @@ void GenIntBase::AddContents(Layout& layout) {
                 (this->*row->place)(sorted, *item);
                 continue;
             }
-            Logger::WriteError(S_LogSrc,
-                               "Unrecognized theme item type '%s' in %s '%s'.",
-                               item->type.c_str(),
-                               kindOfTheme,
-                               info.defTheme->GetName().c_str());
+            ReportProblem({ProblemKind::UnknownThemeItem,
+                           {item->type, kindOfTheme, info.defTheme->GetName()}});
         }
     };
     furnish(*info.defTheme, kFurnishing, "Theme");
@@ -313,10 +315,7 @@ DiPtr<ContentTemplate> GenIntBase::SelectContent(const ThemeItem& item,
     const std::string& name = names.size() == 1 ? names.front() : DrawOne(names);
     DiPtr<ContentTemplate> content = ContentMgr::FindWithUniqueName(name, candidates);
     if (!content) {
-        Logger::WriteError(S_LogSrc,
-                           "Unrecognized UniqueName '%s' in ThemeItem Type='%s'.",
-                           name.c_str(),
-                           item.type.c_str());
+        ReportProblem({ProblemKind::UnknownUniqueName, {name, item.type}});
     }
     return content;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Platforms: raised floors along the walls of fixed cave interiors.
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Numeric.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntBase.h>
 #include <vaultry/gen/Limits.h>
@@ -145,11 +145,8 @@ void GenIntBase::AddPlatforms(Layout& layout) {
     }
     // Slabs the size of a coin would bury the game in references.
     if (left < 0) {
-        Logger::WriteError(S_LogSrc,
-                           "Platform '%s' asks for more than %d floor pieces in all; the rest of "
-                           "the walls stay without.",
-                           platform.GetName().c_str(),
-                           static_cast<int>(kMaxPlatformPieces));
+        ReportProblem({ProblemKind::PlatformsTooFine,
+                       {platform.GetName(), std::to_string(kMaxPlatformPieces)}});
     }
 }
 
@@ -170,9 +167,7 @@ void GenIntBase::RaisePlatform(GridElmt& elmt, const Platform& platform, std::in
     elmt.platformHeight = PlatformHeight(tileSize);
     const auto plan = PlanPlatform(first, *floor, tileSize);
     if (!plan) {
-        Logger::WriteError(S_LogSrc,
-                           "Internal error. Unrecognized tile type '%s' for platform.",
-                           first.kindName.c_str());
+        ReportProblem({ProblemKind::UnknownPlatform, {first.kindName.c_str()}});
         return;
     }
     // Before the slabs: the order of the references.
@@ -180,12 +175,11 @@ void GenIntBase::RaisePlatform(GridElmt& elmt, const Platform& platform, std::in
         PlaceStairs(elmt, platform, *plan->stairs, tileSize);
     }
     if (SlabCount(*plan) > kMaxFloorPieces) {
-        Logger::WriteError(S_LogSrc,
-                           "Platform '%s' asks for %d x %d floor pieces in a cell.  Max = %d.",
-                           platform.GetName().c_str(),
-                           plan->columns,
-                           plan->rows,
-                           static_cast<int>(kMaxFloorPieces));
+        ReportProblem({ProblemKind::PlatformTooFine,
+                       {platform.GetName(),
+                        std::to_string(plan->columns),
+                        std::to_string(plan->rows),
+                        std::to_string(kMaxFloorPieces)}});
     }
     const std::int64_t wanted = std::min(SlabCount(*plan), kMaxFloorPieces);
     const std::int64_t slabs = std::clamp<std::int64_t>(left, 0, wanted);

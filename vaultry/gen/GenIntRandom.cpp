@@ -3,8 +3,8 @@
 #include <vaultry/gen/GenIntRandom.h>
 
 #include <vaultry/catalogue/Vocabulary.h>
-#include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Numeric.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenHallway.h>
 #include <vaultry/gen/Limits.h>
@@ -151,10 +151,8 @@ void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
     const std::string baseName = info.cellName;
     const std::uint32_t count = std::min(info.randomInfo.numLevels, kMaxLevels);
     if (count < info.randomInfo.numLevels) {
-        Logger::WriteError(S_LogSrc,
-                           "The run asks for %lld levels; %d are made.",
-                           static_cast<long long>(info.randomInfo.numLevels),
-                           static_cast<int>(count));
+        ReportProblem({ProblemKind::TooManyLevels,
+                       {std::to_string(info.randomInfo.numLevels), std::to_string(count)}});
     }
     for (std::uint32_t i = 0; i < count; ++i) {
         // However small the levels are.
@@ -168,8 +166,7 @@ void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
         // A level that cannot be joined costs the run no more than this level.
         const DiPtr<Layout> level = TryMainLayout(gridSize, report);
         if (!level) {
-            Logger::WriteError(S_LogSrc,
-                               "Internal:  Giving up.  Failed to connect rooms in layout.");
+            ReportProblem({ProblemKind::RoomsUnconnected});
             continue;
         }
         levels.Own(level);
@@ -252,11 +249,9 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& repor
     const std::int64_t height = std::int64_t{rooms.GetTotalHeight()} + kSpareCells;
     // In 64 bits: the widths of a hostile configuration add up to more than 32 hold.
     if (width > kMaxLevelCells || height > kMaxLevelCells || width * height > kMaxLevelCells) {
-        Logger::WriteError(S_LogSrc,
-                           "Level too large (H=%lld, W=%lld).  Max = %d cells.",
-                           static_cast<long long>(height),
-                           static_cast<long long>(width),
-                           static_cast<int>(kMaxLevelCells));
+        ReportProblem(
+            {ProblemKind::LevelTooLarge,
+             {std::to_string(height), std::to_string(width), std::to_string(kMaxLevelCells)}});
         return nullptr;
     }
     const DiPos size(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 0);
@@ -313,11 +308,8 @@ DiPtr<Layout> GenIntRandom::CreateFromUserLayout() {
     const LayoutTemplate& plan = *DrawOne(templates);
     const std::int64_t parts = CountParts(plan);
     if (parts > kMaxRoomParts) {
-        Logger::WriteError(S_LogSrc,
-                           "Layout '%s' has %lld layouts inside; it makes no room.  Max = %d.",
-                           plan.GetName().c_str(),
-                           static_cast<long long>(parts),
-                           static_cast<int>(kMaxRoomParts));
+        ReportProblem({ProblemKind::RoomTooNested,
+                       {plan.GetName(), std::to_string(parts), std::to_string(kMaxRoomParts)}});
         return nullptr;
     }
     Layout& room = drafts.Own(MakeLayout(plan.GetSize()));

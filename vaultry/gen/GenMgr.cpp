@@ -5,9 +5,11 @@
 #include <vaultry/catalogue/ConfigReader.h>
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/gen/GenIntFixed.h>
 #include <vaultry/gen/GenIntRandom.h>
+#include <vaultry/gen/Limits.h>
 #include <vaultry/layout/GridElmt.h>
 
 #include <algorithm>
@@ -22,8 +24,6 @@
 namespace Tarnex {
 
 namespace {
-
-constexpr const char* kLogSource = "GenMgr";
 
 constexpr const char* OrEmpty(const char* text) {
     return text == nullptr ? "" : text;
@@ -75,7 +75,7 @@ bool WriteFile(Mod& mod, const char* path) try {
     stream.close();
     return stream.good();
 } catch (const std::bad_alloc&) {
-    Logger::WriteError(kLogSource, "Unable to write the plug-in:  Out of memory.");
+    ReportProblem({ProblemKind::WriteMemory});
     return false;
 } catch (const std::filesystem::filesystem_error&) {
     // Windows has no name for a path that is not UTF-8.
@@ -126,12 +126,12 @@ void GenMgr::Read(ReadConfig readConfig) {
         }
     } catch (const std::bad_alloc&) {
         config.Reset();
-        Logger::WriteError(kLogSource, "Unable to read the configuration:  Out of memory.");
+        ReportProblem({ProblemKind::ReadMemory});
     } catch (const LoadCanceled&) {
         config.Reset();
     }
     ChooseDefaults();
-    Logger::WriteInfo(kLogSource, "Finished parsing XML config file.");
+    Logger::WriteInfo("GenMgr", "Finished parsing XML config file.");
 }
 
 bool GenMgr::StartReading() {
@@ -159,7 +159,7 @@ ModResult GenMgr::CreateMod(const char* outPath, const char* name, bool fixedLay
 // What a run left that did not come to its end would pass for a whole plug-in.
 ModResult GenMgr::WriteMod(const char* outPath) {
     if (!generated) {
-        Logger::WriteError(kLogSource, "Unable to write the plug-in:  Nothing was generated.");
+        ReportProblem({ProblemKind::NothingGenerated});
         return ModResult::Refused;
     }
     return WriteFile(mod, OrEmpty(outPath)) ? ModResult::Written : ModResult::NotWritten;
@@ -184,11 +184,11 @@ bool GenMgr::CheckDefaults() const {
     // The first lack alone is told. Random levels need no template, and are refused without one
     // too.
     if (!defTileSet) {
-        Logger::WriteError(kLogSource, "Unable to generate:  No default tile set.");
+        ReportProblem({ProblemKind::NoTileSet});
         return false;
     }
     if (!defTemplate) {
-        Logger::WriteError(kLogSource, "Unable to generate:  No default layout template.");
+        ReportProblem({ProblemKind::NoLayout});
         return false;
     }
     return true;
@@ -210,18 +210,17 @@ bool GenMgr::RunGenerator(const char* name, bool fixedLayout) {
     } catch (const std::bad_alloc&) {
         // What was made until then goes first: the line needs memory too.
         mod.ResetContent();
-        Logger::WriteError(kLogSource, "Generation failed:  Out of memory.");
+        ReportProblem({ProblemKind::RunMemory});
         return false;
-    } catch (const LimitReached& e) {
-        // A whole line by itself: a limit that was reached is no fault inside.
-        Logger::WriteError(kLogSource, "%s", e.what());
+    } catch (const LimitReached&) {
+        ReportProblem({ProblemKind::RunTooLarge, {std::to_string(kMaxRunMemory >> 20U)}});
         return false;
     } catch (const std::exception& e) {
-        Logger::WriteError(kLogSource, "Internal:  Generation failed: %s", e.what());
+        ReportProblem({ProblemKind::RunFailed, {e.what()}});
         return false;
     } catch (...) {
         // Of a caller's object, in whatever way its language has it.
-        Logger::WriteError(kLogSource, "Internal:  Generation failed: unknown exception");
+        ReportProblem({ProblemKind::RunFailed, {"unknown exception"}});
         return false;
     }
 }

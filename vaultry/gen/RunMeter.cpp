@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/gen/RunMeter.h>
 
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/gen/Limits.h>
 
 namespace Tarnex {
@@ -30,10 +30,7 @@ bool RunMeter::StepPlacing(std::int64_t steps) {
     // Once per run: every item of every theme would say it again.
     if (!loggedPlacing) {
         loggedPlacing = true;
-        Logger::WriteError("Generator",
-                           "The themes ask for more than %lld steps of placing; nothing more is "
-                           "placed.",
-                           static_cast<long long>(kMaxPlacingSteps));
+        ReportProblem({ProblemKind::TooMuchPlacing, {std::to_string(kMaxPlacingSteps)}});
     }
     return false;
 }
@@ -42,8 +39,7 @@ void RunMeter::TakeMemory(std::uint64_t bytes) {
     memory += bytes;
     // Before the system has none left, which would end other programs first.
     if (memory > kMaxRunMemory) {
-        throw LimitReached("The run asks for more than " + std::to_string(kMaxRunMemory >> 20U) +
-                           " MiB of memory; it is given up.");
+        throw LimitReached();
     }
 }
 

@@ -5,19 +5,14 @@
 #include <vaultry/foundation/JobStatus.h>
 
 #include <cstdint>
-#include <stdexcept>
-#include <string>
 
 namespace Tarnex {
 
 /// Ends a run out of the middle of a generator when it was cancelled. Never leaves Gen.
 struct RunCanceled {};
 
-/// Ends a run that needs more than a run may; says which limit and its value.
-struct LimitReached : std::runtime_error {
-    /// The message is what the log shows.
-    using std::runtime_error::runtime_error;
-};
+/// Likewise when it needs more memory than a run may take.
+struct LimitReached {};
 
 /// Counts work and memory. Whatever a generator repeats for each cell, piece or turn takes a step
 /// for each, so that a cancelled run ends within a moment and none grows without bound. Draws no

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/output/Element.h>
 
-#include <vaultry/foundation/Logger.h>
+#include <vaultry/foundation/Problem.h>
 
 #include <algorithm>
 #include <array>
@@ -14,7 +14,6 @@ namespace Tarnex {
 
 namespace {
 
-constexpr const char* kLogSource = "XmlOut";
 constexpr std::size_t kWordBytes = 4;
 constexpr std::size_t kMaxWords = 8;
 
@@ -51,6 +50,11 @@ void WriteZeros(std::ostream& stream, std::uint32_t count) {
     }
 }
 
+// Apart, since what makes a problem would slow down the writing of every text.
+[[gnu::cold]] void ReportTooLong(const std::string& text, std::uint32_t length) {
+    ReportProblem({ProblemKind::FieldTooLong, {text, std::to_string(static_cast<int>(length))}});
+}
+
 } // namespace
 
 void Element::WriteInt(std::ostream& stream, std::int32_t value) const {
@@ -67,10 +71,7 @@ void Element::WriteString(std::ostream& stream,
     }
     std::size_t kept = text.size();
     if (kept >= length) {
-        Logger::WriteError(kLogSource,
-                           "Output string ('%s') exceeded maximum field length of %d.",
-                           text.c_str(),
-                           static_cast<int>(length));
+        ReportTooLong(text, length);
         kept = length - 1;
     }
     stream.write(text.data(), static_cast<std::streamsize>(kept));

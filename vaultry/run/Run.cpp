@@ -18,8 +18,6 @@ namespace {
 // As many as a program that reads numbers as floating-point ones keeps apart.
 constexpr unsigned kStampBits = 53;
 
-constexpr const char* kLogSource = "Run";
-
 // Puts back, when it goes, what a run sets in its manager and what it leaves there for the next:
 // the tile set and the themes that were chosen by chance.
 class KeptSettings {
@@ -58,12 +56,11 @@ private:
     LevelObserver* observer;
 };
 
-// A state of the run's own, with what listens to whoever calls: log, listeners of problems, and the
-// recorder, which counts the draws.
+// A state of the run's own, with what listens to whoever calls: the log and the recorder, which
+// counts the draws. Listeners of problems do not: they would hear of tries that came to nothing.
 class OwnState {
 public:
     OwnState() : outer(CurrentRunState()), state(outer.log), use(&state) {
-        state.problems = outer.problems;
         state.chance = outer.chance;
     }
     ~OwnState() { outer.chance.draws = state.chance.draws; }
@@ -118,14 +115,6 @@ std::string NameOf(const DiPtr<T>& object) {
     return object ? ToUtf8(object->GetName()) : std::string();
 }
 
-std::vector<std::string> LoggedErrors() {
-    std::vector<std::string> errors;
-    for (const std::string& line : Logger::GetErrors()) {
-        errors.push_back(ToUtf8(line));
-    }
-    return errors;
-}
-
 } // namespace
 
 void FixChance(RunOptions& options) {
@@ -177,10 +166,7 @@ bool Run::HasItsNames() const {
     const std::vector<const OptionRow*> unknown = UnknownNames(options, manager);
     for (const OptionRow* row : unknown) {
         const std::string name = std::get<std::string>(ValueOf(options, *row));
-        Logger::WriteError(kLogSource,
-                           "The configuration has no %s \"%s\".",
-                           row->choice->what,
-                           FromUtf8(name).c_str());
+        ReportProblem({ProblemKind::UnknownName, {row->choice->what, FromUtf8(name)}});
     }
     return unknown.empty();
 }
@@ -204,6 +190,7 @@ void Run::HandOver() const {
 RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
     const KeptSettings settings(manager);
     manager.levelObserver = observer;
+    ProblemList problems;
     RunResult result;
     result.seed = seed;
     result.stamp = options.stamp.value();
@@ -222,7 +209,7 @@ RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
     result.theme = NameOf(manager.defTheme);
     result.creatureTheme = NameOf(manager.defCreatureTheme);
     result.treasureTheme = NameOf(manager.defTreasureTheme);
-    result.errors = LoggedErrors();
+    result.problems = problems.Get();
     return result;
 }
 

@@ -2,6 +2,7 @@
 // One run: from a configuration and options to a dungeon in memory.
 #pragma once
 
+#include <vaultry/foundation/Problem.h>
 #include <vaultry/gen/GenMgr.h>
 #include <vaultry/run/Arrival.h>
 #include <vaultry/run/RunOptions.h>
@@ -22,17 +23,17 @@ enum class RunEnd {
 
 /// What a run came to. Texts are UTF-8.
 struct RunResult {
-    RunEnd end = RunEnd::Refused;    ///< whether there is a dungeon
-    std::uint32_t seed = 0;          ///< of the last try, or the first when none was walkable
-    std::int64_t stamp = 0;          ///< in the identifiers of containers
-    std::uint32_t tries = 1;         ///< seeds tried
-    GenReport levels;                ///< of the last try; without any for a fixed interior
-    std::string tileSet;             ///< what the options or chance chose last; empty for none
-    std::string theme;               ///< likewise, the furniture
-    std::string creatureTheme;       ///< likewise
-    std::string treasureTheme;       ///< likewise
-    std::vector<std::string> errors; ///< of the last try, as they were logged
-    std::vector<Arrival> arrivals;   ///< of every level that has any, in order; see Generate
+    RunEnd end = RunEnd::Refused;  ///< whether there is a dungeon
+    std::uint32_t seed = 0;        ///< of the last try, or the first when none was walkable
+    std::int64_t stamp = 0;        ///< in the identifiers of containers
+    std::uint32_t tries = 1;       ///< seeds tried
+    GenReport levels;              ///< of the last try; without any for a fixed interior
+    std::string tileSet;           ///< what the options or chance chose last; empty for none
+    std::string theme;             ///< likewise, the furniture
+    std::string creatureTheme;     ///< likewise
+    std::string treasureTheme;     ///< likewise
+    std::vector<Problem> problems; ///< of the last try, as they were logged
+    std::vector<Arrival> arrivals; ///< of every level that has any, in order; see Generate
 };
 
 /// Draws seed and stamp unless they are given: a run can be repeated only when what chance and the
@@ -53,8 +54,8 @@ constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
 /// Generates from a configuration that a manager has read. What it makes depends on configuration,
 /// options, seed and stamp alone, and for names that are not given on the manager's defaults: it
 /// draws from a generator of its own, and leaves in the manager nothing but `mod` and `report`. It
-/// logs where the thread that calls it logs; threads that each have a manager and a state
-/// (UseRunState) do not disturb each other.
+/// logs where the thread that calls it logs, and its problems are told in its result alone; threads
+/// that each have a manager and a state (UseRunState) do not disturb each other.
 class VAULTRY_API Run {
 public:
     /// `manager` is not owned and must outlive the run; its job status is asked and its observer
