@@ -14,6 +14,9 @@ namespace Tarnex {
 
 /// Filled by one load and then only read. Every list keeps document order and may hold several
 /// entries of one name; searches by name take the first.
+///
+/// GenMgr holds the one that a front end reads, as `config`; `GenMgr::Get...` hand out its lists by
+/// name. To add to it in memory, append to the lists between two runs: no run changes them.
 class VAULTRY_API ConfigMgr : public DiRcObject {
 public:
     DiPtr<ContentMgr> contentMgr = MakeDi<ContentMgr>(); ///< never null

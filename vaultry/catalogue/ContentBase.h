@@ -22,6 +22,10 @@ enum Stacking : std::int32_t {
 
 /// Everything that is placed into rooms besides the architecture, and everything that fills
 /// containers.
+///
+/// Things of a value up to 1000 are taken whenever they are drawn, dearer ones seldom: 1 in 10
+/// draws up to 5000, 1 in 20 up to 10000, 1 in 100 up to 25000, 1 in 1000 above. Large piles are
+/// cut until they are worth a plausible sum. Names are Windows-1252 and are written as they are.
 class VAULTRY_API ContentBase : public DiRcObject {
 public:
     std::string uniqueName;          ///< the game's identifier, and the key of theme items
@@ -44,9 +48,11 @@ public:
     /// True when the content can be placed.
     virtual bool Instantiable() const = 0;
 
-    /// Whether the content is of that kind, without regard to case.
+    /// Whether the content is of that kind, without regard to case. The words are those of the
+    /// vocabulary (Content_Rug and others).
     bool IsKind(std::string_view kind) const;
-    /// Whether the content is of that subtype, without regard to case.
+    /// Whether the content is of that subtype, without regard to case. An empty word fits content
+    /// without a subtype.
     bool IsSubtype(std::string_view word) const;
 
 protected:

@@ -6,7 +6,8 @@
 
 namespace Tarnex {
 
-/// A piece of content as the configuration describes it.
+/// A piece of content as the configuration describes it. Held by the lists of ContentMgr, and not
+/// changed once it is there: all placements copy it.
 class VAULTRY_API ContentTemplate : public ContentBase {
 public:
     /// True: an item is made of it first; see ContentMgr::CvtToItem.

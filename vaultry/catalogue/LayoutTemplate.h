@@ -13,6 +13,9 @@
 namespace Tarnex {
 
 /// A rectangular grid of template cells with a name, a type, an offset and nested templates.
+///
+/// A top-level template makes a fixed interior or one room of a random level; the nested ones are
+/// its raised and lowered parts. Generation copies what it takes from it and never changes it.
 class VAULTRY_API LayoutTemplate : public DiRcObject {
 public:
     /// The cells of one row, west to east.
@@ -21,7 +24,9 @@ public:
     /// The most columns or rows that a configuration may ask for. [cells]
     static constexpr std::int32_t kMaxSize = 1024;
 
-    /// Makes size.y rows of size.x empty cells.
+    /// Makes size.y rows of size.x empty cells. A component of 0 gives a grid without cells; none
+    /// may be negative. Nothing is checked against kMaxSize here: that is for whoever reads a size
+    /// from outside.
     explicit LayoutTemplate(const DiPos& size);
 
     /// The name by which the template is chosen.
@@ -51,7 +56,8 @@ public:
 
     /// The element of a cell, possibly null; throws std::out_of_range outside the grid.
     DiPtr<TemplateElmt> GetElmt(std::uint32_t row, std::uint32_t col) const;
-    /// Stores the handle, releasing the one before; throws std::out_of_range outside the grid.
+    /// Stores the handle, releasing the one before; throws std::out_of_range outside the grid. A
+    /// null handle empties the cell.
     void SetElmt(const DiPtr<TemplateElmt>& elmt, std::int32_t row, std::int32_t col);
 
     /// The templates nested in this one, in document order.
@@ -59,7 +65,8 @@ public:
     std::vector<DiPtr<LayoutTemplate>>& GetChildren() { return children; }
     const std::vector<DiPtr<LayoutTemplate>>& GetChildren() const { return children; }
     /// @}
-    /// Appends a child; null is ignored.
+    /// Appends a child; null is ignored. That a template does not become its own descendant is for
+    /// the caller to see to.
     void AddChild(const DiPtr<LayoutTemplate>& child);
 
 private:

@@ -13,6 +13,9 @@ namespace Tarnex {
 
 /// The pieces of one kind of platform, one per kind name, looked up without regard to case. The
 /// stairs that climb north bring those of the other three sides with them.
+///
+/// Of the platforms of a configuration a fixed interior of a cave takes one by chance, and raises
+/// it along all walls, if it is to have platforms. A kit without a "Floor" raises nothing.
 class VAULTRY_API Platform : public DiRcObject {
 public:
     Platform() = default;
@@ -24,7 +27,7 @@ public:
     /// Replaces the name; not null.
     void SetName(const char* newName) { name = newName; }
 
-    /// The filed piece itself, or null.
+    /// The filed piece itself, or null. Whoever changes it changes it for every later placement.
     DiPtr<PlatformTile> Get(std::string_view kindName) const;
     /// A new piece copied from the filed one, to be adjusted for one placement, or null.
     DiPtr<PlatformTile> GetCopyOf(std::string_view kindName) const;

@@ -9,7 +9,9 @@
 
 namespace Tarnex {
 
-/// A floor slab, beam or stair of a platform. Copied for each placement.
+/// A floor slab, beam or stair of a platform. Copied for each placement. Numbers are 0 and texts
+/// empty until they are set. Floors are laid side by side by their size, those larger than the cell
+/// not at all.
 struct VAULTRY_API PlatformTile : public DiRcObject {
     std::string id;           ///< object identifier written into the plug-in
     std::string kindName;     ///< "Floor", "Beam", "StairsUpN", ...

@@ -12,16 +12,30 @@
 namespace Tarnex {
 
 /// What kind of content to place, how often, and optionally which.
+///
+/// The places that count are, for containers, furniture and tapestries, the walls of a level and,
+/// but for caves, its corners; for rugs the centres; for creatures centres, halls and walls; for
+/// treasure the containers of the level. Doorways and dead ends hold nothing.
 struct VAULTRY_API ThemeItem : public DiRcObject {
     /// The value of minimum and maximum when the configuration gives none.
     static constexpr std::int32_t kNotGiven = -1;
 
-    std::string type;                     ///< kind or treasure subtype of the content
-    std::vector<std::string> uniqueNames; ///< the content to choose from; empty: any of its type
-    float ratio = 1.0F;                   ///< placements per candidate element or container
-    float chance = 1.0F;                  ///< of each placement beyond the minimum [0, 1]
-    std::int32_t minimum = kNotGiven;     ///< placements made without the chance test
-    std::int32_t maximum = kNotGiven;     ///< upper bound of placements
+    std::string type; ///< kind or treasure subtype of the content
+    /// The content to choose from, of several by chance at each placement; empty: any of its type.
+    /// A name that the type lacks is logged, and the item places no more.
+    std::vector<std::string> uniqueNames;
+    /// Placements per place that counts, cut to a whole number. Where `maximum` is not given there
+    /// may be one more, if there is a place for it.
+    float ratio = 1.0F;
+    /// Of each placement beyond the minimum [0, 1]. From 1 on the share of `ratio` is certain,
+    /// unless `minimum` says otherwise; 0 still lets one in 32768 through.
+    float chance = 1.0F;
+    /// Placements made without the chance test, as long as there are places. Negative ones are
+    /// none.
+    std::int32_t minimum = kNotGiven;
+    /// Upper bound of placements; 0 and, but for kNotGiven, less: nothing is placed, whatever the
+    /// minimum.
+    std::int32_t maximum = kNotGiven;
 };
 
 } // namespace Tarnex

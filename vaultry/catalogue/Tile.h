@@ -18,6 +18,10 @@ enum TileArea : std::int32_t {
 };
 
 /// A wall, corner, doorway, door, hall piece, stair or floor centre of a tile set.
+///
+/// Pieces face north as they are drawn. Where a piece stands: its offset is added to the
+/// north-south and east-west place of its cell and to the height of its layout, and nothing is
+/// checked, so that a piece may reach into the next cell.
 struct VAULTRY_API Tile : public DiRcObject {
     std::string id;               ///< object identifier written into the plug-in
     std::int32_t area = AreaFull; ///< a value of TileArea
@@ -28,7 +32,8 @@ struct VAULTRY_API Tile : public DiRcObject {
     float scale = 1.0F;           ///< of the model
     TileKindName requiredName;    ///< kind name of a companion placed together with this one
 
-    /// The identifier as a C string, which lives as long as the tile is not changed.
+    /// The identifier as a C string, which lives as long as the tile is not changed. Never null;
+    /// empty when the configuration gives none, and written as it is.
     const char* ID() const { return id.c_str(); }
     /// Whether the tile covers its whole cell.
     bool IsFullSize() const { return area == AreaFull; }
@@ -44,7 +49,8 @@ inline TileType GetTileType(const Tile& tile) {
     return tile.kindName.Kind().Type();
 }
 
-/// True for the four doors, which carry the teleport of a teleporting door.
+/// True for the four doors, which carry the teleport of a teleporting door. Doorways and jambs are
+/// none: they are the hole in the wall and its frame.
 VAULTRY_API bool IsDoorTile(const Tile& tile);
 
 } // namespace Tarnex

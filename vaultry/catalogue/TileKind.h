@@ -12,7 +12,8 @@
 
 namespace Tarnex {
 
-/// What a tile is for. The value 5 is never used.
+/// What a tile is for. The value 5 is never used. Of a cell the type of its first tile counts,
+/// whatever else stands there.
 enum TileType : std::int32_t {
     TileCenter = 0,  ///< floor centre
     TileCorner = 1,  ///< room corner
@@ -24,7 +25,9 @@ enum TileType : std::int32_t {
 };
 
 /// The facing of a tile. A wall, doorway, jamb or door faces the side of the room it belongs to; a
-/// room corner or hall corner is named by its closed sides; a hall end by its closed side.
+/// room corner or hall corner is named by its closed sides; a hall end by its closed side. The
+/// first four are the sides of a cell, in the order in which tables of sides are kept. The eight
+/// doorways in corners have no facing.
 enum TileDirT : std::int32_t {
     DirN = 0,     ///< north
     DirS = 1,     ///< south
@@ -41,6 +44,13 @@ enum TileDirT : std::int32_t {
 };
 
 /// A known kind of tile, or none. Cheap to copy and compare; names are looked up once.
+///
+/// @code
+/// const Tarnex::TileKind kind = Tarnex::TileKind::Of("walln"); // case does not matter
+/// if (kind.Type() == Tarnex::TileWall && kind.Dir() == Tarnex::DirN) {
+///     std::cout << kind.Name(); // WallN
+/// }
+/// @endcode
 class VAULTRY_API TileKind {
 public:
     /// The number of known kinds.
@@ -49,9 +59,11 @@ public:
     /// No known kind.
     constexpr TileKind() = default;
 
-    /// The kind of that name, without regard to case; none when there is no such kind.
+    /// The kind of that name, without regard to case; none when there is no such kind. Costs a
+    /// search; keep the answer where the same name comes often.
     static TileKind Of(std::string_view name);
-    /// The known kind at that place among all kinds, below kCount.
+    /// The known kind at that place among all kinds, below kCount. To go through all of them, in
+    /// the order of the vocabulary. Not checked.
     static TileKind At(std::size_t index);
 
     /// False for none.
@@ -59,7 +71,8 @@ public:
     /// The place of a known kind among all kinds, 0 to kCount - 1.
     constexpr std::size_t Index() const { return static_cast<std::size_t>(row); }
 
-    /// The name of a known kind as the vocabulary spells it; empty for none.
+    /// The name of a known kind as the vocabulary spells it; empty for none. It lives as long as
+    /// the program and ends with a zero byte.
     std::string_view Name() const;
     /// DirNone for none and for kinds without a facing.
     constexpr TileDirT Dir() const { return static_cast<TileDirT>(dir); }
@@ -76,10 +89,13 @@ private:
     std::int8_t type = TileNone;
 };
 
-/// The names of all known kinds, as the vocabulary spells them.
+/// The names of all known kinds, as the vocabulary spells them. In the order of TileKind::At; for a
+/// front end that offers them for choice.
 VAULTRY_API std::vector<std::string> TileKindNames();
 
-/// The name of a tile as written, with the kind that it stands for. Behaves as the text.
+/// The name of a tile as written, with the kind that it stands for. Behaves as the text. A tile set
+/// may hold tiles of names that are no kinds: they are placed where a template asks for them, and
+/// nothing else reasons about them.
 class VAULTRY_API TileKindName {
 public:
     TileKindName() = default;

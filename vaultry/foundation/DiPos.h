@@ -8,11 +8,21 @@
 ///
 /// As a position, x is the column (west to east), y the row (row 0 is the northern edge) and z a
 /// level or height. As a size, x is the width, y the height, z the vertical extent. [cells]
+///
+/// In the world a cell lies at x times the size of a tile to the east, and at y times that size to
+/// the south, which is towards negative y there.
+///
+/// @code
+/// const DiPos place(3, 1, 0); // fourth column, second row
+/// const auto elmt = layout.GetElmt(static_cast<std::uint32_t>(place.y), // the row comes first
+///                                  static_cast<std::uint32_t>(place.x));
+/// @endcode
 struct DiPos {
     std::int32_t x = 0; ///< column, or width
     std::int32_t y = 0; ///< row, or height
     std::int32_t z = 0; ///< level, or vertical extent
 
+    /// The north-western cell, or a size of nothing.
     constexpr DiPos() = default;
     /// The position with these components.
     constexpr DiPos(std::int32_t px, std::int32_t py, std::int32_t pz) : x(px), y(py), z(pz) {}
@@ -47,7 +57,8 @@ struct DiPos {
     constexpr bool operator==(const DiPos&) const = default;
 };
 
-/// The sum, component by component.
+/// The sum, component by component. A step to a neighbour, or the place of a cell of a nested
+/// layout in the outer one.
 constexpr DiPos operator+(DiPos a, const DiPos& b) {
     return a += b;
 }

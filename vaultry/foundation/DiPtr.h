@@ -8,13 +8,25 @@
 
 /// A counted handle to a T derived from DiRcObject, or null. Handles compare by pointer; assigning
 /// null releases. A T* handed in is shared, never owned alone: the object must live on the heap.
+///
+/// @code
+/// const DiPtr<Tarnex::TileSet> set = manager.GetDefaultTileSet(); // null when there is none
+/// if (set) {
+///     std::cout << set->GetName() << '\n';
+/// }
+/// @endcode
+///
+/// Each handle that is made and goes costs a count, which is a plain integer: the object and all
+/// its handles stay with one thread at a time. Where a function only looks at an object, hand it a
+/// reference.
 template <typename T>
 class DiPtr {
 public:
     DiPtr() noexcept = default;
     /// Null, as without an argument.
     DiPtr(std::nullptr_t) noexcept {}
-    /// A further handle to the object, or null.
+    /// A further handle to the object, or null. Nothing is copied. An object that is not on the
+    /// heap would be deleted with its last handle.
     DiPtr(T* object) : ptr(object) { Acquire(ptr); }
     /// A further handle to what the other one holds.
     DiPtr(const DiPtr& other) : ptr(other.ptr) { Acquire(ptr); }
@@ -22,7 +34,8 @@ public:
     DiPtr(DiPtr&& other) noexcept : ptr(std::exchange(other.ptr, nullptr)) {}
     ~DiPtr() { Release(ptr); }
 
-    /// A handle to the same object by its base.
+    /// A handle to the same object by its base. There is none the other way: whoever knows the
+    /// derived class casts the pointer.
     template <std::derived_from<T> U>
     DiPtr(const DiPtr<U>& other) : ptr(other.get()) {
         Acquire(ptr);
@@ -31,9 +44,11 @@ public:
     /// Lets go of the object held before, which is destroyed when this was its last handle.
     /// @{
 
+    /// Shares what the other handle holds. Assigning a handle to itself does nothing.
     // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): the pointer below is compared
     DiPtr& operator=(const DiPtr& other) { return *this = other.ptr; }
 
+    /// Takes over what the other handle holds, without a count, and leaves it null.
     DiPtr& operator=(DiPtr&& other) noexcept {
         DiPtr taken(std::move(other));
         std::swap(ptr, taken.ptr);
@@ -49,6 +64,7 @@ public:
         return *this;
     }
 
+    /// The handle is null afterwards; one that was null stays so.
     DiPtr& operator=(std::nullptr_t) { return *this = static_cast<T*>(nullptr); }
 
     /// @}
@@ -64,8 +80,11 @@ public:
 
     /// Whether both hold the very same object, or both none.
     /// @{
+    /// Two objects with the same fields are not the same.
     friend bool operator==(const DiPtr& a, const DiPtr& b) noexcept { return a.ptr == b.ptr; }
+    /// With a pointer that no handle need hold; it is not looked through.
     friend bool operator==(const DiPtr& a, const T* b) noexcept { return a.ptr == b; }
+    /// Whether the handle holds nothing.
     friend bool operator==(const DiPtr& a, std::nullptr_t) noexcept { return a.ptr == nullptr; }
     /// @}
 
@@ -85,7 +104,8 @@ private:
     T* ptr = nullptr;
 };
 
-/// Makes a new T from the arguments of its constructor, and the first handle to it.
+/// Makes a new T from the arguments of its constructor, and the first handle to it. Throws what the
+/// constructor throws, and std::bad_alloc. The usual way to make an object of the library.
 template <typename T, typename... Args>
 DiPtr<T> MakeDi(Args&&... args) {
     return DiPtr<T>(new T(std::forward<Args>(args)...));

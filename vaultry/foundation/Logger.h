@@ -29,6 +29,15 @@ class JobStatus;
 /// though not in the error list, "?" stands for what no configuration in XML 1.0 can hold, the
 /// escape of terminals for one. When the file cannot be opened or takes no more, lines are dropped
 /// silently and the error list still grows; GetFault tells of it.
+///
+/// @code
+/// Tarnex::Logger::Init("dungeon.log"); // or InitWithoutFile, to keep the disk clean
+/// // ... configure and run
+/// for (const std::string& line : Tarnex::Logger::GetErrors()) {
+///     std::cerr << Tarnex::ToUtf8(line) << '\n';
+/// }
+/// Tarnex::Logger::ResetErrors();
+/// @endcode
 class VAULTRY_API Logger {
 public:
     /// Opens `fileName` (UTF-8) for writing, truncating it; null or empty means "Log.txt". Only the
@@ -41,10 +50,10 @@ public:
     /// Keeps the log off the disk: like Init, but without a file. Error lines are still kept.
     static void InitWithoutFile();
 
-    /// Closes the log; the next Init or line opens one anew.
+    /// Closes the log; the next Init or line opens one anew. The error list stays.
     static void Close();
 
-    /// Writes "Info : source : message".
+    /// Writes "Info : source : message". Source and format are not null, here and below.
     static void WriteInfo(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
 
     /// Writes "Warning : source : message"; not kept in the error list.
@@ -59,7 +68,8 @@ public:
     /// Writes "Error : source : message" and appends the line to the error list.
     static void WriteError(const char* source, const char* format, ...) VAULTRY_PRINTF(2, 3);
 
-    /// The error lines since the start or the last ResetErrors, in order.
+    /// The error lines since the start or the last ResetErrors, in order. The list is the state's
+    /// own and grows with every error: copy it to keep it. A Run empties it before each try.
     static const std::vector<std::string>& GetErrors();
 
     /// Empties the error list; the log file is not touched.

@@ -6,19 +6,22 @@
 
 namespace Tarnex {
 
-/// The facing of the element's first tile; DirNone without tiles.
+/// The facing of the element's first tile; DirNone without tiles. What stands behind the first tile
+/// does not count: a centre with a wall on it faces all sides.
 inline TileDirT GetElmtDir(const GridElmt& elmt) {
     const Tile* first = elmt.FirstTile();
     return first == nullptr ? DirNone : GetTileDir(*first);
 }
 
-/// The type of the element's first tile; TileNone without tiles.
+/// The type of the element's first tile; TileNone without tiles. Stairs have none, whatever else
+/// they are.
 inline TileType GetElmtType(const GridElmt& elmt) {
     const Tile* first = elmt.FirstTile();
     return first == nullptr ? TileNone : GetTileType(*first);
 }
 
 /// The first tile of that type, in list order, or null; it lives as long as the element's handle.
+/// Without a count, for loops over whole levels.
 inline Tile* PeekTileOfType(const GridElmt& elmt, TileType type) {
     for (const DiPtr<Tile>& tile : elmt.tiles) {
         if (GetTileType(*tile) == type) {
@@ -28,12 +31,13 @@ inline Tile* PeekTileOfType(const GridElmt& elmt, TileType type) {
     return nullptr;
 }
 
-/// The same as a handle.
+/// The same as a handle. It holds the tile even when the element goes.
 inline DiPtr<Tile> FindTileOfType(const GridElmt& elmt, TileType type) {
     return PeekTileOfType(elmt, type);
 }
 
-/// Whether the element has a tile of that type.
+/// Whether the element has a tile of that type. All tiles are looked at, not the first alone: a
+/// cell may hold a piece of a hall and a doorway.
 inline bool HasTileOfType(const GridElmt& elmt, TileType type) {
     return PeekTileOfType(elmt, type) != nullptr;
 }
@@ -41,14 +45,16 @@ inline bool HasTileOfType(const GridElmt& elmt, TileType type) {
 /// Sides of a cell as bits: bit n is the side of value n of TileDirT, in the order N, S, E, W.
 using SideBits = std::uint8_t;
 
-/// The bit of a side; `side` is DirN, DirS, DirE or DirW.
+/// The bit of a side; `side` is DirN, DirS, DirE or DirW. Other facings are no sides and must not
+/// be asked for.
 constexpr SideBits SideBit(TileDirT side) {
     return static_cast<SideBits>(1U << static_cast<unsigned>(side));
 }
 
 /// The sides across which a passage may enter the element. A doorway in a room's north wall opens
 /// north, a hall corner on its two open sides, a hall end toward the rest of its hall; everything
-/// else opens nowhere.
+/// else opens nowhere. The facing and the type are those of the first tile. Whether one can really
+/// walk there depends on the neighbour, which has to be open on its side too.
 VAULTRY_API SideBits OpenSides(const GridElmt& elmt);
 
 /// Whether a passage may enter the element across that side (DirN, DirS, DirE or DirW).
@@ -59,18 +65,22 @@ inline bool OpensTo(const GridElmt& elmt, TileDirT side) {
 /// Whether a passage may enter the element across the side that the function names.
 /// @{
 
+/// Of a doorway in a northern wall, for one.
 inline bool OpensNorth(const GridElmt& elmt) {
     return OpensTo(elmt, DirN);
 }
 
+/// Of a hall end that closes a hall in the north, for one.
 inline bool OpensSouth(const GridElmt& elmt) {
     return OpensTo(elmt, DirS);
 }
 
+/// Of a hall corner that is closed to the north and west, for one.
 inline bool OpensEast(const GridElmt& elmt) {
     return OpensTo(elmt, DirE);
 }
 
+/// Of a hall from east to west, for one.
 inline bool OpensWest(const GridElmt& elmt) {
     return OpensTo(elmt, DirW);
 }

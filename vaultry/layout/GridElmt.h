@@ -19,6 +19,10 @@ class Layout;
 
 /// The tiles, platform pieces and contents of one cell of a layout, with its teleport data. A copy
 /// shares the pieces and owns its lists.
+///
+/// A front end meets elements when a LevelObserver is shown a level: they tell what stands where
+/// before it becomes references in world units. They are the level's; a handle keeps an element,
+/// not the layouts around it.
 class VAULTRY_API GridElmt final : public DiRcObject {
 public:
     /// A doorway with its jamb and door fits in place.
@@ -41,7 +45,8 @@ public:
     /// Gives the memory back for the next element of the thread, whichever thread made this one.
     static void operator delete(void* memory) noexcept;
     /// Lets all threads have what the calling one has spare. To be called at the end of whatever
-    /// makes and drops elements: what a thread still keeps when it ends is used no more.
+    /// makes and drops elements: what a thread still keeps when it ends is used no more. GenMgr
+    /// does it after each run; only who makes elements by other ways needs it.
     static void ShareMemory() noexcept;
 
     /// An element without tiles.

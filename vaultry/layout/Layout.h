@@ -17,6 +17,15 @@ namespace Tarnex {
 ///
 /// Parent links are counted like every handle, so a parent and its children keep each other alive
 /// until Dissolve is called at the end of a run.
+///
+/// @code
+/// for (std::uint32_t row = 0; row < level.GetHeight(); ++row) {
+///     for (const DiPtr<Tarnex::GridElmt>& elmt : level.GetRow(row)) {
+///         std::cout << (elmt && !elmt->tiles.empty() ? '#' : '.');
+///     }
+///     std::cout << '\n';
+/// }
+/// @endcode
 class VAULTRY_API Layout : public DiRcObject {
 public:
     /// The elements of one row, west to east; null where a cell is empty.
@@ -24,7 +33,9 @@ public:
     /// Elements of any place.
     using Elmts = std::vector<DiPtr<GridElmt>>;
 
-    /// A new layout of size.y rows and size.x columns, all empty.
+    /// A new layout of size.y rows and size.x columns, all empty. A component of 0 or less gives a
+    /// grid without cells. Takes a pointer for each cell at once; throws std::bad_alloc where that
+    /// is not to be had.
     static DiPtr<Layout> Create(const DiPos& size);
     ~Layout() override;
 
@@ -82,6 +93,7 @@ public:
     DiPtr<Layout> GetRoot();
 
     /// The smallest offset of the children, component by component; (0, 0, 0) without children.
+    /// Negative where a part reaches out to the north or west. Grandchildren do not count.
     Di3Point GetMinChildOffset() const;
     /// The extent covered together with all descendants. Reach past the near edge adds up child by
     /// child on purpose: two children two columns west widen the total by four. [cells]
@@ -89,17 +101,20 @@ public:
 
     /// Drops `other` into this layout at its offset: its cells, empty ones too, replace those here
     /// (the elements are shared from then on), and its children move over, keeping their parent.
+    /// Its cells must fit: a column outside throws std::out_of_range, with what was copied until
+    /// then in place; a row outside is dropped.
     void AddContents(Layout& other);
 
     /// Shows the cells of direct children with zMin <= z <= zMax in this grid, as marked copies in
-    /// cells that are empty.
+    /// cells that are empty. Grandchildren are not shown. What is written into a marked copy is
+    /// lost with it.
     void AddShadows(float zMin, float zMax);
     /// Clears every cell that AddShadows filled.
     void RemoveShadows();
 
     /// Every element, anywhere in the tree of this layout, at the absolute position of (row, col)
     /// whose layout's z lies within [zMin, zMax] of this one: a layout's own element before those
-    /// of its children, depth first.
+    /// of its children, depth first. Costs a look at every layout of the tree.
     Elmts GetElmtsDeep(std::uint32_t row, std::uint32_t col, float zMin, float zMax) const;
 
     /// Makes each cell a new copy of the other's cell, or empty. Nothing happens when the sizes
@@ -107,7 +122,8 @@ public:
     void ShallowCopy(const Layout& other);
 
     /// Lets go of the cells and children of this layout and of everything below it, so that no
-    /// cycle keeps them alive. To be called on the root, which is of no use afterwards.
+    /// cycle keeps them alive. To be called on the root, which is of no use afterwards. Elements
+    /// and layouts that others hold live on without it.
     void Dissolve();
 
 protected:
