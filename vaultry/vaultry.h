@@ -18,6 +18,20 @@
  * nothing else: functions with a result answer VAULTRY_BUSY, those with a text null, and the only
  * error is then the one that says so. The call itself is not disturbed. Other generators can be
  * made, used and destroyed.
+ *
+ * @code{.c}
+ * vaultry_generator* generator = vaultry_create();
+ * if (generator != NULL && vaultry_init(generator, "vaultry.xml") == VAULTRY_OK &&
+ *     vaultry_set(generator, "size", "Small") == VAULTRY_OK &&
+ *     vaultry_generate(generator, "dungeon.esp") == VAULTRY_OK) {
+ *     printf("seed %lu\n", (unsigned long)vaultry_last_seed(generator));
+ * } else if (generator != NULL) {
+ *     for (size_t i = 0; i < vaultry_error_count(generator); ++i) {
+ *         fprintf(stderr, "%s\n", vaultry_error(generator, i));
+ *     }
+ * }
+ * vaultry_destroy(generator);
+ * @endcode
  */
 #ifndef VAULTRY_H
 #define VAULTRY_H
@@ -44,7 +58,11 @@ enum vaultry_result {
     VAULTRY_BUSY = 6          /**< another call with the generator is under way; nothing done */
 };
 
-/** A generator: a configuration, options, and what the last run came to. */
+/**
+ * A generator: a configuration, options, and what the last run came to. It keeps the configuration
+ * and the last dungeon in memory until it reads or makes another, or is destroyed; one that is used
+ * again and again saves the reading.
+ */
 typedef struct vaultry_generator vaultry_generator;
 
 /**
@@ -52,15 +70,23 @@ typedef struct vaultry_generator vaultry_generator;
  * the call, `position` how many of its `steps` (one for each level) are done, `context` what
  * vaultry_set_progress was given. Another answer than 0 cancels the run. The function must not
  * throw. It may use other generators, and ask its own for seed and stamp.
+ *
+ * It is called on the thread of the run, which waits for it, and while the plug-in is written too.
+ * A level that is given up counts no step, and a dungeon that is to be walkable begins again at 0
+ * with each further seed, so that a bar may end early and may go back.
  */
 typedef int (*vaultry_progress)(void* context, const char* text, int32_t position, int32_t steps);
 
-/** The version of the library, such as "1.2.3"; it holds for ever. */
+/**
+ * The version of the library, such as "1.2.3"; it holds for ever. Never null. For a program that
+ * was built with one version and finds another when it runs: while the first number is 0, only
+ * versions with the same second one fit together.
+ */
 VAULTRY_API const char* vaultry_version(void);
 
 /**
  * A new generator without a configuration, to be given to vaultry_destroy in the end; null when
- * memory does not suffice.
+ * memory does not suffice. All options have the defaults of their switches.
  */
 VAULTRY_API vaultry_generator* vaultry_create(void);
 /**
@@ -73,11 +99,17 @@ VAULTRY_API enum vaultry_result vaultry_destroy(vaultry_generator* generator);
  * Reads a configuration, in place of any earlier one, and forgets all names that were set. What is
  * wrong with it is told by vaultry_error, even when it can be used: VAULTRY_REFUSED means that it
  * holds no tile set.
+ *
+ * Options that are no names stay as they were set; the last run is forgotten, but for its seed and
+ * stamp. A file that cannot be opened holds nothing, and counts as such. After VAULTRY_CANCELED the
+ * configuration is empty. Where a pipe is read, the call waits for its writer; vaultry_cancel ends
+ * that too.
  */
 VAULTRY_API enum vaultry_result vaultry_init(vaultry_generator* generator, const char* path);
 /**
  * Like vaultry_init, from `length` bytes of a document that is needed during the call only. `name`
- * stands for the file in messages.
+ * stands for the file in messages, and in the command line of a run. The document need not end with
+ * a zero byte; a null one is an empty one, whatever `length` says.
  */
 VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* generator,
                                                          const char* text,
@@ -91,13 +123,29 @@ VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* gene
  * therefore comes first. "seed" and "stamp" are drawn by chance for every run until they are set. A
  * number beyond the bounds of its switch, which the error names, and a name with letters that the
  * game's code page (Windows-1252) lacks are refused. A value that is refused changes nothing.
+ *
+ * Of two options that exclude each other, "tileset" and "cave-tileset" for instance, the one that
+ * is set last counts. What was set holds for all later runs; only a new generator has the defaults
+ * again. Numbers are written in decimal digits, without a sign; of words the case does not matter.
+ *
+ * @code{.c}
+ * vaultry_set(generator, "levels", "3");
+ * vaultry_set(generator, "spacing", "Semi-loose");
+ * vaultry_set(generator, "random-theme", "true");
+ * @endcode
  */
 VAULTRY_API enum vaultry_result
 vaultry_set(vaultry_generator* generator, const char* option, const char* value);
-/** The name of an option, counted from 0; null past the last one. It holds for ever. */
+/**
+ * The name of an option, counted from 0; null past the last one. It holds for ever. In the order of
+ * the program's help, and the same for all generators; vaultry_options_json tells more of each.
+ */
 VAULTRY_API const char* vaultry_option(size_t index);
 
-/** Shows the progress of later runs; a null function ends that. `context` is handed on. */
+/**
+ * Shows the progress of later runs; a null function ends that. `context` is handed on; it is
+ * neither looked at nor freed, and has to be good as long as runs may show their progress.
+ */
 VAULTRY_API enum vaultry_result
 vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, void* context);
 
@@ -105,29 +153,42 @@ vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, vo
  * Generates a plug-in and writes it to `path`. It is written beside a file that is there and
  * replaces that when it is whole and on the disk: whatever fails, the old file stays. A link stays
  * a link. A folder, a pipe and a device are not written to.
+ *
+ * The plug-in stays in memory besides: vaultry_plugin and all questions answer for it, after
+ * VAULTRY_NOT_WRITTEN too. The last run's dungeon is given up when this one begins, whatever comes
+ * of it.
  */
 VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, const char* path);
 
 /**
  * Like vaultry_generate, but writes nothing: vaultry_plugin hands out the bytes. "strict" is for
- * writing and changes nothing here.
+ * writing and changes nothing here. VAULTRY_REFUSED without a tile set or layout to use, and where
+ * "ensure-walkable" tried a thousand seeds for nothing.
  */
 VAULTRY_API enum vaultry_result vaultry_run(vaultry_generator* generator);
 
 /**
  * Cancels the call that is under way with the generator, on whatever thread: reading a
  * configuration or generating ends with VAULTRY_CANCELED soon. Nothing when there is none. The one
- * function that another thread may call at any time as long as the generator exists.
+ * function that another thread may call at any time as long as the generator exists. It returns at
+ * once and waits for nothing. Calls that begin later are not cancelled.
  */
 VAULTRY_API void vaultry_cancel(vaultry_generator* generator);
 
-/** The bytes of the last run's plug-in, their number in `length`; null and 0 without one. */
+/**
+ * The bytes of the last run's plug-in, their number in `length`; null and 0 without one. They
+ * belong to the generator like every text, and are made anew by each call: keep a copy rather than
+ * ask twice. `length` must not be null.
+ */
 VAULTRY_API const void* vaultry_plugin(vaultry_generator* generator, size_t* length);
 
 /** The seed of the last run, that of the walkable dungeon if one was looked for; 0 before any.
  * Setting it and the stamp repeats the run to the byte. */
 VAULTRY_API uint32_t vaultry_last_seed(const vaultry_generator* generator);
-/** The stamp of the last run, 0 before any: the number that identifiers of containers carry. */
+/**
+ * The stamp of the last run, 0 before any: the number that identifiers of containers carry. Two
+ * plug-ins of one stamp that a player loads together may take each other's containers.
+ */
 VAULTRY_API int64_t vaultry_last_stamp(const vaultry_generator* generator);
 
 /**
@@ -136,17 +197,23 @@ VAULTRY_API int64_t vaultry_last_stamp(const vaultry_generator* generator);
  * memory did not suffice. The answers that are JSON are objects with the numbers "schema" and
  * "version"; what else they hold is told in docs/embedding.md. Bytes and texts that the generator
  * handed out may be handed back in.
+ *
+ * Each answer is made when it is asked for, and takes the place of the one before. Asking changes
+ * neither configuration nor options nor the last run; a question that is refused puts its reason in
+ * the place of the errors that were there.
  * @{
  */
 
 /** The number under "schema": it grows when a key of any answer changes its meaning or goes. */
 VAULTRY_API int vaultry_schema(void);
 
-/** The last run: how it ended, seed, stamp, what chance chose, what became of each level. */
+/** The last run: how it ended, seed, stamp, what chance chose, what became of each level. Null
+ * before any run with the configuration; a run that was refused or cancelled has an answer too. */
 VAULTRY_API const char* vaultry_run_json(vaultry_generator* generator);
 /**
  * The map of the last run. `kind` is "svg" (a picture), "html" (a page), "text" (for a terminal) or
- * "json" (cells, rooms, and everything that is placed with its place and turn).
+ * "json" (cells, rooms, and everything that is placed with its place and turn). Another word is
+ * refused, and null before any run with the configuration.
  */
 VAULTRY_API const char* vaultry_map(vaultry_generator* generator, const char* kind);
 /** The facts of the last run's dungeon, the numbers that a search asks for. */
@@ -202,7 +269,8 @@ VAULTRY_API const char* vaultry_compare_json(vaultry_generator* generator,
 VAULTRY_API size_t vaultry_error_count(const vaultry_generator* generator);
 /**
  * One of those errors by its number from 0, a line that can be shown as it is: "?" stands for
- * characters that drive terminals. Null past the last one.
+ * characters that drive terminals. Null past the last one. It holds as the generator's other texts
+ * do, until the next call: show it, or copy it, first.
  */
 VAULTRY_API const char* vaultry_error(const vaultry_generator* generator, size_t index);
 

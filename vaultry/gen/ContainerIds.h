@@ -20,7 +20,8 @@ inline constexpr std::int64_t kMaxStamp = std::numeric_limits<std::int64_t>::max
 VAULTRY_API void SetContainerStamp(std::int64_t seconds);
 
 /// The next identifier: "Ctr", the stamp, "_", a counter that grows with every container. Stamp and
-/// counter are those of the state in use (RunState.h).
+/// counter are those of the state in use (RunState.h). The game's fields for identifiers hold 31
+/// bytes and a zero; the longest stamp leaves 8 digits for the counter.
 VAULTRY_API std::string NextContainerId();
 
 } // namespace Tarnex

@@ -17,6 +17,10 @@ class LevelObserver;
 
 /// Everything a generator needs. Every generator holds a reference to it; what a run leaves in it
 /// (tile set, themes) is where the next run starts.
+///
+/// GenMgr derives from it, so that a front end finds all of it there: `manager.report`,
+/// `manager.mod`, `manager.config`. A Run sets what its options ask for and puts the settings back
+/// in the end.
 struct VAULTRY_API GenInfo {
     Mod mod;                           ///< the plug-in being built
     ConfigMgr config;                  ///< everything read from the configuration
@@ -36,6 +40,7 @@ struct VAULTRY_API GenInfo {
     GenReport report;       ///< what the last run came to; written by the generators
     mutable RunMeter meter; ///< of the run now under way
 
+    /// An empty configuration, no defaults, nobody to tell.
     GenInfo() = default;
     GenInfo(const GenInfo&) = delete;
     GenInfo& operator=(const GenInfo&) = delete;

@@ -26,7 +26,7 @@ struct RoomReport {
     bool reachable = false; ///< from the first room, through openings that face each other
 };
 
-/// One level of a random run.
+/// One level of a random run. Front ends may keep it: it holds the tile set, but no layouts.
 struct VAULTRY_API LevelReport {
     std::uint32_t number = 0;      ///< from 1; a level that was given up keeps its number
     std::string name;              ///< of its cell
@@ -42,9 +42,10 @@ struct VAULTRY_API LevelReport {
     /// at most one otherwise.
     std::vector<FailedHall> failedHalls;
 
-    /// How many rooms can be reached, the first among them.
+    /// How many rooms can be reached, the first among them. 0 for a level that was given up.
     std::size_t ReachableRooms() const;
-    /// True when the level was made and every room of it can be reached.
+    /// True when the level was made and every room of it can be reached. A level that was made
+    /// without rooms counts as walkable.
     bool IsWalkable() const { return made && ReachableRooms() == rooms.size(); }
 };
 
@@ -53,9 +54,11 @@ struct VAULTRY_API GenReport {
     std::vector<LevelReport> levels; ///< given up ones too
     bool canceled = false;           ///< the run ended early; what was made is not whole
 
-    /// True when the levels that were made hang together by their doors.
+    /// True when the levels that were made hang together by their doors. True when there is but
+    /// one, or none.
     bool AreLevelsLinked() const;
-    /// True when every level is there, every room of it can be reached and all hang together.
+    /// True when every level is there, every room of it can be reached and all hang together. This
+    /// is what a Run that is to be walkable waits for.
     bool IsWalkable() const;
 };
 

@@ -22,6 +22,17 @@ struct FinishedLevel {
 
 /// Receives every finished level of a run, in order. A front end derives from it and hands it to
 /// GenMgr::SetLevelObserver.
+///
+/// @code
+/// class Counter : public Tarnex::LevelObserver {
+/// public:
+///     void StartOver() override { references = 0; }
+///     void LevelFinished(const Tarnex::FinishedLevel& level) override {
+///         references += level.cell.GetRefs().size();
+///     }
+///     std::size_t references = 0;
+/// };
+/// @endcode
 class VAULTRY_API LevelObserver {
 public:
     virtual ~LevelObserver() = default;
@@ -29,7 +40,7 @@ public:
     /// own.
     virtual void StartOver() {}
     /// Called once for each level, while the run waits. An exception ends the run, which is refused
-    /// then.
+    /// then. On the thread that runs. Copy what is to outlive the call; nothing may be changed.
     virtual void LevelFinished(const FinishedLevel& level) = 0;
 };
 

@@ -11,6 +11,16 @@
 namespace Tarnex {
 
 /// What a front end may ask of random levels.
+///
+/// @code
+/// Tarnex::RandomGenInfo wanted;
+/// wanted.numLevels = 3;
+/// wanted.levelSize = Tarnex::RandomGenInfo::StringToLevelSize("small");
+/// manager.SetRandomInfo(wanted); // or a RunOptions, which holds the same and more
+/// @endcode
+///
+/// Nothing is checked here: more than 1000 levels are cut to that, with an error in the log, and
+/// values outside of the enumerations count as 0.
 struct VAULTRY_API RandomGenInfo {
     /// The size of the room grid.
     enum LevelSizeT : std::int32_t {
@@ -30,8 +40,11 @@ struct VAULTRY_API RandomGenInfo {
         Loose = 4,         ///< 3 to 6 cells
     };
 
-    std::uint32_t numLevels = 1;              ///< levels, each a cell of its own
-    std::uint32_t minLevel = 1;               ///< lowest level of a randomly chosen creature theme
+    /// Levels, each a cell of its own, joined by doors in their order. With 0 the run is empty.
+    std::uint32_t numLevels = 1;
+    /// Lowest level of a randomly chosen creature theme. When it is above `maxLevel`, only themes
+    /// of the level `maxLevel` are taken.
+    std::uint32_t minLevel = 1;
     std::uint32_t maxLevel = 5;               ///< highest level of a randomly chosen creature theme
     LevelSizeT levelSize = Random;            ///< of every level
     RoomSpacingT roomSpacing = RandomSpacing; ///< of every level

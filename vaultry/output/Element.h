@@ -21,7 +21,8 @@ namespace Tarnex {
 /// stream.
 class VAULTRY_API Element : public DiRcObject {
 public:
-    /// Writes the element to a stream in binary mode.
+    /// Writes the element to a stream in binary mode. Computes its sizes first, so that whatever
+    /// was changed before is counted.
     virtual void Write(std::ostream& stream) = 0;
 
 protected:

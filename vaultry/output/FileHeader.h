@@ -7,18 +7,25 @@
 namespace Tarnex {
 
 /// The plug-in's header: version, author, description and the one master file it depends on.
+///
+/// A Mod has one; by itself it is of use for files that are put together by hand. The game looks
+/// the master up by name and compares the size with that of the file it has, to warn of another
+/// version.
 class VAULTRY_API FileHeader : public Element {
 public:
-    /// A header that names the game's own master.
+    /// A header that names the game's own master. The version is 1.2, the author and description
+    /// are those that all plug-ins of this library carry.
     FileHeader();
 
     /// Names the master file and its size [bytes]. Without a name the game's own master is named,
-    /// with `size`, or with that master's usual size when `size` is 0.
+    /// with `size`, or with that master's usual size when `size` is 0. A null name counts as an
+    /// empty one. A given name is written with the size as it is, 0 too. Sizes beyond 32 bits
+    /// cannot be named.
     void SetMasterFile(const char* name, std::uint32_t size);
 
     /// Computes the record's data size, as Write does first.
     void UpdateSize();
-    /// The data size last computed, without the record's header. [bytes]
+    /// The data size last computed, without the record's header. [bytes] 0 before that.
     std::uint32_t GetRecordSize() const { return recordSize; }
 
     /// Writes the record. The count of records in it stays 0, which readers take for unknown.

@@ -14,6 +14,14 @@ namespace Tarnex {
 /// A plug-in: one header, the containers made for generated contents, the generated cells. Cells
 /// and containers belong to it through their handles; generators hold further handles while they
 /// fill them.
+///
+/// A front end meets it as `mod` of its GenMgr after a run: to count what was made, to add to it,
+/// or to write it elsewhere than into a file:
+///
+/// @code
+/// std::ostringstream bytes;
+/// manager.mod.Write(bytes);
+/// @endcode
 class VAULTRY_API Mod : public Element {
 public:
     Mod() = default;
@@ -21,9 +29,11 @@ public:
     /// See FileHeader::SetMasterFile.
     void SetMasterFile(const char* name, std::uint32_t size);
 
-    /// Makes a cell of that name at the end of the cell list.
+    /// Makes a cell of that name at the end of the cell list. `name` is not null; nothing keeps two
+    /// cells from having the same name.
     DiPtr<Cell> CreateCell(const char* name);
-    /// Makes an empty container at the end of the container list.
+    /// Makes an empty container at the end of the container list. It has to be given an identifier
+    /// before it is written; see NextContainerId.
     DiPtr<Container> CreateContainer();
 
     /// The cells, in the order made.
@@ -31,10 +41,12 @@ public:
     /// The containers, in the order made.
     const std::vector<DiPtr<Container>>& GetContainers() const { return containers; }
 
-    /// Drops all cells and containers; the header stays.
+    /// Drops all cells and containers; the header stays. Cells and containers that others hold live
+    /// on, outside of the plug-in.
     void ResetContent();
 
-    /// Writes header, containers and cells, in that order, to a stream in binary mode.
+    /// Writes header, containers and cells, in that order, to a stream in binary mode. Can be
+    /// repeated, and gives the same bytes each time. Whether they arrived is for the stream to say.
     void Write(std::ostream& stream) override;
 
 private:

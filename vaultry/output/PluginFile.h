@@ -13,7 +13,7 @@
 
 namespace Tarnex {
 
-/// Something in a file that does not fit, and where.
+/// Something in a file that does not fit, and where. Front ends may show it as it is.
 struct PluginFinding {
     std::uint64_t offset = 0; ///< of the record, sub-record or bytes concerned [bytes]
     std::string text;         ///< what does not fit, in English and ASCII
@@ -38,7 +38,8 @@ struct PluginHeader {
     std::vector<PluginMaster> masters; ///< in the order of the file
 };
 
-/// Where something stands and how it is turned.
+/// Where something stands and how it is turned. As in the file: what is no number stays so, and
+/// turns are not brought back to one round.
 struct PluginPlace {
     Di3Point position; ///< [world units]
     Di3Point rotation; ///< about x, y, z [radians]
@@ -50,7 +51,8 @@ struct PluginDestination {
     PluginPlace arrival; ///< where one stands behind the door
 };
 
-/// One object placed in a cell.
+/// One object placed in a cell. A reference whose identifier or place is missing is kept, with a
+/// finding, unless the file ends in it.
 struct PluginRef {
     std::uint64_t offset = 0; ///< of its FRMR [bytes]
     std::uint32_t index = 0;  ///< the number; its highest byte counts masters, 0 is this file
@@ -86,7 +88,7 @@ struct PluginItem {
     std::int32_t count = 0; ///< how many
 };
 
-/// One container.
+/// One container. A deleted one may hold nothing but its identifier.
 struct PluginContainer {
     std::uint64_t offset = 0;      ///< of its record [bytes]
     std::string id;                ///< by which references name it
@@ -98,7 +100,8 @@ struct PluginContainer {
     std::vector<PluginItem> items; ///< in the order of the file
 };
 
-/// How often each tag occurs.
+/// How often each tag occurs. In alphabetical order, capitals first; a tag that does not occur is
+/// missing.
 using PluginTagCounts = std::map<std::string, std::uint64_t>;
 
 /// Everything that is read from a plug-in. Text is Windows-1252, as it stands in the file, and ends

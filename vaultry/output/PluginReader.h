@@ -17,6 +17,15 @@ inline constexpr std::size_t kMostPluginFindings = 1000;
 /// certain where the next record begins. Records and sub-records that are not known are skipped and
 /// counted, exterior cells are counted. Only the form is judged here, not whether the content makes
 /// sense. Throws nothing but std::bad_alloc; the bytes are needed during the call only.
+///
+/// @code
+/// const Tarnex::PluginFile file = Tarnex::ReadPlugin(bytes);
+/// for (const Tarnex::PluginCell& cell : file.cells) {
+///     std::cout << cell.name << ": " << cell.refs.size() << " references\n";
+/// }
+/// @endcode
+///
+/// Any thread may read; nothing is shared or logged.
 VAULTRY_API PluginFile ReadPlugin(std::string_view bytes);
 
 } // namespace Tarnex

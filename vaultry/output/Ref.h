@@ -27,6 +27,9 @@ inline constexpr std::size_t kRefSorts = 10;
 
 /// A placed object: a tile piece, platform piece, content item, container or door, written as the
 /// sub-records of one reference inside its cell's record.
+///
+/// Cells and doors keep copies. Positions are those of the game, with x to the east, y to the north
+/// and z upwards; a positive turn about z is clockwise seen from above.
 class VAULTRY_API Ref : public Element {
 public:
     float scale = 1.0F;            ///< of the model; written only when it is not 1
@@ -34,7 +37,8 @@ public:
     Di3Point rotation;             ///< about x, y, z [radians]
     RefSort sort = RefSort::Other; ///< for reports; not written
 
-    /// `name_` is the identifier of the object that is placed; not null.
+    /// `name_` is the identifier of the object that is placed; not null. The game's files or the
+    /// plug-in itself have to define that object; nobody checks it here.
     explicit Ref(const char* name_) : name(name_) {}
 
     /// The identifier of the object that is placed.
@@ -42,17 +46,24 @@ public:
     /// Replaces the identifier; not null.
     void SetName(const char* newName) { name = newName; }
 
-    /// The number under which the reference is written, 1-based within its cell.
+    /// The number under which the reference is written, 1-based within its cell. Cell::Write gives
+    /// each its own.
     void SetIndex(std::uint32_t newIndex) { index = newIndex; }
 
     /// Makes the reference a teleporting door. The destination's name is the cell that the door
     /// leads to (empty: the outside), its position and rotation the point of arrival; a copy of it
     /// is kept, releasing any earlier one.
+    ///
+    /// @code
+    /// Tarnex::Ref arrival("Old Crypt");
+    /// arrival.position = Di3Point(128.0F, -256.0F, 0.0F);
+    /// door.Teleport(arrival);
+    /// @endcode
     void Teleport(const Ref& destination);
     /// Where the door leads, or null.
     const DiPtr<Ref>& GetDestination() const { return destination; }
 
-    /// The bytes that Write produces.
+    /// The bytes that Write produces. It has no header of its own: the record is its cell's.
     std::uint32_t GetTotalSize() const;
     /// Writes the sub-records, from the number to the last part of the place.
     void Write(std::ostream& stream) override;

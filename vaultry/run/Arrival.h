@@ -11,7 +11,8 @@
 
 namespace Tarnex {
 
-/// A place to stand on one level.
+/// A place to stand on one level. For a button that takes a tester into the dungeon, or a door that
+/// is to lead there.
 struct Arrival {
     std::size_t level = 0;   ///< counted from 0 among those that were made
     std::string cell;        ///< the level's [UTF-8]
@@ -22,7 +23,8 @@ struct Arrival {
     bool good = false;
 };
 
-/// What one types into the game's console to stand there, in UTF-8.
+/// What one types into the game's console to stand there, in UTF-8. Places are rounded to whole
+/// units. A cell's name with a quotation mark in it cannot be typed there.
 VAULTRY_API std::string ConsoleLine(const Arrival& arrival);
 
 } // namespace Tarnex

@@ -20,6 +20,18 @@ class GenMgr;
 /// What a run is asked for, besides the configuration. All text is UTF-8. An optional name that is
 /// not given stands for the manager's default: the configuration's first, of creature themes none,
 /// unless another was set.
+///
+/// @code
+/// Tarnex::RunOptions options;
+/// options.cell = "Old Crypt";
+/// options.numLevels = 2;
+/// options.creatureTheme = "Undead"; // a name of the configuration
+/// options.seed = 7;                 // the same dungeon every time
+/// const Tarnex::RunResult result = Tarnex::Run(manager, options).Generate();
+/// @endcode
+///
+/// A name that the configuration lacks refuses the run. Texts that come from a user go through
+/// SetOption, which knows the bounds.
 struct VAULTRY_API RunOptions : RandomGenInfo {
     std::string cell = "Vaultry Dungeon";     ///< the cell, or what the cells of levels begin with
     bool fixed = false;                       ///< one cell from a layout template
@@ -39,7 +51,8 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     bool strict = false;                      ///< to whoever writes: nothing if there was an error
 };
 
-/// Where an option stands. The kind of option follows from the type.
+/// Where an option stands. The kind of option follows from the type. An option of an optional field
+/// is not given while that is empty.
 using OptionField = std::variant<bool RunOptions::*,
                                  std::string RunOptions::*,
                                  std::optional<std::string> RunOptions::*,
@@ -81,9 +94,17 @@ struct OptionRow {
 };
 
 /// All options, in the order of help. It changes by AddedOption only.
+///
+/// @code
+/// for (const Tarnex::OptionRow& row : Tarnex::RunOptionRows()) {
+///     std::cout << "--" << row.name << "  " << row.help << '\n';
+/// }
+/// @endcode
+///
+/// Any thread may read it.
 VAULTRY_API std::span<const OptionRow> RunOptionRows();
 
-/// The row of a name; null for none.
+/// The row of a name; null for none. To the letter: in lower case and without the dashes.
 VAULTRY_API const OptionRow* FindRunOption(std::string_view name);
 
 /// While one lives, the table has one row more, a second name for a field: for tests that want to
@@ -98,13 +119,15 @@ public:
     AddedOption& operator=(const AddedOption&) = delete;
 };
 
-/// What kind of value an option takes; a text is a name too.
+/// What kind of value an option takes; a text is a name too. It tells a front end what to show: a
+/// tick, a field, a number within bounds or a choice.
 enum class OptionKind { Switch, Text, Number, Word };
 
 /// The kind of an option's value.
 VAULTRY_API OptionKind KindOf(const OptionRow& row);
 
-/// The words that an option takes; empty when it takes no words.
+/// The words that an option takes; empty when it takes no words. A word's position is its value;
+/// case does not matter where one is set.
 VAULTRY_API std::vector<std::string> WordsOf(const OptionRow& row);
 
 /// Sets an option from its text, a switch from "true" or "false", and takes back its rival. Returns
@@ -112,19 +135,20 @@ VAULTRY_API std::vector<std::string> WordsOf(const OptionRow& row);
 /// options are as they were. That a name exists is not asked here: see UnknownNames.
 VAULTRY_API std::string SetOption(RunOptions& options, const OptionRow& row, std::string_view text);
 
-/// Puts an option back to its default.
+/// Puts an option back to its default. Its rival stays as it is.
 VAULTRY_API void ResetOption(RunOptions& options, const OptionRow& row);
 
 /// A value: nothing, a switch, a number, or a text or word.
 using OptionValue = std::variant<std::monostate, bool, std::int64_t, std::string>;
 
-/// What an option is set to.
+/// What an option is set to. Nothing stands for an optional one that is not given.
 VAULTRY_API OptionValue ValueOf(const RunOptions& options, const OptionRow& row);
 
 /// True when the option is as it is without being set.
 VAULTRY_API bool IsDefault(const RunOptions& options, const OptionRow& row);
 
-/// The rows whose names the configuration lacks, to the letter.
+/// The rows whose names the configuration lacks, to the letter. In the order of the table; empty
+/// when the run can have all its names. The manager is only read.
 VAULTRY_API std::vector<const OptionRow*> UnknownNames(const RunOptions& options, GenMgr& manager);
 
 } // namespace Tarnex
