@@ -21,7 +21,7 @@ namespace Tarnex {
 
 class JobStatus;
 
-/// Writes the text log and keeps the error lines, so that a front end can show them after a run.
+/// Writes the text log and keeps the error lines, for people who want to read what happened.
 ///
 /// The log is that of the state in use (RunState.h): one for the process unless a thread uses a
 /// state of its own, and written by one thread at a time. Texts are Windows-1252; each line ends
@@ -30,13 +30,16 @@ class JobStatus;
 /// escape of terminals for one. When the file cannot be opened or takes no more, lines are dropped
 /// silently and the error list still grows; GetFault tells of it.
 ///
+/// A front end says where the log goes, and takes what is wrong as values, which have a kind and a
+/// place besides their text (Problem.h):
+///
 /// @code
 /// Tarnex::Logger::Init("dungeon.log"); // or InitWithoutFile, to keep the disk clean
-/// // ... configure and run
-/// for (const std::string& line : Tarnex::Logger::GetErrors()) {
-///     std::cerr << Tarnex::ToUtf8(line) << '\n';
+/// const Tarnex::ProblemList problems;
+/// manager.Init("vaultry.xml");
+/// for (const std::string& line : Tarnex::ErrorLines(problems.Get())) {
+///     std::cerr << line << '\n';
 /// }
-/// Tarnex::Logger::ResetErrors();
 /// @endcode
 class VAULTRY_API Logger {
 public:

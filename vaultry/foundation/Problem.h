@@ -20,7 +20,8 @@ struct DocumentPlace {
 };
 
 /// What can be wrong, each with the names that it is told with. Word, source and text of each stand
-/// in one table.
+/// in one table. A front end that shows them in words of its own goes by the kind and takes the
+/// names in their order; numbers are decimal digits.
 enum class ProblemKind : std::uint8_t {
     TooMany,            ///< the most that are kept: what comes behind is not told
     ParserUnavailable,  ///< the parser's words: it could not be started
@@ -65,7 +66,8 @@ enum class ProblemKind : std::uint8_t {
     FieldTooLong,       ///< the text, and how long its field is [bytes]
 };
 
-/// Something that is wrong. All text is Windows-1252, but for the file's name.
+/// Something that is wrong. All text is Windows-1252, but for the file's name. A plain value: it
+/// refers to nothing and may go to other threads.
 struct Problem {
     /// Whether they are the same in everything.
     bool operator==(const Problem&) const = default;
@@ -76,20 +78,28 @@ struct Problem {
     std::string file = {};                  ///< the document's name [UTF-8]; empty outside of one
 };
 
-/// What the log says behind the kind of line: "source : message".
+/// What the log says behind the kind of line: "source : message". In Windows-1252, cut after
+/// Logger::kMaxMessage bytes behind the source. The texts are for people and may change their
+/// wording; programs go by the kind.
 VAULTRY_API std::string TextOf(const Problem& problem);
 
-/// The word by which programs know what can be wrong.
+/// The word by which programs know what can be wrong. In lower case with hyphens, "tile-twice" for
+/// one; it lives as long as the program.
 VAULTRY_API const char* WordOf(ProblemKind kind);
 
-/// Those of the problems that are errors, as the log has them, in UTF-8.
+/// Those of the problems that are errors, as the log has them, in UTF-8 and with
+/// "Error" in front. What is no error, such as a warning of the parser, is left out.
 VAULTRY_API std::vector<std::string> ErrorLines(const std::vector<Problem>& problems);
 
-/// Logs the problem and tells it to the innermost listener.
+/// Logs the problem and tells it to the innermost listener. Listeners hear nothing of what the
+/// log's list no longer keeps, but once that there are more (ProblemKind::TooMany).
 VAULTRY_API void ReportProblem(const Problem& problem);
 
 /// While one lives it hears the problems that are reported through the state in use when it was
 /// made (RunState.h), but for those that the log does not keep. They may be nested.
+///
+/// That state has to outlive it, and those that are nested end in the opposite order. A Run tells
+/// what it meets in its result instead: listeners around it hear nothing of it.
 class VAULTRY_API ProblemListener {
 public:
     ProblemListener();
@@ -97,7 +107,8 @@ public:
     ProblemListener(const ProblemListener&) = delete;
     ProblemListener& operator=(const ProblemListener&) = delete;
 
-    /// Called once for each problem, after its line was logged.
+    /// Called once for each problem, after its line was logged. On the thread that met it, in the
+    /// middle of reading or generating: it should be quick, and neither throw nor report.
     virtual void Hear(const Problem& problem) = 0;
 
 protected:
@@ -110,12 +121,22 @@ private:
 };
 
 /// Collects what it hears, for a front end to show.
+///
+/// @code
+/// const Tarnex::ProblemList problems;
+/// manager.Init("vaultry.xml");
+/// for (const Tarnex::Problem& problem : problems.Get()) {
+///     std::cerr << problem.file << ':' << problem.place.line << ": "
+///               << Tarnex::WordOf(problem.kind) << '\n';
+/// }
+/// @endcode
 class VAULTRY_API ProblemList : public ProblemListener {
 public:
     /// Begins with what is known already.
     explicit ProblemList(std::vector<Problem> known = {});
 
-    /// That, and what was heard so far, in its order.
+    /// That, and what was heard so far, in its order. The reference is good as long as the list,
+    /// those to its elements until the next problem.
     const std::vector<Problem>& Get() const { return problems; }
 
     /// Keeps the problem and tells the listener around this one.

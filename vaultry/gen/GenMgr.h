@@ -31,9 +31,25 @@ enum class ModResult {
 /// another does; with one for each thread they do not disturb each other. Names, cell names and log
 /// lines are Windows-1252; file paths are UTF-8. Problems are logged (see Logger), mostly under
 /// "GenMgr", "Generator" and "XML Parser". A null text counts as an empty one. Nothing throws, but
-/// std::bad_alloc when memory does not even suffice for the line that tells of its lack. What a
-/// job status or an observer of the caller's throws, whatever it is, ends the run, which is refused
+/// std::bad_alloc when memory does not even suffice for the line that tells of its lack. What a job
+/// status or an observer of the caller's throws, whatever it is, ends the run, which is refused
 /// then.
+///
+/// The usual way is a Run, which takes all that it is asked for as RunOptions; the setters and
+/// CreateMod are what it is made of, for front ends that keep the settings in the manager:
+///
+/// @code
+/// const Tarnex::ProblemList problems; // hears what is wrong from here on
+/// Tarnex::GenMgr manager;
+/// manager.Init("vaultry.xml");
+/// manager.SetDefaultTileSet("Crypt", false); // a room tile set of the configuration
+/// manager.SetDefaultCreatureTheme("Undead");
+/// if (manager.CreateMod("dungeon.esp", "Old Crypt", false) != Tarnex::ModResult::Written) {
+///     for (const std::string& line : Tarnex::ErrorLines(problems.Get())) {
+///         std::cerr << line << '\n';
+///     }
+/// }
+/// @endcode
 class VAULTRY_API GenMgr : public GenInfo {
 public:
     /// Seeds the random generator with the current time; see SeedRandom for a seed of one's own.
@@ -65,7 +81,9 @@ public:
 
     /// Generates a plug-in with cells named after `cellName` and writes it to `outPath`, truncating
     /// a file that is there. `fixedLayout`: one cell from the default template; otherwise random
-    /// levels. A cancelled run leaves the file as it is.
+    /// levels. A cancelled run leaves the file as it is. A dungeon is written even if the log has
+    /// errors. To keep an earlier file until the new one is whole, generate first and write into a
+    /// file beside it.
     ModResult CreateMod(const char* outPath, const char* cellName, bool fixedLayout);
 
     /// The first half of CreateMod: fills `mod` and writes nothing. Written means ready here. After

@@ -8,7 +8,8 @@
 
 namespace Tarnex {
 
-/// Ends a run out of the middle of a generator when it was cancelled. Never leaves Gen.
+/// Ends a run out of the middle of a generator when it was cancelled. Never leaves Gen. Code of a
+/// front end never meets it.
 struct RunCanceled {};
 
 /// Likewise when it needs more memory than a run may take.
@@ -17,19 +18,25 @@ struct LimitReached {};
 /// Counts work and memory. Whatever a generator repeats for each cell, piece or turn takes a step
 /// for each, so that a cancelled run ends within a moment and none grows without bound. Draws no
 /// random numbers and changes no result.
+///
+/// Each GenInfo has one, for the run that is under way. It is of interest to whoever adds a stage
+/// of generation; a front end reads what came of it in the result of the run.
 class RunMeter {
 public:
     /// The most steps between two questions whether the run was cancelled. A step looks at one
     /// thing; together they take a few thousandths of a second.
     static constexpr std::int64_t kStepsPerQuestion = 200'000;
 
-    /// Begins a run. `status` may be null and must outlive it.
+    /// Begins a run. `status` may be null and must outlive it. What an earlier run used up is
+    /// forgotten.
     void Start(const JobStatus* status);
 
-    /// Asks whether the run was cancelled, and throws RunCanceled if so.
+    /// Asks whether the run was cancelled, and throws RunCanceled if so. What the status throws
+    /// passes through.
     void Ask();
 
-    /// Counts steps before they are made. Throws RunCanceled when the run was cancelled.
+    /// Counts steps before they are made. Throws RunCanceled when the run was cancelled. Not
+    /// negative. Next to free between two questions.
     void Step(std::int64_t steps = 1) {
         sinceQuestion += steps;
         if (sinceQuestion >= kStepsPerQuestion) {
@@ -38,7 +45,7 @@ public:
     }
 
     /// Likewise for steps of placing contents. False when the run has made as many as it may; the
-    /// first time that is logged.
+    /// first time that is logged. The run goes on then: a dungeon with less in it is still one.
     bool StepPlacing(std::int64_t steps);
 
     /// Counts memory before it is taken. [bytes] Throws LimitReached when that is more than a run

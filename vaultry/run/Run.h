@@ -13,7 +13,7 @@
 
 namespace Tarnex {
 
-/// How a run ended.
+/// How a run ended. Only after the first is what GenMgr::WriteMod would write what was asked for.
 enum class RunEnd {
     Made,       ///< the manager's `mod` is whole
     Refused,    ///< nothing was generated; the errors say why, and `mod` may be that of another run
@@ -37,7 +37,9 @@ struct RunResult {
 };
 
 /// Draws seed and stamp unless they are given: a run can be repeated only when what chance and the
-/// clock decided is known.
+/// clock decided is known. A stamp that is drawn is below 2^53, so that programs that read numbers
+/// as floating-point ones keep it whole. Throws what std::random_device throws where the system has
+/// no chance to give.
 VAULTRY_API void FixChance(RunOptions& options);
 
 /// The most seeds that a run tries.
@@ -45,7 +47,7 @@ inline constexpr std::uint32_t kMaxTries = 1000;
 
 /// The seed of a try, counted from 0: the given one, then one further for each try by 2654435769,
 /// the golden ratio of the 32-bit numbers, so that the draws of neighbouring tries have nothing in
-/// common.
+/// common. Sums wrap around at 2^32.
 constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
     constexpr std::uint32_t kStride = 2654435769U;
     return seed + number * kStride;
@@ -56,11 +58,26 @@ constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
 /// draws from a generator of its own, and leaves in the manager nothing but `mod` and `report`. It
 /// logs where the thread that calls it logs, and its problems are told in its result alone; threads
 /// that each have a manager and a state (UseRunState) do not disturb each other.
+///
+/// @code
+/// Tarnex::GenMgr manager;
+/// manager.Init("vaultry.xml");
+/// Tarnex::RunOptions options;
+/// options.creatureTheme = "Undead";
+/// const Tarnex::RunResult result = Tarnex::Run(manager, options).Generate();
+/// if (result.end == Tarnex::RunEnd::Made &&
+///     manager.WriteMod("dungeon.esp") == Tarnex::ModResult::Written) {
+///     std::cout << "seed " << result.seed << ", stamp " << result.stamp << '\n';
+/// }
+/// @endcode
+///
+/// Of several runs with one manager each makes its dungeon in place of the one before; two at a
+/// time need a manager and a state each.
 class VAULTRY_API Run {
 public:
     /// `manager` is not owned and must outlive the run; its job status is asked and its observer
     /// shown every level; neither may throw when a try begins. Seed and stamp are drawn here unless
-    /// they are given.
+    /// they are given. The options are copied, and nothing is generated yet.
     Run(GenMgr& manager, const RunOptions& options);
 
     /// As they were given, with seed and stamp.
@@ -68,11 +85,14 @@ public:
 
     /// Generates into the manager's `mod`, and finds where one arrives; where the options ask for a
     /// walkable dungeon, from further seeds until there is one. Names that the configuration lacks
-    /// are refused. The log's error list holds those of the last try afterwards.
+    /// are refused. The log's error list holds those of the last try afterwards. May be called
+    /// again, for the same dungeon. When no seed made a walkable one, `mod` holds that of the last
+    /// seed tried. The manager's JobStatus can stop it.
     RunResult Generate();
 
     /// Generates from that seed instead, once, for whoever tries many: nobody arrives there, so
-    /// that no places are looked for.
+    /// that no places are looked for. Whether the dungeon is walkable is for the caller to ask of
+    /// the result.
     RunResult GenerateFrom(std::uint32_t seed);
 
 private:
