@@ -67,7 +67,8 @@ std::int64_t Doors(const DungeonTally& tally) {
 }
 
 std::int64_t References(const DungeonTally& tally) {
-    return std::accumulate(tally.references.begin(), tally.references.end(), std::int64_t{0});
+    return static_cast<std::int64_t>(
+        std::accumulate(tally.references.begin(), tally.references.end(), std::uint64_t{0}));
 }
 
 template <std::int32_t Lowest, std::int32_t Highest>
