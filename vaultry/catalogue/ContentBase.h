@@ -28,17 +28,24 @@ enum Stacking : std::int32_t {
 /// cut until they are worth a plausible sum. Names are Windows-1252 and are written as they are.
 class VAULTRY_API ContentBase : public DiRcObject {
 public:
-    std::string uniqueName;          ///< the game's identifier, and the key of theme items
-    std::string friendlyName;        ///< display name of a container
-    std::string modelFile;           ///< model of a container
-    std::string contentKind;         ///< the element's name: "Container", "Creature", ...
-    std::string subtype;             ///< for treasure the list it belongs to
-    std::int32_t maxCount = 1;       ///< the most that one stack holds; less than 1 counts as 1
-    std::int32_t level = 1;          ///< kept, without effect on generation
-    std::int32_t value = 0;          ///< worth of one, which makes it rare [gold pieces]
-    std::int32_t zRotate = 0;        ///< clockwise from above [degrees, whole]
-    float weight = 0.0F;             ///< of one; of a container, what it can carry
-    Di3Point size;                   ///< extent [world units]
+    std::string uniqueName;   ///< the game's identifier, and the key of theme items
+    std::string friendlyName; ///< display name of a container
+    std::string modelFile;    ///< model of a container
+    std::string contentKind;  ///< the element's name: "Container", "Creature", ...
+    /// For treasure the list it belongs to; creatures that are "Bird" or "Fish" are not placed.
+    std::string subtype;
+    /// The most that one stack in a container holds; less than 1 counts as 1.
+    std::int32_t maxCount = 1;
+    std::int32_t level = 1; ///< kept, without effect on generation
+    /// Worth of one, which makes it rare; less than 0 counts as worthless [gold pieces].
+    std::int32_t value = 0;
+    std::int32_t zRotate = 0; ///< clockwise from above [degrees, whole]
+    /// Of one; of a container, what it can carry. A negative one makes room in containers instead
+    /// of taking it. [weight units of the game]
+    float weight = 0.0F;
+    /// Extent, by which it is set on the floor and against the wall; a negative one counts as if it
+    /// reached the other way [world units].
+    Di3Point size;
     Di3Point offset;                 ///< from the centre of its cell [world units]
     std::int32_t stacking = StackNo; ///< a value of Stacking
 

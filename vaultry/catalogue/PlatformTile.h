@@ -16,8 +16,10 @@ struct VAULTRY_API PlatformTile : public DiRcObject {
     std::string id;           ///< object identifier written into the plug-in
     std::string kindName;     ///< "Floor", "Beam", "StairsUpN", ...
     std::int32_t zRotate = 0; ///< clockwise from above [degrees, whole]
-    Di3Point size;            ///< extent [world units]
-    Di3Point offset;          ///< from the cell's reference point [world units]
+    /// Extent [world units]. With a floor of negative width or depth none is laid; a negative
+    /// height puts the piece as if it reached the other way.
+    Di3Point size;
+    Di3Point offset; ///< from the cell's reference point [world units]
 };
 
 } // namespace Tarnex

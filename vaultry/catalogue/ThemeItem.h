@@ -25,10 +25,10 @@ struct VAULTRY_API ThemeItem : public DiRcObject {
     /// A name that the type lacks is logged, and the item places no more.
     std::vector<std::string> uniqueNames;
     /// Placements per place that counts, cut to a whole number. Where `maximum` is not given there
-    /// may be one more, if there is a place for it.
+    /// may be one more, if there is a place for it. A number below 0 places nothing.
     float ratio = 1.0F;
     /// Of each placement beyond the minimum [0, 1]. From 1 on the share of `ratio` is certain,
-    /// unless `minimum` says otherwise; 0 still lets one in 32768 through.
+    /// unless `minimum` says otherwise; 0 still lets one in 32768 through. Below 0 is never.
     float chance = 1.0F;
     /// Placements made without the chance test, as long as there are places. Negative ones are
     /// none.

@@ -29,8 +29,12 @@ struct VAULTRY_API Tile : public DiRcObject {
     std::int32_t zRotate = 0;     ///< clockwise from above [degrees, whole, not normalised]
     std::int32_t deltaZ = 0;      ///< height climbed by a stair piece [world units]
     Di3Point offset;              ///< from the cell's reference point [world units]
-    float scale = 1.0F;           ///< of the model
-    TileKindName requiredName;    ///< kind name of a companion placed together with this one
+    /// Of the model. The game shows it at the nearer of 0.5 and 2; the plug-in has the number as it
+    /// is.
+    float scale = 1.0F;
+    /// Kind name of a companion placed together with this one; empty for none, and one that the set
+    /// lacks is left out without a word.
+    TileKindName requiredName;
 
     /// The identifier as a C string, which lives as long as the tile is not changed. Never null;
     /// empty when the configuration gives none, and written as it is.

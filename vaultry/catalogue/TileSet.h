@@ -50,13 +50,14 @@ public:
 
     /// Edge of one grid cell. [world units] 256 until it is set.
     std::int32_t GetTileSize() const { return tileSize; }
-    /// Replaces the size, unchecked; real tile sets have 128 to 1024. [world units] With 0
-    /// everything stands in one place.
+    /// Replaces the size, unchecked; real tile sets have 128 to 1024. [world units] With 0 the
+    /// cells of a level lie one upon the other, a negative size mirrors it.
     void SetTileSize(std::int32_t size) { tileSize = size; }
 
     /// How far content stays away from a wall. [world units] 0 until it is set.
     float GetWallThickness() const { return wallThickness; }
-    /// Replaces the thickness, unchecked. [world units]
+    /// Replaces the thickness, unchecked: with a negative one content is moved into the wall.
+    /// [world units]
     void SetWallThickness(float thickness) { wallThickness = thickness; }
 
     /// The tile filed under that name, or null. The tile is the set's own, not a copy; the

@@ -30,15 +30,20 @@ public:
 
     // What carving and the judging of a level ask of every cell comes first: the cells of a level
     // do not fit into the processor's nearest cache, and most have to be looked at for this alone.
-    bool isTeleport = false;  ///< the cell's door is a teleporting door
-    bool isFull = false;      ///< no further content may be placed here
+    bool isTeleport = false; ///< the cell's door is a teleporting door
+    /// No further content may be placed here: something other than a rug stands in the cell.
+    bool isFull = false;
     bool isShadow = false;    ///< made by Layout::AddShadows
     Tiles tiles;              ///< in placement order; the first decides kind and facing
     DiPtr<Layout> teleLayout; ///< the level that a teleporting door leads to, or null
     std::vector<DiPtr<ContentItem>> contents;   ///< in placement order
     std::vector<DiPtr<PlatformTile>> platforms; ///< the pieces of the platform in the cell
-    DiPos teleDest;                  ///< where in teleLayout a teleporting door leads [cells]
-    std::int32_t platformHeight = 0; ///< of the platform in the cell [world units]
+    /// Where in teleLayout a teleporting door leads: the cell of the other door, x the column and y
+    /// the row [cells].
+    DiPos teleDest;
+    /// How far the platform in the cell, and what stands on it, is raised: 16 in cells below 512
+    /// units, 32 below 1024, 64 in larger ones [world units].
+    std::int32_t platformHeight = 0;
 
     /// Elements come from memory of their own kind; none derives from this class.
     static void* operator new(std::size_t size);
