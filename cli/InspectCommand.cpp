@@ -3,6 +3,7 @@
 
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
+#include "cli/LibraryLog.h"
 #include "cli/PluginPieces.h"
 #include "tools/maps/PluginMap.h"
 #include "tools/plugins/InspectReport.h"
@@ -41,6 +42,7 @@ std::vector<Arrival> ArrivalsIn(const PluginFile& file) {
 
 ExitStatus RunVerb(const InspectOptions& options, const Console& console) {
     const EndingSignals ending;
+    const LibraryLog log(std::nullopt);
     const Report::LoadedPlugin plugin = Report::LoadPlugin(options.plugin);
     const std::vector<PluginFinding> findings = Report::FindInconsistencies(plugin.file);
     const Report::Inspection inspection{

@@ -67,6 +67,7 @@ TEST_F(ArrivalTest, NobodyIsToldOfAPlaceInWhatNobodyKnows) {
     const Outcome inspected = Run({"inspect", "dungeon.esp"});
     EXPECT_EQ(inspected.status, 0);
     EXPECT_EQ(LineOf(inspected.out), "");
+    EXPECT_EQ(Files(), std::vector<std::string>{"dungeon.esp"});
     EXPECT_EQ(Json::parse(Run({"inspect", "dungeon.esp", "--json"}).out)["arrivals"],
               Json::array());
 }

@@ -6,7 +6,7 @@
 namespace Tarnex {
 
 std::string ConsoleLine(const Arrival& arrival) {
-    const auto whole = [](float value) { return std::to_string(std::lround(value)) + ' '; };
+    const auto whole = [](float value) { return std::to_string(std::llround(value)) + ' '; };
     return "player->positioncell " + whole(arrival.place.x) + whole(arrival.place.y) +
            whole(arrival.place.z) + std::to_string(arrival.facing) + " \"" + arrival.cell + '"';
 }
