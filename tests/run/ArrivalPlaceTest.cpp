@@ -205,16 +205,22 @@ constexpr std::array kSizes = {RandomGenInfo::Tiny,
                                RandomGenInfo::Large,
                                RandomGenInfo::Random};
 
+// One of several runs: sizes change more slowly than sets, so that they meet.
+RunOptions RunOfNumber(std::uint32_t number, std::size_t sets) {
+    RunOptions options;
+    options.seed = number * kStride;
+    options.stamp = 1;
+    options.levelSize = kSizes.at(number / sets % kSizes.size());
+    return options;
+}
+
 TEST_F(ArrivalPlaceTest, RoomsOfEverySetAndSizeHaveAGoodPlace) {
     manager.Init(kDefault);
     const auto& sets = manager.GetRoomTileSets();
-    for (std::uint32_t seed = 1; seed <= 500; ++seed) {
-        RunOptions options;
-        options.seed = seed * kStride;
-        options.stamp = 1;
-        options.tileSet = sets[seed % sets.size()]->GetName();
-        options.levelSize = kSizes.at(seed / sets.size() % kSizes.size());
-        options.numLevels = 1 + seed % 3;
+    for (std::uint32_t number = 1; number <= 500; ++number) {
+        RunOptions options = RunOfNumber(number, sets.size());
+        options.tileSet = sets[number % sets.size()]->GetName();
+        options.numLevels = 1 + number % 3;
         options.creatureTheme = "Undead";
         Judge(options);
     }
@@ -225,12 +231,9 @@ TEST_F(ArrivalPlaceTest, RoomsOfEverySetAndSizeHaveAGoodPlace) {
 TEST_F(ArrivalPlaceTest, TunnelsOfEverySetAndSizeHaveAGoodPlace) {
     manager.Init(kCaves);
     const auto& sets = manager.GetCaveTileSets();
-    for (std::uint32_t seed = 1; seed <= 100; ++seed) {
-        RunOptions options;
-        options.seed = seed * kStride;
-        options.stamp = 1;
-        options.caveTileSet = sets[seed % sets.size()]->GetName();
-        options.levelSize = kSizes.at(seed / sets.size() % kSizes.size());
+    for (std::uint32_t number = 1; number <= 100; ++number) {
+        RunOptions options = RunOfNumber(number, sets.size());
+        options.caveTileSet = sets[number % sets.size()]->GetName();
         Judge(options);
     }
     EXPECT_EQ(all, 100U);
