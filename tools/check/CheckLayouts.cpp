@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/check/ConfigRules.h"
+#include "tools/check/DrawingRules.h"
 
 #include <vaultry/catalogue/TileKind.h>
 #include <vaultry/catalogue/Vocabulary.h>
@@ -13,6 +13,8 @@ namespace Tarnex::Report {
 
 namespace {
 
+constexpr double kUsualRise = 0.5; // of the game's stairs, where no set has any
+
 // The tile sets of one type.
 struct SetsOfType {
     std::string_view type;
@@ -21,6 +23,8 @@ struct SetsOfType {
     std::vector<std::string> allList; // likewise
     // Of each piece that closes a doorway the sets that lack it, in words; empty when none does.
     std::map<std::string_view, std::string> lacking;
+    int tileSize = 0;          // of the first set [world units]
+    std::vector<double> rises; // that their stairs climb, in cells
 };
 
 struct ClosingRow {
@@ -49,14 +53,32 @@ std::string Lacking(const SetsOfType& sets, std::string_view piece) {
     return count > kNamed ? lacking + " and " + std::to_string(count - kNamed) + " more" : lacking;
 }
 
+void AddSizes(const ConfigTree& tree, const ConfigElement& tileSet, SetsOfType& found) {
+    const int size = WholeOf(tileSet, Tile_TsSize);
+    found.tileSize = found.tileSize == 0 ? size : found.tileSize;
+    for (const ConfigElement* tile : tree.Inside(tileSet)) {
+        const std::optional<CellShape> shape = ShapeOf(TileKind::Of(tile->name));
+        if (shape && shape->climbs != 0 && size > 0) {
+            const double rise = static_cast<double>(WholeOf(*tile, Attrib_DeltaZ)) / size;
+            if (std::ranges::find(found.rises, rise) == found.rises.end()) {
+                found.rises.push_back(rise);
+            }
+        }
+    }
+}
+
 SetsOfType SetsOf(const ConfigTree& tree, std::string_view type) {
-    SetsOfType found{type, {}, {}, {}, {}};
+    SetsOfType found{type, {}, {}, {}, {}, 0, {}};
     for (const ConfigElement* tileSet : tree.OfClass(ElementClass::TileSet)) {
         if (IsAnyOf(AttributeText(*tileSet, Tile_TsType), {type})) {
             const NameSet names = TileNames(tree, *tileSet);
             found.sets.emplace_back(AttributeText(*tileSet, Tile_TsName), names);
             found.all.insert(names.begin(), names.end());
+            AddSizes(tree, *tileSet, found);
         }
+    }
+    if (found.rises.empty()) {
+        found.rises.push_back(kUsualRise);
     }
     found.allList.assign(found.all.begin(), found.all.end());
     for (const ClosingRow& row : kClosings) {
@@ -82,31 +104,6 @@ void CheckCell(const ConfigElement& col, const SetsOfType& sets, Findings& findi
     }
 }
 
-using Cells = std::map<std::pair<int, int>, const ConfigElement*>;
-
-// The filled cells of a layout by row and column; what lies beyond its size is dropped.
-Cells FilledCells(const ConfigTree& tree, const ConfigElement& layout) {
-    const int height = WholeOf(layout, Attrib_Height);
-    const int width = WholeOf(layout, Attrib_Width);
-    Cells cells;
-    int rowNumber = 0;
-    for (const ConfigElement* row : tree.Inside(layout)) {
-        if (row->element != ElementClass::Row || rowNumber >= height) {
-            continue;
-        }
-        int colNumber = 0;
-        for (const ConfigElement* col : tree.Inside(*row)) {
-            if (col->element == ElementClass::Col && colNumber < width &&
-                !ListedNames(col->text).empty()) {
-                cells[{rowNumber, colNumber}] = col;
-            }
-            ++colNumber;
-        }
-        ++rowNumber;
-    }
-    return cells;
-}
-
 // The piece by which random levels replace a doorway of that facing; empty when there is none.
 std::string_view ClosingPiece(TileDirT dir, bool hasHall) {
     const auto* const row = std::ranges::find(kClosings, dir, &ClosingRow::dir);
@@ -114,12 +111,10 @@ std::string_view ClosingPiece(TileDirT dir, bool hasHall) {
 }
 
 // Random levels look north and south of a doorway that faces there, and east and west of any other.
-bool OpensOntoNothing(const Cells& cells, const std::pair<int, int>& at, TileDirT dir) {
+bool OpensOntoNothing(const Drawing& drawing, const Spot& at, TileDirT dir) {
     const bool vertical = dir == DirN || dir == DirS;
-    const int rows = vertical ? 1 : 0;
-    const int cols = vertical ? 0 : 1;
-    return !cells.contains({at.first - rows, at.second - cols}) ||
-           !cells.contains({at.first + rows, at.second + cols});
+    return !drawing.Has(Beside(at, vertical ? DirN : DirW)) ||
+           !drawing.Has(Beside(at, vertical ? DirS : DirE));
 }
 
 void CheckDoorway(const ConfigElement& col,
@@ -144,9 +139,9 @@ void CheckDoorway(const ConfigElement& col,
     }
 }
 
-void CheckRim(const Cells& cells, const SetsOfType& sets, Findings& findings) {
-    for (const auto& [at, col] : cells) {
-        const std::vector<std::string> names = ListedNames(col->text);
+void CheckRim(const Drawing& drawing, const SetsOfType& sets, Findings& findings) {
+    for (const DrawnCell& cell : drawing.Cells()) {
+        const std::vector<std::string> names = ListedNames(cell.col->text);
         const auto typed = [&names](TileType type) {
             return std::ranges::find_if(names, [type](const std::string& name) {
                 return TileKind::Of(name).Type() == type;
@@ -157,49 +152,63 @@ void CheckRim(const Cells& cells, const SetsOfType& sets, Findings& findings) {
             continue;
         }
         const TileDirT dir = TileKind::Of(*doorway).Dir();
-        if (OpensOntoNothing(cells, at, dir)) {
+        if (OpensOntoNothing(drawing, cell.at, dir)) {
             const bool hasHall = typed(TileHall) != names.end();
-            CheckDoorway(*col, *doorway, ClosingPiece(dir, hasHall), sets, findings);
-        }
-    }
-}
-
-// Other sizes without cells are refused when they are loaded.
-void CheckSize(const ConfigElement& layout, Findings& findings) {
-    for (const std::string_view name : {Attrib_Width, Attrib_Height}) {
-        if (WholeOf(layout, name) == 0) {
-            findings.Add(Weight::Warning,
-                         PlaceOf(layout, name),
-                         Titled(layout, Attrib_LayoutName) + " has a " + std::string(name) +
-                             " of 0",
-                         "The layout has no cells.");
+            CheckDoorway(*cell.col, *doorway, ClosingPiece(dir, hasHall), sets, findings);
         }
     }
 }
 
 // A layout and what is inside: all of it is built from one tile set.
-void CheckLayout(const ConfigTree& tree,
-                 const ConfigElement& layout,
-                 const SetsOfType& sets,
-                 Findings& findings) {
-    CheckSize(layout, findings);
-    bool nests = false;
-    for (const ConfigElement* inside : tree.Inside(layout)) {
-        const bool nested = inside->element == ElementClass::Layout;
-        nests |= nested;
-        if (nested) {
-            CheckLayout(tree, *inside, sets, findings);
-        }
-        for (const ConfigElement* col : tree.Inside(*inside)) {
-            if (!nested && col->element == ElementClass::Col && !sets.all.empty()) {
+void CheckNames(const ConfigTree& tree,
+                const ConfigElement& layout,
+                const SetsOfType& sets,
+                Findings& findings) {
+    CheckSize(tree, layout, findings);
+    for (const ConfigElement* row : RowsOf(tree, layout)) {
+        for (const ConfigElement* col : ColsOf(tree, *row)) {
+            if (!sets.all.empty()) {
                 CheckCell(*col, sets, findings);
             }
         }
     }
+    bool nests = false;
+    for (const ConfigElement* inside : tree.Inside(layout)) {
+        if (inside->element == ElementClass::Layout) {
+            nests = true;
+            CheckNames(tree, *inside, sets, findings);
+        }
+    }
     // The cells of others inside may lie beyond its rim.
     if (!nests) {
-        CheckRim(FilledCells(tree, layout), sets, findings);
+        CheckRim(Drawing(tree, layout, sets.rises), sets, findings);
     }
+}
+
+// What a cell with a misspelt piece is meant to be is not known.
+void Forgive(Drawing& drawing, const NameSet& tiles) {
+    for (DrawnCell& cell : drawing.Cells()) {
+        const auto names = ListedNames(cell.col->text);
+        if (std::ranges::any_of(names, [&tiles](const std::string& name) {
+                return !TileKind::Of(name).IsKnown() && !tiles.contains(name);
+            })) {
+            cell.shape.edges.fill(Edge::Any);
+        }
+    }
+}
+
+void CheckDrawing(const ConfigTree& tree,
+                  const ConfigElement& layout,
+                  const SetsOfType& sets,
+                  Findings& findings) {
+    CheckOffsets(tree, layout, sets.tileSize, findings);
+    DrawnLayout drawn{tree, layout, sets.all, Drawing(tree, layout, sets.rises), {}};
+    CheckCells(drawn, findings);
+    Forgive(drawn.drawing, sets.all);
+    CheckOverlaps(drawn.drawing, findings);
+    drawn.survey = SurveyOf(drawn.drawing);
+    CheckSides(drawn, findings);
+    CheckWays(drawn, findings);
 }
 
 } // namespace
@@ -215,7 +224,9 @@ void CheckLayouts(const ConfigTree& tree, Findings& findings) {
         const bool cave = IsAnyOf(AttributeText(*layout, Attrib_Type), {Tile_Cave});
         // Without a tile set of the type, layouts may be meant for those of the other one.
         const bool useCaves = cave ? !caves.all.empty() : rooms.all.empty();
-        CheckLayout(tree, *layout, useCaves ? caves : rooms, findings);
+        const SetsOfType& sets = useCaves ? caves : rooms;
+        CheckNames(tree, *layout, sets, findings);
+        CheckDrawing(tree, *layout, sets, findings);
     }
 }
 

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "tools/check/DrawingSurvey.h"
+
+#include <map>
+#include <numeric>
+
+namespace Tarnex::Report {
+
+namespace {
+
+// Cells that are joined, each by way of another one.
+class Parts {
+public:
+    explicit Parts(std::size_t count) : next(count) {
+        std::iota(next.begin(), next.end(), std::size_t{0});
+    }
+
+    std::size_t Of(std::size_t cell) {
+        while (next[cell] != cell) {
+            cell = next[cell] = next[next[cell]];
+        }
+        return cell;
+    }
+
+    void Join(std::size_t one, std::size_t other) { next[Of(one)] = Of(other); }
+
+private:
+    std::vector<std::size_t> next;
+};
+
+class Surveyor {
+public:
+    explicit Surveyor(const Drawing& drawing_)
+        : drawing(drawing_), parts(drawing_.Cells().size()) {}
+
+    DrawingSurvey Result() {
+        for (const DrawnCell& cell : drawing.Cells()) {
+            for (const Side& side : Sides()) {
+                Look(cell, side.dir);
+            }
+        }
+        JoinOverlapping();
+        for (std::size_t cell = 0; cell < drawing.Cells().size(); ++cell) {
+            survey.part.push_back(parts.Of(cell));
+        }
+        return std::move(survey);
+    }
+
+private:
+    void Look(const DrawnCell& cell, TileDirT side) {
+        const Edge edge = cell.shape.edges.at(side);
+        if (edge == Edge::Closed) {
+            return;
+        }
+        OpenSide open{&cell, side, Beside(cell.at, side), {}};
+        for (const std::int64_t height : drawing.HeightsOf(cell, side)) {
+            const Spot at{cell.at.x, cell.at.y, height};
+            const Meeting met = MeetingAt(drawing, at, side, edge);
+            if (met.fits || open.met.cell == nullptr) {
+                open.met = met;
+                open.beyond.z = height;
+            }
+        }
+        File(open, edge);
+    }
+
+    void File(const OpenSide& open, Edge edge) {
+        const Meeting& met = open.met;
+        if (met.cell != nullptr && (met.fits || Leads(edge) || Leads(met.edge))) {
+            parts.Join(IndexOf(*open.cell), IndexOf(*met.cell));
+        }
+        if (met.fits || edge == Edge::Any) {
+            return;
+        }
+        if (met.cell == nullptr) {
+            JoinBlank(open);
+            (edge == Edge::Doorway ? survey.ends : survey.gaps).push_back(open);
+        } else if (met.edge == Edge::Closed || open.cell < met.cell) {
+            survey.gaps.push_back(open); // of two that are open to each other one tells it
+        }
+    }
+
+    // What faces one empty place from several sides is meant to be joined there.
+    void JoinBlank(const OpenSide& open) {
+        if (drawing.EmptyAt(open.beyond) == nullptr) {
+            return;
+        }
+        const auto [entry, isFirst] = faced.emplace(open.beyond, open.cell);
+        if (!isFirst) {
+            parts.Join(IndexOf(*entry->second), IndexOf(*open.cell));
+        }
+    }
+
+    void JoinOverlapping() {
+        const std::vector<DrawnCell>& cells = drawing.Cells();
+        for (std::size_t i = 1; i < cells.size(); ++i) {
+            if (Overlap(cells[i - 1].at, cells[i].at)) {
+                parts.Join(i - 1, i);
+            }
+        }
+    }
+
+    std::size_t IndexOf(const DrawnCell& cell) const {
+        return static_cast<std::size_t>(&cell - drawing.Cells().data());
+    }
+
+    const Drawing& drawing;
+    Parts parts;
+    std::map<Spot, const DrawnCell*> faced;
+    DrawingSurvey survey;
+};
+
+} // namespace
+
+Meeting MeetingAt(const Drawing& drawing, const Spot& at, TileDirT side, Edge edge) {
+    Meeting met;
+    for (const DrawnCell& other : drawing.Column(Beside(at, side))) {
+        const std::optional<Edge> seen = drawing.Seen(other, Opposite(side), at.z);
+        if (seen && !met.fits && (met.cell == nullptr || Fit(edge, *seen))) {
+            met = {&other, *seen, Fit(edge, *seen)};
+        }
+    }
+    return met;
+}
+
+DrawingSurvey SurveyOf(const Drawing& drawing) {
+    return Surveyor(drawing).Result();
+}
+
+} // namespace Tarnex::Report
