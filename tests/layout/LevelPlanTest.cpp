@@ -98,7 +98,12 @@ TEST_F(LevelPlanTest, ThePlanHoldsTheFirstOnTheFloorInsideTheLevel) {
 
 TEST_F(LevelPlanTest, CellsStandRowByRowWhateverTheOrderOfTheirPlaces) {
     LevelPlan plan;
-    plan.SetGrid(DiPos(2, 2, 0), {DiPos(1, 1, 0), DiPos(0, 1, 0), DiPos(1, 0, 0), DiPos(1, 1, 0)});
+    plan.SetGrid(DiPos(2, 2, 0), [](const auto& mark) {
+        for (const DiPos& place :
+             {DiPos(1, 1, 0), DiPos(0, 1, 0), DiPos(1, 0, 0), DiPos(1, 1, 0)}) {
+            mark(place);
+        }
+    });
     ASSERT_EQ(plan.cells.size(), 3U);
     EXPECT_EQ(plan.cells[0].place, DiPos(1, 0, 0));
     EXPECT_EQ(plan.cells[1].place, DiPos(0, 1, 0));

@@ -75,7 +75,8 @@ struct LevelMap : MapOutline, PlanGrid<MapCell> {
     void SetGrid(std::int32_t newWidth, std::int32_t newHeight, const std::vector<DiPos>& places) {
         width = newWidth;
         height = newHeight;
-        PlanGrid::SetGrid(DiPos(width, height, 0), places);
+        PlanGrid::SetGrid(DiPos(width, height, 0),
+                          [&places](const auto& mark) { std::ranges::for_each(places, mark); });
     }
     /// The cell there, an empty one if there is none. `x` and `y` are inside.
     const MapCell& At(std::int32_t x, std::int32_t y) const {

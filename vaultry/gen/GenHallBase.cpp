@@ -78,10 +78,6 @@ void GenHallBase::MapRoom(const Layout& room) {
     }
 }
 
-GridElmt* GenHallBase::ElmtAt(const DiPos& pos) const {
-    return main.GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x)).get();
-}
-
 bool GenHallBase::IsInside(const DiPos& pos) const {
     // Negative places are far outside as unsigned numbers.
     return static_cast<std::uint32_t>(pos.x) < main.GetWidth() &&

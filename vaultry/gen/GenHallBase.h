@@ -21,7 +21,10 @@ public:
     GenHallBase(const GenInfo& info, Layout& main, const RoomInfo& rooms);
 
     /// The element of the level there, or null.
-    GridElmt* ElmtAt(const DiPos& pos) const;
+    GridElmt* ElmtAt(const DiPos& pos) const {
+        return main.GetElmt(static_cast<std::uint32_t>(pos.y), static_cast<std::uint32_t>(pos.x))
+            .get();
+    }
     /// Whether the place lies in the level at all.
     bool IsInside(const DiPos& pos) const;
     /// True on the outer border of the level, where nothing may open outward.

@@ -285,10 +285,10 @@ void GenHallway::NextStep(HallCursor& cursor) {
         GetBlockedDir(way);
     }
     // Asked of the level, while the facing is that of the piece chosen last: they may differ after
-    // a junction was refused.
-    const CvtAction action = CanInPlaceCvt(cursor.place);
-    const HallChoice choice =
-        ChooseStep(GetTileDir(*cursor.tile), way, cursor.lastStep, action, cursor.blocked);
+    // a junction was refused. Most steps go straight on, and nothing has to be asked.
+    const TileDirT facing = GetTileDir(*cursor.tile);
+    const CvtAction action = GoesStraightOn(facing, way) ? CvtNone : CanInPlaceCvt(cursor.place);
+    const HallChoice choice = ChooseStep(facing, way, cursor.lastStep, action, cursor.blocked);
     // No choice and a kind that the set lacks come to the same: a step that failed.
     const DiPtr<Tile>& tile = TileOf(choice.tile);
     if (!tile) {

@@ -132,6 +132,11 @@ void GetBlockedDir(DiDirection& way) {
     }
 }
 
+bool GoesStraightOn(TileDirT current, const DiDirection& wanted) {
+    return StepsVertically(wanted) ? current == DirN || current == DirS || current == DirNS
+                                   : current == DirE || current == DirW || current == DirEW;
+}
+
 HallChoice ChooseStep(TileDirT current,
                       const DiDirection& wanted,
                       const DiPos& previous,

@@ -27,6 +27,9 @@ struct HallChoice {
     bool IsInPlace() const { return step.isZero(); }
 };
 
+/// Whether a piece of facing `current` is left straight on, so that it need not be changed.
+bool GoesStraightOn(TileDirT current, const DiDirection& wanted);
+
 /// Chooses the next step from a tile of facing `current`. `wanted` is the way to the destination
 /// (its step possibly turned aside, its distances true), `previous` the step before ((0, 0) for
 /// none), `action` how the piece may be changed, `blocked` how often in a row the hall has failed.

@@ -28,8 +28,10 @@ void JudgeWalkability(LevelReport& report, const Layout& main, const RoomInfo& r
     LevelPlan plan = PlanOf(main);
     report.openEnds = 0;
     for (const PlanCell& cell : plan.cells) {
-        // A junction may have several.
-        report.openEnds += static_cast<std::uint32_t>(std::popcount(cell.loose));
+        // Few cells have any; a junction may have several.
+        if (cell.loose != 0) {
+            report.openEnds += static_cast<std::uint32_t>(std::popcount(cell.loose));
+        }
     }
     const auto list = rooms.GetRoomList();
     // Numbers from 1: halls belong to no room and have 0.

@@ -70,35 +70,31 @@ std::vector<LevelPart> PartsOf(const Layout& level) {
 }
 
 LevelPlan PlanOf(const Layout& level) {
-    const DiPos& size = level.GetSize();
     const std::vector<LevelPart> parts = PartsOf(level);
-    struct Standing {
-        const GridElmt* elmt;
-        bool even;
-    };
-    std::vector<Standing> elmts;
-    std::vector<DiPos> places;
-    for (const LevelPart& part : parts) {
-        if (!part.sameFloor) {
-            break;
-        }
-        ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& place) {
-            if (place.x >= 0 && place.y >= 0 && place.x < size.x && place.y < size.y) {
-                elmts.push_back({&elmt, part.even});
-                places.push_back(place);
-            }
-        });
-    }
     LevelPlan plan;
-    plan.SetGrid(size, places);
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        PlanCell& cell = *plan.Find(places[i]);
-        if (cell.tile == PlanTile::Empty) {
-            cell = PlanCellOf(*elmts[i].elmt);
-            cell.place = places[i];
-            cell.even = cell.even && elmts[i].even;
+    const auto forEach = [&](const auto& visit) {
+        for (const LevelPart& part : parts) {
+            if (!part.sameFloor) {
+                break;
+            }
+            ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& place) {
+                if (plan.IsInside(place)) {
+                    visit(elmt, place, part.even);
+                }
+            });
         }
-    }
+    };
+    plan.SetGrid(level.GetSize(), [&](const auto& mark) {
+        forEach([&mark](const GridElmt&, const DiPos& place, bool) { mark(place); });
+    });
+    forEach([&plan](const GridElmt& elmt, const DiPos& place, bool even) {
+        PlanCell& cell = *plan.Find(place);
+        if (cell.tile == PlanTile::Empty) {
+            cell = PlanCellOf(elmt);
+            cell.place = place;
+            cell.even = cell.even && even;
+        }
+    });
     JoinNeighbours(plan);
     return plan;
 }

@@ -6,6 +6,7 @@
 #include <vaultry/layout/Layout.h>
 #include <vaultry/layout/Sides.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -45,21 +46,28 @@ public:
     /// That may hold something, row by row from the north-western corner.
     std::vector<Cell> cells;
 
-    /// Sets the size, and makes a cell for each of the places, which are inside and may be given
-    /// several times, in any order. [cells]
-    void SetGrid(const DiPos& newSize, const std::vector<DiPos>& places) {
+    /// Sets the size, and makes a cell for each of the places that `each` calls its argument with;
+    /// they are inside and may come several times, in any order. [cells]
+    template <typename EachPlace>
+    void SetGrid(const DiPos& newSize, const EachPlace& each) {
         size = newSize;
         numbers.assign(Index(DiPos(size.x, size.y, 0)) + 1, 0);
-        for (const DiPos& place : places) {
-            numbers[Index(place)] = 1;
+        for (const Side& side : Sides()) {
+            steps[static_cast<std::size_t>(side.dir)] =
+                Index(side.step) - Index(DiPos()); // wraps around for north and west
         }
+        each([this](const DiPos& place) { numbers[Index(place)] = 1; });
+        cells.assign(numbers.size() - static_cast<std::size_t>(std::ranges::count(numbers, 0U)),
+                     {});
         std::uint32_t count = 0;
-        for (std::uint32_t& number : numbers) {
-            number = number == 0 ? 0 : ++count;
-        }
-        cells.assign(count, {});
-        for (const DiPos& place : places) {
-            Find(place)->place = place;
+        DiPos place;
+        for (place.y = 0; place.y < size.y; ++place.y) {
+            for (place.x = 0; place.x < size.x; ++place.x) {
+                if (std::uint32_t& number = numbers[Index(place)]; number != 0) {
+                    cells[count].place = place;
+                    number = ++count;
+                }
+            }
         }
     }
 
@@ -70,13 +78,17 @@ public:
 
     /// The cell there, or null. `place` is inside or next to it.
     /// @{
-    const Cell* Find(const DiPos& place) const {
-        const std::uint32_t number = numbers[Index(place)];
-        return number == 0 ? nullptr : &cells[number - 1];
+    const Cell* Find(const DiPos& place) const { return CellAt(cells.data(), Index(place)); }
+    Cell* Find(const DiPos& place) { return CellAt(cells.data(), Index(place)); }
+    /// @}
+
+    /// The neighbour of one of the cells in `cells`, or null.
+    /// @{
+    const Cell* Next(const Cell& from, const Side& side) const {
+        return CellAt(cells.data(), Index(from.place) + steps[static_cast<std::size_t>(side.dir)]);
     }
-    Cell* Find(const DiPos& place) {
-        const std::uint32_t number = numbers[Index(place)];
-        return number == 0 ? nullptr : &cells[number - 1];
+    Cell* Next(const Cell& from, const Side& side) {
+        return CellAt(cells.data(), Index(from.place) + steps[static_cast<std::size_t>(side.dir)]);
     }
     /// @}
 
@@ -92,8 +104,15 @@ private:
                static_cast<std::size_t>(place.x + 1);
     }
 
+    template <typename AnyCell>
+    AnyCell* CellAt(AnyCell* first, std::size_t index) const {
+        const std::uint32_t number = numbers[index];
+        return number == 0 ? nullptr : first + (number - 1);
+    }
+
     DiPos size;
     std::vector<std::uint32_t> numbers; // of the cells from 1, or 0, row by row
+    std::array<std::size_t, 4> steps{}; // in `numbers` from a cell to the next on each side
 };
 
 /// A plan of nothing but what decides where one can walk.
@@ -141,18 +160,25 @@ inline SideBits WaysOut(const PlanCell& cell) {
 /// level's floor. The loose ends that lead somewhere are no longer such.
 template <typename Cell>
 void JoinNeighbours(PlanGrid<Cell>& grid) {
-    const std::array<Side, 4>& sides = Sides();
     for (Cell& cell : grid.cells) {
-        unsigned entered = 0;
-        for (const Side& side : sides) {
-            const Cell* to = grid.Find(cell.place + side.step);
-            if (to != nullptr && to->sameFloor && (WaysOut(*to) & SideBit(side.opposite)) != 0) {
-                entered |= SideBit(side.dir);
-            }
-        }
+        cell.ways = 0;
+    }
+    // Each pair once, from its northern or western cell.
+    const std::array<const Side*, 2> ahead = {&Sides()[DirS], &Sides()[DirE]};
+    for (Cell& cell : grid.cells) {
         const SideBits out = WaysOut(cell);
-        cell.ways = static_cast<SideBits>(out & entered);
-        cell.loose = static_cast<SideBits>(cell.sameFloor ? cell.loose & out & ~entered : 0);
+        for (const Side* side : ahead) {
+            Cell* to = (out & SideBit(side->dir)) != 0 ? grid.Next(cell, *side) : nullptr;
+            if (to == nullptr || (WaysOut(*to) & SideBit(side->opposite)) == 0) {
+                continue;
+            }
+            cell.ways |= to->sameFloor ? SideBit(side->dir) : SideBits{0};
+            to->ways |= cell.sameFloor ? SideBit(side->opposite) : SideBits{0};
+        }
+    }
+    for (Cell& cell : grid.cells) {
+        const unsigned judged = cell.sameFloor ? WaysOut(cell) & ~unsigned{cell.ways} : 0;
+        cell.loose = static_cast<SideBits>(cell.loose & judged);
     }
 }
 
@@ -168,7 +194,7 @@ void Walk(PlanGrid<Cell>& grid, std::vector<Cell*> open, const Enters& enters) {
             if ((from.ways & SideBit(side.dir)) == 0) {
                 continue;
             }
-            Cell* to = grid.Find(from.place + side.step);
+            Cell* to = grid.Next(from, side);
             if (enters(from, *to, side)) {
                 open.push_back(to);
             }
@@ -180,23 +206,20 @@ void Walk(PlanGrid<Cell>& grid, std::vector<Cell*> open, const Enters& enters) {
 /// counts as reached: nobody knows how one gets there.
 template <typename Cell>
 std::vector<bool> ReachedRooms(PlanGrid<Cell>& grid, std::size_t rooms) {
-    std::vector<bool> visited(grid.cells.size());
+    std::vector<char> visited(grid.cells.size()); // bytes are faster to walk by than bits
     std::vector<Cell*> start;
     for (Cell& cell : grid.cells) {
         if (cell.room == 1) {
-            visited[grid.NumberOf(cell)] = true;
+            visited[grid.NumberOf(cell)] = 1;
             start.push_back(&cell);
         }
     }
     Walk(grid, std::move(start), [&](const Cell&, const Cell& to, const Side&) {
-        auto seen = visited[grid.NumberOf(to)];
-        const bool isNew = !seen;
-        seen = true;
-        return isNew;
+        return std::exchange(visited[grid.NumberOf(to)], 1) == 0;
     });
     std::vector<bool> reached(rooms);
     for (const Cell& cell : grid.cells) {
-        if (cell.room > 0 && (visited[grid.NumberOf(cell)] || !cell.sameFloor)) {
+        if (cell.room > 0 && (visited[grid.NumberOf(cell)] != 0 || !cell.sameFloor)) {
             reached[cell.room - 1] = true;
         }
     }
