@@ -54,11 +54,11 @@ std::string WrongCount(const CLI::ArgumentMismatch& e) {
     return text.substr(0, text.find(':')) + (missing ? ": a value is missing" : ": given twice");
 }
 
-// The words that an option offers stand behind the colon of its help.
+// The words that an option offers stand behind the last colon of its help.
 std::string WordsOf(const OptionHelp& option) {
     std::string words;
     if (option.value == "WORD") {
-        words = option.text.substr(option.text.find(": ") + 2);
+        words = option.text.substr(option.text.rfind(": ") + 2);
         std::erase(words, ',');
     }
     return words;

@@ -6,6 +6,7 @@
 #include "tools/text/ShellWords.h"
 #include "tools/text/UsageError.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <variant>
@@ -28,6 +29,28 @@ GenerateOptions OptionsOf(const std::string& line) {
         throw UsageError("it has no --seed");
     }
     return *options;
+}
+
+bool IsTyped(const GenerateOptions& options, std::string_view name) {
+    return std::ranges::find(options.typed, FindRunOption(name)) != options.typed.end();
+}
+
+// Puts in what earlier versions meant by a line that does not name it; false for a line of today.
+bool NameEarlierDefaults(GenerateOptions& options) {
+    const bool sized = options.fixed || IsTyped(options, "size");
+    if (options.cell && sized) {
+        return false;
+    }
+    options.cell = options.cell.value_or("Vaultry Dungeon");
+    options.levelSize = sized ? options.levelSize : RandomGenInfo::Random;
+    const bool ofCaves = options.config == "builtin:caves" || options.config == "builtin:grottoes";
+    if (ofCaves && !options.caveTileSet) {
+        options.tileSet = "Velothi";
+    }
+    if (ofCaves && options.fixed && !options.caveLayout) {
+        options.layout = options.layout.value_or("Small Chamber");
+    }
+    return true;
 }
 
 // The seed of a line that begins as those in tables do, taken off with all before it.
@@ -53,7 +76,8 @@ GenerateLines::Understood GenerateLines::Read(const std::string& line) {
     if (seed && behind == read) {
         return {*seed, std::string(kStart) + std::to_string(*seed) + printed};
     }
-    const GenerateOptions options = OptionsOf(line);
+    GenerateOptions options = OptionsOf(line);
+    older = NameEarlierDefaults(options) || older;
     const std::string whole = Report::GenerateCommandLine(options, *options.seed);
     std::string_view words = whole;
     if (seed && TakeSeed(words)) {

@@ -70,7 +70,7 @@ void ConfigSource::Load(GenMgr& manager, const JobStatus& status, std::string* c
         manager.Init(name.c_str(), status, copy);
         return;
     }
-    manager.InitFromMemory(builtin->text, name.c_str());
+    LoadBuiltin(manager, *builtin, name.c_str());
     if (copy != nullptr) {
         *copy = builtin->text;
     }

@@ -2,10 +2,9 @@
 // Where a configuration comes from.
 #pragma once
 
-#include "cli/BuiltinConfigs.h"
-
 #include <vaultry/catalogue/ConfigRecord.h>
 #include <vaultry/gen/GenMgr.h>
+#include <vaultry/run/BuiltinConfigs.h>
 
 #include <optional>
 #include <string>

@@ -6,9 +6,22 @@
 
 namespace Tarnex::Cli {
 
-ExitStatus RunVerb(const GenerateOptions& options, const Console& console) {
+namespace {
+
+GenerateOptions WithCell(GenerateOptions options) {
+    options.cell = options.cell.value_or(CellNameOf(*options.out));
+    return options;
+}
+
+} // namespace
+
+ExitStatus RunVerb(const GenerateOptions& given, const Console& console) {
+    const GenerateOptions options = WithCell(given);
     VerbRun run(options, console);
     if (run.Configure()) {
+        run.Warn(FileNameWarnings(*options.out));
+        run.Warn(given.cell ? std::vector<std::string>()
+                            : CellNameWarnings(*options.out, *options.cell));
         run.Warn(NameWarnings(options));
         run.Generate();
         run.Write();

@@ -31,7 +31,8 @@ UnderstoodCommand(const Search::Hit& hit, GenerateLines& lines, const Search::Hi
     reader.Refuse("the command makes another seed than that under \"seed\"");
 }
 
-void ReadTable(const std::string& path,
+// Returns whether there are lines of earlier versions.
+bool ReadTable(const std::string& path,
                const Search::Condition& where,
                const CancelSignals& signals,
                std::size_t most,
@@ -46,7 +47,7 @@ void ReadTable(const std::string& path,
     while (!signals.Requested()) {
         std::optional<Search::Hit> hit = reader.Next();
         if (!hit) {
-            return;
+            break;
         }
         hit->command = UnderstoodCommand(*hit, lines, reader);
         if (!where.Holds(hit->values)) {
@@ -58,6 +59,7 @@ void ReadTable(const std::string& path,
                           " dungeons are not merged at once; ask for fewer with --where");
         }
     }
+    return lines.ReadOlder();
 }
 
 } // namespace
@@ -65,16 +67,25 @@ void ReadTable(const std::string& path,
 MergedHits ReadTables(const std::vector<std::string>& paths,
                       const Search::Condition& where,
                       const CancelSignals& signals,
+                      std::vector<std::string>& older,
                       std::size_t most) {
     MergedHits hits;
     for (const std::string& path : paths) {
         try {
-            ReadTable(path, where, signals, most, hits);
+            if (ReadTable(path, where, signals, most, hits)) {
+                older.push_back(path);
+            }
         } catch (const std::ios_base::failure&) {
             throw UsageError("the table \"" + path + "\" cannot be read");
         }
     }
     return hits;
+}
+
+std::string OlderTable(const std::string& path) {
+    return "the table \"" + path +
+           "\" is of an earlier version: where its lines name none, the size is Random, the cell "
+           "\"Vaultry Dungeon\", and builtin:caves and builtin:grottoes begin with rooms";
 }
 
 } // namespace Tarnex::Cli

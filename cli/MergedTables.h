@@ -28,10 +28,15 @@ using MergedHits = std::set<Search::Hit, HitOrder>;
 
 /// The dungeons of all tables for which the condition holds, with command lines that are printed
 /// anew. Throws UsageError, which names file and line, for what `vaultry search --csv` did
-/// not write and for more than `most` dungeons. After a signal the answer is not whole.
+/// not write and for more than `most` dungeons. After a signal the answer is not whole. The paths
+/// of tables with lines of earlier versions (see GenerateLines) are put into `older`.
 MergedHits ReadTables(const std::vector<std::string>& paths,
                       const Search::Condition& where,
                       const CancelSignals& signals,
+                      std::vector<std::string>& older,
                       std::size_t most = kMostMerged);
+
+/// What is said of such a table.
+std::string OlderTable(const std::string& path);
 
 } // namespace Tarnex::Cli

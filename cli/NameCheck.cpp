@@ -5,7 +5,11 @@
 
 #include <vaultry/foundation/CodePage.h>
 
+#include <vaultry/foundation/Text.h>
+
 #include <algorithm>
+#include <array>
+#include <filesystem>
 
 namespace Tarnex::Cli {
 
@@ -13,6 +17,9 @@ namespace {
 
 constexpr std::size_t kMostListed = 12;
 constexpr std::size_t kLongestName = 63;
+
+// The ends of the files that the game and OpenMW list.
+constexpr std::array<std::string_view, 3> kListed = {".esp", ".esm", ".omwaddon"};
 
 std::string Quoted(const std::vector<std::string>& names) {
     std::string text;
@@ -47,7 +54,7 @@ std::string OfferNames(std::string_view name, const std::vector<std::string>& na
 std::vector<std::string> NameWarnings(const GenerateOptions& options) {
     std::vector<std::string> warnings;
     bool lost = false;
-    const std::string name = FromUtf8(options.cell, &lost);
+    const std::string name = FromUtf8(options.cell.value_or(""), &lost);
     if (lost) {
         warnings.push_back("the name of the cell has letters that the game lacks; it becomes \"" +
                            Tarnex::ToUtf8(name) + '"');
@@ -63,6 +70,40 @@ std::vector<std::string> NameWarnings(const GenerateOptions& options) {
         warnings.emplace_back("the name of the master file has letters that the game lacks");
     }
     return warnings;
+}
+
+std::vector<std::string> IdleWarnings(const GenerateOptions& options) {
+    std::vector<std::string> warnings;
+    for (const OptionRow* row : options.typed) {
+        const std::string why = WhyIdle(options, *row);
+        if (!why.empty()) {
+            warnings.push_back(std::string("--") + row->name + " has no effect " + why);
+        }
+    }
+    return warnings;
+}
+
+std::vector<std::string> CellNameWarnings(const std::string& path, const std::string& cell) {
+    if (path.find(cell) != std::string::npos) {
+        return {};
+    }
+    return {"the game lacks letters of the file's name: the cell is called \"" + cell +
+            "\"; --cell gives it another name"};
+}
+
+std::vector<std::string> FileNameWarnings(const std::string& path) {
+    const bool listed = std::ranges::any_of(kListed, [&path](std::string_view end) {
+        return path.size() > end.size() &&
+               EqualsNoCase(std::string_view(path).substr(path.size() - end.size()), end);
+    });
+    std::error_code unknown;
+    const auto status = std::filesystem::status(PathFromUtf8(path), unknown);
+    const bool special = exists(status) && !is_regular_file(status);
+    if (listed || special) {
+        return {};
+    }
+    return {'"' + path + "\" ends in none of " + JoinWords({kListed.begin(), kListed.end()}) +
+            ", so that the game does not list it"};
 }
 
 std::vector<std::string> ToUtf8(const std::vector<std::string>& codePageNames) {

@@ -17,6 +17,15 @@ std::string OfferNames(std::string_view name, const std::vector<std::string>& na
 /// lacks, and bytes beyond the 63 of a cell's name, the numbers of several levels included.
 std::vector<std::string> NameWarnings(const GenerateOptions& options);
 
+/// One line for each option given that has no effect beside the others.
+std::vector<std::string> IdleWarnings(const GenerateOptions& options);
+
+/// One line where the cell is named after the file, but has not all its letters.
+std::vector<std::string> CellNameWarnings(const std::string& path, const std::string& cell);
+
+/// One line where the game would not list the plug-in for the end of its name.
+std::vector<std::string> FileNameWarnings(const std::string& path);
+
 /// The names of a list of the configuration, in UTF-8.
 std::vector<std::string> ToUtf8(const std::vector<std::string>& codePageNames);
 

@@ -35,6 +35,7 @@ struct WrittenFile {
 struct GenerateOptions : Report::RunRequest {
     std::optional<std::string> out = "dungeon.esp"; ///< a path, of search that of its table
     std::optional<std::string> log;                 ///< a path
+    std::vector<const OptionRow*> typed;            ///< the options of the run that were given
     MapFileOptions maps;
     bool quiet = false;
     bool json = false;

@@ -114,7 +114,11 @@ ExitStatus Merge(SearchReport& report, const Query& query, const Console& consol
     if (options.generate.out) {
         table.emplace(*options.generate.out);
     }
-    MergedHits all = ReadTables(options.merge, query.where, signals);
+    std::vector<std::string> older;
+    MergedHits all = ReadTables(options.merge, query.where, signals, older);
+    for (const std::string& path : older) {
+        console.Warn(OlderTable(path));
+    }
     Search::Ranking ranking(query.order, options.top);
     while (!all.empty() && !signals.Requested()) {
         ranking.Add(std::move(all.extract(all.begin()).value()));
@@ -302,6 +306,13 @@ GenerateOptions WithStamp(GenerateOptions options) {
     return options;
 }
 
+// Lines name what was found out with the configuration, but no stamp that was not given.
+void TakeNames(const RunOptions& used, RunOptions& options) {
+    const std::optional<std::int64_t> stamp = options.stamp;
+    options = used;
+    options.stamp = stamp;
+}
+
 void Judge(VerbRun& run,
            const std::string& config,
            const Query& query,
@@ -326,6 +337,7 @@ ExitStatus SearchRange(SearchReport& report, const Query& query, const Console& 
     std::string config;
     const bool configured = run.Configure(&config);
     run.Show();
+    TakeNames(run.report.options, report.options.generate);
     report.errors = run.report.errors;
     MakeFolder(options.thumbnails);
     // A search that never began has found nothing that an earlier table should give way to.

@@ -13,7 +13,7 @@ namespace Tarnex::Cli {
 namespace {
 
 void CheckText(const GenerateOptions& options) {
-    if (options.cell.empty()) {
+    if (options.cell && options.cell->empty()) {
         throw UsageError("--cell: the name of the cell is empty");
     }
     if (options.ensureWalkable && options.fixed) {
@@ -35,8 +35,8 @@ RunReport ReportOn(const GenerateOptions& options) {
 }
 
 // The library refuses names that it lacks; here the nearest are offered.
-void CheckNames(GenMgr& manager, const GenerateOptions& options) {
-    for (const OptionRow* row : UnknownNames(options, manager)) {
+void CheckNames(GenMgr& manager, GenerateOptions& options) {
+    for (const OptionRow* row : SpellNames(options, manager)) {
         const std::string name = std::get<std::string>(ValueOf(options, *row));
         throw UsageError(std::string("the configuration has no ") + row->choice->what + " \"" +
                          name + "\"; " + OfferNames(name, ToUtf8(row->choice->names(manager))));
@@ -77,6 +77,8 @@ bool VerbRun::Configure(std::string* copy) try {
         source.RequireWhole(manager);
     }
     CheckNames(manager, report.options);
+    NameDefaults(report.options, manager);
+    Warn(IdleWarnings(report.options));
     return true;
 } catch (const UsageError&) {
     console.Show(log.Errors());

@@ -188,8 +188,21 @@ CLI::Option* AddRunOption(CLI::App& verb, const OptionRow& row, RunOptions& opti
         [&options, &row](const std::string& text) { return SetOption(options, row, text); });
 }
 
+// The options of a run that were typed.
+std::vector<const OptionRow*> TypedRows(const CLI::App& verb) {
+    std::vector<const OptionRow*> typed;
+    for (const OptionRow& row : RunOptionRows()) {
+        const CLI::Option* const option = verb.get_option_no_throw(std::string("--") + row.name);
+        if (option != nullptr && option->count() > 0) {
+            typed.push_back(&row);
+        }
+    }
+    return typed;
+}
+
 // What a run is asked for, as far as the verb takes it: 0 stands for all of it.
-void AddRunOptions(CLI::App& verb, RunOptions& options, unsigned use = 0) {
+void AddRunOptions(CLI::App& verb, GenerateOptions& options, unsigned use = 0) {
+    verb.final_callback([&verb, &options] { options.typed = TypedRows(verb); });
     for (const OptionRow& row : RunOptionRows()) {
         if ((row.uses & use) != use) {
             continue;
@@ -236,10 +249,9 @@ void AddJson(CLI::App& verb, bool& json, const char* help = "As JSON") {
 
 // A plug-in is drawn as it is: what shapes levels does not go with it.
 void CheckPluginOptions(const CLI::App& verb) {
-    for (const OptionRow& row : RunOptionRows()) {
-        const std::string option = std::string("--") + row.name;
-        const bool given = (row.uses & kForMaps) != 0 && verb.count(option) > 0;
-        if (given && option != "--cell") {
+    for (const OptionRow* row : TypedRows(verb)) {
+        const std::string option = std::string("--") + row->name;
+        if (option != "--cell") {
             throw UsageError(option + " shapes what is generated and does not go with a plug-in");
         }
     }
@@ -272,10 +284,11 @@ void AddMap(CLI::App& verb, Request& request) {
     AddConfig(verb, options.config, options.keepGoing);
     AddRunOptions(verb, options, kForMaps);
     CLI::Option* const cell = verb.get_option("--cell");
-    cell->description("The cell (default: Vaultry Dungeon; of a plug-in, all cells)");
+    cell->description("The cell (default: dungeon; of a plug-in, all cells)");
     AddMapFiles(verb, options.maps);
     AddReport(verb, options);
     verb.final_callback([&map, &verb, cell] {
+        map.generate.typed = TypedRows(verb);
         if (map.plugin) {
             CheckPluginOptions(verb);
         }

@@ -22,15 +22,15 @@ foreach(file IN LISTS FILES)
   math(EXPR number "${number} + 1")
 endforeach()
 
-set(source "// Made by the build; do not edit.\n#include \"cli/BuiltinConfigs.h\"\n\n")
+set(source "// Made by the build; do not edit.\n#include <vaultry/run/BuiltinConfigs.h>\n\n")
 if(rows STREQUAL "")
   string(APPEND source
-    "std::span<const Tarnex::Cli::BuiltinConfig> Tarnex::Cli::BuiltinConfigs() {\n"
+    "std::span<const Tarnex::BuiltinConfig> Tarnex::BuiltinConfigs() {\n"
     "    return {};\n}\n")
 else()
   string(APPEND source
     "namespace {\n${arrays}} // namespace\n\n"
-    "std::span<const Tarnex::Cli::BuiltinConfig> Tarnex::Cli::BuiltinConfigs() {\n"
+    "std::span<const Tarnex::BuiltinConfig> Tarnex::BuiltinConfigs() {\n"
     "    static const BuiltinConfig configs[] = {\n${rows}    };\n"
     "    return configs;\n}\n")
 endif()

@@ -48,11 +48,14 @@ vaultry_result ReadConfig(vaultry_generator* generator, const char* name, const 
     });
 }
 
-RunEnd Generate(vaultry_generator& generator, RunState* callers) {
+// The cell is named after the file, whose path is empty where none is written.
+RunEnd Generate(vaultry_generator& generator, RunState* callers, const std::string& path) {
     generator.errors.clear();
     generator.run.reset();
     GenMgr& manager = generator.manager;
-    const RunOptions& options = generator.options;
+    RunOptions options = generator.options;
+    options.cell = options.cell.value_or(CellNameOf(path));
+    NameDefaults(options, manager);
     generator.progress.Restart(options.fixed ? 1 : options.numLevels, callers);
     manager.SetJobStatus(&generator.progress);
     const auto maps = std::make_shared<Report::MapCollector>();
@@ -181,13 +184,13 @@ vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, vo
 
 vaultry_result vaultry_run(vaultry_generator* generator) {
     return Enter(*generator, [=](RunState* callers) {
-        return TellEnd(*generator, Generate(*generator, callers));
+        return TellEnd(*generator, Generate(*generator, callers, ""));
     });
 }
 
 vaultry_result vaultry_generate(vaultry_generator* generator, const char* path) {
     return Enter(*generator, [=](RunState* callers) {
-        const RunEnd end = Generate(*generator, callers);
+        const RunEnd end = Generate(*generator, callers, TextOf(path));
         return end == RunEnd::Made ? WriteMod(*generator, TextOf(path)) : TellEnd(*generator, end);
     });
 }

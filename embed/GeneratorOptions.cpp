@@ -23,7 +23,7 @@ std::string Set(vaultry_generator& generator, const OptionRow& row, std::string_
     RunOptions options = generator.options;
     std::string fault = SetOption(options, row, value);
     if (fault.empty() && row.choice != nullptr) {
-        const std::vector<const OptionRow*> unknown = UnknownNames(options, generator.manager);
+        const std::vector<const OptionRow*> unknown = SpellNames(options, generator.manager);
         const bool known = std::ranges::find(unknown, &row) == unknown.end();
         fault = known ? "" : "is not a name of the configuration";
     } else if (fault.empty() && KindOf(row) == OptionKind::Text) {

@@ -120,7 +120,7 @@ VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* gene
  * Sets an option to what its switch on the command line takes; switches without a value take "true"
  * or "false". Options: see vaultry_option; "strict" counts the errors of the last vaultry_init too,
  * and "ensure-walkable" is for random levels. Names are looked up in the configuration, which
- * therefore comes first. "seed" and "stamp" are drawn by chance for every run until they are set. A
+ * therefore comes first; their case does not matter. "seed" and "stamp" are drawn by chance for every run until they are set. A
  * number beyond the bounds of its switch, which the error names, and a name with letters that the
  * game's code page (Windows-1252) lacks are refused. A value that is refused changes nothing.
  *
@@ -152,7 +152,8 @@ vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, vo
 /**
  * Generates a plug-in and writes it to `path`. It is written beside a file that is there and
  * replaces that when it is whole and on the disk: whatever fails, the old file stays. A link stays
- * a link. A folder, a pipe and a device are not written to.
+ * a link. A folder, a pipe and a device are not written to. Unless "cell" was set the cell is named
+ * after the file, "keep" of "keep.esp", since the game merges cells of one name.
  *
  * The plug-in stays in memory besides: vaultry_plugin and all questions answer for it, after
  * VAULTRY_NOT_WRITTEN too. The last run's dungeon is given up when this one begins, whatever comes
@@ -161,8 +162,8 @@ vaultry_set_progress(vaultry_generator* generator, vaultry_progress progress, vo
 VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, const char* path);
 
 /**
- * Like vaultry_generate, but writes nothing: vaultry_plugin hands out the bytes. "strict" is for
- * writing and changes nothing here. VAULTRY_REFUSED without a tile set or layout to use, and where
+ * Like vaultry_generate, but writes nothing: vaultry_plugin hands out the bytes. The cell is called
+ * "dungeon" unless "cell" was set. "strict" is for writing and changes nothing here. VAULTRY_REFUSED without a tile set or layout to use, and where
  * "ensure-walkable" tried a thousand seeds for nothing.
  */
 VAULTRY_API enum vaultry_result vaultry_run(vaultry_generator* generator);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The configurations inside the program.
-#include "cli/BuiltinConfigs.h"
+#include <vaultry/run/BuiltinConfigs.h>
 
 #include <filesystem>
 #include <string>
@@ -32,8 +32,8 @@ TEST_F(BuiltinConfigTest, ConfigPrintsTheOneThatIsNamed) {
 }
 
 TEST_F(BuiltinConfigTest, DefaultIsTheFirst) {
-    ASSERT_FALSE(Cli::BuiltinConfigs().empty());
-    EXPECT_EQ(Cli::BuiltinConfigs().front().name, "default");
+    ASSERT_FALSE(BuiltinConfigs().empty());
+    EXPECT_EQ(BuiltinConfigs().front().name, "default");
 }
 
 TEST_F(BuiltinConfigTest, IsUsedWhenNoConfigurationIsNamed) {
@@ -56,6 +56,8 @@ TEST_F(BuiltinConfigTest, PrintedAndReadBackItGeneratesTheSame) {
                                      "1",
                                      "--stamp",
                                      "1",
+                                     "-n",
+                                     "Keep",
                                      "-o",
                                      std::string(config) + ".esp"});
         EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -65,7 +67,7 @@ TEST_F(BuiltinConfigTest, PrintedAndReadBackItGeneratesTheSame) {
 }
 
 TEST_F(BuiltinConfigTest, EachIsFreeOfFaults) {
-    for (const Cli::BuiltinConfig& config : Cli::BuiltinConfigs()) {
+    for (const BuiltinConfig& config : BuiltinConfigs()) {
         const Outcome outcome = Run({"list", "-c", "builtin:" + std::string(config.name)});
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.err, "");

@@ -21,18 +21,36 @@ TEST(GenerateLinesTest, PrintsAnewWhatDecidesWhatIsGenerated) {
 
 TEST(GenerateLinesTest, LinesThatDifferInTheSeedAloneAreReadAlike) {
     Cli::GenerateLines lines;
-    const std::string behind = " --levels 2 -n '--seed 9'";
+    const std::string behind = " --levels 2 --size tiny -n '--seed 9'";
     for (const std::string seed : {"1", "2", "4294967295", "007"}) {
         const auto understood = lines.Read("vaultry generate --seed " + seed + behind);
         EXPECT_EQ(std::to_string(understood.seed), std::to_string(std::stoul(seed)));
         EXPECT_EQ(understood.line,
                   "vaultry generate --seed " + std::to_string(understood.seed) +
-                      " --cell='--seed 9' --levels 2");
+                      " --cell='--seed 9' --levels 2 --size Tiny");
     }
-    EXPECT_EQ(lines.Read("vaultry generate --seed 1 --levels 3").line,
-              "vaultry generate --seed 1 --levels 3");
-    EXPECT_EQ(lines.Read("vaultry generate --seed 5").line, "vaultry generate --seed 5");
-    EXPECT_EQ(lines.Read("vaultry generate --seed 6").line, "vaultry generate --seed 6");
+    EXPECT_FALSE(lines.ReadOlder());
+}
+
+TEST(GenerateLinesTest, WhatIsNotNamedIsWhatEarlierVersionsMeant) {
+    Cli::GenerateLines lines;
+    const auto read = [&lines](const std::string& behind) {
+        const std::string start = "vaultry generate --seed 1";
+        return lines.Read(start + behind).line.substr(start.size());
+    };
+    const std::string cell = " --cell 'Vaultry Dungeon'";
+    const std::string caves = " --config builtin:caves";
+    EXPECT_EQ(read(""), cell + " --size Random");
+    EXPECT_TRUE(lines.ReadOlder());
+    EXPECT_EQ(read(" --levels 3"), cell + " --levels 3 --size Random");
+    EXPECT_EQ(read(" -n A"), " --cell A --size Random");
+    EXPECT_EQ(read(" --size tiny"), cell + " --size Tiny");
+    EXPECT_EQ(read(" --fixed"), cell + " --fixed");
+    EXPECT_EQ(read(caves), caves + cell + " --tileset Velothi --size Random");
+    EXPECT_EQ(read(caves + " --fixed"),
+              caves + cell + " --fixed --tileset Velothi --template 'Small Chamber'");
+    EXPECT_EQ(read(caves + " --fixed --cave-tileset A --cave-template B"),
+              caves + cell + " --fixed --cave-tileset A --cave-template B");
 }
 
 std::string RefusalOfLine(const std::string& line) {

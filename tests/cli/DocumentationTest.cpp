@@ -51,9 +51,18 @@ protected:
     // What readers of any page have at hand: plug-ins of their own, and tables of searches.
     void Prepare() {
         for (const char* name : {"dungeon.esp", "before.esp", "after.esp"}) {
-            ASSERT_EQ(
-                Run({"generate", "--out", name, "--seed", "7", "--stamp", "1", "--quiet"}).status,
-                0);
+            ASSERT_EQ(Run({"generate",
+                           "-o",
+                           name,
+                           "-n",
+                           "dungeon",
+                           "--seed",
+                           "7",
+                           "--stamp",
+                           "1",
+                           "--quiet"})
+                          .status,
+                      0);
         }
         ASSERT_EQ(Run({"search", "--seeds", "1..3", "--csv", "found-1.csv", "--quiet"}).status, 0);
     }

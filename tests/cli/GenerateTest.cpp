@@ -21,8 +21,49 @@ TEST_F(GenerateTest, WritesDungeonEspWithOneCellByDefault) {
     EXPECT_EQ(Files(), Lines{"dungeon.esp"});
     const std::string plugin = Read("dungeon.esp");
     EXPECT_EQ(plugin.substr(0, 4), "TES3");
-    EXPECT_TRUE(Contains(plugin, "Vaultry Dungeon"));
+    EXPECT_TRUE(Contains(plugin, std::string("NAME\x08\0\0\0dungeon", 15)));
     EXPECT_TRUE(outcome.out.empty());
+}
+
+// Cells of one name are one to the game.
+TEST_F(GenerateTest, NamesTheCellAfterTheFile) {
+    const Outcome outcome = Generate({"-o", "Old keep.esp", "--json"});
+    EXPECT_EQ(Json::parse(outcome.out)["cells"][0]["name"], "Old keep");
+    EXPECT_EQ(Json::parse(outcome.out)["warnings"], Json::array());
+    EXPECT_TRUE(Contains(Generate({"-o", "P\u0159\u00ED.esp"}).err,
+                         "the game lacks letters of the file's name: the cell is called "
+                         "\"P_\u00ED\"; --cell gives it another name\n"));
+}
+
+TEST_F(GenerateTest, TellsOfFilesThatTheGameDoesNotList) {
+    const std::string line = "\"keep.txt\" ends in none of .esp, .esm, .omwaddon, so that the game "
+                             "does not list it\n";
+    EXPECT_TRUE(Contains(Generate({"-o", "keep.txt"}).err, line));
+    for (const char* name : {"keep.ESP", "keep.esm", "keep.omwaddon"}) {
+        EXPECT_FALSE(Contains(Generate({"-o", name}).err, "ends in")) << name;
+    }
+}
+
+TEST_F(GenerateTest, TellsOfOptionsWithoutEffect) {
+    const Outcome outcome =
+        Run({"generate", "--template", "cloister", "--theme", "Noble hall", "--random-theme"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(Contains(outcome.err, "warning: --template has no effect without --fixed\n"));
+    EXPECT_TRUE(Contains(outcome.err, "warning: --theme has no effect beside --random-theme\n"));
+    EXPECT_FALSE(Contains(Run({"generate", "--size", "medium"}).err, "no effect"));
+}
+
+TEST_F(GenerateTest, TheCavesBeginWithACave) {
+    const Json random = Json::parse(Run({"generate", "-c", "builtin:caves", "--json"}).out);
+    EXPECT_EQ(random["options"]["cave-tileset"], "Mold cave tunnels");
+    EXPECT_TRUE(random["options"]["cave-template"].is_null());
+    const Json fixed =
+        Json::parse(Run({"generate", "-c", "builtin:grottoes", "--fixed", "--json"}).out);
+    EXPECT_EQ(fixed["options"]["cave-template"], "Smugglers' Grotto");
+    const Json rooms =
+        Json::parse(Run({"generate", "-c", "builtin:caves", "--tileset", "velothi", "--json"}).out);
+    EXPECT_EQ(rooms["options"]["tileset"], "Velothi");
+    EXPECT_TRUE(rooms["options"]["cave-tileset"].is_null());
 }
 
 TEST_F(GenerateTest, TakesTheNamesOfFileAndCell) {
@@ -84,8 +125,8 @@ TEST_F(GenerateTest, SizeAloneKeepsTheMasterFileOfTheGame) {
 }
 
 TEST_F(GenerateTest, SameSeedAndStampGiveTheSameBytes) {
-    EXPECT_EQ(Generate({"--seed", "7", "--stamp", "5", "-o", "a.esp"}).status, 0);
-    EXPECT_EQ(Generate({"--seed", "7", "--stamp", "5", "-o", "b.esp"}).status, 0);
+    EXPECT_EQ(Generate({"--seed", "7", "--stamp", "5", "-n", "A", "-o", "a.esp"}).status, 0);
+    EXPECT_EQ(Generate({"--seed", "7", "--stamp", "5", "-n", "A", "-o", "b.esp"}).status, 0);
     EXPECT_TRUE(Contains(Read("a.esp"), "Ctr5_1"));
     EXPECT_TRUE(Read("a.esp") == Read("b.esp"));
 }
@@ -105,11 +146,11 @@ TEST_F(GenerateTest, ClosingLineLeavesOutAStampThatWasNotGiven) {
 }
 
 TEST_F(GenerateTest, SeedOfTheClosingLineRepeatsTheRun) {
-    const Outcome first = Generate({"--stamp", "1", "-o", "a.esp"});
+    const Outcome first = Generate({"--stamp", "1", "-n", "A", "-o", "a.esp"});
     const std::size_t place = first.err.rfind("seed ");
     ASSERT_NE(place, std::string::npos);
     const std::string seed = first.err.substr(place + 5, first.err.find(',', place) - place - 5);
-    EXPECT_EQ(Generate({"--stamp", "1", "--seed", seed, "-o", "b.esp"}).status, 0);
+    EXPECT_EQ(Generate({"--stamp", "1", "--seed", seed, "-n", "A", "-o", "b.esp"}).status, 0);
     EXPECT_TRUE(Read("a.esp") == Read("b.esp"));
 }
 
@@ -238,7 +279,7 @@ TEST_F(GenerateTest, JsonReportsTheRun) {
     EXPECT_EQ(json["cells"][0]["teleports"], 0);
     EXPECT_EQ(json["containers"], (Json{{"count", 0}, {"entries", 0}}));
     EXPECT_EQ(json["errors"], Json::array());
-    EXPECT_EQ(json["warnings"], Json::array());
+    EXPECT_EQ(json["warnings"], Json::array({"--size has no effect beside --fixed"}));
 }
 
 TEST_F(GenerateTest, JsonCountsContainersAndTheirEntries) {
@@ -248,10 +289,10 @@ TEST_F(GenerateTest, JsonCountsContainersAndTheirEntries) {
 }
 
 TEST_F(GenerateTest, JsonNamesSeedAndStampThatNobodyGave) {
-    const Json first = Json::parse(Generate({"--json", "-o", "a.esp"}).out);
+    const Json first = Json::parse(Generate({"--json", "-n", "A", "-o", "a.esp"}).out);
     const std::string seed = std::to_string(first["seed"].get<std::uint32_t>());
     const std::string stamp = std::to_string(first["stamp"].get<std::int64_t>());
-    EXPECT_EQ(Generate({"--seed", seed, "--stamp", stamp, "-o", "b.esp"}).status, 0);
+    EXPECT_EQ(Generate({"--seed", seed, "--stamp", stamp, "-n", "A", "-o", "b.esp"}).status, 0);
     EXPECT_TRUE(Read("a.esp") == Read("b.esp"));
 }
 

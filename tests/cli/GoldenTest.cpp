@@ -105,6 +105,10 @@ protected:
                                               "--log",
                                               File("out.log")};
         arguments.insert(arguments.end(), golden.options.begin(), golden.options.end());
+        // A case that names no size leaves it to chance, as the generator itself does.
+        if (std::ranges::find(golden.options, "--size") == golden.options.end()) {
+            arguments.insert(arguments.end(), {"--size", "random"});
+        }
         // The library uses what it has read of a broken configuration; the program when it is told.
         if (Contains(Golden("logs/" + golden.name + ".log"), kFatal)) {
             arguments.emplace_back("--keep-going");

@@ -17,9 +17,9 @@ using MapTest = ProgramTest;
 TEST_F(MapTest, PrintsEveryLevelAndWritesNothing) {
     const Outcome outcome = Run({"map", "--seed", "7", "--levels", "2", "--size", "small"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_TRUE(Contains(outcome.out, "Vaultry Dungeon, Level 1 ("));
-    EXPECT_TRUE(Contains(outcome.out, "Vaultry Dungeon, Level 2 ("));
-    EXPECT_TRUE(Contains(outcome.out, "» leads to Vaultry Dungeon, Level 2\n"));
+    EXPECT_TRUE(Contains(outcome.out, "dungeon, Level 1 ("));
+    EXPECT_TRUE(Contains(outcome.out, "dungeon, Level 2 ("));
+    EXPECT_TRUE(Contains(outcome.out, "» leads to dungeon, Level 2\n"));
     EXPECT_TRUE(Contains(outcome.out, "\nseed 7\n"));
     EXPECT_TRUE(Files().empty());
 }
@@ -27,7 +27,7 @@ TEST_F(MapTest, PrintsEveryLevelAndWritesNothing) {
 TEST_F(MapTest, PrintsAFixedInterior) {
     const Outcome outcome = Run({"map", "--fixed", "--seed", "7"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_TRUE(Contains(outcome.out, "Vaultry Dungeon ("));
+    EXPECT_TRUE(Contains(outcome.out, "dungeon ("));
     EXPECT_TRUE(Contains(outcome.out, "┏"));
 }
 
@@ -43,7 +43,7 @@ TEST_F(MapTest, GenerateWritesTheMapBesideThePlugIn) {
 }
 
 TEST_F(MapTest, TheMapChangesNothingInThePlugIn) {
-    const Lines same = {"--seed", "7", "--stamp", "1"};
+    const Lines same = {"--seed", "7", "--stamp", "1", "-n", "Keep"};
     Lines with = same;
     with.insert(with.end(), {"-o", "with.esp", "--map", "map.svg"});
     Lines without = same;
@@ -112,10 +112,10 @@ TEST_F(MapTest, DrawsThePlugInThatItWrote) {
     EXPECT_EQ(Run({"generate", "--seed", "7", "--levels", "2", "--size", "small"}).status, 0);
     const Outcome drawn = Run({"map", "dungeon.esp"});
     EXPECT_EQ(drawn.status, 0);
-    EXPECT_TRUE(Contains(drawn.out, "Vaultry Dungeon, Level 2 (Imperial small, north is up"));
-    EXPECT_TRUE(Contains(drawn.out, "» leads to Vaultry Dungeon, Level 1\n"));
-    const auto json = nlohmann::json::parse(
-        Run({"map", "dungeon.esp", "--json", "-n", "vaultry dungeon, level 2"}).out);
+    EXPECT_TRUE(Contains(drawn.out, "dungeon, Level 2 (Imperial small, north is up"));
+    EXPECT_TRUE(Contains(drawn.out, "» leads to dungeon, Level 1\n"));
+    const auto json =
+        nlohmann::json::parse(Run({"map", "dungeon.esp", "--json", "-n", "Dungeon, level 2"}).out);
     EXPECT_EQ(json.at("config"), "builtin:default");
     ASSERT_EQ(json.at("levels").size(), 1U);
     EXPECT_EQ(json.at("levels")[0].at("references-left-out"), 0);
@@ -200,7 +200,7 @@ TEST_F(MapTest, TheMarginRepeatsTheRun) {
     EXPECT_EQ(Run({"map", "--seed", "7", "--random-tileset", "--max-level", "9", "--map", "a.svg"})
                   .status,
               0);
-    EXPECT_TRUE(Contains(Read("a.svg"), "--max-level 9 --random-tileset</text>"));
+    EXPECT_TRUE(Contains(Read("a.svg"), "--max-level 9 --size Medium --random-tileset</text>"));
 }
 
 TEST_F(MapTest, AnOldMapStaysWhenNothingIsGenerated) {

@@ -52,13 +52,32 @@ protected:
 
 TEST_F(MergedTablesTest, CommandsArePrintedAnew) {
     Write("a.csv",
-          Table({"vaultry generate -o x.esp --size=small --seed 7",
-                 "vaultry generate --seed 8 --levels 1"}));
+          Table({"vaultry generate -o x.esp --size=small --cell dungeon --seed 7",
+                 "vaultry generate -n Keep --seed 8 --levels 1 --fixed"}));
     const Outcome outcome = Run({"search", "--quiet", "--merge", "a.csv", "--csv", "b.csv"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_TRUE(Contains(outcome.out, "\n  vaultry generate --seed 7 --size Small\n"));
+    EXPECT_TRUE(
+        Contains(outcome.out, "\n  vaultry generate --seed 7 --cell dungeon --size Small\n"));
+    EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(Read("b.csv"),
-              Table({"vaultry generate --seed 7 --size Small", "vaultry generate --seed 8"}));
+              Table({"vaultry generate --seed 7 --cell dungeon --size Small",
+                     "vaultry generate --seed 8 --cell Keep --fixed"}));
+}
+
+TEST_F(MergedTablesTest, LinesOfEarlierVersionsKeepTheirMeaning) {
+    const std::string line = "vaultry generate --seed 7 --cell dungeon --size Medium";
+    Write("new.csv", Table({line}));
+    Write("old.csv", Table({"vaultry generate --seed 7"}));
+    const Outcome outcome =
+        Run({"search", "--quiet", "--merge", "new.csv", "old.csv", "--csv", "b.csv"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.err,
+              "vaultry: warning: the table \"old.csv\" is of an earlier version: where its lines "
+              "name none, the size is Random, the cell \"Vaultry Dungeon\", and builtin:caves and "
+              "builtin:grottoes begin with rooms\n");
+    EXPECT_TRUE(Contains(Read("b.csv"), ',' + line + '\n'));
+    EXPECT_TRUE(Contains(Read("b.csv"),
+                         ",vaultry generate --seed 7 --cell 'Vaultry Dungeon' --size Random\n"));
 }
 
 TEST_F(MergedTablesTest, ACommandThatIsNoneOfOursIsRefused) {
@@ -96,18 +115,20 @@ TEST_F(MergedTablesTest, AFileOfZerosIsRefusedAtItsStart) {
 TEST_F(MergedTablesTest, ASignalEndsTheReading) {
     Write("a.csv", Table({"no command at all"}));
     const Cli::CancelSignals signals;
+    std::vector<std::string> older;
     std::raise(SIGINT);
     // The row, which would be refused, is not reached.
-    EXPECT_TRUE(Cli::ReadTables({File("a.csv")}, {}, signals).empty());
+    EXPECT_TRUE(Cli::ReadTables({File("a.csv")}, {}, signals, older).empty());
 }
 
 TEST_F(MergedTablesTest, AsManyDungeonsAsAreAllowedAreMerged) {
     Write("a.csv", Table({"vaultry generate --seed 7", "vaultry generate --seed 8"}));
     const Cli::CancelSignals signals;
+    std::vector<std::string> older;
     // What stands in both tables counts once.
-    EXPECT_EQ(Cli::ReadTables({File("a.csv"), File("a.csv")}, {}, signals, 2).size(), 2U);
+    EXPECT_EQ(Cli::ReadTables({File("a.csv"), File("a.csv")}, {}, signals, older, 2).size(), 2U);
     try {
-        Cli::ReadTables({File("a.csv")}, {}, signals, 1);
+        Cli::ReadTables({File("a.csv")}, {}, signals, older, 1);
         FAIL();
     } catch (const UsageError& e) {
         EXPECT_EQ(e.what(),

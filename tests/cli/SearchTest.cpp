@@ -61,7 +61,7 @@ TEST_F(SearchTest, ListsTheBestAndHowToMakeTheFirst) {
     std::istringstream first(lines[1]);
     std::string seed;
     first >> seed;
-    EXPECT_EQ(lines[7], "  vaultry generate --seed " + seed + " --size Small");
+    EXPECT_EQ(lines[7], "  vaultry generate --seed " + seed + " --cell dungeon --size Small");
     EXPECT_TRUE(Contains(outcome.err, "vaultry: found ")) << outcome.err;
     EXPECT_TRUE(Contains(outcome.err, " in 60 seeds, ")) << outcome.err;
     EXPECT_TRUE(Files().empty());

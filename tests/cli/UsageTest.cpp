@@ -140,8 +140,9 @@ TEST_F(UsageTest, UnknownNamesAreAnsweredWithTheNearest) {
     ExpectMistake(Generate({"--treasure-theme", "Coin"}), "did you mean \"Coins\"?");
 }
 
-TEST_F(UsageTest, NamesAreComparedToTheLetter) {
-    ExpectMistake(Generate({"--tileset", "stone"}), "did you mean \"Stone\"?");
+TEST_F(UsageTest, TheCaseOfANameDoesNotMatter) {
+    EXPECT_EQ(Generate({"--tileset", "sTONE"}).status, 0);
+    ExpectMistake(Generate({"--tileset", "ston"}), "did you mean \"Stone\"?");
 }
 
 TEST_F(UsageTest, RoomAndCaveNamesAreKeptApart) {

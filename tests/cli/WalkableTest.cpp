@@ -89,13 +89,14 @@ TEST_F(WalkableTest, JsonTellsOfEveryLevel) {
     EXPECT_EQ(report["levels"][0]["floor-plans"], 3);
     EXPECT_GE(report["levels"][0]["failed-halls"].size(), 2U);
     EXPECT_EQ(report["levels"][1]["made"], true);
-    EXPECT_EQ(report["levels"][1]["name"], "Vaultry Dungeon, Level 2");
+    EXPECT_EQ(report["levels"][1]["name"], "dungeon, Level 2");
     EXPECT_EQ(report["levels"][1]["walkable"], true);
     EXPECT_EQ(report["levels"][2]["linked-to-level-before"], true);
 }
 
 TEST_F(WalkableTest, EnsureWalkableFindsASeedThatRepeatsByItself) {
-    const Outcome found = Run(GivenUp({"--ensure-walkable", "-o", "found.esp", "--json"}));
+    const Outcome found =
+        Run(GivenUp({"--ensure-walkable", "-n", "Keep", "-o", "found.esp", "--json"}));
     EXPECT_EQ(found.status, 0);
     const Json report = Json::parse(found.out);
     EXPECT_EQ(report["walkable"], true);
@@ -105,14 +106,15 @@ TEST_F(WalkableTest, EnsureWalkableFindsASeedThatRepeatsByItself) {
     EXPECT_EQ(seed, 128U + (tries - 1U) * 2654435769U);
     EXPECT_TRUE(Contains(found.err, "; seed " + std::to_string(seed)));
 
-    Lines again = GivenUp({"-o", "again.esp"});
+    Lines again = GivenUp({"-n", "Keep", "-o", "again.esp"});
     *std::ranges::find(again, "128") = std::to_string(seed);
     EXPECT_EQ(Run(again).status, 0);
     EXPECT_EQ(Read("again.esp"), Read("found.esp"));
 }
 
 TEST_F(WalkableTest, EnsureWalkableKeepsASeedThatIsWalkable) {
-    const Lines arguments = {"generate", "--seed", "3", "--stamp", "1", "--size", "tiny", "-o"};
+    const Lines arguments = {
+        "generate", "--seed", "3", "--stamp", "1", "-n", "Keep", "--size", "tiny", "-o"};
     Lines plain = arguments;
     plain.push_back("plain.esp");
     Lines ensured = arguments;
@@ -126,7 +128,7 @@ TEST_F(WalkableTest, EnsureWalkableKeepsASeedThatIsWalkable) {
 TEST_F(WalkableTest, EnsureWalkableFindsRandomThemesThatRepeatByThemselves) {
     const Lines random = {"--random-theme", "--random-creature-theme", "--random-treasure-theme"};
     const auto with = [&random, this](const char* out, bool ensured) {
-        Lines arguments = GivenUp({"-o", out, "--json"});
+        Lines arguments = GivenUp({"-n", "Keep", "-o", out, "--json"});
         arguments.insert(arguments.end(), random.begin(), random.end());
         if (ensured) {
             arguments.emplace_back("--ensure-walkable");

@@ -17,8 +17,18 @@ set(LOG "${FOLDER}/run.log")
 function(make_run options)
   separate_arguments(words UNIX_COMMAND "${options}")
   file(REMOVE "${PLUGIN}" "${LOG}")
+  # The bytes do not depend on what the program does where it is not told.
+  set(size "")
+  set(cell "")
+  if(NOT options MATCHES "--size|--fixed")
+    set(size --size Random)
+  endif()
+  if(NOT options MATCHES "--cell")
+    set(cell --cell "Vaultry Dungeon")
+  endif()
   execute_process(
     COMMAND ${EMULATOR} "${PROGRAM}" generate --quiet --out "${PLUGIN}" --log "${LOG}" ${words}
+      ${size} ${cell}
     WORKING_DIRECTORY "${GOLDEN}"
     RESULT_VARIABLE status
     ERROR_VARIABLE said)

@@ -66,7 +66,7 @@ TEST_F(QuestionsTest, ARunToMemoryHasTheBytesOfTheFile) {
     const std::string bytes = Plugin();
     ASSERT_EQ(bytes.substr(0, 4), "TES3");
     const TempDir dir;
-    const std::string file = dir.File("made.esp");
+    const std::string file = dir.File("dungeon.esp");
     ASSERT_EQ(vaultry_generate(own, file.c_str()), VAULTRY_OK);
     EXPECT_EQ(ReadFile(file), bytes);
     EXPECT_EQ(Plugin(), bytes);
@@ -230,7 +230,7 @@ TEST_F(QuestionsTest, EveryOptionIsTold) {
     }
     EXPECT_EQ(options.size(), count);
     EXPECT_EQ(options.at(0).at("letter"), "n");
-    EXPECT_EQ(options.at(0).at("default"), "Vaultry Dungeon");
+    EXPECT_TRUE(options.at(0).at("default").is_null());
 }
 
 TEST_F(QuestionsTest, TheGrammarNamesElementsAndAttributes) {

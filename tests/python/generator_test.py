@@ -58,7 +58,7 @@ class PythonTest(unittest.TestCase):
         self.assertEqual(self.generator.errors, [])
 
     def test_a_run_has_the_bytes_of_the_file(self) -> None:
-        self.configure(self.generator)
+        self.configure(self.generator, cell="Keep")
         report = self.generator.generate(self.plugin)
         written = self.plugin.read_bytes()
         self.assertEqual(self.generator.plugin, written)

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/GenMgr.h>
 #include <vaultry/gen/Limits.h>
+#include <vaultry/run/BuiltinConfigs.h>
 #include <vaultry/run/RunOptions.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <tests/support/LogTest.h>
@@ -56,7 +59,7 @@ TEST(RunOptionsTest, KindsOfValuesAreShownAsTheyAre) {
     EXPECT_EQ(Get(options, "seed"), OptionValue());
     EXPECT_EQ(Get(options, "fixed"), OptionValue(false));
     EXPECT_EQ(Get(options, "levels"), OptionValue(std::int64_t{1}));
-    EXPECT_EQ(Get(options, "size"), OptionValue("Random"));
+    EXPECT_EQ(Get(options, "size"), OptionValue("Medium"));
     EXPECT_EQ(Set(options, "size", "LARGE"), "");
     EXPECT_EQ(Set(options, "seed", "4294967295"), "");
     EXPECT_EQ(Get(options, "size"), OptionValue("Large"));
@@ -108,13 +111,60 @@ TEST(RunOptionsTest, RivalsTakeEachOthersPlace) {
     EXPECT_EQ(options.tileSet, "Stone");
 }
 
+TEST(RunOptionsTest, WhyAnOptionHasNoEffectIsSaid) {
+    const auto why = [](const RunOptions& options, std::string_view name) {
+        return WhyIdle(options, *FindRunOption(name));
+    };
+    RunOptions options;
+    EXPECT_EQ(why(options, "template"), "without --fixed");
+    EXPECT_EQ(why(options, "max-level"), "without --random-creature-theme");
+    EXPECT_EQ(why(options, "size"), "");
+    EXPECT_EQ(why(options, "tileset"), "");
+    options.randomTileSet = true;
+    options.randomCreatureTheme = true;
+    EXPECT_EQ(why(options, "tileset"), "beside --random-tileset");
+    EXPECT_EQ(why(options, "creature-theme"), "beside --random-creature-theme");
+    EXPECT_EQ(why(options, "max-level"), "");
+    EXPECT_EQ(why(options, "fixed"), "");
+    options.fixed = true;
+    EXPECT_EQ(why(options, "template"), "");
+    EXPECT_EQ(why(options, "levels"), "beside --fixed");
+    // What chance would choose counts for nothing there either.
+    EXPECT_EQ(why(options, "random-tileset"), "beside --fixed");
+    EXPECT_EQ(why(options, "tileset"), "");
+    EXPECT_EQ(why(options, "max-level"), "without --random-creature-theme");
+}
+
+TEST(CellNameTest, TheFileNamesTheCell) {
+    EXPECT_EQ(CellNameOf("keep.esp"), "keep");
+    EXPECT_EQ(CellNameOf("out/my.old keep.omwaddon"), "my.old keep");
+    EXPECT_EQ(CellNameOf("C:\\out.d\\keep"), "keep");
+    EXPECT_EQ(CellNameOf(".esp"), ".esp");
+    EXPECT_EQ(CellNameOf("H\u00F6hle \u0160.esp"), "H\u00F6hle \u0160");
+}
+
+TEST(CellNameTest, WhatTheGameLacksBecomesAnUnderscore) {
+    EXPECT_EQ(CellNameOf("P\u0159\u00ED \"x\"\n.esp"), "P_\u00ED _x__");
+    EXPECT_EQ(CellNameOf("\u041F\u0435\u0449.esp"), "dungeon");
+    EXPECT_EQ(CellNameOf(""), "dungeon");
+    EXPECT_EQ(CellNameOf(" .esp"), "dungeon");
+}
+
+TEST(CellNameTest, TheNumberOfALevelStillFits) {
+    const std::string longest(51, 'x');
+    EXPECT_EQ(CellNameOf(longest + ".esp"), longest);
+    EXPECT_EQ(CellNameOf(longest + "y.esp"), longest);
+    EXPECT_EQ(longest.size() + std::string(", Level 1000").size(), 63U);
+    EXPECT_EQ(CellNameOf(std::string(50, '\xC3') + "  keep.esp"), "dungeon");
+}
+
 class RunNamesTest : public LogTest {
 protected:
     RunNamesTest() { manager.Init(VAULTRY_SOURCE_DIR "/data/vaultry.xml"); }
 
-    std::vector<std::string> Unknown(const RunOptions& options) {
+    std::vector<std::string> Unknown(RunOptions& options) {
         std::vector<std::string> names;
-        for (const OptionRow* row : UnknownNames(options, manager)) {
+        for (const OptionRow* row : SpellNames(options, manager)) {
             names.emplace_back(row->name);
         }
         return names;
@@ -123,14 +173,53 @@ protected:
     GenMgr manager;
 };
 
-TEST_F(RunNamesTest, NamesAreLookedUpToTheLetterInTheirOwnList) {
+TEST_F(RunNamesTest, NamesAreLookedUpInTheirOwnListAndSpeltAsThere) {
     RunOptions options;
     EXPECT_EQ(Unknown(options), std::vector<std::string>());
     options.creatureTheme = "Undead";
     EXPECT_EQ(Unknown(options), std::vector<std::string>());
-    options.creatureTheme = "undead";
+    options.creatureTheme = "uNDEAD (Easy)";
     options.theme = "Undead";
-    EXPECT_EQ(Unknown(options), (std::vector<std::string>{"theme", "creature-theme"}));
+    options.layout = "Undea";
+    EXPECT_EQ(Unknown(options), (std::vector<std::string>{"template", "theme"}));
+    EXPECT_EQ(options.creatureTheme, "Undead (easy)");
+    EXPECT_EQ(options.theme, "Undead");
+}
+
+TEST_F(RunNamesTest, OfTwoNamesTheOneOfTheSameLettersIsMeant) {
+    manager.InitFromMemory(
+        "<Vaultry><Themes><Theme Name=\"Den\"/><Theme Name=\"den\"/></Themes></Vaultry>", "a.xml");
+    RunOptions options;
+    for (const char* name : {"den", "Den"}) {
+        options.theme = name;
+        EXPECT_EQ(Unknown(options), std::vector<std::string>());
+        EXPECT_EQ(options.theme, name);
+    }
+}
+
+TEST_F(RunNamesTest, DefaultsAreNamedWhereTheyMayChange) {
+    RunOptions options;
+    NameDefaults(options, manager);
+    EXPECT_EQ(options.cell, "dungeon");
+    EXPECT_EQ(options.tileSet, std::nullopt);
+    LoadBuiltin(manager, *std::ranges::find(BuiltinConfigs(), "caves", &BuiltinConfig::name), "a");
+    const std::string set = ToUtf8(manager.GetCaveTileSets().front()->GetName());
+    options.cell = "Den";
+    options.randomTileSet = true;
+    NameDefaults(options, manager);
+    EXPECT_EQ(options.cell, "Den");
+    EXPECT_EQ(options.caveTileSet, std::nullopt);
+    options.fixed = true;
+    NameDefaults(options, manager);
+    EXPECT_EQ(options.caveTileSet, set);
+    EXPECT_EQ(options.caveLayout, ToUtf8(manager.GetCaveLayouts().front()->GetName()));
+    RunOptions rooms;
+    rooms.tileSet = "Velothi";
+    rooms.layout = "Small Chamber";
+    rooms.fixed = true;
+    NameDefaults(rooms, manager);
+    EXPECT_EQ(rooms.caveTileSet, std::nullopt);
+    EXPECT_EQ(rooms.caveLayout, std::nullopt);
 }
 
 TEST_F(RunNamesTest, ALetterThatTheGameLacksMatchesNoQuestionMark) {

@@ -32,10 +32,15 @@ struct AddValue {
     std::string option;
 };
 
-// Appends the options for that use which are not as they are by default.
+bool IsSaid(const RunOptions& options, const OptionRow& row) {
+    const bool named = (row.uses & kNamed) != 0 && WhyIdle(options, row).empty();
+    return named || !IsDefault(options, row);
+}
+
+// Appends the options for that use, of those that are as by default the ones that are named always.
 void AddOptions(std::string& line, const RunOptions& options, OptionUse use) {
     for (const OptionRow& row : RunOptionRows()) {
-        if ((row.uses & use) != 0 && !IsDefault(options, row)) {
+        if ((row.uses & use) != 0 && IsSaid(options, row)) {
             std::visit(AddValue{line, row.name}, ValueOf(options, row));
         }
     }
@@ -165,7 +170,9 @@ std::string GenerateCommandLine(const RunRequest& request, std::uint32_t seed) {
         Add(line, "config", request.config);
     }
     line += request.keepGoing ? " --keep-going" : "";
-    AddOptions(line, request, kRepeats);
+    RunOptions named = request;
+    named.cell = named.cell.value_or(kDefaultCell);
+    AddOptions(line, named, kRepeats);
     return line;
 }
 

@@ -130,6 +130,7 @@ void FixChance(RunOptions& options) {
 
 Run::Run(GenMgr& manager_, const RunOptions& options_) : manager(manager_), options(options_) {
     FixChance(options);
+    options.cell = options.cell.value_or(kDefaultCell);
 }
 
 // The place that the log named last for want of a door stays for all tries, whose lines stand in
@@ -162,27 +163,26 @@ RunResult Run::GenerateFrom(std::uint32_t seed) {
     return Try(seed, manager.levelObserver);
 }
 
-bool Run::HasItsNames() const {
-    const std::vector<const OptionRow*> unknown = UnknownNames(options, manager);
+bool Run::FindNames(RunOptions& wanted) const {
+    const std::vector<const OptionRow*> unknown = SpellNames(wanted, manager);
     for (const OptionRow* row : unknown) {
-        const std::string name = std::get<std::string>(ValueOf(options, *row));
+        const std::string name = std::get<std::string>(ValueOf(wanted, *row));
         ReportProblem({ProblemKind::UnknownName, {row->choice->what, FromUtf8(name)}});
     }
     return unknown.empty();
 }
 
-void Run::HandOver() const {
+void Run::HandOver(const RunOptions& wanted) const {
     for (const OptionRow& row : RunOptionRows()) {
-        const OptionValue value = ValueOf(options, row);
+        const OptionValue value = ValueOf(wanted, row);
         if (row.choice != nullptr && std::holds_alternative<std::string>(value)) {
             row.choice->choose(manager, FromUtf8(std::get<std::string>(value)).c_str());
         }
     }
-    const std::string master = FromUtf8(options.master.value_or(""));
-    manager.SetMasterFile(options.master ? master.c_str() : nullptr,
-                          options.masterSize.value_or(0));
-    manager.SetAddPlatforms(options.platforms);
-    manager.SetRandomInfo(options);
+    const std::string master = FromUtf8(wanted.master.value_or(""));
+    manager.SetMasterFile(wanted.master ? master.c_str() : nullptr, wanted.masterSize.value_or(0));
+    manager.SetAddPlatforms(wanted.platforms);
+    manager.SetRandomInfo(wanted);
     manager.SetNameSingleLevel(true);
 }
 
@@ -195,14 +195,15 @@ RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
     result.seed = seed;
     result.stamp = options.stamp.value();
     Logger::ResetErrors();
-    if (HasItsNames()) {
-        HandOver();
+    RunOptions wanted = options;
+    if (FindNames(wanted)) {
+        HandOver(wanted);
         SeedRandom(seed);
         SetContainerStamp(result.stamp);
         if (observer != nullptr) {
             observer->StartOver();
         }
-        result.end = EndOf(manager.Generate(FromUtf8(options.cell).c_str(), options.fixed));
+        result.end = EndOf(manager.Generate(FromUtf8(options.cell.value()).c_str(), options.fixed));
         result.levels = manager.report;
     }
     result.tileSet = NameOf(manager.defTileSet);

@@ -80,7 +80,7 @@ public:
     /// they are given. The options are copied, and nothing is generated yet.
     Run(GenMgr& manager, const RunOptions& options);
 
-    /// As they were given, with seed and stamp.
+    /// As they were given, with seed, stamp and cell.
     const RunOptions& Options() const { return options; }
 
     /// Generates into the manager's `mod`, and finds where one arrives; where the options ask for a
@@ -96,8 +96,8 @@ public:
     RunResult GenerateFrom(std::uint32_t seed);
 
 private:
-    bool HasItsNames() const;
-    void HandOver() const;
+    bool FindNames(RunOptions& wanted) const;
+    void HandOver(const RunOptions& wanted) const;
     RunResult Try(std::uint32_t seed, LevelObserver* observer) const;
 
     GenMgr& manager;

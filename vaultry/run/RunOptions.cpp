@@ -60,29 +60,39 @@ OptionRow Bounded(OptionRow row, std::int64_t least, std::int64_t most) {
     return row;
 }
 
+OptionRow Needs(const char* other, OptionRow row) {
+    row.needs = other;
+    return row;
+}
+
+OptionRow Yields(const char* other, OptionRow row) {
+    row.yields = other;
+    return row;
+}
+
 std::vector<OptionRow>& Table() {
     static std::vector<OptionRow> rows = {
-        {"cell",                  &Options::cell, "The cell (default: Vaultry Dungeon)", kEverywhere, "n"},
+        {"cell",                  &Options::cell, "The cell (default: as the file, or dungeon)", kEverywhere | kNamed, "n"},
         {"fixed",                 &Options::fixed, "One cell from a layout instead of random levels", kShape},
-        Named("tileset",          &Options::tileSet, "The room tile set (default: first)", kRoomSet, "cave-tileset"),
-        Named("cave-tileset",     &Options::caveTileSet, "A cave tile set instead", kCaveSet, "tileset"),
-        Named("template",         &Options::layout, "The layout of --fixed (default: first)", kRoomLayout, "cave-template"),
-        Named("cave-template",    &Options::caveLayout, "A cave layout instead", kCaveLayout, "template"),
-        Named("theme",            &Options::theme, "The furniture (default: first)", kTheme),
-        Named("creature-theme",   &Options::creatureTheme, "The creatures (default: none)", kCreatures),
-        Named("treasure-theme",   &Options::treasureTheme, "The treasure (default: first)", kTreasure),
-        Bounded({"levels",        &Options::numLevels, "Levels, each a cell (default: 1)", kShape}, 1, kMaxLevels),
-        {"min-level",             &Options::minLevel, "Lowest level of a random creature theme (default: 1)", kShape},
-        {"max-level",             &Options::maxLevel, "Highest level of a random creature theme (default: 5)", kShape},
-        {"size",                  &Options::levelSize, "Level size", kShape},
-        {"spacing",               &Options::roomSpacing, "Room spacing", kShape},
-        {"random-tileset",        &Options::randomTileSet, "Choose the tile set by chance", kShape},
-        {"random-theme",          &Options::randomTheme, "Choose the furniture by chance", kShape},
-        {"random-creature-theme", &Options::randomCreatureTheme, "Choose the creatures by chance", kShape},
-        {"random-treasure-theme", &Options::randomTreasureTheme, "Choose the treasure by chance", kShape},
+        Yields("random-tileset", Named("tileset", &Options::tileSet, "The room tile set (default: first)", kRoomSet, "cave-tileset")),
+        Yields("random-tileset", Named("cave-tileset", &Options::caveTileSet, "A cave tile set instead", kCaveSet, "tileset")),
+        Needs("fixed", Named("template", &Options::layout, "The layout of --fixed (default: first)", kRoomLayout, "cave-template")),
+        Needs("fixed", Named("cave-template", &Options::caveLayout, "A cave layout instead", kCaveLayout, "template")),
+        Yields("random-theme", Named("theme", &Options::theme, "The furniture (default: first)", kTheme)),
+        Yields("random-creature-theme", Named("creature-theme", &Options::creatureTheme, "The creatures (default: none)", kCreatures)),
+        Yields("random-treasure-theme", Named("treasure-theme", &Options::treasureTheme, "The treasure (default: first)", kTreasure)),
+        Yields("fixed", Bounded({"levels", &Options::numLevels, "Levels, each a cell (default: 1)", kShape}, 1, kMaxLevels)),
+        Needs("random-creature-theme", {"min-level", &Options::minLevel, "Lowest level of a random creature theme (default: 1)", kShape}),
+        Needs("random-creature-theme", {"max-level", &Options::maxLevel, "Highest level of a random creature theme (default: 5)", kShape}),
+        Yields("fixed", {"size", &Options::levelSize, "Level size (default: Medium)", kShape | kNamed}),
+        Yields("fixed", {"spacing", &Options::roomSpacing, "Room spacing (default: Random)", kShape}),
+        Yields("fixed", {"random-tileset", &Options::randomTileSet, "Choose the tile set by chance", kShape}),
+        Yields("fixed", {"random-theme", &Options::randomTheme, "Choose the furniture by chance", kShape}),
+        Yields("fixed", {"random-creature-theme", &Options::randomCreatureTheme, "Choose the creatures by chance", kShape}),
+        Yields("fixed", {"random-treasure-theme", &Options::randomTreasureTheme, "Choose the treasure by chance", kShape}),
         // The seed that was found makes a walkable dungeon by itself.
         {"ensure-walkable",       &Options::ensureWalkable, "Try further seeds until every room can be reached", kForMaps | kReported},
-        {"platforms",             &Options::platforms, "Raise platforms in fixed cave interiors", kShape},
+        Needs("fixed", {"platforms", &Options::platforms, "Raise platforms in fixed cave interiors", kShape}),
         // Stands apart in lines and reports: a run always has one.
         {"seed",                  &Options::seed, "Repeats a run (default: by chance)", kForMaps},
         {"master",                &Options::master, "The master file (default: the game's)", kHeader},
@@ -176,6 +186,26 @@ OptionValue Shown(const std::optional<T>& value) {
     return value ? Shown(*value) : OptionValue();
 }
 
+// Two names may differ in the case alone: the same letters go before.
+std::optional<std::string> Spelling(const std::vector<std::string>& names, std::string_view text) {
+    bool lost = false;
+    const std::string name = FromUtf8(text, &lost);
+    auto known = std::ranges::find(names, name);
+    if (known == names.end()) {
+        known = std::ranges::find_if(
+            names, [&name](const std::string& other) { return EqualsNoCase(other, name); });
+    }
+    return lost || known == names.end() ? std::nullopt : std::optional(ToUtf8(*known));
+}
+
+// What a cell's name holds besides ", Level 1000".
+constexpr std::size_t kLongestCell = 51;
+
+bool IsUnfit(char letter) {
+    return letter == '?' || letter == '"' || static_cast<unsigned char>(letter) < ' ' ||
+           letter == '\x7F';
+}
+
 } // namespace
 
 std::span<const OptionRow> RunOptionRows() {
@@ -251,21 +281,62 @@ bool IsDefault(const RunOptions& options, const OptionRow& row) {
                       row.field);
 }
 
-std::vector<const OptionRow*> UnknownNames(const RunOptions& options, GenMgr& manager) {
+std::string WhyIdle(const RunOptions& options, const OptionRow& row) {
+    const auto counts = [&options](const char* other) {
+        const OptionRow& found = *FindRunOption(other);
+        return !IsDefault(options, found) && WhyIdle(options, found).empty();
+    };
+    if (row.needs != nullptr && !counts(row.needs)) {
+        return std::string("without --") + row.needs;
+    }
+    if (row.yields != nullptr && counts(row.yields)) {
+        return std::string("beside --") + row.yields;
+    }
+    return {};
+}
+
+std::vector<const OptionRow*> SpellNames(RunOptions& options, GenMgr& manager) {
     std::vector<const OptionRow*> unknown;
     for (const OptionRow& row : Table()) {
         const OptionValue value = ValueOf(options, row);
         if (row.choice == nullptr || !std::holds_alternative<std::string>(value)) {
             continue;
         }
-        bool lost = false;
-        const std::string name = FromUtf8(std::get<std::string>(value), &lost);
-        const std::vector<std::string> known = row.choice->names(manager);
-        if (lost || std::ranges::find(known, name) == known.end()) {
+        const auto known = Spelling(row.choice->names(manager), std::get<std::string>(value));
+        if (known) {
+            SetOption(options, row, *known);
+        } else {
             unknown.push_back(&row);
         }
     }
     return unknown;
+}
+
+std::string CellNameOf(std::string_view path) {
+    std::string_view name = path.substr(path.find_last_of("/\\") + 1);
+    const std::size_t dot = name.rfind('.');
+    name = dot == 0 ? name : name.substr(0, dot);
+    // What is lost becomes a question mark.
+    std::string cell = FromUtf8(name).substr(0, kLongestCell);
+    std::ranges::replace_if(cell, IsUnfit, '_');
+    cell.erase(cell.find_last_not_of(' ') + 1);
+    const bool empty = cell.find_first_not_of("_ ") == std::string::npos;
+    return empty ? kDefaultCell : ToUtf8(cell);
+}
+
+void NameDefaults(RunOptions& options, GenMgr& manager) {
+    options.cell = options.cell.value_or(kDefaultCell);
+    const DiPtr<TileSet> set = manager.GetDefaultTileSet();
+    const bool drawn = options.randomTileSet && !options.fixed;
+    if (set && set->IsCave() && !drawn && !options.tileSet && !options.caveTileSet) {
+        options.caveTileSet = ToUtf8(set->GetName());
+    }
+    const auto& layouts = manager.GetCaveLayouts();
+    const DiPtr<LayoutTemplate> layout = manager.GetDefaultTemplate();
+    const bool ofCave = std::ranges::find(layouts, layout) != layouts.end();
+    if (ofCave && options.fixed && !options.layout && !options.caveLayout) {
+        options.caveLayout = ToUtf8(layout->GetName());
+    }
 }
 
 } // namespace Tarnex

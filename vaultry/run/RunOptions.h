@@ -19,7 +19,8 @@ class GenMgr;
 
 /// What a run is asked for, besides the configuration. All text is UTF-8. An optional name that is
 /// not given stands for the manager's default: the configuration's first, of creature themes none,
-/// unless another was set.
+/// unless another was set. Every front end has these defaults; those of a RandomGenInfo alone are
+/// the manager's.
 ///
 /// @code
 /// Tarnex::RunOptions options;
@@ -30,10 +31,15 @@ class GenMgr;
 /// const Tarnex::RunResult result = Tarnex::Run(manager, options).Generate();
 /// @endcode
 ///
-/// A name that the configuration lacks refuses the run. Texts that come from a user go through
-/// SetOption, which knows the bounds.
+/// A name that the configuration lacks refuses the run; its case does not matter. Texts that come
+/// from a user go through SetOption, which knows the bounds.
 struct VAULTRY_API RunOptions : RandomGenInfo {
-    std::string cell = "Vaultry Dungeon";     ///< the cell, or what the cells of levels begin with
+    /// Small seeds would make tiny levels alone of a size left to chance.
+    RunOptions() { levelSize = Medium; }
+
+    /// The cell, or what the cells of levels begin with; without one, kDefaultCell. Who writes a
+    /// file names the cell after it: see CellNameOf.
+    std::optional<std::string> cell;
     bool fixed = false;                       ///< one cell from a layout template
     std::optional<std::string> tileSet;       ///< of rooms
     std::optional<std::string> caveTileSet;   ///< instead of `tileSet`
@@ -78,6 +84,7 @@ enum OptionUse : unsigned {
     kShapesLevels = 4, ///< without it a level is another: it stands in the margin of maps
     kRepeats = 8,      ///< stands in the line that makes a dungeon again
     kReported = 16,    ///< stands among the options of reports, where its value says enough
+    kNamed = 32,       ///< where it counts, lines and margins name its default too
 };
 
 /// One option. Texts live as long as the program.
@@ -91,6 +98,8 @@ struct OptionRow {
     std::int64_t most = UINT32_MAX;      ///< of a number
     const char* rival = nullptr;         ///< the option in whose place it is given
     const NamedChoice* choice = nullptr; ///< what a name is looked up in
+    const char* needs = nullptr;         ///< the switch without which it has no effect
+    const char* yields = nullptr;        ///< the switch beside which it has no effect
 };
 
 /// All options, in the order of help. It changes by AddedOption only.
@@ -132,7 +141,7 @@ VAULTRY_API std::vector<std::string> WordsOf(const OptionRow& row);
 
 /// Sets an option from its text, a switch from "true" or "false", and takes back its rival. Returns
 /// what is wrong with the text, the second half of a sentence; empty for nothing, otherwise the
-/// options are as they were. That a name exists is not asked here: see UnknownNames.
+/// options are as they were. That a name exists is not asked here: see SpellNames.
 VAULTRY_API std::string SetOption(RunOptions& options, const OptionRow& row, std::string_view text);
 
 /// Puts an option back to its default. Its rival stays as it is.
@@ -147,8 +156,27 @@ VAULTRY_API OptionValue ValueOf(const RunOptions& options, const OptionRow& row)
 /// True when the option is as it is without being set.
 VAULTRY_API bool IsDefault(const RunOptions& options, const OptionRow& row);
 
-/// The rows whose names the configuration lacks, to the letter. In the order of the table; empty
-/// when the run can have all its names. The manager is only read.
-VAULTRY_API std::vector<const OptionRow*> UnknownNames(const RunOptions& options, GenMgr& manager);
+/// Why an option has no effect beside the others, as the rest of a sentence: "without --fixed";
+/// empty for one that has.
+VAULTRY_API std::string WhyIdle(const RunOptions& options, const OptionRow& row);
+
+/// Spells every name as the configuration does, whatever case it was given in, and returns the rows
+/// whose names it lacks. In the order of the table; empty when the run can have all its names. The
+/// manager is only read.
+VAULTRY_API std::vector<const OptionRow*> SpellNames(RunOptions& options, GenMgr& manager);
+
+/// The cell of a run that is not told another.
+inline constexpr const char* kDefaultCell = "dungeon";
+
+/// The name of the cell in a file (a path, UTF-8): the file's own without folder and ending, since
+/// cells of one name are one to the game. Letters that the game lacks, control characters and
+/// double quotes become underscores. It is cut to 51 bytes of Windows-1252, so that the number of a
+/// level still fits into a cell's 63; kDefaultCell where nothing is left.
+VAULTRY_API std::string CellNameOf(std::string_view path);
+
+/// Names what would come of the defaults of the moment, so that a line made of the options means
+/// the same for ever: the cell, and cave tile set and layout where a configuration begins with
+/// them.
+VAULTRY_API void NameDefaults(RunOptions& options, GenMgr& manager);
 
 } // namespace Tarnex

@@ -6,13 +6,15 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tests/support/Contains.h>
 
 namespace Tarnex::Test {
 
 namespace {
 
 TEST(RunLineTest, OnlyWhatIsNotUsualIsSaid) {
-    EXPECT_EQ(Report::GenerateCommandLine({}, 7), "vaultry generate --seed 7");
+    EXPECT_EQ(Report::GenerateCommandLine({}, 7),
+              "vaultry generate --seed 7 --cell dungeon --size Medium");
     Report::RunRequest options;
     options.config = "my maps/a.xml";
     options.caveTileSet = "It's";
@@ -20,13 +22,14 @@ TEST(RunLineTest, OnlyWhatIsNotUsualIsSaid) {
     options.roomSpacing = RandomGenInfo::SemiTight;
     options.randomTheme = true;
     options.stamp = -3;
-    EXPECT_EQ(Report::GenerateCommandLine(options, 4294967295U),
-              "vaultry generate --seed 4294967295 --config 'my maps/a.xml' --cave-tileset "
-              "'It'\\''s' --size Large --spacing Semi-tight --random-theme --stamp -3");
+    EXPECT_EQ(
+        Report::GenerateCommandLine(options, 4294967295U),
+        "vaultry generate --seed 4294967295 --config 'my maps/a.xml' --cell dungeon "
+        "--cave-tileset 'It'\\''s' --size Large --spacing Semi-tight --random-theme --stamp -3");
 }
 
 TEST(RunLineTest, TheMarginOfAMapNamesEveryOptionThatShapesLevels) {
-    EXPECT_EQ(Report::LevelWords({}), "");
+    EXPECT_EQ(Report::LevelWords({}), "--size Medium");
     Report::RunRequest options;
     options.theme = "Noble hall";
     options.maxLevel = 12;
@@ -35,7 +38,10 @@ TEST(RunLineTest, TheMarginOfAMapNamesEveryOptionThatShapesLevels) {
     options.stamp = 1;
     options.cell = "Keep";
     EXPECT_EQ(Report::LevelWords(options),
-              "--theme 'Noble hall' --max-level 12 --random-tileset --random-creature-theme");
+              "--theme 'Noble hall' --max-level 12 --size Medium --random-tileset "
+              "--random-creature-theme");
+    options.fixed = true;
+    EXPECT_FALSE(Contains(Report::LevelWords(options), "--size"));
 }
 
 TEST(RunLineTest, WhatIsPrintedIsReadBack) {
@@ -54,7 +60,7 @@ TEST(RunLineTest, WhatIsPrintedIsReadBack) {
     EXPECT_EQ(read.cell, request.cell);
     EXPECT_EQ(Report::GenerateCommandLine(read, *read.seed), line);
     EXPECT_EQ(Report::GenerateCommandLine(Report::ReadCommandLine("vaultry generate"), 1),
-              "vaultry generate --seed 1");
+              "vaultry generate --seed 1 --cell dungeon --size Medium");
 }
 
 TEST(RunLineTest, OptionsMayBeWrittenInEveryWay) {
