@@ -23,7 +23,9 @@ TEST_F(CheckTest, TheBuiltInCavesHaveNothingOfWeight) {
 }
 
 TEST_F(CheckTest, AFindingIsAFailureWithItsPlace) {
-    Write("my.xml", "<OstrelData>\n<Container UniqueName=\"c\" ModelFile=\"m\"/>\n</OstrelData>\n");
+    Write(
+        "my.xml",
+        "<OstrelData>\n<Container UniqueName=\"c\" ModelFile=\"m\" SizeX=\"9\"/>\n</OstrelData>\n");
     const Outcome outcome = Run({"check", "my.xml"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out,
@@ -31,9 +33,11 @@ TEST_F(CheckTest, AFindingIsAFailureWithItsPlace) {
               "    Nothing can be generated.\n"
               "my.xml:1:1: error: there is no layout\n"
               "    Nothing can be generated.\n"
+              "my.xml:2:1: note: no Theme chooses Container \"c\"\n"
+              "    It is never placed. Name it in a ThemeItem.\n"
               "my.xml:2:1: warning: Container \"c\" has no capacity\n"
               "    It takes only what weighs nothing.\n"
-              "2 errors, 1 warning, 0 notes.\n");
+              "2 errors, 1 warning, 1 note.\n");
 }
 
 TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
@@ -44,7 +48,7 @@ TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
     EXPECT_EQ(json.at("config"), "my.xml");
     EXPECT_EQ(json.at("usable"), true);
     EXPECT_EQ(json.at("clean"), false);
-    const auto& finding = json.at("findings").at(2);
+    const auto& finding = json.at("findings").at(3);
     EXPECT_EQ(finding.at("weight"), "warning");
     EXPECT_EQ(finding.at("line"), 2);
     EXPECT_EQ(finding.at("message"), "Rug has no attribute \"Stak\"");

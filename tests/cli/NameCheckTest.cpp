@@ -22,6 +22,7 @@ TEST(NameCheckTest, DistanceCountsInsertedRemovedAndReplacedLetters) {
     EXPECT_EQ(EditDistance("Stone", "tone"), 1U);
     EXPECT_EQ(EditDistance("Stone", "Store"), 1U);
     EXPECT_EQ(EditDistance("kitten", "sitting"), 3U);
+    EXPECT_EQ(EditDistance("Raito", "Ratio"), 1U);
     EXPECT_EQ(EditDistance("", "abc"), 3U);
     EXPECT_EQ(EditDistance("abc", ""), 3U);
 }

@@ -72,6 +72,78 @@ void CheckPlaced(const ConfigElement& content, Findings& findings) {
     }
 }
 
+// The largest cell; 0 without any tile set.
+int LargestCell(const ConfigTree& tree) {
+    int largest = 0;
+    for (const ConfigElement* tileSet : tree.OfClass(ElementClass::TileSet)) {
+        largest = std::max(largest, WholeOf(*tileSet, Tile_TsSize));
+    }
+    return largest;
+}
+
+// What stands at a wall is pushed against it by its depth.
+void CheckStanding(const ConfigElement& content, int cell, Findings& findings) {
+    const auto given = [&content](std::string_view name) { return RealOf(content, name) != 0; };
+    if (!given(Attrib_SizeX) && !given(Attrib_SizeY) && !given(Attrib_OffsetY)) {
+        findings.Add(Weight::Warning,
+                     content.place,
+                     Titled(content, Attrib_UniqueName) + " has no SizeX and no SizeY",
+                     "It stands half in the wall. Give its width and depth in units.",
+                     "SizeX");
+    }
+    for (const std::string_view name : {Attrib_SizeX, Attrib_SizeY, Attrib_SizeZ}) {
+        if (cell > 0 && RealOf(content, name) > cell) {
+            findings.Add(
+                Weight::Warning,
+                PlaceOf(content, name),
+                Titled(content, Attrib_UniqueName) + " has a " + std::string(name) +
+                    " greater than a cell of " + std::to_string(cell),
+                "It stands in walls and in what is beside it. Sizes are counted in units.");
+        }
+    }
+}
+
+void CheckModel(const ConfigElement& container, Findings& findings) {
+    std::string path = AttributeText(container, Attrib_ModelFile);
+    if (path.find('/') != std::string::npos) {
+        std::ranges::replace(path, '/', '\\');
+        findings.Add(Weight::Note,
+                     PlaceOf(container, Attrib_ModelFile),
+                     "ModelFile has the sign /",
+                     "The folders of the game's models are parted by \\; tools for plug-ins may "
+                     "not find it.",
+                     path);
+    }
+}
+
+void CheckWorth(const ConfigElement& content, Findings& findings) {
+    if (FindAttribute(content, Attrib_Value) == nullptr) {
+        findings.Add(
+            Weight::Note,
+            content.place,
+            Titled(content, Attrib_UniqueName) + " has no Value",
+            "It counts as worthless: it is found as often as what is cheap. Give its Value.",
+            "Value");
+    }
+}
+
+// Treasure is there for themes to come; what stands in rooms is written for one.
+void CheckUse(const ConfigTree& tree, Findings& findings) {
+    for (const std::string_view kind :
+         {Content_Container, Content_Furniture, Content_Rug, Content_Tapestry}) {
+        const ChosenContent chosen =
+            ChosenIn(tree, ElementClass::Theme, std::numeric_limits<int>::min(), kind);
+        for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
+            if (Is(*content, kind) && !chosen.Has(AttributeText(*content, Attrib_UniqueName))) {
+                findings.Add(Weight::Note,
+                             content->place,
+                             "no Theme chooses " + Titled(*content, Attrib_UniqueName),
+                             "It is never placed. Name it in a ThemeItem.");
+            }
+        }
+    }
+}
+
 void CheckTreasureType(const ConfigElement& treasure, Findings& findings) {
     const auto types = FindElementFormat(Content_Treasure)->types;
     const std::string type = AttributeText(treasure, Attrib_Type);
@@ -106,12 +178,19 @@ bool IsCarried(const ConfigElement& content) {
 
 void CheckContent(const ConfigTree& tree, Findings& findings) {
     const Containers containers = PlacedContainers(tree);
+    const int cell = LargestCell(tree);
     CheckTreasureThemes(tree, containers, findings);
+    CheckUse(tree, findings);
     for (const ConfigElement* content : tree.OfClass(ElementClass::Content)) {
         if (IsCarried(*content)) {
             CheckCarried(*content, containers, findings);
+            CheckWorth(*content, findings);
         } else {
             CheckPlaced(*content, findings);
+        }
+        if (IsAnyOf(content->name, {Content_Container, Content_Furniture})) {
+            CheckStanding(*content, cell, findings);
+            CheckModel(*content, findings);
         }
         if (Is(*content, Content_Treasure)) {
             CheckTreasureType(*content, findings);

@@ -91,9 +91,16 @@ std::string Outside(const Bounds& bounds) {
                : " lies outside " + Shortest(bounds.least) + " to " + Shortest(bounds.most);
 }
 
-// A chance in hundredths is a common slip.
+// A chance in hundredths is a common slip. What is little more than 1 was meant to be less.
 std::string Fraction(const AttributeFormat& format, double value) {
     constexpr double kHundred = 100;
+    constexpr double kMostUnits = 2;
+    if (format.name == Attrib_ZRotate) {
+        return Shortest(std::fmod(value, 360));
+    }
+    if (format.name == Attrib_Chance && value > 1 && value <= kMostUnits) {
+        return "1";
+    }
     const bool hundredths = format.name == Attrib_Chance && value > 1 && value <= kHundred;
     return hundredths ? Shortest(value / kHundred) : "";
 }
@@ -103,7 +110,8 @@ void CheckRange(const ConfigAttribute& attribute,
                 Findings& findings) {
     const Bounds& bounds = format.bounds;
     const double value = ParseReal(attribute.value);
-    if (value < bounds.least || value > bounds.most) {
+    const bool told = IsTooLarge(attribute.value, format.kind);
+    if (!told && (value < bounds.least || value > bounds.most)) {
         findings.Add(Weight::Warning,
                      attribute.place,
                      attribute.name + ' ' + InQuotes(attribute.value) + Outside(bounds),

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/check/ConfigRules.h"
+#include "tools/text/Words.h"
 
 #include <vaultry/catalogue/Vocabulary.h>
 
@@ -54,19 +55,43 @@ bool IsOfXml(const ConfigAttribute& attribute) {
            attribute.name.starts_with("xsi:");
 }
 
+// What is there already was not meant.
+std::vector<std::string> NotGiven(const ConfigElement& element, const Words& known) {
+    std::vector<std::string> names;
+    for (const std::string_view name : known) {
+        if (FindAttribute(element, name) == nullptr) {
+            names.emplace_back(name);
+        }
+    }
+    return names;
+}
+
+// The end of a sentence: what counts instead of the attribute that was probably meant.
+std::string Instead(const ConfigElement& element, const std::string& meant) {
+    const AttributeFormat* const format = meant.empty() ? nullptr : FindFormat(element, meant);
+    if (format == nullptr || format->initial == nullptr) {
+        return ".";
+    }
+    const std::string counts = ", and " + meant + " counts as " + Number(RealOf(element, meant));
+    const bool fills = format->name == Attrib_Ratio;
+    return counts + (fills ? ": one for each cell, or for each container." : ".");
+}
+
 void CheckAttributes(const ConfigElement& element, Findings& findings) {
     Words known;
     for (const AttributeFormat& format : AttributesOf(element.element)) {
         known.push_back(format.name);
     }
     NameSet given;
+    const std::vector<std::string> missing = NotGiven(element, known);
     for (const ConfigAttribute& attribute : element.attributes) {
         if (!IsAnyOf(attribute.name, known) && !IsOfXml(attribute)) {
+            const std::string nearest = findings.Nearest(attribute.name, missing);
             findings.Add(Weight::Warning,
                          attribute.place,
                          element.name + " has no attribute " + InQuotes(attribute.name),
-                         "It is ignored.",
-                         findings.Nearest(attribute.name, {known.begin(), known.end()}));
+                         "It is ignored" + Instead(element, nearest),
+                         nearest);
         }
         if (!given.insert(attribute.name).second) {
             findings.Add(Weight::Warning,

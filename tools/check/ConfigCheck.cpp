@@ -7,6 +7,7 @@
 #include "tools/text/Words.h"
 
 #include <vaultry/catalogue/Vocabulary.h>
+#include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/foundation/Text.h>
 
@@ -76,20 +77,61 @@ std::vector<std::string> Offered(ProblemKind kind) {
     return {};
 }
 
-void AddFault(const Problem& problem, Findings& findings) {
+constexpr const char* kRestMissing = "Everything after this place is missing.";
+
+// The parser's own words name the start of a block that it was given, far from the place.
+void AddEncoding(const EncodingFault& fault, Findings& findings) {
+    if (fault.wide) {
+        findings.Add(Weight::Error,
+                     fault.place,
+                     "the document is UTF-16, but its first line names " + InQuotes(fault.declared),
+                     "Nothing of it can be read. Save it as UTF-8 (in PowerShell: Set-Content "
+                     "-Encoding utf8), or write encoding=\"UTF-16\" there.",
+                     "UTF-16");
+        return;
+    }
+    const std::string letter(1, static_cast<char>(fault.byte));
+    findings.Add(Weight::Error,
+                 fault.place,
+                 "the letter " + InQuotes(letter) + " is no UTF-8, but of windows-1252 or the like",
+                 std::string(kRestMissing) +
+                     " Save the document as UTF-8, or write encoding=\"windows-1252\" in its first "
+                     "line.");
+}
+
+// The parser notices it where an outer element ends; the place to look at is here.
+void AddUnclosed(const ConfigRecord& record, const Problem& problem, Findings& findings) {
+    const std::string& words = problem.names.front();
+    const bool tag = words.find("expected end of tag") != std::string::npos ||
+                     words.find("input ended before") != std::string::npos;
+    if (tag && record.open != ConfigElement::kNone) {
+        const ConfigElement& open = record.elements[record.open];
+        findings.Add(Weight::Error,
+                     open.place,
+                     open.name + " begins here, and its end tag is missing or misspelt",
+                     "Line " + std::to_string(problem.place.line) +
+                         " ends another one, and nothing behind that is read. Write </" +
+                         ToUtf8(open.name) + "> where it ends.");
+    }
+}
+
+void AddFault(const ConfigRecord& record, const Problem& problem, Findings& findings) {
+    if (record.encoding) {
+        return AddEncoding(*record.encoding, findings);
+    }
+    AddUnclosed(record, problem, findings);
     const std::string cause = ProbableCause(problem.names.front());
     findings.Add(Weight::Error,
                  problem.place,
                  TextOf(problem),
-                 "Everything after this place is missing." +
-                     (cause.empty() ? cause : " Probably " + cause + '.'));
+                 kRestMissing + (cause.empty() ? cause : " Probably " + cause + '.'));
 }
 
 void AddProblem(const ConfigRecord& record, const ConfigProblem& found, Findings& findings) {
     const Problem& problem = found.problem;
     const auto* const row = std::ranges::find(kMeanings, problem.kind, &MeaningRow::kind);
     if (row == kMeanings.end()) {
-        return AddFault(problem, findings);
+        return AddFault(record, problem, findings);
     }
     const bool placed = found.element != ConfigElement::kNone && !row->attribute.empty();
     const DocumentPlace place =

@@ -23,14 +23,20 @@ std::size_t Tolerance(std::string_view name) {
 std::size_t EditDistance(std::string_view a, std::string_view b) {
     const std::string from = ToUpper(a);
     const std::string to = ToUpper(b);
+    std::vector<std::size_t> before(to.size() + 1); // the row of two letters ago
+    std::vector<std::size_t> above(to.size() + 1);
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < from.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i + 1);
+        before.swap(above);
+        above.swap(row);
+        row[0] = i + 1;
         for (std::size_t j = 0; j < to.size(); ++j) {
-            const std::size_t replaced = diagonal + (from[i] == to[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+            const std::size_t replaced = above[j] + (from[i] == to[j] ? 0 : 1);
+            row[j + 1] = std::min({replaced, row[j] + 1, above[j + 1] + 1});
+            if (i > 0 && j > 0 && from[i] == to[j - 1] && from[i - 1] == to[j]) {
+                row[j + 1] = std::min(row[j + 1], before[j - 1] + 1);
+            }
         }
     }
     return row.back();

@@ -9,8 +9,8 @@
 
 namespace Tarnex::Report {
 
-/// How many letters must be inserted, removed or replaced to turn one text into the other, the case
-/// of the letters a to z left aside.
+/// How many letters must be inserted, removed, replaced or swapped with the next one to turn one
+/// text into the other, the case of the letters a to z left aside.
 std::size_t EditDistance(std::string_view a, std::string_view b);
 
 /// Up to three of `names` that come near `name`, the nearest first; each name once.

@@ -135,6 +135,7 @@ double InitialOfSet() {
 }
 
 constexpr const char* kNoFloor = "No floor is laid.";
+constexpr Bounds kTurn = {-360, 360, "Whole turns in it have no effect."};
 constexpr const char* kTurned = "It is placed as if it reached the other way.";
 
 // The attributes of one kind of object.
@@ -152,7 +153,7 @@ constexpr std::array kAttribs<TileSet> = {
 
 template <>
 constexpr std::array kAttribs<Tile> = {
-    Whole<Tile, &Tile::zRotate>(Attrib_ZRotate),
+    Whole<Tile, &Tile::zRotate>(Attrib_ZRotate, kTurn),
     Whole<Tile, &Tile::deltaZ>(Attrib_DeltaZ),
     Real<Tile, &Tile::offset, &Di3Point::x>(Attrib_OffsetX),
     Real<Tile, &Tile::offset, &Di3Point::y>(Attrib_OffsetY),
@@ -170,7 +171,7 @@ constexpr std::array kAttribs<Platform> = {
 template <>
 constexpr std::array kAttribs<PlatformTile> = {
     Text<PlatformTile, &PlatformTile::id>(Attrib_UniqueName),
-    Whole<PlatformTile, &PlatformTile::zRotate>(Attrib_ZRotate),
+    Whole<PlatformTile, &PlatformTile::zRotate>(Attrib_ZRotate, kTurn),
     Real<PlatformTile, &PlatformTile::offset, &Di3Point::x>(Attrib_OffsetX),
     Real<PlatformTile, &PlatformTile::offset, &Di3Point::y>(Attrib_OffsetY),
     Real<PlatformTile, &PlatformTile::offset, &Di3Point::z>(Attrib_OffsetZ),
@@ -215,7 +216,7 @@ constexpr std::array kAttribs<ContentTemplate> = {
     Whole<ContentTemplate, &ContentTemplate::maxCount>(Attrib_Max, AtLeast(1, "It counts as 1.")),
     Whole<ContentTemplate, &ContentTemplate::level>(Attrib_Level, AtLeast(0, "It is kept as it is.")),
     Whole<ContentTemplate, &ContentTemplate::value>(Attrib_Value, AtLeast(0, "It counts as worthless.")),
-    Whole<ContentTemplate, &ContentTemplate::zRotate>(Attrib_ZRotate),
+    Whole<ContentTemplate, &ContentTemplate::zRotate>(Attrib_ZRotate, kTurn),
     Real<ContentTemplate, &ContentTemplate::weight>(Attrib_Weight, AtLeast(0, "It makes room in containers instead of taking it.")),
     Real<ContentTemplate, &ContentTemplate::size, &Di3Point::x>(Attrib_SizeX, AtLeast(0, kTurned)),
     Real<ContentTemplate, &ContentTemplate::size, &Di3Point::y>(Attrib_SizeY, AtLeast(0, kTurned)),

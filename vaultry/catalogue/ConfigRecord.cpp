@@ -33,7 +33,7 @@ public:
                       const XMLCh* const localname,
                       const XMLCh* const qname,
                       const xercesc::Attributes& attrs) override {
-        const std::size_t around = open.empty() ? ConfigElement::kNone : open.back();
+        const std::size_t around = Innermost();
         open.push_back(record.elements.size());
         record.elements.push_back(Recorded(around, qname, attrs));
         ConfigLoader::startElement(uri, localname, qname, attrs);
@@ -72,6 +72,8 @@ public:
             heard.element = open.back();
         }
     }
+
+    std::size_t Innermost() const { return open.empty() ? ConfigElement::kNone : open.back(); }
 
 private:
     ConfigElement
@@ -113,6 +115,10 @@ ConfigRecord Record(const char* name, const std::string& bytes, ReadInto readInt
     ConfigRecorder recorder(config, name, record, bytes);
     readInto(recorder);
     record.fatal = recorder.Fault().has_value();
+    if (record.fatal) {
+        record.open = recorder.Innermost();
+        record.encoding = FindEncodingFault(bytes);
+    }
     return record;
 }
 

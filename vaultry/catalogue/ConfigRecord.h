@@ -3,9 +3,11 @@
 #pragma once
 
 #include <vaultry/catalogue/ConfigFormat.h>
+#include <vaultry/catalogue/EncodingFault.h>
 #include <vaultry/foundation/Problem.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,7 +44,9 @@ struct ConfigProblem {
 struct ConfigRecord {
     std::vector<ConfigElement> elements;
     std::vector<ConfigProblem> problems;
-    bool fatal = false; ///< reading ended early
+    bool fatal = false;                      ///< reading ended early
+    std::size_t open = ConfigElement::kNone; ///< then: the innermost element that was open there
+    std::optional<EncodingFault> encoding;   ///< then: why, when it is that
 };
 
 /// Loads the configuration at `path` (UTF-8) into a store of its own and records its elements and

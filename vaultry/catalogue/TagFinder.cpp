@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/catalogue/TagFinder.h>
 
+#include <vaultry/catalogue/EncodingFault.h>
 #include <vaultry/foundation/Text.h>
 
 #include <string_view>
@@ -24,13 +25,9 @@ bool EndsTag(unsigned c) {
     return c == '>' || c == '/' || c == 0;
 }
 
-// Whether the XML declaration names another encoding of single bytes.
 bool IsUtf8(std::string_view document) {
-    constexpr std::string_view kKey = "encoding";
-    const std::string_view head = document.substr(0, document.find("?>"));
-    const std::size_t key = head.starts_with("<?xml") ? head.find(kKey) : head.npos;
-    const std::size_t start = key == head.npos ? head.npos : head.find_first_of("\"'", key);
-    return start == head.npos || EqualsNoCase(head.substr(start + 1, 5), "UTF-8");
+    const std::string_view declared = DeclaredEncoding(document);
+    return declared.empty() || EqualsNoCase(declared.substr(0, 5), "UTF-8");
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <sstream>
 #include <string>
 
@@ -30,6 +32,14 @@ std::string Room(const std::string& type) {
            "<Row><Col>CornerSW</Col><Col>CornerSE</Col></Row></Layout>\n";
 }
 
+constexpr std::array kAside = {"counts as 5",
+                               "where nothing",
+                               "no doorway leads",
+                               "no Theme chooses",
+                               "has no Value",
+                               "\" has no items",
+                               "has no SizeX and"};
+
 class ConfigCheckTest : public ::testing::Test {
 protected:
     ConfigCheckTest() {
@@ -50,17 +60,18 @@ protected:
     }
 
     // What is printed of a document with these lines inside its root, which stands on line 1. They
-    // are a part of a configuration, and its layouts single cells: what these lack as a whole is
+    // are a part of a configuration, with single cells and things: what these lack as a whole is
     // left out.
     static std::string Check(const std::string& inside) {
         ConfigCheck check = Judge(inside);
         std::erase_if(check.findings, [](const ConfigFinding& finding) {
             const std::string& message = finding.message;
-            return message.starts_with("there is no ")
-                       ? finding.place.line == 1
-                       : Tarnex::Test::Contains(message, "counts as 5") ||
-                             Tarnex::Test::Contains(message, "where nothing") ||
-                             Tarnex::Test::Contains(message, "no doorway leads");
+            if (message.starts_with("there is no ")) {
+                return finding.place.line == 1;
+            }
+            return std::ranges::any_of(kAside, [&message](const char* part) {
+                return Tarnex::Test::Contains(message, part);
+            });
         });
         return Printed(check);
     }
@@ -114,10 +125,10 @@ TEST_F(ConfigCheckTest, AnElementInTheWrongPlaceIsToldSo) {
 }
 
 TEST_F(ConfigCheckTest, AMisspeltAttributeIsToldWithTheNearestOne) {
-    EXPECT_EQ(Check("<Rug UniqName=\"r\" UniqueName=\"r\"/>\n"),
-              "my.xml:2:6: warning: Rug has no attribute \"UniqName\"\n"
+    EXPECT_EQ(Check("<Rug UniqueName=\"r\" Stak=\"No\"/>\n"),
+              "my.xml:2:21: warning: Rug has no attribute \"Stak\"\n"
               "    It is ignored.\n"
-              "    Nearest: UniqueName\n"
+              "    Nearest: Stack\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -908,7 +919,7 @@ TEST_F(ConfigCheckTest, AThemeItemThatFindsNothingIsAnError) {
     EXPECT_EQ(Check("<Creature UniqueName=\"mudcrab\"/>\n"
                     "<CreatureTheme Name=\"T\" Level=\"1\">\n"
                     "<ThemeItem Type=\"Creature\" "
-                    "UniqueName=\"mudcrap,mudcrab\"/></CreatureTheme>\n"),
+                    "UniqueName=\"mudcrap\"/><ThemeItem Type=\"Creature\"/></CreatureTheme>\n"),
               "my.xml:4:28: error: no Creature has the unique name \"mudcrap\"\n"
               "    The item places nothing more when this name is drawn.\n"
               "    Nearest: mudcrab\n"
@@ -949,13 +960,188 @@ TEST_F(ConfigCheckTest, AThemeItemWithNothingButBirdsAndFishIsAnError) {
               "1 error, 0 warnings, 0 notes.\n");
 }
 
-TEST_F(ConfigCheckTest, ACreatureThatNoThemeWithALevelChoosesIsNoted) {
+TEST_F(ConfigCheckTest, AThemeWithoutLevelIsNoted) {
     EXPECT_EQ(Check("<Creature UniqueName=\"rat\"/>\n"
                     "<CreatureTheme Name=\"T\"><ThemeItem Type=\"Creature\"/></CreatureTheme>\n"),
-              "my.xml:2:1: note: no CreatureTheme with a Level of 1 or "
-              "more chooses Creature \"rat\"\n"
-              "    Random creature themes never place it.\n"
+              "my.xml:3:1: note: CreatureTheme \"T\" has no Level\n"
+              "    It can be chosen by name, but not by chance, which asks for a Level of 1 or "
+              "more.\n"
+              "    Nearest: Level=\"1\"\n"
               "0 errors, 0 warnings, 1 note.\n");
+}
+
+TEST_F(ConfigCheckTest, ACreatureThatNoThemeChoosesIsNoted) {
+    EXPECT_EQ(Check("<Creature UniqueName=\"rat\"/>\n"),
+              "my.xml:2:1: note: no CreatureTheme chooses Creature \"rat\"\n"
+              "    It is never placed. Name it in a ThemeItem.\n"
+              "0 errors, 0 warnings, 1 note.\n");
+}
+
+TEST_F(ConfigCheckTest, WhatStandsInRoomsAndNoThemeChoosesIsNoted) {
+    EXPECT_EQ(Printed(Judge(kWholeSet + Room("Room") + "<Rug UniqueName=\"r\"/>\n")),
+              "my.xml:4:1: note: no Theme chooses Rug \"r\"\n"
+              "    It is never placed. Name it in a ThemeItem.\n"
+              "0 errors, 0 warnings, 1 note.\n");
+}
+
+TEST_F(ConfigCheckTest, AThemeWithoutItemsIsTold) {
+    EXPECT_EQ(Printed(Judge(kWholeSet + Room("Room") + "<Theme Name=\"T\" Level=\"1\"/>\n")),
+              "my.xml:4:1: warning: Theme \"T\" has no items\n"
+              "    Levels with it stay empty. Give it a ThemeItem for each kind of thing.\n"
+              "0 errors, 1 warning, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, ARatioAboveOneIsToldWithTheFraction) {
+    EXPECT_EQ(
+        Check("<Rug UniqueName=\"r\"/>\n<Theme Name=\"T\" Level=\"1\">\n"
+              "<ThemeItem Type=\"Rug\" Ratio=\"36\"/>\n"
+              "<ThemeItem Type=\"Rug\" Ratio=\"1\"/></Theme>\n"),
+        "my.xml:4:23: warning: Ratio \"36\" asks for more than one in each cell\n"
+        "    It fills every one, and the items behind it find no room. It is no percentage: 1 "
+        "stands for all.\n"
+        "    Nearest: 0.36\n"
+        "0 errors, 1 warning, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, ContainersTakeSeveralStacksButNotThatMany) {
+    const std::string chest =
+        "<Container UniqueName=\"c\" ModelFile=\"m\" Weight=\"9\"/>"
+        "<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Container\"/></Theme>"
+        "<Armor UniqueName=\"a\" Value=\"1\"/>\n";
+    EXPECT_EQ(Check(chest + "<TreasureTheme Name=\"T\" Level=\"1\">"
+                            "<ThemeItem Type=\"Armor\" Ratio=\"20\"/></TreasureTheme>\n"),
+              "Nothing is wrong.\n");
+    EXPECT_EQ(
+        Check(chest + "<TreasureTheme Name=\"T\" Level=\"1\">"
+                      "<ThemeItem Type=\"Armor\" Ratio=\"21\"/></TreasureTheme>\n"),
+        "my.xml:3:59: warning: Ratio \"21\" asks for more than 20 stacks in each container\n"
+        "    It fills every one, and the items behind it find no room. It is no percentage: 1 "
+        "stands for all.\n"
+        "    Nearest: 0.21\n"
+        "0 errors, 1 warning, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, ARatioOfNothingIsTold) {
+    EXPECT_EQ(Check("<Rug UniqueName=\"r\"/>\n<Theme Name=\"T\" Level=\"1\">\n"
+                    "<ThemeItem Type=\"Rug\" Ratio=\"0\"/>\n"
+                    "<ThemeItem Type=\"Rug\" Ratio=\"0\" Max=\"2\"/></Theme>\n"),
+              "my.xml:4:23: warning: Ratio is 0\n"
+              "    One is placed all the same, with its Chance. Max=\"0\" stands for none.\n"
+              "    Nearest: Max=\"0\"\n"
+              "0 errors, 1 warning, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, AMisspeltNumberIsToldWithWhatCountsInstead) {
+    EXPECT_EQ(Check("<Rug UniqueName=\"r\"/>\n<Theme Name=\"T\" Level=\"1\">\n"
+                    "<ThemeItem Type=\"Rug\" Raito=\"0.2\" Chanze=\"0.5\"/></Theme>\n"),
+              "my.xml:4:23: warning: ThemeItem has no attribute \"Raito\"\n"
+              "    It is ignored, and Ratio counts as 1: one for each cell, or for each "
+              "container.\n"
+              "    Nearest: Ratio\n"
+              "my.xml:4:35: warning: ThemeItem has no attribute \"Chanze\"\n"
+              "    It is ignored, and Chance counts as 1.\n"
+              "    Nearest: Chance\n"
+              "0 errors, 2 warnings, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, AnAttributeThatIsThereAlreadyIsNotMeant) {
+    EXPECT_TRUE(Tarnex::Test::Contains(
+        Check("<Layout LayoutName=\"L\" Type=\"Room\" Width=\"5\" Higth=\"5\"/>\n"),
+        "    It is ignored, and Height counts as 5.\n    Nearest: Height\n"));
+}
+
+TEST_F(ConfigCheckTest, ANameThatNothingNamesIsNearerThanOneThatIsNamed) {
+    EXPECT_EQ(Check("<Rug UniqueName=\"rug_1\"/><Rug UniqueName=\"rug_2\"/>\n"
+                    "<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Rug\" UniqueName=\"rug_1\"/>\n"
+                    "<ThemeItem Type=\"Rug\" UniqueName=\"rug_3\"/></Theme>\n"),
+              "my.xml:4:23: error: no Rug has the unique name \"rug_3\"\n"
+              "    The item places nothing more when this name is drawn.\n"
+              "    Nearest: rug_2\n"
+              "1 error, 0 warnings, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, FurnitureLargerThanACellIsTold) {
+    const std::string theme =
+        "<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Furniture\"/></Theme>\n";
+    EXPECT_EQ(Printed(Judge(kWholeSet + Room("Room") + theme +
+                            "<Furniture UniqueName=\"f\" SizeX=\"256\" SizeY=\"257\"/>\n")),
+              "my.xml:5:39: warning: Furniture \"f\" has a SizeY greater than a cell of 256\n"
+              "    It stands in walls and in what is beside it. Sizes are counted in units.\n"
+              "0 errors, 1 warning, 0 notes.\n");
+    EXPECT_EQ(Printed(Judge(kWholeSet + Room("Room") + theme + "<Furniture UniqueName=\"f\"/>\n")),
+              "my.xml:5:1: warning: Furniture \"f\" has no SizeX and no SizeY\n"
+              "    It stands half in the wall. Give its width and depth in units.\n"
+              "    Nearest: SizeX\n"
+              "0 errors, 1 warning, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, TreasureWithoutValueIsNoted) {
+    EXPECT_EQ(Printed(Judge(kWholeSet + Room("Room") + "<Armor UniqueName=\"a\"/>\n")),
+              "my.xml:4:1: note: Armor \"a\" has no Value\n"
+              "    It counts as worthless: it is found as often as what is cheap. Give its Value.\n"
+              "    Nearest: Value\n"
+              "0 errors, 0 warnings, 1 note.\n");
+}
+
+TEST_F(ConfigCheckTest, WholeTurnsAndSlashesAreTold) {
+    EXPECT_EQ(
+        Check("<Theme Name=\"T\" Level=\"1\"><ThemeItem Type=\"Container\"/></Theme>\n"
+              "<Container UniqueName=\"c\" ModelFile=\"o/c.nif\" Weight=\"9\" ZRotate=\"900\"/>"
+              "\n"),
+        "my.xml:3:27: note: ModelFile has the sign /\n"
+        "    The folders of the game's models are parted by \\; tools for plug-ins may not find "
+        "it.\n"
+        "    Nearest: o\\c.nif\n"
+        "my.xml:3:58: warning: ZRotate \"900\" lies outside -360 to 360\n"
+        "    Whole turns in it have no effect.\n"
+        "    Nearest: 180\n"
+        "0 errors, 1 warning, 1 note.\n");
+}
+
+// What is printed of a whole document.
+std::string PrintedOf(const std::string& document) {
+    std::ostringstream out;
+    PrintCheck(CheckConfig("my.xml", RecordConfigText(document, "my.xml")), out);
+    return out.str();
+}
+
+TEST_F(ConfigCheckTest, AMissingEndTagIsToldWhereItsElementBegins) {
+    EXPECT_EQ(
+        PrintedOf("<OstrelData>\n<Theme Name=\"A\" Level=\"1\">\n"
+                  "<Theme Name=\"B\" Level=\"1\"></Theme>\n</OstrelData>\n"),
+        "my.xml:2:1: error: Theme begins here, and its end tag is missing or misspelt\n"
+        "    Line 4 ends another one, and nothing behind that is read. Write </Theme> where it "
+        "ends.\n"
+        "my.xml:4:3: error: XML Parser : Fatal Error parsing XML line 4 col 3:  expected end of "
+        "tag 'Theme'\n"
+        "    Everything after this place is missing. Probably </Theme> is missing before this "
+        "place, or misspelt.\n"
+        "2 errors, 0 warnings, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, AnotherEncodingIsToldAtItsFirstLetter) {
+    EXPECT_EQ(PrintedOf("<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<OstrelData>\n"
+                        "<!-- \xC3\xA9 --><Rug UniqueName=\"caf\xE9\"/></OstrelData>\n"),
+              "my.xml:3:31: error: the letter \"\xC3\xA9\" is no UTF-8, but of windows-1252 or the "
+              "like\n"
+              "    Everything after this place is missing. Save the document as UTF-8, or write "
+              "encoding=\"windows-1252\" in its first line.\n"
+              "1 error, 0 warnings, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, Utf16UnderAnotherNameIsTold) {
+    std::string wide = "\xFF\xFE";
+    for (const char c : std::string("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<OstrelData/>")) {
+        wide += c;
+        wide += '\0';
+    }
+    EXPECT_EQ(
+        PrintedOf(wide),
+        "my.xml:1:31: error: the document is UTF-16, but its first line names \"UTF-8\"\n"
+        "    Nothing of it can be read. Save it as UTF-8 (in PowerShell: Set-Content -Encoding "
+        "utf8), or write encoding=\"UTF-16\" there.\n"
+        "    Nearest: UTF-16\n"
+        "1 error, 0 warnings, 0 notes.\n");
 }
 
 TEST_F(ConfigCheckTest, AMisspeltPieceOfAPlatformIsTold) {
