@@ -4,6 +4,9 @@
 #include "cli/NameCheck.h"
 #include "cli/VerbRun.h"
 
+#include <vaultry/gen/ContainerIds.h>
+#include <vaultry/run/Run.h>
+
 namespace Tarnex::Cli {
 
 namespace {
@@ -13,9 +16,38 @@ GenerateOptions WithCell(GenerateOptions options) {
     return options;
 }
 
-} // namespace
+// "keep.esp" as "keep-07.esp" where there are ten or more: so that they sort by number.
+void Number(std::string& path, const GenerateOptions& options) {
+    const std::string most = std::to_string(options.count);
+    std::string number = std::to_string(options.number);
+    number.insert(0, most.size() - number.size(), '0');
+    const std::size_t name = path.find_last_of("/\\") + 1;
+    const std::size_t dot = path.rfind('.');
+    path.insert(dot == std::string::npos || dot <= name ? path.size() : dot, '-' + number);
+}
 
-ExitStatus RunVerb(const GenerateOptions& given, const Console& console) {
+// One of several: whatever would be the same for all of them is told apart by its number, also the
+// stamp, or the containers of one plug-in would be taken for those of another.
+GenerateOptions OneOf(GenerateOptions options, std::uint32_t number) {
+    options.number = number;
+    options.seed = FurtherSeed(*options.seed, number - 1);
+    for (std::optional<std::string>* path :
+         {&options.out, &options.log, &options.maps.map, &options.maps.html}) {
+        if (*path) {
+            Number(**path, options);
+        }
+    }
+    if (options.cell) {
+        *options.cell += ' ' + std::to_string(number);
+    }
+    if (options.stamp) {
+        const auto stamp = static_cast<std::uint64_t>(*options.stamp) + number - 1;
+        options.stamp = static_cast<std::int64_t>(stamp & kMaxStamp);
+    }
+    return options;
+}
+
+ExitStatus GenerateOne(const GenerateOptions& given, const Console& console) {
     const GenerateOptions options = WithCell(given);
     VerbRun run(options, console);
     if (run.Configure()) {
@@ -34,6 +66,23 @@ ExitStatus RunVerb(const GenerateOptions& given, const Console& console) {
         }
     }
     return run.End();
+}
+
+} // namespace
+
+ExitStatus RunVerb(const GenerateOptions& options, const Console& console) {
+    if (options.count == 1) {
+        return GenerateOne(options, console);
+    }
+    RunOptions chance = options;
+    FixChance(chance);
+    GenerateOptions all = options;
+    all.seed = chance.seed;
+    ExitStatus status = ExitStatus::Success;
+    for (std::uint32_t i = 1; i <= all.count && status == ExitStatus::Success; ++i) {
+        status = GenerateOne(OneOf(all, i), console);
+    }
+    return status;
 }
 
 } // namespace Tarnex::Cli

@@ -36,6 +36,8 @@ struct GenerateOptions : Report::RunRequest {
     std::optional<std::string> out = "dungeon.esp"; ///< a path, of search that of its table
     std::optional<std::string> log;                 ///< a path
     std::vector<const OptionRow*> typed;            ///< the options of the run that were given
+    std::uint32_t count = 1;                        ///< dungeons, each with files of its own
+    std::uint32_t number = 1;                       ///< of them, from 1: which this is
     MapFileOptions maps;
     bool quiet = false;
     bool json = false;
@@ -57,6 +59,7 @@ struct MapOptions {
 struct SearchOptions {
     TrialOptions generate;                 ///< what is generated from each seed
     std::optional<std::string> seeds;      ///< "A..B"
+    std::optional<std::string> sample;     ///< instead: "N" or "A..B", numbers of scattered seeds
     std::vector<std::string> merge;        ///< paths of tables to merge instead
     std::string where;                     ///< a condition; empty: none
     std::string sort;                      ///< keys; empty: by seed

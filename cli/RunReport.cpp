@@ -124,12 +124,18 @@ std::string Summary(const RunReport& report) {
 
 std::vector<std::string> NextSteps(const RunReport& report) {
     const std::string& path = *report.options.out;
-    const std::string name = path.substr(path.find_last_of("/\\") + 1);
-    std::vector<std::string> steps = {
-        "copy it into the game's folder \"Data Files\", or for OpenMW into a folder that "
-        "openmw.cfg "
-        "names with data=",
-        "tick \"" + name + "\" under Data Files in the launcher of the game, or of OpenMW"};
+    const bool several = report.options.count > 1;
+    std::vector<std::string> steps;
+    // What is the same for several dungeons is said behind the last.
+    if (report.options.number == report.options.count) {
+        steps.push_back(std::string("copy ") + (several ? "them" : "it") +
+                        " into the game's folder \"Data Files\", or for OpenMW into a folder that "
+                        "openmw.cfg names with data=");
+        steps.push_back("tick " +
+                        (several ? std::string("the plug-ins")
+                                 : '"' + path.substr(path.find_last_of("/\\") + 1) + '"') +
+                        " under Data Files in the launcher of the game, or of OpenMW");
+    }
     if (!report.arrivals.empty()) {
         steps.push_back("load a game, open the console (the key left of 1) and type: " +
                         ConsoleLine(report.arrivals.front()));

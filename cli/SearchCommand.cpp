@@ -61,11 +61,12 @@ struct Query {
 };
 
 void CheckChoice(const SearchOptions& options) {
-    if (options.seeds.has_value() != options.merge.empty()) {
-        throw UsageError("search needs --seeds A..B, or --merge with the tables of other searches");
+    if ((options.seeds || options.sample) != options.merge.empty()) {
+        throw UsageError("search needs --sample N or --seeds A..B, or --merge with the tables of "
+                         "other searches");
     }
     if (options.thumbnails && !options.merge.empty()) {
-        throw UsageError("--thumbnails is for --seeds, not for --merge");
+        throw UsageError("--thumbnails is for a search, not for --merge");
     }
 }
 
@@ -134,12 +135,17 @@ ExitStatus Merge(SearchReport& report, const Query& query, const Console& consol
     return StatusOf(EndingOf(report, written));
 }
 
+std::uint32_t SeedOf(std::uint32_t number, bool scattered) {
+    return scattered ? FurtherSeed(0, number) : number;
+}
+
 // What every thread that judges begins with.
 struct Beginning {
     const GenerateOptions& options;
     const std::string& config;            // as it was read
     const std::vector<Problem>& problems; // of reading it
     const Search::Condition& where;
+    bool scattered; // the numbers are not the seeds themselves
 };
 
 // What every such thread has of its own: chance and log, which would be the process's, and the
@@ -173,7 +179,9 @@ private:
 Search::MakeJudge JudgeMaker(const Beginning& beginning) {
     return [&beginning](JobStatus& status) -> Search::Judge {
         const auto judge = std::make_shared<ThreadJudge>(beginning, status);
-        return [judge](std::uint32_t seed) { return judge->Judge(seed); };
+        return [judge, scattered = beginning.scattered](std::uint32_t number) {
+            return judge->Judge(SeedOf(number, scattered));
+        };
     };
 }
 
@@ -194,7 +202,8 @@ public:
             {std::move(values), Report::GenerateCommandLine(report.options.generate, seed)});
     }
 
-    void Lost(std::uint32_t seed, const std::string& why) override {
+    void Lost(std::uint32_t number, const std::string& why) override {
+        const std::uint32_t seed = SeedOf(number, report.scattered);
         line.SetText("");
         console.Warn("seed " + std::to_string(seed) + " could not be judged: " + why);
         report.lost.push_back({seed, why});
@@ -320,7 +329,8 @@ void Judge(VerbRun& run,
            const Console& console) {
     Search::Ranking ranking(query.order, report.options.top);
     Watcher watcher(report, ranking, run.Signals(), console);
-    const Beginning beginning{run.report.options, config, run.Problems(), query.where};
+    const Beginning beginning{
+        run.report.options, config, run.Problems(), query.where, report.scattered};
     report.outcome =
         Search::SearchSeeds(*report.range, JobsOf(report.options), JudgeMaker(beginning), watcher);
     report.seconds = watcher.Seconds();
@@ -331,7 +341,9 @@ void Judge(VerbRun& run,
 
 ExitStatus SearchRange(SearchReport& report, const Query& query, const Console& console) {
     const SearchOptions& options = report.options;
-    report.range = Search::ParseSeedRange(*options.seeds);
+    report.scattered = options.sample.has_value();
+    report.range = report.scattered ? Search::ParseSample(*options.sample)
+                                    : Search::ParseSeedRange(*options.seeds);
     report.outcome = {Search::SearchEnd::Stopped, 0, report.range->first};
     VerbRun run(WithStamp(options.generate), console);
     std::string config;
@@ -362,7 +374,8 @@ ExitStatus RunVerb(const SearchOptions& options, const Console& console) {
     SearchReport report;
     report.options = options;
     report.columns = query.Columns();
-    return options.seeds ? SearchRange(report, query, console) : Merge(report, query, console);
+    return options.merge.empty() ? SearchRange(report, query, console)
+                                 : Merge(report, query, console);
 }
 
 } // namespace Tarnex::Cli

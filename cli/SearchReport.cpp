@@ -32,6 +32,10 @@ constexpr std::size_t kMostListed = 11;
 // In the order of Search::SearchEnd.
 constexpr std::array<const char*, 3> kEndWords = {"complete", "cancelled", "given-up"};
 
+const char* RangeOption(const SearchReport& report) {
+    return report.scattered ? "--sample" : "--seeds";
+}
+
 Json HitJson(const Search::Hit& hit) {
     Json json = Json::object();
     for (std::size_t i = 0; i < hit.values.size(); ++i) {
@@ -89,6 +93,10 @@ std::string Summary(const SearchReport& report) {
     const Search::SearchOutcome& outcome = report.outcome;
     std::string line = "found " + std::to_string(report.found) + " in " +
                        Counted(outcome.done, "seed") + ", " + Duration(report.seconds);
+    if (report.found == 0 && !report.scattered && report.range->Count() > 1) {
+        line +=
+            "; seeds side by side make dungeons of one kind, --sample N takes them from all over";
+    }
     if (!report.lost.empty()) {
         line += "; " + Counted(report.lost.size(), "seed") + " could not be judged";
     }
@@ -96,8 +104,8 @@ std::string Summary(const SearchReport& report) {
         line = (outcome.end == Search::SearchEnd::Stopped
                     ? "cancelled: "
                     : "given up, as too many seeds could not be judged: ") +
-               line + "; go on with --seeds " + std::to_string(outcome.nextSeed) + ".." +
-               std::to_string(report.range->last);
+               line + "; go on with " + RangeOption(report) + ' ' +
+               std::to_string(outcome.nextSeed) + ".." + std::to_string(report.range->last);
     }
     return line;
 }
@@ -106,10 +114,10 @@ std::string ToJson(const SearchReport& report) {
     Json json = Report::JsonHeader();
     json["result"] = kEndWords.at(static_cast<std::size_t>(report.outcome.end));
     if (report.range) {
-        json["seeds"] = {{"first", report.range->first},
-                         {"last", report.range->last},
-                         {"done", report.outcome.done},
-                         {"next", report.outcome.nextSeed}};
+        json[RangeOption(report) + 2] = {{"first", report.range->first},
+                                         {"last", report.range->last},
+                                         {"done", report.outcome.done},
+                                         {"next", report.outcome.nextSeed}};
     } else {
         json["merged"] = report.options.merge;
     }

@@ -24,6 +24,7 @@ struct LostSeed {
 struct SearchReport {
     SearchOptions options;
     std::optional<Search::SeedRange> range; ///< none: tables were merged
+    bool scattered = false;                 ///< the range is of numbers, as of --sample
     Search::SearchOutcome outcome;
     std::uint64_t found = 0; ///< also those that were not kept
     std::vector<Search::Hit> hits;

@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::uint64_t kMaxWord = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint64_t kMostJobs = 1024;
+constexpr std::uint64_t kMostDungeons = 10'000;
 constexpr std::size_t kFactColumn = 19;
 
 constexpr const char* kGenerateExample =
@@ -48,9 +49,9 @@ constexpr const char* kSearchExample =
     "130 cancelled; what was found until then is listed and written.\n"
     "\n"
     "Examples:\n"
-    "  vaultry search --seeds 1..10000 --levels 2 --size large \\\n"
+    "  vaultry search --sample 10000 --levels 2 --size large \\\n"
     "      --where 'rooms>=12 and walkable and loops>=2' --sort loops,treasure --top 10\n"
-    "  vaultry search --seeds 1..500 --creature-theme Undead --where 'creatures-from-15 > 3' \\\n"
+    "  vaultry search --sample 500 --creature-theme Undead --where 'creatures-from-15 > 3' \\\n"
     "      --csv found.csv --thumbnails maps\n"
     "  vaultry search --merge found-*.csv --sort loops --top 10 --csv best.csv";
 constexpr const char* kListExample = "Example:\n"
@@ -272,6 +273,11 @@ void AddGenerate(CLI::App& verb, Request& request) {
     auto& options = request.emplace<GenerateOptions>();
     AddConfig(verb, options.config, options.keepGoing);
     AddText(verb, "-o,--out", options.out, "FILE", "The plug-in (default: dungeon.esp)");
+    AddCount(verb,
+             "--count",
+             options.count,
+             kMostDungeons,
+             "Dungeons with further seeds, in numbered files (default: 1)");
     AddRunOptions(verb, options);
     AddMapFiles(verb, options.maps);
     AddReport(verb, options);
@@ -303,9 +309,16 @@ void AddSearch(CLI::App& verb, Request& request) {
     verb.footer(SearchFooter());
     CLI::Option* seeds =
         AddText(verb, "--seeds", options.seeds, "A..B", "The seeds to try, A and B included");
+    CLI::Option* sample = AddText(verb,
+                                  "--sample",
+                                  options.sample,
+                                  "N",
+                                  "N seeds from all over, or the Ath to the Bth: A..B");
+    sample->excludes(seeds);
     verb.add_option("--merge", options.merge, "Tables of --csv to merge, instead of seeds to try")
         ->type_name("FILE...")
-        ->excludes(seeds);
+        ->excludes(seeds)
+        ->excludes(sample);
     AddText(
         verb, "--where", options.where, "CONDITION", "What a dungeon must be like (default: any)");
     AddText(verb, "--sort", options.sort, "KEY,...", "Which are the best (default: by seed)");

@@ -120,9 +120,10 @@ VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* gene
  * Sets an option to what its switch on the command line takes; switches without a value take "true"
  * or "false". Options: see vaultry_option; "strict" counts the errors of the last vaultry_init too,
  * and "ensure-walkable" is for random levels. Names are looked up in the configuration, which
- * therefore comes first; their case does not matter. "seed" and "stamp" are drawn by chance for every run until they are set. A
- * number beyond the bounds of its switch, which the error names, and a name with letters that the
- * game's code page (Windows-1252) lacks are refused. A value that is refused changes nothing.
+ * therefore comes first; their case does not matter. "seed" and "stamp" are drawn by chance for
+ * every run until they are set. A number beyond the bounds of its switch, which the error names,
+ * and a name with letters that the game's code page (Windows-1252) lacks are refused. A value that
+ * is refused changes nothing.
  *
  * Of two options that exclude each other, "tileset" and "cave-tileset" for instance, the one that
  * is set last counts. What was set holds for all later runs; only a new generator has the defaults
@@ -163,8 +164,9 @@ VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, c
 
 /**
  * Like vaultry_generate, but writes nothing: vaultry_plugin hands out the bytes. The cell is called
- * "dungeon" unless "cell" was set. "strict" is for writing and changes nothing here. VAULTRY_REFUSED without a tile set or layout to use, and where
- * "ensure-walkable" tried a thousand seeds for nothing.
+ * "dungeon" unless "cell" was set. "strict" is for writing and changes nothing here.
+ * VAULTRY_REFUSED without a tile set or layout to use, and where "ensure-walkable" tried a thousand
+ * seeds for nothing.
  */
 VAULTRY_API enum vaultry_result vaultry_run(vaultry_generator* generator);
 

@@ -49,7 +49,7 @@ TEST_F(ManualTest, DescribesEveryVerbAndSwitch) {
     EXPECT_TRUE(Contains(page.out, "\\fB\\-c\\fR, \\fB\\-\\-config\\fR \\fIFILE\\fR\n"));
     EXPECT_TRUE(Contains(page.out, "\\fB\\-\\-ensure\\-walkable\\fR\n"));
     EXPECT_TRUE(Contains(page.out, "\\fIPLUGIN\\fR\n"));
-    EXPECT_TRUE(Contains(page.out, "  vaultry search \\-\\-seeds 1..10000"));
+    EXPECT_TRUE(Contains(page.out, "  vaultry search \\-\\-sample 10000"));
 }
 
 TEST_F(ManualTest, NoLineIsTakenForARequestOfTheFormatter) {

@@ -249,7 +249,7 @@ TEST_F(SearchTest, ATableInPlaceOfTheConfigurationIsRefused) {
 }
 
 TEST_F(SearchTest, MistakesAreToldBeforeAnythingIsDone) {
-    ExpectMistake({}, "search needs --seeds A..B, or --merge");
+    ExpectMistake({}, "search needs --sample N or --seeds A..B, or --merge");
     ExpectMistake({"--seeds", "5..3"}, "--seeds: \"5..3\" runs backwards");
     ExpectMistake({"--seeds", "1..4294967296"}, "is no range of seeds such as 1..1000");
     ExpectMistake({"--seeds", "1", "--where", "romms>3"}, "did you mean \"rooms\"?");
@@ -264,7 +264,7 @@ TEST_F(SearchTest, MistakesAreToldBeforeAnythingIsDone) {
     ExpectMistake({"--seeds", "1", "--merge", "a.csv"}, "--seeds excludes --merge");
     ExpectMistake({"--merge", "a.csv"}, "\"a.csv\" does not exist");
     ExpectMistake({"--merge", "."}, "\".\" is a folder");
-    ExpectMistake({"--merge", "a.csv", "--thumbnails", "maps"}, "--thumbnails is for --seeds");
+    ExpectMistake({"--merge", "a.csv", "--thumbnails", "maps"}, "--thumbnails is for a search");
 }
 
 TEST_F(SearchTest, HelpNamesEveryFact) {
@@ -321,6 +321,40 @@ TEST(SearchReportTest, FactsAskedForAreListedFirst) {
     EXPECT_EQ(columns.at(1), fact("bytes"));
     EXPECT_EQ(columns.at(2), fact("loops"));
     EXPECT_EQ(columns.at(3), fact("rooms"));
+}
+
+TEST_F(SearchTest, ASampleTakesSeedsFromAllOver) {
+    const Lines common = {"--size", "tiny", "--csv", "found.csv"};
+    Lines whole = {"search", "--sample", "4"};
+    whole.insert(whole.end(), common.begin(), common.end());
+    ASSERT_EQ(Run(whole).status, 0);
+    Lines seeds;
+    for (const std::string& line : LinesOf(Read("found.csv"))) {
+        seeds.push_back(line.substr(0, line.find(',')));
+    }
+    // The multiples of 2654435769 modulo 2^32, by seed.
+    EXPECT_EQ(seeds, (Lines{"seed", "1013904242", "2027808484", "2654435769", "3668340011"}));
+    const Json report =
+        Json::parse(Run({"search", "--sample", "2..3", "--size", "tiny", "--json"}).out);
+    EXPECT_EQ(report.at("hits").size(), 2U);
+    EXPECT_EQ(report.at("sample").at("first"), 2);
+    EXPECT_EQ(report.at("sample").at("next"), 4);
+    EXPECT_FALSE(report.contains("seeds"));
+}
+
+TEST_F(SearchTest, ASampleGoesWithNoOtherChoiceOfSeeds) {
+    ExpectMistake({"--sample", "4", "--seeds", "1..2"}, "--sample");
+    ExpectMistake({"--sample", "0"}, "--sample: \"0\"");
+    ExpectMistake({}, "needs --sample N or --seeds A..B");
+}
+
+TEST_F(SearchTest, NothingAmongNeighboursPointsToASample) {
+    const Lines never = {"--where", "rooms>1000"};
+    EXPECT_TRUE(Contains(Search("1..3", never).err, "--sample"));
+    EXPECT_FALSE(Contains(Search("3", never).err, "--sample"));
+    EXPECT_FALSE(
+        Contains(Run({"search", "--sample", "3", "--size", "tiny", "--where", "rooms>1000"}).err,
+                 "--sample"));
 }
 
 } // namespace

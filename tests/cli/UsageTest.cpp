@@ -141,8 +141,8 @@ TEST_F(UsageTest, UnknownNamesAreAnsweredWithTheNearest) {
 }
 
 TEST_F(UsageTest, TheCaseOfANameDoesNotMatter) {
-    EXPECT_EQ(Generate({"--tileset", "sTONE"}).status, 0);
     ExpectMistake(Generate({"--tileset", "ston"}), "did you mean \"Stone\"?");
+    EXPECT_EQ(Generate({"--tileset", "sTONE"}).status, 0);
 }
 
 TEST_F(UsageTest, RoomAndCaveNamesAreKeptApart) {

@@ -4,6 +4,7 @@
 #include <vaultry/foundation/RunState.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/LevelObserver.h>
+#include <vaultry/layout/LevelPlan.h>
 #include <vaultry/run/Run.h>
 
 #include <gtest/gtest.h>
@@ -188,7 +189,7 @@ TEST_F(RunTest, FurtherSeedsAreTriedUntilOneIsWalkable) {
     EXPECT_EQ(found.end, RunEnd::Made);
     EXPECT_TRUE(found.levels.IsWalkable());
     EXPECT_GT(found.tries, 1U);
-    EXPECT_EQ(found.seed, SeedOfTry(128, found.tries - 1));
+    EXPECT_EQ(found.seed, FurtherSeed(128, found.tries - 1));
     EXPECT_EQ(counting.starts, static_cast<int>(found.tries));
     EXPECT_EQ(counting.levels, 3);
     const std::string bytes = Bytes();
@@ -206,10 +207,66 @@ TEST_F(RunTest, AFixedInteriorIsMadeOnce) {
     EXPECT_TRUE(result.levels.levels.empty());
 }
 
-TEST(SeedOfTryTest, SeedsStepByTheGoldenRatio) {
-    EXPECT_EQ(SeedOfTry(7, 0), 7U);
-    EXPECT_EQ(SeedOfTry(7, 1), 2654435776U);
-    EXPECT_EQ(SeedOfTry(7, 2), 1013904249U);
+// The plan of each level: what is open, and the doors to other levels.
+class PlanNotes : public LevelObserver {
+public:
+    void StartOver() override { notes.clear(); }
+    void LevelFinished(const FinishedLevel& level) override {
+        std::string note = level.layout.GetTileSet() ? level.layout.GetTileSet()->GetName() : "";
+        for (const PlanCell& cell : PlanOf(level.layout).cells) {
+            note += ' ' + std::to_string(cell.place.x) + ',' + std::to_string(cell.place.y) + ':' +
+                    std::to_string(cell.open) + (cell.teleport ? "t" : "");
+        }
+        notes.push_back(note);
+    }
+
+    std::vector<std::string> notes;
+};
+
+TEST_F(RunTest, AnotherSeedOfContentsKeepsThePlan) {
+    options.numLevels = 3;
+    options.randomTileSet = options.randomTheme = options.randomCreatureTheme = true;
+    PlanNotes plan;
+    manager.SetLevelObserver(&plan);
+    Generate();
+    const std::vector<std::string> notes = plan.notes;
+    const std::string bytes = Bytes();
+    ASSERT_EQ(notes.size(), 3U);
+    options.contentSeed = 0;
+    Generate();
+    EXPECT_EQ(plan.notes, notes);
+    const std::string ofNull = Bytes();
+    EXPECT_NE(ofNull, bytes);
+    options.contentSeed = UINT32_MAX;
+    Generate();
+    EXPECT_EQ(plan.notes, notes);
+    EXPECT_NE(Bytes(), ofNull);
+    options.contentSeed = 0;
+    Generate();
+    EXPECT_EQ(Bytes(), ofNull);
+    options.seed = 4;
+    Generate();
+    EXPECT_NE(plan.notes, notes);
+    manager.SetLevelObserver(nullptr);
+}
+
+TEST_F(RunTest, AnotherSeedOfContentsFurnishesAFixedInteriorAnew) {
+    options.fixed = true;
+    options.contentSeed = 1;
+    Generate();
+    const std::string first = Bytes();
+    options.seed = 4;
+    Generate();
+    EXPECT_EQ(Bytes(), first);
+    options.contentSeed = 2;
+    Generate();
+    EXPECT_NE(Bytes(), first);
+}
+
+TEST(FurtherSeedTest, SeedsStepByTheGoldenRatio) {
+    EXPECT_EQ(FurtherSeed(7, 0), 7U);
+    EXPECT_EQ(FurtherSeed(7, 1), 2654435776U);
+    EXPECT_EQ(FurtherSeed(7, 2), 1013904249U);
 }
 
 // Runs on a thread of its own, in a log that nobody else writes.

@@ -19,4 +19,8 @@ struct SeedRange {
 /// Reads "A..B", or "A" for a single seed. Throws UsageError.
 SeedRange ParseSeedRange(std::string_view text);
 
+/// Reads "N" for the numbers from 1 to N, or "A..B", of seeds that are scattered: see FurtherSeed,
+/// with 0 as the given one. Throws UsageError.
+SeedRange ParseSample(std::string_view text);
+
 } // namespace Tarnex::Search

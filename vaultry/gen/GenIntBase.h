@@ -96,6 +96,8 @@ protected:
 
     /// Furnishes the layout from the furniture and creature themes.
     void AddContents(Layout& layout);
+    /// Begins chance anew for all contents, if that is asked for.
+    void SeedContents() const;
     /// Places what the item asks for where content of its kind goes: rugs on floor centres, all
     /// else along walls and, but in caves, into corners. Full elements leave the lists.
     /// @{

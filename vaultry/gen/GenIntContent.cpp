@@ -169,6 +169,12 @@ void Lighten(Stack& stack, float unitWeight, const Container& container) {
 
 } // namespace
 
+void GenIntBase::SeedContents() const {
+    if (const auto seed = info.randomInfo.contentSeed) {
+        SeedRandom(*seed);
+    }
+}
+
 void GenIntBase::AddContents(Layout& layout) {
     struct PlaceRow {
         std::string_view type;

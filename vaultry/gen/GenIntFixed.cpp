@@ -18,6 +18,7 @@ void GenIntFixed::Make() {
     if (info.addPlatforms && tileSet->IsCave()) {
         AddPlatforms(layout);
     }
+    SeedContents();
     AddContents(layout);
     // Containers come into being here, to be filled by the next step.
     FillCell(layout);

@@ -137,6 +137,7 @@ void GenIntRandom::Make() {
     Report("Adding Content");
     // Before any content, which must not stand in front of a door.
     AddTeleportingDoors(levels.All());
+    SeedContents();
     auto level = levels.All().begin();
     for (const LevelReport& report : info.report.levels) {
         if (report.made) {

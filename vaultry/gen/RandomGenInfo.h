@@ -5,12 +5,13 @@
 #include <vaultry/foundation/Export.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace Tarnex {
 
-/// What a front end may ask of random levels.
+/// What a front end may ask of random levels; the seed of contents counts for fixed interiors too.
 ///
 /// @code
 /// Tarnex::RandomGenInfo wanted;
@@ -52,6 +53,9 @@ struct VAULTRY_API RandomGenInfo {
     bool randomTheme = false;                 ///< choose the furniture theme by chance
     bool randomCreatureTheme = false;         ///< choose the creature theme by chance
     bool randomTreasureTheme = false;         ///< choose the treasure theme by chance
+    /// Begins chance anew once all plans and the doors between the levels are set: from there on it
+    /// decides the themes that are chosen by chance and all contents. Without, chance goes on.
+    std::optional<std::uint32_t> contentSeed;
 
     /// The words of the level sizes; a word's position is its value.
     static const std::vector<std::string>& GetLevelSizeStrings();

@@ -139,7 +139,7 @@ RunResult Run::Generate() {
     const OwnState own;
     ArrivalFinder finder(manager.levelObserver);
     for (std::uint32_t tries = 1;; ++tries) {
-        RunResult result = Try(SeedOfTry(options.seed.value(), tries - 1), &finder);
+        RunResult result = Try(FurtherSeed(options.seed.value(), tries - 1), &finder);
         result.tries = tries;
         result.arrivals = finder.arrivals;
         const bool asWanted =

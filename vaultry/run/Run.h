@@ -45,10 +45,11 @@ VAULTRY_API void FixChance(RunOptions& options);
 /// The most seeds that a run tries.
 inline constexpr std::uint32_t kMaxTries = 1000;
 
-/// The seed of a try, counted from 0: the given one, then one further for each try by 2654435769,
-/// the golden ratio of the 32-bit numbers, so that the draws of neighbouring tries have nothing in
-/// common. Sums wrap around at 2^32.
-constexpr std::uint32_t SeedOfTry(std::uint32_t seed, std::uint32_t number) {
+/// The seeds that a program chooses, beginning with number 0, the given one: each is further by
+/// 2654435769, the golden ratio of the 32-bit numbers. Sums wrap around at 2^32, and no seed comes
+/// twice. Neighbouring seeds begin with nearly the same draws, so that their dungeons are of one
+/// size; these have nothing in common, and any number of them is spread over all seeds.
+constexpr std::uint32_t FurtherSeed(std::uint32_t seed, std::uint32_t number) {
     constexpr std::uint32_t kStride = 2654435769U;
     return seed + number * kStride;
 }

@@ -95,6 +95,7 @@ std::vector<OptionRow>& Table() {
         Needs("fixed", {"platforms", &Options::platforms, "Raise platforms in fixed cave interiors", kShape}),
         // Stands apart in lines and reports: a run always has one.
         {"seed",                  &Options::seed, "Repeats a run (default: by chance)", kForMaps},
+        {"content-seed",          &Options::contentSeed, "Other contents in the plan of the seed (default: the seed's)", kShape},
         {"master",                &Options::master, "The master file (default: the game's)", kHeader},
         {"master-size",           &Options::masterSize, "The master file's size in bytes", kHeader},
         Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", kForSearch | kRepeats}, 0, kMaxStamp),

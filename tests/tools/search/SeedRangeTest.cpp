@@ -43,6 +43,20 @@ TEST(SeedRangeTest, RefusesAnythingElse) {
     }
 }
 
+TEST(SampleTest, ANumberCountsFromTheFirst) {
+    EXPECT_EQ(Search::ParseSample("1000"), (SeedRange{1, 1000}));
+    EXPECT_EQ(Search::ParseSample("1"), (SeedRange{1, 1}));
+    EXPECT_EQ(Search::ParseSample("1001..2000"), (SeedRange{1001, 2000}));
+    EXPECT_EQ(Search::ParseSample("7..7"), (SeedRange{7, 7}));
+    EXPECT_EQ(Search::ParseSample("4294967295").Count(), 4294967295U);
+}
+
+TEST(SampleTest, RefusesAnythingElse) {
+    for (const char* text : {"", "0", "0..5", "5..4", "-1", "x", "1..", "4294967296", "1...2"}) {
+        EXPECT_THROW(Search::ParseSample(text), UsageError) << text;
+    }
+}
+
 } // namespace
 
 } // namespace Tarnex::Test
