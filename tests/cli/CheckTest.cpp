@@ -36,7 +36,7 @@ TEST_F(CheckTest, AFindingIsAFailureWithItsPlace) {
               "my.xml:2:1: note: no Theme chooses Container \"c\"\n"
               "    It is never placed. Name it in a ThemeItem.\n"
               "my.xml:2:1: warning: Container \"c\" has no capacity\n"
-              "    It takes only what weighs nothing.\n"
+              "    It takes only what weighs nothing. Give its capacity as Weight.\n"
               "2 errors, 1 warning, 1 note.\n");
 }
 

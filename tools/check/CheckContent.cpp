@@ -68,7 +68,7 @@ void CheckPlaced(const ConfigElement& content, Findings& findings) {
         findings.Add(Weight::Warning,
                      PlaceOf(content, Attrib_Weight),
                      Titled(content, Attrib_UniqueName) + " has no capacity",
-                     "It takes only what weighs nothing.");
+                     "It takes only what weighs nothing. Give its capacity as Weight.");
     }
 }
 
@@ -152,7 +152,7 @@ void CheckTreasureType(const ConfigElement& treasure, Findings& findings) {
                      PlaceOf(treasure, Attrib_Type),
                      Titled(treasure, Attrib_UniqueName) + " has the unknown type " +
                          InQuotes(type),
-                     "It is dropped without a message.",
+                     "It is dropped without a message. Write one of the types of treasure.",
                      findings.Nearest(type, {types.begin(), types.end()}));
     }
 }

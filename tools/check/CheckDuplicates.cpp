@@ -55,7 +55,8 @@ void CheckChosen(const ConfigTree& tree,
             ToUpper(element->name) + ' ' + ToUpper(AttributeText(*element, typeAttribute));
         CheckNamed({*element, list, nameAttribute, name},
                    seen,
-                   "By name the first one is found; this one is used only by chance.",
+                   "By name the first one is found; this one is used only by chance. Give it "
+                   "another name.",
                    findings);
     }
 }
@@ -75,7 +76,7 @@ void CheckDuplicates(const ConfigTree& tree, Findings& findings) {
         if (!name.empty()) {
             CheckNamed({*content, ToUpper(ContentKind(*content)), Attrib_UniqueName, name},
                        seen,
-                       "Theme items that name it find the first one.",
+                       "Theme items that name it find the first one. Remove one of the two.",
                        findings);
         }
     }

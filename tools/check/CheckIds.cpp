@@ -47,12 +47,12 @@ void CheckId(const Id& id, Findings& findings) {
                      trimmed);
     }
     if (id.text.size() > kLongestId) {
-        findings.Add(Weight::Error,
-                     id.place,
-                     id.element.name + ' ' + InQuotes(id.text) + " has an identifier" +
-                         Bytes(id.text),
-                     id.carried ? "It is cut in containers, and the game does not find it."
-                                : "The game does not find it.");
+        findings.Add(
+            Weight::Error,
+            id.place,
+            id.element.name + ' ' + InQuotes(id.text) + " has an identifier" + Bytes(id.text),
+            id.carried ? "It is cut in containers, and the game does not find it. Shorten it."
+                       : "The game does not find it. Shorten it.");
     }
 }
 
@@ -84,7 +84,7 @@ void CheckContainer(const ConfigElement& container, Findings& findings) {
         findings.Add(Weight::Warning,
                      container.place,
                      Titled(container, Attrib_UniqueName) + " has no ModelFile",
-                     "It cannot be seen.");
+                     "It cannot be seen. Give the path of its model.");
     }
 }
 

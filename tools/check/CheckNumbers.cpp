@@ -58,10 +58,14 @@ std::string AsRead(const std::string& text, ValueKind kind) {
                : Shortest(static_cast<double>(static_cast<float>(ParseReal(text))));
 }
 
-// What is left of a number when a comma stands for the point.
-std::string WithPoint(std::string text, ValueKind kind) {
-    std::ranges::replace(text, ',', '.');
-    return IsNumber(text, kind) ? text : "";
+// A number when a comma stands for its point, else what is read of its beginning.
+std::string Meant(const std::string& text, ValueKind kind) {
+    std::string pointed = text;
+    std::ranges::replace(pointed, ',', '.');
+    if (IsNumber(pointed, kind)) {
+        return pointed;
+    }
+    return text.find_first_of("0123456789") == 0 ? AsRead(text, kind) : "";
 }
 
 bool IsTooLarge(const std::string& text, ValueKind kind) {
@@ -82,7 +86,7 @@ void CheckSyntax(const ConfigAttribute& attribute, ValueKind kind, Findings& fin
                  attribute.name + ' ' + InQuotes(attribute.value) +
                      (number ? " is too large" : complaint),
                  "It is read as " + AsRead(attribute.value, kind) + '.',
-                 number ? "" : WithPoint(attribute.value, kind));
+                 number ? "" : Meant(attribute.value, kind));
 }
 
 std::string Outside(const Bounds& bounds) {

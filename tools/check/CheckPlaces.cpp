@@ -102,12 +102,18 @@ void CheckOffsets(const ConfigTree& tree,
 }
 
 void CheckOverlaps(Drawing& drawing, Findings& findings) {
+    constexpr std::size_t kMostTold = 12;
+    std::size_t told = 0;
     for (const auto& [layouts, count] : Overlaps(drawing)) {
+        if (++told > kMostTold) {
+            return;
+        }
         const auto& [outer, inner] = layouts; // in document order
         findings.Add(Weight::Warning,
                      inner->place,
                      Titled(*inner, Attrib_LayoutName) + " stands in " +
-                         Titled(*outer, Attrib_LayoutName) + ", in " + Counted(count, "cell"),
+                         Titled(*outer, Attrib_LayoutName) + " on line " +
+                         std::to_string(outer->place.line) + ", in " + Counted(count, "cell"),
                      "Walls and floors run through each other. Move it by its offsets: OffsetX "
                      "counts columns to the east, OffsetY rows to the south, OffsetZ heights of a "
                      "cell.");

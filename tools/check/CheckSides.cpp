@@ -34,6 +34,7 @@ struct Misfit {
     Edge edge = Edge::Closed; // of the cell itself
     const DrawnCell* other = nullptr;
     Edge otherEdge = Edge::Closed;
+    const ConfigElement* empty = nullptr; // without another: what leaves the place empty
 };
 
 using Misfits = std::map<const DrawnCell*, std::vector<Misfit>>;
@@ -58,16 +59,24 @@ std::string SideWords(const std::vector<TileDirT>& sides) {
 }
 
 // Sides that meet nothing are told together.
+std::string Beyond(const Misfit& misfit) {
+    if (misfit.other != nullptr) {
+        return PieceOn(*misfit.other) + ' ' + WordOf(misfit.otherEdge);
+    }
+    const bool row = misfit.empty->element == ElementClass::Row;
+    return (row ? "the row on line " : "the cell on line ") +
+           std::to_string(misfit.empty->place.line) + (row ? " has ended" : " is empty");
+}
+
 std::string InWords(const std::vector<Misfit>& misfits) {
     std::map<Edge, std::vector<TileDirT>> toNothing;
     std::vector<std::string> phrases;
     for (const Misfit& misfit : misfits) {
-        if (misfit.other == nullptr) {
+        if (misfit.other == nullptr && misfit.empty == nullptr) {
             toNothing[misfit.edge].push_back(misfit.side);
         } else {
             phrases.push_back(std::string(WordOf(misfit.edge)) + " to the " +
-                              kSideNames.at(misfit.side) + ", where " + PieceOn(*misfit.other) +
-                              ' ' + WordOf(misfit.otherEdge));
+                              kSideNames.at(misfit.side) + ", where " + Beyond(misfit));
         }
     }
     for (const auto& [edge, sides] : toNothing) {
@@ -152,6 +161,18 @@ void TellEmpty(const DrawnLayout& drawn,
                  std::string(piece.Name()));
 }
 
+void TellLandings(const DrawnLayout& drawn, const Landings& landings, Findings& findings) {
+    const auto& [here, there] = landings;
+    const TileDirT farSide = Opposite(there.side);
+    const bool up = there.beyond.z > here.beyond.z;
+    findings.Add(Weight::Warning,
+                 drawn.drawing.EmptyAt(here.beyond)->place,
+                 "the cell is empty, and " + PieceOn(*here.cell) + " and " + PieceOn(*there.cell) +
+                     ", at another height, open to it",
+                 "Nobody gets from one to the other. Draw the stairs that are missing.",
+                 (up ? "StairsUp" : "StairsDn") + std::string(1, "NSEW"[farSide]));
+}
+
 // The places that several cells open to without meeting anything there.
 Faced FacedPlaces(const DrawnLayout& drawn) {
     Faced faced;
@@ -182,9 +203,11 @@ Misfits MisfitsOf(const DrawnLayout& drawn, const Faced& faced) {
         const Edge edge = gap->cell->shape.edges.at(gap->side);
         const Meeting& met = gap->met;
         if (met.cell != nullptr && count[met.cell] > count[gap->cell]) {
-            misfits[met.cell].push_back({Opposite(gap->side), met.edge, gap->cell, edge});
+            misfits[met.cell].push_back({Opposite(gap->side), met.edge, gap->cell, edge, nullptr});
         } else {
-            misfits[gap->cell].push_back({gap->side, edge, met.cell, met.edge});
+            const ConfigElement* const empty =
+                met.cell == nullptr ? drawn.drawing.EmptyAt(gap->beyond) : nullptr;
+            misfits[gap->cell].push_back({gap->side, edge, met.cell, met.edge, empty});
         }
     }
     return misfits;
@@ -196,6 +219,11 @@ void CheckSides(const DrawnLayout& drawn, Findings& findings) {
     std::size_t told = 0;
     const Faced faced = FacedPlaces(drawn);
     const Misfits misfits = MisfitsOf(drawn, faced);
+    for (const Landings& landings : drawn.survey.landings) {
+        if (++told <= kMostTold) {
+            TellLandings(drawn, landings, findings);
+        }
+    }
     for (const auto& [place, facing] : faced) {
         if (++told <= kMostTold) {
             TellEmpty(drawn, *drawn.drawing.EmptyAt(place), facing, findings);

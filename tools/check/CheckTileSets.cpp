@@ -93,6 +93,15 @@ void CheckKinds(const ConfigTree& tree, Findings& findings) {
     const NameSet calledFor = CalledFor(tree);
     for (const ConfigElement* tile : tree.OfClass(ElementClass::Tile)) {
         if (!TileKind::Of(tile->name).IsKnown() && !calledFor.contains(tile->name)) {
+            if (FindElementFormat(tile->name) != nullptr) {
+                findings.Add(
+                    Weight::Error,
+                    tile->place,
+                    tile->name + " stands inside a tile set",
+                    "It is taken for a tile, and nothing is known by its name. Move it behind "
+                    "</TileSet>.");
+                continue;
+            }
             // Without a known kind near it may be meant for layouts that are yet to be drawn.
             const std::string nearest = findings.Nearest(tile->name, TileKindNames());
             findings.Add(nearest.empty() ? Weight::Note : Weight::Warning,

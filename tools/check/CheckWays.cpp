@@ -66,7 +66,7 @@ Ends EndsOf(const DrawnLayout& drawn, const ConfigElement& layout) {
         for (const OpenSide& open : *sides) {
             const bool leads = Leads(open.cell->shape.edges.at(open.side));
             auto& list = IsInside(drawn.tree, open.cell->layout, layout) ? ends.own : ends.others;
-            if (leads && open.met.cell == nullptr && list.size() < kMostEnds) {
+            if (leads && list.size() < kMostEnds) {
                 list.push_back(open);
             }
         }

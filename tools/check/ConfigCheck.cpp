@@ -44,14 +44,15 @@ struct MeaningRow {
     std::string_view attribute;
 };
 
-constexpr const char* kTwice = "The later one is used, and nothing is derived from it.";
+constexpr const char* kTwice = "The later one is used, and nothing is derived from it. Remove it "
+                               "unless it is meant to differ.";
 
 // clang-format off
 constexpr std::array<MeaningRow, 10> kMeanings = {{
     {ProblemKind::UnknownElement,     Weight::Error,   "The element is ignored.",        {}},
-    {ProblemKind::UnusualTileSize,    Weight::Warning, "The size is used as it is.",     Tile_TsSize},
-    {ProblemKind::UnknownTileSetType, Weight::Error,   "The tile set is dropped.",       Tile_TsType},
-    {ProblemKind::UnknownLayoutType,  Weight::Error,   "The layout is dropped.",         Attrib_Type},
+    {ProblemKind::UnusualTileSize,    Weight::Warning, "The size is used as it is. Give the edge of a cell in units, mostly 256.",     Tile_TsSize},
+    {ProblemKind::UnknownTileSetType, Weight::Error,   "The tile set is dropped. Write TsType=\"Room\" or TsType=\"Cave\".",       Tile_TsType},
+    {ProblemKind::UnknownLayoutType,  Weight::Error,   "The layout is dropped. Write Type=\"Room\" or Type=\"Cave\".",         Attrib_Type},
     {ProblemKind::LayoutTooLarge,     Weight::Error,   "The layout is refused.",         {}},
     {ProblemKind::LayoutsTooLarge,    Weight::Error,   "The layout is refused.",         {}},
     {ProblemKind::CellOutside,        Weight::Error,   "The cell is dropped.",           {}},

@@ -208,6 +208,10 @@ std::vector<std::int64_t> Drawing::HeightsOf(const DrawnCell& cell, TileDirT sid
     return heights;
 }
 
+bool Drawing::Climbs(std::int64_t height) const {
+    return std::ranges::find(rises, height) != rises.end();
+}
+
 std::optional<Edge> Drawing::Seen(const DrawnCell& cell, TileDirT side, std::int64_t height) const {
     const Edge edge = cell.shape.edges.at(side);
     if (edge == Edge::Any) {

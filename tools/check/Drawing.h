@@ -69,6 +69,8 @@ public:
     /// The element that leaves the place empty, a cell or a row that ends before it; null beyond
     /// the rows.
     const ConfigElement* EmptyAt(const Spot& at) const;
+    /// Whether stairs may climb that height.
+    bool Climbs(std::int64_t height) const;
     /// The side of a cell as it is seen from beside it at a height; none when nothing is there.
     std::optional<Edge> Seen(const DrawnCell& cell, TileDirT side, std::int64_t height) const;
     /// The heights at which a side of a cell looks for its neighbour.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/check/DrawingSurvey.h"
 
+#include <cstdlib>
 #include <map>
 #include <numeric>
 
@@ -40,6 +41,7 @@ public:
             }
         }
         JoinOverlapping();
+        FindLandings();
         for (std::size_t cell = 0; cell < drawing.Cells().size(); ++cell) {
             survey.part.push_back(parts.Of(cell));
         }
@@ -66,7 +68,10 @@ private:
 
     void File(const OpenSide& open, Edge edge) {
         const Meeting& met = open.met;
-        if (met.cell != nullptr && (met.fits || Leads(edge) || Leads(met.edge))) {
+        // Where a way ends at a wall of its own layout the wall is wrong, else the layout's place.
+        const bool meant = met.cell != nullptr && (Leads(edge) || Leads(met.edge)) &&
+                           (met.edge != Edge::Closed || met.cell->layout == open.cell->layout);
+        if (met.fits || meant) {
             parts.Join(IndexOf(*open.cell), IndexOf(*met.cell));
         }
         if (met.fits || edge == Edge::Any) {
@@ -88,6 +93,27 @@ private:
         const auto [entry, isFirst] = faced.emplace(open.beyond, open.cell);
         if (!isFirst) {
             parts.Join(IndexOf(*entry->second), IndexOf(*open.cell));
+        }
+    }
+
+    void FindLandings() {
+        std::map<std::pair<std::int64_t, std::int64_t>, std::vector<OpenSide>> across;
+        for (const OpenSide& end : survey.ends) {
+            std::vector<OpenSide>& others = across[{end.beyond.x, end.beyond.y}];
+            for (const OpenSide& other : others) {
+                AddLandings(other, end);
+                AddLandings(end, other);
+            }
+            others.push_back(end);
+        }
+    }
+
+    void AddLandings(const OpenSide& here, const OpenSide& there) {
+        const std::int64_t rise = there.beyond.z - here.beyond.z;
+        if (here.side == Opposite(there.side) && rise != 0 && drawing.Climbs(std::abs(rise)) &&
+            drawing.EmptyAt(here.beyond) != nullptr) {
+            survey.landings.push_back({here, there});
+            parts.Join(IndexOf(*here.cell), IndexOf(*there.cell));
         }
     }
 

@@ -21,8 +21,16 @@ struct OpenSide {
     Meeting met;
 };
 
+/// Two doorways that face each other across an empty place, as far above each other as stairs
+/// climb.
+struct Landings {
+    OpenSide here; ///< at the height of the empty place
+    OpenSide there;
+};
+
 struct DrawingSurvey {
     std::vector<OpenSide> gaps;
+    std::vector<Landings> landings;
     std::vector<OpenSide> ends;    ///< doorways onto nothing, by which one may come in
     std::vector<std::size_t> part; ///< of each cell: alike for those that are meant to be joined
 };

@@ -197,7 +197,7 @@ TEST_F(ConfigCheckTest, AMisspeltTypeOfATileSetIsTold) {
                     "h</HallCornerNW><HallEndN>i</HallEndN><Hall4Way>j</Hall4Way></TileSet>\n"),
               "my.xml:2:21: error: XML Parser : Unrecognized TileSet "
               "Type 'Rooms' in TileSet 'S'.\n"
-              "    The tile set is dropped.\n"
+              "    The tile set is dropped. Write TsType=\"Room\" or TsType=\"Cave\".\n"
               "    Nearest: Room\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
@@ -207,7 +207,7 @@ TEST_F(ConfigCheckTest, AMisspeltTypeOfALayoutIsTold) {
                                              "Center</Col></Row></Layout>\n"),
               "my.xml:3:24: error: XML Parser : Unrecognized Layout "
               "Type 'Roon' in Layout 'L'.\n"
-              "    The layout is dropped.\n"
+              "    The layout is dropped. Write Type=\"Room\" or Type=\"Cave\".\n"
               "    Nearest: Room\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
@@ -221,7 +221,7 @@ TEST_F(ConfigCheckTest, NamesThatReadLikeMessagesChangeNoFinding) {
                   "my.xml:4:2: error: XML Parser : Unrecognized Layout Type 'Romo' in Layout '" +
                       name +
                       "'.\n"
-                      "    The layout is dropped.\n"
+                      "    The layout is dropped. Write Type=\"Room\" or Type=\"Cave\".\n"
                       "    Nearest: Room\n"
                       "1 error, 0 warnings, 0 notes.\n");
     }
@@ -229,7 +229,8 @@ TEST_F(ConfigCheckTest, NamesThatReadLikeMessagesChangeNoFinding) {
 
 TEST_F(ConfigCheckTest, AnApostropheBelongsToTheWord) {
     EXPECT_TRUE(Tarnex::Test::Contains(Check("<TileSet TsName=\"S\" TsType=\"Roo'm\"></TileSet>\n"),
-                                       "    The tile set is dropped.\n    Nearest: Room\n"));
+                                       "    The tile set is dropped. Write TsType=\"Room\" or "
+                                       "TsType=\"Cave\".\n    Nearest: Room\n"));
 }
 
 TEST_F(ConfigCheckTest, AMisspeltTypeOfAnItemIsTold) {
@@ -257,6 +258,7 @@ TEST_F(ConfigCheckTest, LettersBehindANumberAreTold) {
     EXPECT_EQ(Check("<Rug UniqueName=\"r\" ZRotate=\"12abc\"/>\n"),
               "my.xml:2:21: warning: ZRotate \"12abc\" is no whole number\n"
               "    It is read as 12.\n"
+              "    Nearest: 12\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -273,6 +275,7 @@ TEST_F(ConfigCheckTest, AFractionIsNoWholeNumber) {
                     "<Rug UniqueName=\"r\"/>\n"),
               "my.xml:2:49: warning: Min \"1.5\" is no whole number\n"
               "    It is read as 1.\n"
+              "    Nearest: 1\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -477,7 +480,7 @@ TEST_F(ConfigCheckTest, ATileSizeOfNothingIsTold) {
                     "<HallCornerNW>h</HallCornerNW><HallEndN>"
                     "i</HallEndN><Hall4Way>j</Hall4Way></TileSet>\n"),
               "my.xml:2:21: warning: XML Parser : Unusual tile set size (0) for tile set 'S'.\n"
-              "    The size is used as it is.\n"
+              "    The size is used as it is. Give the edge of a cell in units, mostly 256.\n"
               "my.xml:2:21: warning: TsSize \"0\" is less than 1\n"
               "    The cells of a level lie one upon the other, or mirrored.\n"
               "0 errors, 2 warnings, 0 notes.\n");
@@ -523,7 +526,8 @@ TEST_F(ConfigCheckTest, ATileGivenTwiceIsTold) {
                     "i</HallEndN><Hall4Way>j</Hall4Way></TileSet>\n"),
               "my.xml:2:91: warning: TileSet : Duplicate tile 'WallE' "
               "encountered in TileSet 'S.'\n"
-              "    The later one is used, and nothing is derived from it.\n"
+              "    The later one is used, and nothing is derived from it. Remove it unless it is "
+              "meant to differ.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -646,7 +650,7 @@ TEST_F(ConfigCheckTest, ALongIdentifierOfATileIsTold) {
               "my.xml:2:73: error: Center "
               "\"abcdefghijklmnopqrstuvwxyz012345\" has an identifier of "
               "32 bytes, the game takes 31\n"
-              "    The game does not find it.\n"
+              "    The game does not find it. Shorten it.\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
 
@@ -657,7 +661,7 @@ TEST_F(ConfigCheckTest, ALongIdentifierOfAPlatformPieceIsTold) {
               "my.xml:2:27: error: Floor "
               "\"abcdefghijklmnopqrstuvwxyz012345\" has an identifier of "
               "32 bytes, the game takes 31\n"
-              "    The game does not find it.\n"
+              "    The game does not find it. Shorten it.\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
 
@@ -668,7 +672,7 @@ TEST_F(ConfigCheckTest, ALongIdentifierOfACreatureIsTold) {
               "my.xml:2:11: error: Creature "
               "\"abcdefghijklmnopqrstuvwxyz012345\" has an identifier of "
               "32 bytes, the game takes 31\n"
-              "    The game does not find it.\n"
+              "    The game does not find it. Shorten it.\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
 
@@ -677,7 +681,7 @@ TEST_F(ConfigCheckTest, ALongIdentifierOfFurnitureIsTold) {
               "my.xml:2:12: error: Furniture "
               "\"abcdefghijklmnopqrstuvwxyz012345\" has an identifier of "
               "32 bytes, the game takes 31\n"
-              "    The game does not find it.\n"
+              "    The game does not find it. Shorten it.\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
 
@@ -686,7 +690,7 @@ TEST_F(ConfigCheckTest, ALongIdentifierInAContainerIsTold) {
               "my.xml:2:8: error: Armor "
               "\"abcdefghijklmnopqrstuvwxyz012345\" has an identifier of "
               "32 bytes, the game takes 31\n"
-              "    It is cut in containers, and the game does not find it.\n"
+              "    It is cut in containers, and the game does not find it. Shorten it.\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
 
@@ -723,14 +727,14 @@ TEST_F(ConfigCheckTest, ContentWithoutIdentifierIsTold) {
 TEST_F(ConfigCheckTest, AContainerWithoutModelIsTold) {
     EXPECT_EQ(Check("<Container UniqueName=\"c\" Weight=\"5\"/>\n"),
               "my.xml:2:1: warning: Container \"c\" has no ModelFile\n"
-              "    It cannot be seen.\n"
+              "    It cannot be seen. Give the path of its model.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
 TEST_F(ConfigCheckTest, AContainerWithoutCapacityIsTold) {
     EXPECT_EQ(Check("<Container UniqueName=\"c\" ModelFile=\"m.nif\"/>\n"),
               "my.xml:2:1: warning: Container \"c\" has no capacity\n"
-              "    It takes only what weighs nothing.\n"
+              "    It takes only what weighs nothing. Give its capacity as Weight.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -759,7 +763,7 @@ TEST_F(ConfigCheckTest, TreasureWithoutContainersIsTold) {
 TEST_F(ConfigCheckTest, ATreasureOfNoKnownTypeIsTold) {
     EXPECT_EQ(Check("<Treasure Type=\"Gems\" UniqueName=\"g\"/>\n"),
               "my.xml:2:11: error: Treasure \"g\" has the unknown type \"Gems\"\n"
-              "    It is dropped without a message.\n"
+              "    It is dropped without a message. Write one of the types of treasure.\n"
               "    Nearest: Gem\n"
               "1 error, 0 warnings, 0 notes.\n");
 }
@@ -767,7 +771,8 @@ TEST_F(ConfigCheckTest, ATreasureOfNoKnownTypeIsTold) {
 TEST_F(ConfigCheckTest, ATileSetOfTheSameNameIsTold) {
     EXPECT_EQ(Check(std::string(kWholeSet) + kWholeSet),
               "my.xml:3:10: warning: TileSet \"S\" is given twice, first on line 2\n"
-              "    By name the first one is found; this one is used only by chance.\n"
+              "    By name the first one is found; this one is used only by chance. Give it "
+              "another name.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -786,7 +791,8 @@ TEST_F(ConfigCheckTest, ALayoutOfTheSameNameIsTold) {
                                              "<Layout LayoutName=\"L\" Type=\"Cave\"/>\n"
                                              "<Layout LayoutName=\"L\" Type=\"Room\"/>\n"),
               "my.xml:5:9: warning: Layout \"L\" is given twice, first on line 3\n"
-              "    By name the first one is found; this one is used only by chance.\n"
+              "    By name the first one is found; this one is used only by chance. Give it "
+              "another name.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -795,7 +801,8 @@ TEST_F(ConfigCheckTest, AThemeOfTheSameNameIsTold) {
                     "<CreatureTheme Name=\"T\" Level=\"1\"/>\n"
                     "<Theme Name=\"T\" Level=\"2\"/>\n"),
               "my.xml:4:8: warning: Theme \"T\" is given twice, first on line 2\n"
-              "    By name the first one is found; this one is used only by chance.\n"
+              "    By name the first one is found; this one is used only by chance. Give it "
+              "another name.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -811,7 +818,7 @@ TEST_F(ConfigCheckTest, ContentOfTheSameNameIsTold) {
                     "<Rug UniqueName=\"R\"/>\n"
                     "<Tapestry UniqueName=\"r\"/>\n"),
               "my.xml:3:6: warning: Rug \"R\" is given twice, first on line 2\n"
-              "    Theme items that name it find the first one.\n"
+              "    Theme items that name it find the first one. Remove one of the two.\n"
               "0 errors, 1 warning, 0 notes.\n");
 }
 
@@ -931,6 +938,14 @@ TEST_F(ConfigCheckTest, AThemeItemOfAKindWithoutContentIsAnError) {
               "my.xml:2:38: error: there is no content of the type \"Rug\"\n"
               "    The item places nothing.\n"
               "1 error, 0 warnings, 0 notes.\n");
+}
+
+TEST_F(ConfigCheckTest, ContentInsideATileSetIsToldSo) {
+    EXPECT_TRUE(Tarnex::Test::Contains(
+        Check("<TileSet TsName=\"S\" TsType=\"Room\">\n<Rug>r</Rug></TileSet>\n"),
+        "my.xml:3:1: error: Rug stands inside a tile set\n"
+        "    It is taken for a tile, and nothing is known by its name. Move it behind "
+        "</TileSet>.\n"));
 }
 
 TEST_F(ConfigCheckTest, AnItemTypeThatTheThemeIgnoresIsAnError) {

@@ -203,6 +203,21 @@ TEST_F(StairsTest, MissALayoutAtAnotherHeightAndTheRightOneIsNearest) {
               "6: no way leads to Layout \"U\" -> OffsetY=\"-2\"\n");
 }
 
+TEST_F(StairsTest, ForgottenOnesAreToldAtTheirPlace) {
+    EXPECT_EQ(FoundWith("OffsetY=\"-2\" OffsetZ=\"0.5\"", "-"),
+              "2: the cell is empty, and DoorwayN on line 3 and DoorwayS on line 8, at another "
+              "height, open to it -> StairsUpN\n");
+    EXPECT_EQ(FoundWith("OffsetY=\"-2\" OffsetZ=\"-0.5\"", "-"),
+              "2: the cell is empty, and DoorwayN on line 3 and DoorwayS on line 8, at another "
+              "height, open to it -> StairsDnN\n");
+}
+
+TEST_F(StairsTest, ThatEndAtAWallOfAnotherLayoutTellOfItsOffset) {
+    EXPECT_EQ(FoundWith("OffsetX=\"1\" OffsetY=\"-2\" OffsetZ=\"0.5\""),
+              "2: StairsUpN leads on to the north, where CornerSW on line 8 is closed\n"
+              "6: no way leads to Layout \"U\" -> OffsetX=\"0\"\n");
+}
+
 TEST_F(StairsTest, CountHeightsInCells) {
     EXPECT_EQ(FoundWith("OffsetY=\"-2\" OffsetZ=\"128\""),
               "2: StairsUpN leads on to the north, where nothing stands\n"
@@ -214,7 +229,7 @@ TEST_F(StairsTest, CountHeightsInCells) {
 
 TEST_F(StairsTest, LayoutsThatStandInEachOtherAreTold) {
     EXPECT_EQ(FoundWith("OffsetY=\"0\" OffsetZ=\"0.5\""),
-              "6: Layout \"U\" stands in Layout \"L\", in 4 cells\n");
+              "6: Layout \"U\" stands in Layout \"L\" on line 1, in 4 cells\n");
 }
 
 TEST_F(LayoutDrawingTest, ASizeThatIsNotThatOfTheRowsIsTold) {
