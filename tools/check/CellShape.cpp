@@ -47,7 +47,7 @@ std::optional<CellShape> DoorwayShape(TileKind kind) {
     if (kind.Dir() == DirNone) {
         return CellShape{CornerDoorway(kind.Name())};
     }
-    return CellShape{AllBut(Edge::Floor, kSidesOfDir.at(kind.Dir()), Edge::Doorway)};
+    return CellShape{AllBut(Edge::Floor, kSidesOfDir.at(SideIndex(kind.Dir())), Edge::Doorway)};
 }
 
 // "StairsUpN" and "StairsDnN_2" lead along an axis; the letter names the far end.
@@ -56,7 +56,7 @@ std::optional<CellShape> StairsShape(TileKind kind) {
     if (!kind.IsKnown()) {
         return std::nullopt;
     }
-    CellShape shape{AllBut(Edge::Closed, kSidesOfDir.at(kind.Dir()), Edge::Passage)};
+    CellShape shape{AllBut(Edge::Closed, kSidesOfDir.at(SideIndex(kind.Dir())), Edge::Passage)};
     shape.farSide = static_cast<TileDirT>(kLetters.find(kind.Name().at(kUp.size())));
     shape.climbs = kind.Name().starts_with(kUp) ? 1 : -1;
     return shape;
@@ -65,7 +65,7 @@ std::optional<CellShape> StairsShape(TileKind kind) {
 } // namespace
 
 std::optional<CellShape> ShapeOf(TileKind kind) {
-    const std::string_view sides = kSidesOfDir.at(kind.Dir());
+    const std::string_view sides = kSidesOfDir.at(SideIndex(kind.Dir()));
     switch (kind.Type()) {
     case TileCenter:
         return CellShape{AllBut(Edge::Floor, "", Edge::Floor)};
@@ -76,7 +76,7 @@ std::optional<CellShape> ShapeOf(TileKind kind) {
         return DoorwayShape(kind);
     case TileHallEnd:
         return CellShape{
-            AllBut(Edge::Closed, kSidesOfDir.at(Sides().at(kind.Dir()).opposite), Edge::Passage)};
+            AllBut(Edge::Closed, kSidesOfDir.at(SideIndex(Opposite(kind.Dir()))), Edge::Passage)};
     case TileHall: {
         const bool corner = kind.Dir() >= DirNW && kind.Dir() <= DirSE;
         return CellShape{corner ? AllBut(Edge::Passage, sides, Edge::Closed)
@@ -96,6 +96,10 @@ TileDirT DoorwayOf(TileKind kind) {
 
 TileDirT FittingOf(TileKind kind) {
     return kind.Type() == TileDoorway && !kind.Name().starts_with(kDoorway) ? kind.Dir() : DirNone;
+}
+
+TileDirT Opposite(TileDirT side) {
+    return Sides().at(SideIndex(side)).opposite;
 }
 
 bool Leads(Edge edge) {

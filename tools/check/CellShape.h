@@ -9,6 +9,14 @@
 
 namespace Tarnex::Report {
 
+/// The place of a side in tables of sides.
+constexpr std::size_t SideIndex(TileDirT side) {
+    return static_cast<std::size_t>(side);
+}
+
+/// The side on which the next cell has it.
+TileDirT Opposite(TileDirT side);
+
 /// One side of a cell.
 enum class Edge {
     Closed,  ///< a wall
@@ -23,6 +31,8 @@ struct CellShape {
     std::array<Edge, 4> edges{};
     TileDirT farSide = DirNone; ///< of stairs: the side that lies higher or lower
     int climbs = 0;             ///< of stairs: 1 when that side lies higher, -1 when lower
+
+    Edge On(TileDirT side) const { return edges.at(SideIndex(side)); }
 
     bool operator==(const CellShape&) const = default;
 };

@@ -9,8 +9,8 @@ namespace {
 
 // A door or frame turned to another side.
 std::string Turned(TileKind fitting, TileDirT side) {
-    const Side& to = Sides().at(side);
-    const bool door = fitting == Sides().at(fitting.Dir()).door;
+    const Side& to = Sides().at(SideIndex(side));
+    const bool door = fitting == Sides().at(SideIndex(fitting.Dir())).door;
     return std::string((door ? to.door : to.doorjamb).Name());
 }
 
@@ -21,7 +21,7 @@ void CheckFitting(const DrawnCell& cell,
     const TileKind fitting = TileKind::Of(name);
     const auto* const doorway = std::ranges::find(cell.shape.edges, Edge::Doorway);
     const bool other = doorway != cell.shape.edges.end();
-    const std::string needed(Sides().at(fitting.Dir()).doorway.Name());
+    const std::string needed(Sides().at(SideIndex(fitting.Dir())).doorway.Name());
     const bool turn = other && ShapeOf(TileKind::Of(text.piece)).has_value();
     findings.Add(
         Weight::Warning,
@@ -38,7 +38,7 @@ void CheckFittings(const DrawnCell& cell, const CellText& text, Findings& findin
     const bool floor = ShapeOf(TileKind::Of(text.piece)).has_value();
     const auto wrong = std::ranges::find_if(text.names, [&](const std::string& name) {
         const TileDirT side = FittingOf(TileKind::Of(name));
-        return side != DirNone && (!floor || cell.shape.edges.at(side) != Edge::Doorway);
+        return side != DirNone && (!floor || cell.shape.On(side) != Edge::Doorway);
     });
     if (wrong != text.names.end()) {
         CheckFitting(cell, text, *wrong, findings);

@@ -53,7 +53,7 @@ std::string SideWords(const std::vector<TileDirT>& sides) {
     std::string words;
     for (std::size_t i = 0; i < sides.size(); ++i) {
         words += i == 0 ? "" : (i + 1 == sides.size() ? " and " : ", ");
-        words += kSideNames.at(sides[i]);
+        words += kSideNames.at(SideIndex(sides[i]));
     }
     return words;
 }
@@ -76,7 +76,7 @@ std::string InWords(const std::vector<Misfit>& misfits) {
             toNothing[misfit.edge].push_back(misfit.side);
         } else {
             phrases.push_back(std::string(WordOf(misfit.edge)) + " to the " +
-                              kSideNames.at(misfit.side) + ", where " + Beyond(misfit));
+                              kSideNames.at(SideIndex(misfit.side)) + ", where " + Beyond(misfit));
         }
     }
     for (const auto& [edge, sides] : toNothing) {
@@ -104,7 +104,7 @@ const char* MeaningOf(const std::vector<Misfit>& misfits) {
 // Whether a piece at that place goes with all around it.
 bool Suits(const Drawing& drawing, const Spot& at, const CellShape& shape, bool mayLeadOut) {
     return std::ranges::all_of(Sides(), [&](const Side& side) {
-        const Edge edge = shape.edges.at(side.dir);
+        const Edge edge = shape.On(side.dir);
         const Meeting met = MeetingAt(drawing, at, side.dir, edge);
         return met.cell != nullptr ? met.fits
                                    : edge == Edge::Closed || (mayLeadOut && edge == Edge::Doorway);
@@ -170,7 +170,7 @@ void TellLandings(const DrawnLayout& drawn, const Landings& landings, Findings& 
                  "the cell is empty, and " + PieceOn(*here.cell) + " and " + PieceOn(*there.cell) +
                      ", at another height, open to it",
                  "Nobody gets from one to the other. Draw the stairs that are missing.",
-                 (up ? "StairsUp" : "StairsDn") + std::string(1, "NSEW"[farSide]));
+                 (up ? "StairsUp" : "StairsDn") + std::string(1, "NSEW"[SideIndex(farSide)]));
 }
 
 // The places that several cells open to without meeting anything there.
@@ -200,7 +200,7 @@ Misfits MisfitsOf(const DrawnLayout& drawn, const Faced& faced) {
     }
     Misfits misfits;
     for (const OpenSide* gap : gaps) {
-        const Edge edge = gap->cell->shape.edges.at(gap->side);
+        const Edge edge = gap->cell->shape.On(gap->side);
         const Meeting& met = gap->met;
         if (met.cell != nullptr && count[met.cell] > count[gap->cell]) {
             misfits[met.cell].push_back({Opposite(gap->side), met.edge, gap->cell, edge, nullptr});

@@ -64,7 +64,7 @@ Ends EndsOf(const DrawnLayout& drawn, const ConfigElement& layout) {
     Ends ends;
     for (const auto* const sides : {&drawn.survey.ends, &drawn.survey.gaps}) {
         for (const OpenSide& open : *sides) {
-            const bool leads = Leads(open.cell->shape.edges.at(open.side));
+            const bool leads = Leads(open.cell->shape.On(open.side));
             auto& list = IsInside(drawn.tree, open.cell->layout, layout) ? ends.own : ends.others;
             if (leads && list.size() < kMostEnds) {
                 list.push_back(open);

@@ -59,7 +59,7 @@ CellShape Floorless(const std::vector<std::string>& names) {
         names, [](const std::string& name) { return FittingOf(TileKind::Of(name)) != DirNone; });
     if (fittings && !names.empty()) {
         shape.edges.fill(Edge::Floor);
-        shape.edges.at(FittingOf(TileKind::Of(names.front()))) = Edge::Doorway;
+        shape.edges.at(SideIndex(FittingOf(TileKind::Of(names.front())))) = Edge::Doorway;
     }
     return shape;
 }
@@ -67,12 +67,8 @@ CellShape Floorless(const std::vector<std::string>& names) {
 } // namespace
 
 Spot Beside(const Spot& at, TileDirT side) {
-    const DiPos& step = Sides().at(side).step;
+    const DiPos& step = Sides().at(SideIndex(side)).step;
     return {at.x + step.x * Spot::kCell, at.y + step.y * Spot::kCell, at.z};
-}
-
-TileDirT Opposite(TileDirT side) {
-    return Sides().at(side).opposite;
 }
 
 bool Overlap(const Spot& lower, const Spot& upper) {
@@ -213,7 +209,7 @@ bool Drawing::Climbs(std::int64_t height) const {
 }
 
 std::optional<Edge> Drawing::Seen(const DrawnCell& cell, TileDirT side, std::int64_t height) const {
-    const Edge edge = cell.shape.edges.at(side);
+    const Edge edge = cell.shape.On(side);
     if (edge == Edge::Any) {
         return edge;
     }

@@ -23,8 +23,6 @@ struct Spot {
 
 /// The place of the next cell on a side.
 Spot Beside(const Spot& at, TileDirT side);
-/// The side from which that one is seen.
-TileDirT Opposite(TileDirT side);
 
 /// Whether two cells there, the second not below the first, stand in each other.
 bool Overlap(const Spot& lower, const Spot& upper);

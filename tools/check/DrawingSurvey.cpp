@@ -50,7 +50,7 @@ public:
 
 private:
     void Look(const DrawnCell& cell, TileDirT side) {
-        const Edge edge = cell.shape.edges.at(side);
+        const Edge edge = cell.shape.On(side);
         if (edge == Edge::Closed) {
             return;
         }
