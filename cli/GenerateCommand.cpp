@@ -60,6 +60,9 @@ ExitStatus GenerateOne(const GenerateOptions& given, const Console& console) {
     }
     run.Close();
     run.Show();
+    if (run.report.interior && !options.quiet) {
+        console.Say(InteriorLine(*run.report.interior));
+    }
     if (!options.quiet) {
         for (const std::string& line : LevelLines(run.report.levels)) {
             console.Say(line);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/LevelLines.h"
 
+#include "tools/text/Words.h"
+
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>
@@ -70,6 +72,12 @@ std::string GivenUp(const LevelReport& level) {
            " rooms these could not be joined: " + JoinWords(halls) + "; " + Cure(level);
 }
 
+std::string WalkWords(std::size_t reachable, std::size_t rooms, std::uint64_t openings) {
+    return std::to_string(reachable) + " of " + Report::Counted(rooms, "room") +
+           " can be reached, " + std::to_string(openings) +
+           (openings == 1 ? " opening leads" : " openings lead") + " nowhere";
+}
+
 std::string Unreachable(const LevelReport& level) {
     std::vector<std::string> places;
     for (const RoomReport& room : level.rooms) {
@@ -88,11 +96,8 @@ std::vector<std::string> LevelLines(const GenReport& report) {
     std::vector<std::string> lines;
     for (const LevelReport& level : report.levels) {
         if (level.made) {
-            lines.push_back(LevelName(level) + ": " + std::to_string(level.ReachableRooms()) +
-                            " of " + std::to_string(level.rooms.size()) +
-                            " rooms can be reached, " + std::to_string(level.openEnds) +
-                            (level.openEnds == 1 ? " opening leads" : " openings lead") +
-                            " nowhere");
+            lines.push_back(LevelName(level) + ": " +
+                            WalkWords(level.ReachableRooms(), level.rooms.size(), level.openEnds));
         }
     }
     return lines;
@@ -112,6 +117,23 @@ std::vector<std::string> LevelWarnings(const GenReport& report) {
                               "for it, or its tile set has no door");
     }
     return warnings;
+}
+
+std::string InteriorLine(const InteriorReport& interior) {
+    return WalkWords(
+        interior.rooms - interior.unreachable.size(), interior.rooms, interior.openings);
+}
+
+std::vector<std::string> InteriorWarnings(const InteriorReport& interior) {
+    std::vector<std::string> numbers;
+    for (const std::size_t number : interior.unreachable) {
+        numbers.push_back(std::to_string(number));
+    }
+    if (numbers.empty()) {
+        return {};
+    }
+    return {(numbers.size() == 1 ? "room " : "rooms ") + JoinWords(numbers) +
+            " of the map cannot be reached from room 1; vaultry map shows where"};
 }
 
 std::vector<std::string> ArrivalWarnings(const std::vector<Arrival>& arrivals) {

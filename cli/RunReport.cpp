@@ -155,6 +155,9 @@ std::string ToJson(const RunReport& report) {
     json["cells"] = CellsJson(report);
     json["levels"] = Report::LevelsJson(report.levels);
     json["arrivals"] = Report::ArrivalsJson(report.arrivals);
+    if (report.interior) {
+        json["walkable"] = report.interior->unreachable.empty();
+    }
     if (!report.options.fixed) {
         json["walkable"] = report.levels.IsWalkable();
         json["tries"] = report.tries;

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,13 @@ struct CellReport {
     std::uint64_t teleports = 0; ///< doors that lead elsewhere
 };
 
+/// How one walks in a fixed interior, by the numbers that its areas have on maps.
+struct InteriorReport {
+    std::size_t rooms = 0;
+    std::vector<std::size_t> unreachable; ///< from 1
+    std::uint64_t openings = 0;           ///< onto nothing; ways in are none
+};
+
 /// Everything that is said about a run. All text is UTF-8.
 struct RunReport {
     GenerateOptions options; ///< with seed and stamp as they were used
@@ -31,9 +39,10 @@ struct RunReport {
     std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
     std::vector<WrittenFile> maps;
     std::vector<CellReport> cells;
-    GenReport levels;              ///< of random levels; without any for a fixed interior
-    std::vector<Arrival> arrivals; ///< of the levels, where one can arrive
-    std::uint32_t tries = 1;       ///< seeds tried
+    GenReport levels;                       ///< of random levels; without any for a fixed interior
+    std::optional<InteriorReport> interior; ///< of a fixed interior that was made
+    std::vector<Arrival> arrivals;          ///< of the levels, where one can arrive
+    std::uint32_t tries = 1;                ///< seeds tried
     std::uint64_t containers = 0;
     std::uint64_t entries = 0; ///< inventory entries of all containers
     std::vector<std::string> errors;

@@ -8,6 +8,8 @@
 
 #include <vaultry/run/Run.h>
 
+#include <bit>
+
 namespace Tarnex::Cli {
 
 namespace {
@@ -41,6 +43,19 @@ void CheckNames(GenMgr& manager, GenerateOptions& options) {
         throw UsageError(std::string("the configuration has no ") + row->choice->what + " \"" +
                          name + "\"; " + OfferNames(name, ToUtf8(row->choice->names(manager))));
     }
+}
+
+InteriorReport InteriorOf(const Report::LevelMap& map) {
+    InteriorReport interior{map.rooms.size(), {}, 0};
+    for (std::size_t i = 0; i < map.rooms.size(); ++i) {
+        if (!map.rooms[i].reachable) {
+            interior.unreachable.push_back(i + 1);
+        }
+    }
+    for (const Report::MapCell& cell : map.cells) {
+        interior.openings += static_cast<unsigned>(std::popcount(cell.loose));
+    }
+    return interior;
 }
 
 // Why a file could not be written; empty when it was.
@@ -87,7 +102,8 @@ bool VerbRun::Configure(std::string* copy) try {
 
 void VerbRun::Generate() {
     const GenerateOptions& options = report.options;
-    const bool drawn = !options.out || options.maps.AreWanted();
+    // A fixed interior is judged by its map.
+    const bool drawn = options.fixed || !options.out || options.maps.AreWanted();
     ConsoleStatus status(
         console.Progress(options.quiet), Signals(), options.fixed ? 1 : options.numLevels);
     manager.SetJobStatus(&status);
@@ -102,6 +118,9 @@ void VerbRun::Generate() {
             AddArrivals(maps->Maps(), report.arrivals);
         }
         AddTreasure(maps->Maps(), manager.mod);
+        if (options.fixed && !maps->Maps().empty()) {
+            report.interior = InteriorOf(maps->Maps().front());
+        }
         report.result = options.out            ? Ending::Written
                         : maps->Maps().empty() ? Ending::Refused
                                                : Ending::Drawn;
@@ -154,6 +173,9 @@ void VerbRun::Show() {
     report.errors = log.Errors();
     console.Show(report.errors);
     Warn(LevelWarnings(report.levels));
+    if (report.interior) {
+        Warn(InteriorWarnings(*report.interior));
+    }
     Warn(ArrivalWarnings(report.arrivals));
 }
 

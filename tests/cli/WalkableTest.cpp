@@ -65,11 +65,6 @@ TEST_F(WalkableTest, QuietSaysNothingOfWalkableLevels) {
     EXPECT_EQ(outcome.err, "");
 }
 
-TEST_F(WalkableTest, AFixedInteriorHasNoLevelLines) {
-    const Outcome outcome = Run({"generate", "--fixed"});
-    EXPECT_FALSE(Contains(outcome.err, "rooms can be reached"));
-}
-
 TEST_F(WalkableTest, ALevelThatWasGivenUpIsExplained) {
     const Outcome outcome = Run(GivenUp());
     EXPECT_EQ(outcome.status, 0);
@@ -179,7 +174,7 @@ TEST(LevelLinesTest, OneOpeningIsSingular) {
     GenReport report;
     report.levels = {MadeLevel(2, {{{}, {}, {}, true}}, 1)};
     EXPECT_EQ(Cli::LevelLines(report),
-              Lines{"level 2: 1 of 1 rooms can be reached, 1 opening leads nowhere"});
+              Lines{"level 2: 1 of 1 room can be reached, 1 opening leads nowhere"});
 }
 
 TEST(LevelLinesTest, RoomsOutOfReachAreNamedByColumnAndRow) {

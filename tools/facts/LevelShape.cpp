@@ -219,7 +219,7 @@ void CountCells(const LevelMap& map, LevelShape& shape) {
     for (const MapCell& cell : map.cells) {
         shape.area += cell.tile != PlanTile::Empty ? 1U : 0U;
         for (const Side& side : Sides()) {
-            shape.openings += Has(cell.loose, side.dir) ? 1U : 0U;
+            shape.openings += Has(cell.loose | cell.waysIn, side.dir) ? 1U : 0U;
         }
     }
 }

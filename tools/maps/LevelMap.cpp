@@ -129,6 +129,8 @@ LevelMap MapOf(const FinishedLevel& level) {
         AddRooms(map, *level.report, low);
     } else {
         NumberAreas(map);
+        JudgeReach(map);
+        MarkWaysIn(map);
     }
     return map;
 }
@@ -196,6 +198,9 @@ std::string CellWords(const LevelMap& map, const MapCell& cell, ListedItems& lis
     }
     if (cell.platform) {
         Append(text, "Platform");
+    }
+    if (cell.waysIn != 0) {
+        Append(text, "Way in");
     }
     if (cell.loose != 0) {
         Append(text, "Opens onto nothing");

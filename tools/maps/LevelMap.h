@@ -39,7 +39,8 @@ struct MapContent {
 
 /// One cell of a map: what is planned there, and what is drawn besides. All text is UTF-8.
 struct MapCell : PlanCell {
-    bool door = false; ///< the doorway has a leaf
+    bool door = false;   ///< the doorway has a leaf
+    SideBits waysIn = 0; ///< doorways by which a fixed interior is to be joined to the world
     bool platform = false;
     std::string leadsTo{};            ///< the level behind a teleporting door
     std::vector<std::string> tiles{}; ///< kinds of the pieces

@@ -69,6 +69,13 @@ void NumberAreas(LevelMap& map) {
     }
 }
 
+void MarkWaysIn(LevelMap& map) {
+    for (MapCell& cell : map.cells) {
+        cell.waysIn = static_cast<SideBits>(cell.loose & cell.doorway);
+        cell.loose = static_cast<SideBits>(cell.loose & ~unsigned{cell.doorway});
+    }
+}
+
 void JudgeReach(LevelMap& map) {
     const std::vector<bool> reached = ReachedRooms(map, map.rooms.size());
     for (std::size_t i = 0; i < map.rooms.size(); ++i) {

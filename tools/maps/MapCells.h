@@ -14,6 +14,9 @@ MapCell DrawnCell(const GridElmt& elmt);
 /// For a map without rooms: numbers the areas of floor between doorways, row by row.
 void NumberAreas(LevelMap& map);
 
+/// For the map of a fixed interior: its doorways onto nothing are what it is entered by.
+void MarkWaysIn(LevelMap& map);
+
 /// Marks the rooms that cannot be walked to from the first one.
 void JudgeReach(LevelMap& map);
 

@@ -37,6 +37,7 @@ Json CellJson(const MapCell& cell) {
             {"open", Letters(cell.open)},
             {"doorway", Letters(cell.doorway)},
             {"onto-nothing", Letters(cell.loose)},
+            {"way-in", Letters(cell.waysIn)},
             {"door", cell.door},
             {"leads-to", cell.teleport ? Json(cell.leadsTo) : Json(nullptr)},
             {"platform", cell.platform},

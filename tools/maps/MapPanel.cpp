@@ -39,6 +39,9 @@ constexpr BySide kHallClosed = {{{6, 6, "h12"}, {6, 18, "h12"}, {18, 6, "v12"}, 
 // Outside, where no door covers them.
 constexpr BySide kWarnings = {
     {{6, -4.2, "h12"}, {6, 28.2, "h12"}, {28.2, 6, "v12"}, {-4.2, 6, "v12"}}};
+// Arrows from outside.
+constexpr BySide kWaysIn = {
+    {{12, -4, "l-5 -8h10z"}, {12, 28, "l-5 8h10z"}, {28, 12, "l8 -5v10z"}, {-4, 12, "l-8 -5v10z"}}};
 constexpr BySide kDoors = {{{6, -2.5, "h12v5h-12z"},
                             {6, 21.5, "h12v5h-12z"},
                             {21.5, 6, "h5v12h-5z"},
@@ -203,6 +206,7 @@ std::string Doors(const LevelMap& map) {
     PathData doors;
     PathData teleports;
     ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
+        teleports.Add(at, kWaysIn, cell.waysIn);
         if (cell.door) {
             (cell.teleport ? teleports : doors).Add(at, kDoors, cell.doorway);
         }

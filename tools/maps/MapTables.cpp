@@ -22,6 +22,7 @@ struct RoomSums {
     std::uint64_t doors = 0;
     std::uint64_t doorways = 0;
     std::uint64_t loose = 0;
+    std::uint64_t waysIn = 0;
     std::map<RefSort, Counts> contents;
     std::vector<std::string> leads;
 };
@@ -48,6 +49,7 @@ void AddCell(RoomSums& sums, const MapCell& cell) {
     sums.doorways += cell.doorway != 0 && !cell.door ? 1 : 0;
     for (unsigned side = 0; side < 4; ++side) {
         sums.loose += cell.loose >> side & 1U;
+        sums.waysIn += cell.waysIn >> side & 1U;
     }
     if (cell.teleport) {
         sums.leads.push_back(cell.leadsTo.empty() ? "the outside" : cell.leadsTo);
@@ -91,6 +93,9 @@ std::string Remarks(const RoomSums& sums, bool reachable) {
     std::string remarks;
     for (const std::string& level : sums.leads) {
         AddRemark(remarks, "door to " + ForMarkup(level));
+    }
+    if (sums.waysIn > 0) {
+        AddRemark(remarks, sums.waysIn == 1 ? "way in" : Counted(sums.waysIn, "way") + " in");
     }
     if (sums.loose > 0) {
         AddRemark(remarks, "<strong>" + Counted(sums.loose, "opening") + " onto nothing</strong>");

@@ -157,6 +157,9 @@ Pair PairOf(const LevelMap& map, const MapCell& cell) {
     if (map.ArrivalCell() == &cell) {
         Free(pair, cell) = {"@", Ink::Arrival};
     }
+    if (cell.waysIn != 0) {
+        pair.right = {"^", Ink::Teleport};
+    }
     if (cell.loose != 0) {
         pair.right = {"!", Ink::Warning};
     }
@@ -208,13 +211,18 @@ void PrintRemarks(const LevelMap& map, std::ostream& out) {
         out << "@ " << ConsoleLine(*map.arrival) << '\n';
     }
     std::size_t loose = 0;
+    std::size_t waysIn = 0;
     for (const MapCell& cell : map.cells) {
         if (cell.teleport) {
             out << "» leads to " << (cell.leadsTo.empty() ? "the outside" : cell.leadsTo) << '\n';
         }
         for (unsigned side = 0; side < 4; ++side) {
             loose += cell.loose >> side & 1U;
+            waysIn += cell.waysIn >> side & 1U;
         }
+    }
+    if (waysIn > 0) {
+        out << "^ way in: " << Counted(waysIn, "doorway") << '\n';
     }
     for (std::size_t i = 0; i < map.rooms.size(); ++i) {
         if (!map.rooms[i].reachable) {
