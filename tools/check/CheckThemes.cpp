@@ -117,7 +117,7 @@ bool IsTheme(const ConfigElement& element) {
 }
 
 void CheckTheme(const ConfigTree& tree, const ConfigElement& theme, Findings& findings) {
-    const Elements inside = tree.Inside(theme);
+    const Elements& inside = tree.Inside(theme);
     if (std::ranges::none_of(inside, [](const ConfigElement* item) {
             return item->element == ElementClass::ThemeItem;
         })) {

@@ -27,6 +27,7 @@ std::vector<Part> PartsOf(const DrawnLayout& drawn) {
         parts[drawn.survey.part[i]].push_back(&cells[i]);
     }
     std::vector<Part> list;
+    list.reserve(parts.size());
     for (auto& [number, part] : parts) {
         list.push_back(std::move(part));
     }

@@ -126,7 +126,9 @@ const ConfigAttribute* FarOffset(const ConfigElement& layout, const ConfigElemen
     return nullptr;
 }
 
-Drawing::Drawing(const ConfigTree& tree, const ConfigElement& layout, std::vector<double> heights) {
+Drawing::Drawing(const ConfigTree& tree,
+                 const ConfigElement& layout,
+                 const std::vector<double>& heights) {
     for (const double height : heights) {
         rises.push_back(Parts(height));
     }

@@ -18,7 +18,8 @@ struct Spot {
     std::int64_t y = 0;
     std::int64_t z = 0;
 
-    auto operator<=>(const Spot&) const = default;
+    // The linter takes a zero that the compiler puts there for a pointer.
+    auto operator<=>(const Spot&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// The place of the next cell on a side.
@@ -54,7 +55,9 @@ Elements ColsOf(const ConfigTree& tree, const ConfigElement& row);
 class Drawing {
 public:
     /// `heights` are those that stairs may climb, in cells.
-    Drawing(const ConfigTree& tree, const ConfigElement& layout, std::vector<double> heights);
+    Drawing(const ConfigTree& tree,
+            const ConfigElement& layout,
+            const std::vector<double>& heights);
 
     const std::vector<DrawnCell>& Cells() const { return cells; }
     /// Whose shapes may be changed, not their places.
