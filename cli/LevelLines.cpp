@@ -78,16 +78,24 @@ std::string WalkWords(std::size_t reachable, std::size_t rooms, std::uint64_t op
            (openings == 1 ? " opening leads" : " openings lead") + " nowhere";
 }
 
+// "room 3" or "rooms 3, 5", by their numbers on the map.
+std::string Numbered(const std::vector<std::size_t>& rooms) {
+    std::vector<std::string> numbers;
+    for (const std::size_t room : rooms) {
+        numbers.push_back(std::to_string(room));
+    }
+    return (rooms.size() == 1 ? "room " : "rooms ") + JoinWords(numbers);
+}
+
 std::string Unreachable(const LevelReport& level) {
-    std::vector<std::string> places;
-    for (const RoomReport& room : level.rooms) {
-        if (!room.reachable) {
-            places.push_back(RoomAt(room.slot));
+    std::vector<std::size_t> rooms;
+    for (std::size_t i = 0; i < level.rooms.size(); ++i) {
+        if (!level.rooms[i].reachable) {
+            rooms.push_back(i + 1);
         }
     }
-    const char* noun = places.size() == 1 ? "the room at " : "the rooms at ";
-    return LevelName(level) + ": " + noun + JoinWords(places) +
-           " cannot be reached; try another --seed, or --ensure-walkable";
+    return LevelName(level) + ": " + Numbered(rooms) +
+           " of the map cannot be reached; try another --seed, or --ensure-walkable";
 }
 
 } // namespace
@@ -125,14 +133,10 @@ std::string InteriorLine(const InteriorReport& interior) {
 }
 
 std::vector<std::string> InteriorWarnings(const InteriorReport& interior) {
-    std::vector<std::string> numbers;
-    for (const std::size_t number : interior.unreachable) {
-        numbers.push_back(std::to_string(number));
-    }
-    if (numbers.empty()) {
+    if (interior.unreachable.empty()) {
         return {};
     }
-    return {(numbers.size() == 1 ? "room " : "rooms ") + JoinWords(numbers) +
+    return {Numbered(interior.unreachable) +
             " of the map cannot be reached from room 1; vaultry map shows where"};
 }
 

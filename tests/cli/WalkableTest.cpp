@@ -177,13 +177,13 @@ TEST(LevelLinesTest, OneOpeningIsSingular) {
               Lines{"level 2: 1 of 1 room can be reached, 1 opening leads nowhere"});
 }
 
-TEST(LevelLinesTest, RoomsOutOfReachAreNamedByColumnAndRow) {
+TEST(LevelLinesTest, RoomsOutOfReachHaveTheirNumbersOnTheMap) {
     GenReport report;
     report.levels = {MadeLevel(
         1, {{{0, 0, 0}, {}, {}, true}, {{2, 1, 0}, {}, {}, false}, {{0, 3, 0}, {}, {}, false}}, 0)};
     EXPECT_EQ(Cli::LevelWarnings(report),
-              Lines{"level 1: the rooms at column 3 row 2, column 1 row 4 cannot be reached; try "
-                    "another --seed, or --ensure-walkable"});
+              Lines{"level 1: rooms 2, 3 of the map cannot be reached; try another --seed, or "
+                    "--ensure-walkable"});
 }
 
 TEST(LevelLinesTest, LevelsWithoutADoorBetweenThemAreWarnedOf) {
