@@ -3,6 +3,7 @@
 
 #include "tools/text/Words.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -169,22 +170,37 @@ Pair PairOf(const LevelMap& map, const MapCell& cell) {
     return pair;
 }
 
-// The number stands in the first cell of the room that is nothing but floor. `pairs` are those of
-// the map's cells.
+bool IsOpenFloor(const MapCell& cell) {
+    return cell.open == 0xF && cell.doorway == 0 && cell.tile == PlanTile::Room;
+}
+
+bool IsBareFloor(const MapCell& cell) {
+    return IsOpenFloor(cell) && cell.contents.empty();
+}
+
+bool IsFloorWithRugs(const MapCell& cell) {
+    return IsOpenFloor(cell) && std::ranges::all_of(cell.contents, [](const MapContent& content) {
+               return content.sort == RefSort::Rug;
+           });
+}
+
+// The number stands in the first cell of the room that is nothing but floor; where there is none,
+// in the first with nothing but rugs. `pairs` are those of the map's cells.
 void PutNumbers(const LevelMap& map, std::vector<Pair>& pairs) {
     std::vector<bool> numbered(map.rooms.size() + 1, false);
     numbered[0] = true;
-    for (std::size_t i = 0; i < map.cells.size(); ++i) {
-        const MapCell& cell = map.cells[i];
-        if (numbered[cell.room] || cell.open != 0xF || cell.doorway != 0 ||
-            !cell.contents.empty() || cell.tile != PlanTile::Room || &cell == map.ArrivalCell()) {
-            continue;
+    for (const auto& fits : {IsBareFloor, IsFloorWithRugs}) {
+        for (std::size_t i = 0; i < map.cells.size(); ++i) {
+            const MapCell& cell = map.cells[i];
+            if (numbered[cell.room] || !fits(cell) || &cell == map.ArrivalCell()) {
+                continue;
+            }
+            numbered[cell.room] = true;
+            const Ink ink = map.IsReachable(cell) ? Ink::Number : Ink::Warning;
+            const std::string number = std::to_string(cell.room);
+            pairs[i].left = {number.substr(0, 1), ink};
+            pairs[i].right = {number.size() > 1 ? number.substr(1) : " ", ink};
         }
-        numbered[cell.room] = true;
-        const Ink ink = map.IsReachable(cell) ? Ink::Number : Ink::Warning;
-        const std::string number = std::to_string(cell.room);
-        pairs[i].left = {number.substr(0, 1), ink};
-        pairs[i].right = {number.size() > 1 ? number.substr(1) : " ", ink};
     }
 }
 
