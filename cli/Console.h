@@ -2,6 +2,8 @@
 // Where the program writes.
 #pragma once
 
+#include "tools/maps/MapText.h"
+
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -14,7 +16,7 @@ struct Console {
     std::ostream& out;          ///< results
     std::ostream& err;          ///< everything that is said about the run
     bool errIsTerminal = false; ///< progress is shown to people only
-    bool outInColour = false;   ///< escape sequences for colours may be written
+    Report::TextPage page{};    ///< that results are printed on
 
     /// One line of the program's own on standard error, harmless whatever names and paths hold.
     void Say(std::string_view line) const;

@@ -40,7 +40,7 @@ Report::MapCaption CaptionOf(const GenerateOptions& options) {
 
 void PrintMaps(Report::MapLevels& levels, const Console& console) {
     for (std::size_t i = 0; i < levels.Count(); ++i) {
-        Report::PrintMap(levels.Level(i), console.outInColour, console.out);
+        Report::PrintMap(levels.Level(i), console.page, console.out);
         console.out << '\n';
     }
     Report::PrintMapLegend(console.out);

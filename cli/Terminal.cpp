@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <initializer_list>
+#include <string_view>
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -13,6 +14,7 @@
 
 #include <shellapi.h>
 #else
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
@@ -45,6 +47,13 @@ void SwitchOnColours(DWORD stream) {
     }
 }
 
+// 0 when the stream is no console.
+std::size_t ColumnsOf(DWORD stream) {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    const bool known = GetConsoleScreenBufferInfo(GetStdHandle(stream), &info) != 0;
+    return known ? static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1) : 0;
+}
+
 constexpr DWORD kOut = STD_OUTPUT_HANDLE;
 constexpr DWORD kErr = STD_ERROR_HANDLE;
 
@@ -66,6 +75,12 @@ bool ShowsColours(int stream) {
     return IsTerminal(stream);
 }
 
+// 0 when the stream is no terminal.
+std::size_t ColumnsOf(int stream) {
+    winsize size{};
+    return ioctl(stream, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
 constexpr int kOut = STDOUT_FILENO;
 constexpr int kErr = STDERR_FILENO;
 
@@ -77,9 +92,13 @@ bool StandardErrorIsTerminal() {
     return IsTerminal(kErr);
 }
 
-bool StandardOutputTakesColour() {
-    const char* const refused = std::getenv("NO_COLOR");
-    return ShowsColours(kOut) && (refused == nullptr || *refused == '\0');
+Report::TextPage StandardOutputPage() {
+    const auto variable = [](const char* name) {
+        const char* const value = std::getenv(name);
+        return std::string_view(value == nullptr ? "" : value);
+    };
+    const bool takesColour = variable("NO_COLOR").empty() && variable("TERM") != "dumb";
+    return {takesColour && ShowsColours(kOut), ColumnsOf(kOut)};
 }
 
 #ifdef _WIN32

@@ -2,6 +2,8 @@
 // What the standard library cannot tell about the program's words and streams.
 #pragma once
 
+#include "tools/maps/MapText.h"
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,9 +18,9 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 /// Whether standard error is shown to somebody rather than kept.
 bool StandardErrorIsTerminal();
 
-/// Whether standard output is a terminal that shows colours and whose owner did not refuse them by
-/// NO_COLOR.
-bool StandardOutputTakesColour();
+/// What standard output is: a terminal with its columns, which shows colours unless its owner
+/// refused them by NO_COLOR or it is too simple (TERM=dumb), or a file or pipe of any width.
+Report::TextPage StandardOutputPage();
 
 /// While the answer lives, what is written to the standard streams arrives as it is: without
 /// changed line ends in a file or pipe, and in a console as UTF-8 with the meaning of escape

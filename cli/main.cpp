@@ -49,7 +49,7 @@ int main(int argc, char** argv) try {
     const Tarnex::Cli::Console console{std::cout,
                                        std::cerr,
                                        Tarnex::Cli::StandardErrorIsTerminal(),
-                                       Tarnex::Cli::StandardOutputTakesColour()};
+                                       Tarnex::Cli::StandardOutputPage()};
     const int status =
         Tarnex::Cli::RunCommandLine(Tarnex::Cli::ProgramArguments(argc, argv), console);
     Tarnex::Cli::EndProcessBesideThreads(status);

@@ -92,7 +92,7 @@ std::string Drawn(vaultry_generator& generator) {
 std::string Text(vaultry_generator& generator) {
     std::ostringstream out;
     for (const Report::LevelMap& map : RunOf(generator).maps->Maps()) {
-        Report::PrintMap(map, false, out);
+        Report::PrintMap(map, {}, out);
         out << '\n';
     }
     return std::move(out).str();

@@ -68,7 +68,7 @@ void Draw(const PluginFile& file, std::ostream& out) {
     const Report::MapCaption caption{0, "", "", "fuzz.esp"};
     const Report::MapSurvey survey = Report::SurveyOf(levels);
     for (std::size_t i = 0; i < levels.Count(); ++i) {
-        Report::PrintMap(levels.Level(i), true, out);
+        Report::PrintMap(levels.Level(i), {true, 40}, out);
     }
     Report::SvgDocument(survey, caption)
         .Write(levels, Report::MapLook::Auto, Report::MapTitles::Yes, out);

@@ -204,7 +204,66 @@ void PutNumbers(const LevelMap& map, std::vector<Pair>& pairs) {
     }
 }
 
-void PrintRow(const std::vector<Glyph>& row, bool colour, std::ostream& out) {
+using Row = std::vector<Glyph>;
+
+// Of the two characters of a cell the one that tells more: marks before walls, walls before floor.
+Row Halved(Row row) {
+    const auto tells = [](const Glyph& glyph) {
+        const bool bare = glyph.text == " " || glyph.text == "·";
+        return bare ? 0 : glyph.ink == Ink::Wall || glyph.ink == Ink::Hall ? 1 : 2;
+    };
+    row.resize((row.size() + 1) / 2 * 2);
+    Row half;
+    for (std::size_t i = 0; i < row.size(); i += 2) {
+        half.push_back(std::move(row[tells(row[i + 1]) > tells(row[i]) ? i + 1 : i]));
+    }
+    return half;
+}
+
+// The rows up to the last with something in it.
+std::vector<Row> RowsOf(const LevelMap& map, std::vector<Pair> pairs) {
+    std::vector<Row> rows;
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        const MapCell& cell = map.cells[i];
+        if (cell.tile != PlanTile::Empty || !cell.contents.empty()) {
+            rows.resize(static_cast<std::size_t>(cell.place.y) + 1);
+            Row& row = rows.back();
+            row.resize(2 * static_cast<std::size_t>(cell.place.x));
+            row.push_back(std::move(pairs[i].left));
+            row.push_back(std::move(pairs[i].right));
+        }
+    }
+    return rows;
+}
+
+std::size_t WidthOf(const std::vector<Row>& rows) {
+    std::size_t width = 0;
+    for (const Row& row : rows) {
+        width = std::max(width, row.size());
+    }
+    return width;
+}
+
+// Returns what there is to say about it.
+std::string Fit(std::vector<Row>& rows, std::size_t columns) {
+    const std::size_t wanted = WidthOf(rows);
+    if (columns == 0 || wanted <= columns) {
+        return {};
+    }
+    for (Row& row : rows) {
+        row = Halved(std::move(row));
+        if (row.size() > columns) {
+            row.resize(columns);
+            row.back() = {">", Ink::Warning};
+        }
+    }
+    return std::string("> ") +
+           ((wanted + 1) / 2 > columns ? "cut: the map goes on to the east"
+                                       : "one character for a cell") +
+           "; on " + Counted(wanted, "column") + " it is drawn in full, or with --map\n";
+}
+
+void PrintRow(const Row& row, bool colour, std::ostream& out) {
     std::size_t length = row.size();
     while (length > 0 && row[length - 1].text == " ") {
         --length;
@@ -255,7 +314,7 @@ void PrintRemarks(const LevelMap& map, std::ostream& out) {
 
 } // namespace
 
-void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
+void PrintMap(const LevelMap& map, const TextPage& page, std::ostream& out) {
     out << map.name << " (" << map.tileSet << (map.tileSet.empty() ? "" : ", ")
         << "north is up, a cell is " << std::to_string(map.tileSize) << " units)\n";
     std::vector<Pair> pairs;
@@ -263,23 +322,12 @@ void PrintMap(const LevelMap& map, bool colour, std::ostream& out) {
         pairs.push_back(PairOf(map, cell));
     }
     PutNumbers(map, pairs);
-    std::size_t rows = 0; // up to the last with something in it
-    for (const MapCell& cell : map.cells) {
-        if (cell.tile != PlanTile::Empty || !cell.contents.empty()) {
-            rows = static_cast<std::size_t>(cell.place.y) + 1;
-        }
+    std::vector<Row> rows = RowsOf(map, std::move(pairs));
+    const std::string remark = Fit(rows, page.columns);
+    for (const Row& row : rows) {
+        PrintRow(row, page.colour, out);
     }
-    std::size_t next = 0;
-    for (std::size_t y = 0; y < rows; ++y) {
-        std::vector<Glyph> row;
-        for (; next < pairs.size() && static_cast<std::size_t>(map.cells[next].place.y) == y;
-             ++next) {
-            row.resize(2 * static_cast<std::size_t>(map.cells[next].place.x));
-            row.push_back(std::move(pairs[next].left));
-            row.push_back(std::move(pairs[next].right));
-        }
-        PrintRow(row, colour, out);
-    }
+    out << remark;
     PrintRemarks(map, out);
 }
 

@@ -150,7 +150,7 @@ void ForEachOutput(const Report::LoadedPlugin& plugin,
     const Report::MapSurvey survey = Report::SurveyOf(levels);
     visit("map", [&](std::ostream& out) {
         for (std::size_t i = 0; i < levels.Count(); ++i) {
-            Report::PrintMap(levels.Level(i), false, out);
+            Report::PrintMap(levels.Level(i), {}, out);
         }
     });
     visit("map .svg", [&](std::ostream& out) {

@@ -11,9 +11,9 @@ namespace Tarnex::Test {
 
 namespace {
 
-std::string Printed(const Report::LevelMap& map, bool colour) {
+std::string Printed(const Report::LevelMap& map, bool colour, std::size_t columns = 0) {
     std::ostringstream out;
-    Report::PrintMap(map, colour, out);
+    Report::PrintMap(map, {colour, columns}, out);
     return out.str();
 }
 
@@ -25,6 +25,36 @@ TEST(MapTextTest, DrawsRoomsHallsStairsDoorsAndContents) {
               "┗━+━*┛\n"
               "  └──!\n"
               "! onto nothing: 1 opening\n");
+}
+
+TEST(MapTextTest, AMapAsWideAsThePageIsDrawnInFull) {
+    EXPECT_EQ(Printed(SampleMap(), false, 8), Printed(SampleMap(), false));
+}
+
+TEST(MapTextTest, AMapWiderThanThePageHasOneCharacterForACell) {
+    const std::string text =
+        "Vault <1> & more (Stone, north is up, a cell is 256 units)\n"
+        "$t━≡\n"
+        "┃1&\n"
+        "┗+*\n"
+        " └!\n"
+        "> one character for a cell; on 8 columns it is drawn in full, or with "
+        "--map\n"
+        "! onto nothing: 1 opening\n";
+    EXPECT_EQ(Printed(SampleMap(), false, 7), text);
+    EXPECT_EQ(Printed(SampleMap(), false, 4), text);
+}
+
+TEST(MapTextTest, WhatIsWiderStillIsCut) {
+    EXPECT_EQ(
+        Printed(SampleMap(), false, 3),
+        "Vault <1> & more (Stone, north is up, a cell is 256 units)\n"
+        "$t>\n"
+        "┃1&\n"
+        "┗+*\n"
+        " └!\n"
+        "> cut: the map goes on to the east; on 8 columns it is drawn in full, or with --map\n"
+        "! onto nothing: 1 opening\n");
 }
 
 TEST(MapTextTest, NamesLevelsBehindDoorsAndRoomsOutOfReach) {
