@@ -28,6 +28,9 @@ GenerateOptions OptionsOf(const std::string& line) {
     if (options == nullptr || !options->seed) {
         throw UsageError("it has no --seed");
     }
+    if (options->preset.name || options->preset.random || options->preset.file) {
+        throw UsageError("it names a preset, where tables name what that sets");
+    }
     return *options;
 }
 

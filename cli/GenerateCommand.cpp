@@ -2,6 +2,7 @@
 #include "cli/Commands.h"
 #include "cli/LevelLines.h"
 #include "cli/NameCheck.h"
+#include "cli/PresetChoice.h"
 #include "cli/VerbRun.h"
 
 #include <vaultry/gen/ContainerIds.h>
@@ -48,7 +49,7 @@ GenerateOptions OneOf(GenerateOptions options, std::uint32_t number) {
 }
 
 ExitStatus GenerateOne(const GenerateOptions& given, const Console& console) {
-    const GenerateOptions options = WithCell(given);
+    const GenerateOptions options = WithCell(WithPreset(given));
     VerbRun run(options, console);
     if (run.Configure()) {
         run.Warn(FileNameWarnings(*options.out));
@@ -60,6 +61,9 @@ ExitStatus GenerateOne(const GenerateOptions& given, const Console& console) {
     }
     run.Close();
     run.Show();
+    if (!options.quiet) {
+        SayPreset(options, console);
+    }
     if (run.report.interior && !options.quiet) {
         console.Say(InteriorLine(*run.report.interior));
     }

@@ -5,26 +5,59 @@
 #include "cli/ConfigSource.h"
 #include "cli/LibraryLog.h"
 #include "tools/runs/Offer.h"
+#include "tools/text/TextTable.h"
 
 #include <vaultry/foundation/HarmlessText.h>
 
 #include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace Tarnex::Cli {
 
 namespace {
 
-void Print(const Report::OfferedList& list, std::ostream& out) {
-    out << list.title << " (--" << list.option << "):\n";
-    for (const Report::OfferedName& offered : list.names) {
-        out << "  " << ForTerminal(offered.name);
-        if (offered.level.value_or(0) != 0) {
-            out << ", level " << *offered.level;
-        }
-        out << (offered.isDefault ? " [default]\n" : "\n");
+using Entries = std::vector<std::pair<std::string, std::string>>;
+
+// Names by themselves, what is said of them in a column: a name is typed as it stands.
+void Print(const std::string& title, const Entries& entries, std::ostream& out) {
+    Report::TextTable table({Report::TextTable::Align::Left, Report::TextTable::Align::Left});
+    for (const auto& [name, remark] : entries) {
+        table.Add({name, remark});
     }
-    if (list.names.empty()) {
-        out << "  (none)\n";
+    out << title << ":\n";
+    table.Print(out, 2);
+    out << (entries.empty() ? "  (none)\n" : "");
+}
+
+Entries EntriesOf(const Report::OfferedList& list) {
+    Entries entries;
+    for (const Report::OfferedName& offered : list.names) {
+        const std::int32_t level = offered.level.value_or(0);
+        std::string remark = level == 0 ? "" : "level " + std::to_string(level);
+        if (offered.isDefault) {
+            remark += remark.empty() ? "[default]" : " [default]";
+        }
+        entries.emplace_back(ForTerminal(offered.name), remark);
+    }
+    return entries;
+}
+
+Entries EntriesOf(const std::vector<Report::Preset>& presets) {
+    Entries entries;
+    for (const Report::Preset& preset : presets) {
+        entries.emplace_back(preset.name, preset.description);
+    }
+    return entries;
+}
+
+void Print(const Report::Offer& offer, std::ostream& out) {
+    if (!offer.presets.empty()) {
+        Print("Presets (--preset)", EntriesOf(offer.presets), out);
+    }
+    for (const Report::OfferedList& list : offer.lists) {
+        Print(std::string(list.title) + " (--" + list.option + ')', EntriesOf(list), out);
     }
 }
 
@@ -40,14 +73,17 @@ ExitStatus RunVerb(const ListOptions& options, const Console& console) {
         console.Show(log.Errors());
         source.RequireWhole(manager);
     }
-    const Report::Offer offer{options.config, Report::OfferedLists(manager), log.Errors()};
+    // They bring a configuration along, and would not say what one that is named has.
+    const std::vector<Report::Preset> presets =
+        FindBuiltinConfig(options.config) == FindBuiltinConfig(Report::kBuiltin)
+            ? Report::BuiltinPresetList()
+            : std::vector<Report::Preset>();
+    const Report::Offer offer{options.config, presets, Report::OfferedLists(manager), log.Errors()};
     console.Show(offer.errors);
     if (options.json) {
         console.out << Report::ToJson(offer);
     } else {
-        for (const Report::OfferedList& list : offer.lists) {
-            Print(list, console.out);
-        }
+        Print(offer, console.out);
     }
     const bool nothing = std::ranges::all_of(
         offer.lists, [](const Report::OfferedList& list) { return list.names.empty(); });

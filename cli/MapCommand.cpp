@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Commands.h"
+#include "cli/PresetChoice.h"
 #include "cli/VerbRun.h"
 
 namespace Tarnex::Cli {
@@ -8,11 +9,14 @@ ExitStatus RunVerb(const MapOptions& options, const Console& console) {
     if (options.plugin) {
         return RunPluginMap(options, console);
     }
-    VerbRun run(options.generate, console);
+    VerbRun run(WithPreset(options.generate), console);
     if (run.Configure()) {
         run.Generate();
     }
     run.Show();
+    if (!run.report.options.quiet) {
+        SayPreset(run.report.options, console);
+    }
     run.Write();
     run.Close();
     const GenerateOptions& used = run.report.options;

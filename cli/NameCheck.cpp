@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/NameCheck.h"
 
-#include "tools/text/NearNames.h"
-
 #include <vaultry/foundation/CodePage.h>
 
 #include <vaultry/foundation/Text.h>
@@ -15,19 +13,10 @@ namespace Tarnex::Cli {
 
 namespace {
 
-constexpr std::size_t kMostListed = 12;
 constexpr std::size_t kLongestName = 63;
 
 // The ends of the files that the game and OpenMW list.
 constexpr std::array<std::string_view, 3> kListed = {".esp", ".esm", ".omwaddon"};
-
-std::string Quoted(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "\"" : ", \"") + name + '"';
-    }
-    return text;
-}
 
 // Of the last of several levels, whose name is the longest.
 std::string LastCellName(const GenerateOptions& options, const std::string& name) {
@@ -36,20 +25,6 @@ std::string LastCellName(const GenerateOptions& options, const std::string& name
 }
 
 } // namespace
-
-std::string OfferNames(std::string_view name, const std::vector<std::string>& names) {
-    const std::vector<std::string> nearest = Report::NearestNames(name, names);
-    if (!nearest.empty()) {
-        return "did you mean " + Quoted(nearest) + "?";
-    }
-    if (names.empty()) {
-        return "there are none";
-    }
-    const bool many = names.size() > kMostListed;
-    const auto count = static_cast<std::ptrdiff_t>(std::min(names.size(), kMostListed));
-    const std::vector<std::string> listed(names.begin(), names.begin() + count);
-    return "there are " + Quoted(listed) + (many ? " and more" : "");
-}
 
 std::vector<std::string> NameWarnings(const GenerateOptions& options) {
     std::vector<std::string> warnings;

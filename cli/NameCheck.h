@@ -3,6 +3,7 @@
 #pragma once
 
 #include "cli/Options.h"
+#include "tools/text/NearNames.h"
 
 #include <string>
 #include <string_view>
@@ -10,8 +11,7 @@
 
 namespace Tarnex::Cli {
 
-/// Half a sentence that offers the nearest of `names`, or all of them when none is near.
-std::string OfferNames(std::string_view name, const std::vector<std::string>& names);
+using Report::OfferNames;
 
 /// One line for each thing that the names asked for lose in the game: letters that Windows-1252
 /// lacks, and bytes beyond the 63 of a cell's name, the numbers of several levels included.

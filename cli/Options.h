@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tools/maps/MapFile.h"
+#include "tools/runs/Presets.h"
 #include "tools/runs/RunLine.h"
 
 #include <cstdint>
@@ -31,6 +32,15 @@ struct WrittenFile {
     std::uint64_t bytes = 0;
 };
 
+/// The kind of dungeon that was asked for.
+struct PresetOptions {
+    std::optional<std::string> config; ///< given in place of that of the preset
+    std::optional<std::string> name;
+    bool random = false;                  ///< by the seed
+    std::optional<std::string> file;      ///< a path, of presets in place of the built-in ones
+    std::optional<Report::Preset> chosen; ///< see WithPreset
+};
+
 /// vaultry generate: a run, where it begins and where it ends
 struct GenerateOptions : Report::RunRequest {
     std::optional<std::string> out = "dungeon.esp"; ///< a path, of search that of its table
@@ -38,6 +48,7 @@ struct GenerateOptions : Report::RunRequest {
     std::vector<const OptionRow*> typed;            ///< the options of the run that were given
     std::uint32_t count = 1;                        ///< dungeons, each with files of its own
     std::uint32_t number = 1;                       ///< of them, from 1: which this is
+    PresetOptions preset;
     MapFileOptions maps;
     bool quiet = false;
     bool json = false;

@@ -148,6 +148,8 @@ std::string ToJson(const RunReport& report) {
     json["result"] = WordOf(report.result);
     json["seed"] = OrNull(report.options.seed);
     json["stamp"] = OrNull(report.options.stamp);
+    const std::optional<Report::Preset>& preset = report.options.preset.chosen;
+    json["preset"] = preset ? Json(preset->name) : Json(nullptr);
     json["config"] = report.options.config;
     json["options"] = Report::OptionsJson(report.options);
     json["options"]["keep-going"] = report.options.keepGoing;

@@ -4,6 +4,7 @@
 #include "cli/ConsoleStatus.h"
 #include "cli/MapFiles.h"
 #include "cli/MergedTables.h"
+#include "cli/PresetChoice.h"
 #include "cli/SearchReport.h"
 #include "cli/VerbRun.h"
 #include "tools/maps/LevelMap.h"
@@ -344,6 +345,7 @@ ExitStatus SearchRange(SearchReport& report, const Query& query, const Console& 
     report.scattered = options.sample.has_value();
     report.range = report.scattered ? Search::ParseSample(*options.sample)
                                     : Search::ParseSeedRange(*options.seeds);
+    static_cast<GenerateOptions&>(report.options.generate) = WithPreset(options.generate);
     report.outcome = {Search::SearchEnd::Stopped, 0, report.range->first};
     VerbRun run(WithStamp(options.generate), console);
     std::string config;

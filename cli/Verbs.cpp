@@ -160,7 +160,8 @@ std::string TakeScale(MapFileOptions& options, const std::string& text) {
     return {};
 }
 
-void AddConfig(CLI::App& verb, std::string& config, bool& keepGoing) {
+template <typename Config>
+void AddConfig(CLI::App& verb, Config& config, bool& keepGoing) {
     AddText(verb,
             "-c,--config",
             config,
@@ -201,9 +202,14 @@ std::vector<const OptionRow*> TypedRows(const CLI::App& verb) {
     return typed;
 }
 
+void NoteTyped(const CLI::App& verb, GenerateOptions& options) {
+    options.typed = TypedRows(verb);
+    options.config = options.preset.config.value_or(options.config);
+}
+
 // What a run is asked for, as far as the verb takes it: 0 stands for all of it.
 void AddRunOptions(CLI::App& verb, GenerateOptions& options, unsigned use = 0) {
-    verb.final_callback([&verb, &options] { options.typed = TypedRows(verb); });
+    verb.final_callback([&verb, &options] { NoteTyped(verb, options); });
     for (const OptionRow& row : RunOptionRows()) {
         if ((row.uses & use) != use) {
             continue;
@@ -215,6 +221,21 @@ void AddRunOptions(CLI::App& verb, GenerateOptions& options, unsigned use = 0) {
         if (rival != nullptr) {
             rival->excludes(option);
         }
+    }
+}
+
+// By the words of help a shell completes what may follow.
+void AddPresets(CLI::App& verb, PresetOptions& options, bool byChance) {
+    std::vector<std::string> names;
+    for (const Report::Preset& preset : Report::BuiltinPresetList()) {
+        names.push_back(preset.name);
+    }
+    const std::string help = "Options that belong together: " + JoinWords(names);
+    CLI::Option* const name = AddText(verb, "--preset", options.name, "WORD", help.c_str());
+    AddText(verb, "--presets", options.file, "FILE", "Presets in place of the built-in ones");
+    if (byChance) {
+        verb.add_flag("--random-preset", options.random, "Choose the preset by the seed")
+            ->excludes(name);
     }
 }
 
@@ -250,8 +271,12 @@ void AddJson(CLI::App& verb, bool& json, const char* help = "As JSON") {
 
 // A plug-in is drawn as it is: what shapes levels does not go with it.
 void CheckPluginOptions(const CLI::App& verb) {
+    std::vector<std::string> given = {"--preset", "--presets", "--random-preset"};
+    std::erase_if(given, [&verb](const std::string& option) { return verb.count(option) == 0; });
     for (const OptionRow* row : TypedRows(verb)) {
-        const std::string option = std::string("--") + row->name;
+        given.push_back(std::string("--") + row->name);
+    }
+    for (const std::string& option : given) {
         if (option != "--cell") {
             throw UsageError(option + " shapes what is generated and does not go with a plug-in");
         }
@@ -271,7 +296,8 @@ std::string SearchFooter() {
 
 void AddGenerate(CLI::App& verb, Request& request) {
     auto& options = request.emplace<GenerateOptions>();
-    AddConfig(verb, options.config, options.keepGoing);
+    AddPresets(verb, options.preset, true);
+    AddConfig(verb, options.preset.config, options.keepGoing);
     AddText(verb, "-o,--out", options.out, "FILE", "The plug-in (default: dungeon.esp)");
     AddCount(verb,
              "--count",
@@ -287,14 +313,15 @@ void AddMap(CLI::App& verb, Request& request) {
     auto& map = request.emplace<MapOptions>();
     GenerateOptions& options = map.generate;
     AddText(verb, "plugin", map.plugin, "PLUGIN", "A plug-in to draw (default: none)");
-    AddConfig(verb, options.config, options.keepGoing);
+    AddPresets(verb, options.preset, true);
+    AddConfig(verb, options.preset.config, options.keepGoing);
     AddRunOptions(verb, options, kForMaps);
     CLI::Option* const cell = verb.get_option("--cell");
     cell->description("The cell (default: dungeon; of a plug-in, all cells)");
     AddMapFiles(verb, options.maps);
     AddReport(verb, options);
     verb.final_callback([&map, &verb, cell] {
-        map.generate.typed = TypedRows(verb);
+        NoteTyped(verb, map.generate);
         if (map.plugin) {
             CheckPluginOptions(verb);
         }
@@ -336,7 +363,8 @@ void AddSearch(CLI::App& verb, Request& request) {
              kMostJobs,
              "Dungeons made at once (default: one per processor)");
     AddSummary(verb, options.generate);
-    AddConfig(verb, options.generate.config, options.generate.keepGoing);
+    AddPresets(verb, options.generate.preset, false);
+    AddConfig(verb, options.generate.preset.config, options.generate.keepGoing);
     AddRunOptions(verb, options.generate, kForSearch);
 }
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // A generator from C: texts in and out, and no exception past it.
 #include "embed/Generator.h"
+#include "tools/runs/Presets.h"
+#include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/run/BuiltinConfigs.h>
 #include <vaultry/run/SafeFile.h>
 
 #include <sstream>
@@ -33,19 +36,41 @@ vaultry_result StateOfConfig(vaultry_generator& generator) {
 }
 
 template <typename Read>
+vaultry_result TakeConfig(vaultry_generator& generator, const char* name, const Read& read) {
+    generator.errors.clear();
+    generator.run.reset();
+    generator.config = TextOf(name);
+    ForgetNames(generator);
+    ProblemList problems;
+    read(generator.manager, generator.call);
+    generator.problems = problems.Get();
+    TellErrors(generator, generator.problems);
+    generator.configErrors = generator.errors.size();
+    return StateOfConfig(generator);
+}
+
+template <typename Read>
 vaultry_result ReadConfig(vaultry_generator* generator, const char* name, const Read& read) {
-    return Enter(*generator, [=, &read](RunState*) {
-        generator->errors.clear();
-        generator->run.reset();
-        generator->config = TextOf(name);
-        ForgetNames(*generator);
-        ProblemList problems;
-        read(generator->manager, generator->call);
-        generator->problems = problems.Get();
-        TellErrors(*generator, generator->problems);
-        generator->configErrors = generator->errors.size();
-        return StateOfConfig(*generator);
-    });
+    return Enter(*generator, [=, &read](RunState*) { return TakeConfig(*generator, name, read); });
+}
+
+// Options that shape levels begin anew, or those of the preset before would stay.
+vaultry_result UsePreset(vaultry_generator& generator, const Report::Preset& preset) {
+    Report::RunRequest request;
+    static_cast<RunOptions&>(request) = generator.options;
+    for (const OptionRow& row : RunOptionRows()) {
+        if ((row.uses & kShapesLevels) != 0) {
+            ResetOption(request, row);
+        }
+    }
+    Report::Apply(preset, request);
+    const BuiltinConfig* const config = FindBuiltinConfig(request.config);
+    const vaultry_result result =
+        TakeConfig(generator, request.config.c_str(), [&](GenMgr& manager, const JobStatus&) {
+            LoadBuiltin(manager, *config, request.config.c_str());
+        });
+    generator.options = request;
+    return result;
 }
 
 // The cell is named after the file, whose path is empty where none is written.
@@ -155,6 +180,19 @@ vaultry_result vaultry_init_from_memory(vaultry_generator* generator,
     return ReadConfig(generator, name, [=](GenMgr& manager, const JobStatus& status) {
         const std::string_view document(TextOf(text), text == nullptr ? 0 : length);
         manager.InitFromMemory(document, TextOf(name), status);
+    });
+}
+
+vaultry_result vaultry_use_preset(vaultry_generator* generator, const char* name) {
+    return Enter(*generator, [=](RunState*) {
+        try {
+            return UsePreset(*generator,
+                             Report::FindPreset(Report::BuiltinPresetList(), TextOf(name)));
+        } catch (const UsageError& e) {
+            generator->errors.clear();
+            Tell(*generator, e.what());
+            return VAULTRY_BAD_ARGUMENT;
+        }
     });
 }
 

@@ -181,7 +181,15 @@ const char* vaultry_choices_json(vaultry_generator* generator) {
             errors.push_back(TextOf(problem));
         }
         return Report::ToJson(
-            {generator->config, Report::OfferedLists(generator->manager), std::move(errors)});
+            {generator->config, {}, Report::OfferedLists(generator->manager), std::move(errors)});
+    });
+}
+
+const char* vaultry_presets_json(vaultry_generator* generator) {
+    return Answer(generator, [] {
+        Report::Json json = Report::JsonHeader();
+        json["presets"] = Report::PresetsJson(Report::BuiltinPresetList());
+        return Report::JsonText(json);
     });
 }
 

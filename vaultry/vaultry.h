@@ -117,6 +117,21 @@ VAULTRY_API enum vaultry_result vaultry_init_from_memory(vaultry_generator* gene
                                                          const char* name);
 
 /**
+ * Reads the configuration of a built-in preset, as vaultry_init would, and sets the options that
+ * belong together with it; the others that shape levels have their defaults again. What is set
+ * afterwards goes before it. The case of the name does not matter; VAULTRY_BAD_ARGUMENT for one
+ * that there is not, which changes nothing. Names, descriptions and options: see
+ * vaultry_presets_json.
+ *
+ * @code{.c}
+ * vaultry_use_preset(generator, "tomb");
+ * vaultry_set(generator, "levels", "3");
+ * vaultry_generate(generator, "old tomb.esp");
+ * @endcode
+ */
+VAULTRY_API enum vaultry_result vaultry_use_preset(vaultry_generator* generator, const char* name);
+
+/**
  * Sets an option to what its switch on the command line takes; switches without a value take "true"
  * or "false". Options: see vaultry_option; "strict" counts the errors of the last vaultry_init too,
  * and "ensure-walkable" is for random levels. Names are looked up in the configuration, which
@@ -233,6 +248,8 @@ VAULTRY_API const char* vaultry_judge_json(vaultry_generator* generator, const c
 /** Everything in the configuration that an option can name, with levels of themes and sizes of
  * layouts. */
 VAULTRY_API const char* vaultry_choices_json(vaultry_generator* generator);
+/** The built-in presets with name, description and options, in the order of `vaultry list`. */
+VAULTRY_API const char* vaultry_presets_json(vaultry_generator* generator);
 /** What is wrong with the configuration that was read, with places. */
 VAULTRY_API const char* vaultry_problems_json(vaultry_generator* generator);
 /** Every option with its kind, bounds, words and default. */

@@ -100,6 +100,10 @@ class Generator:
         call = self._calls.vaultry_init_from_memory
         self._do(call, document, len(document), _bytes(name))
 
+    def use_preset(self, name: str) -> None:
+        """Reads the configuration of a built-in preset and sets what belongs together with it."""
+        self._do(self._calls.vaultry_use_preset, _bytes(name))
+
     def set(self, option: str, value: object) -> None:
         """Sets an option to what its switch on the command line takes; a switch, True or False."""
         text = str(value).lower() if isinstance(value, bool) else str(value)
@@ -124,6 +128,11 @@ class Generator:
     def choices(self) -> Answer:
         """Everything in the configuration that an option can name."""
         return self._tell(self._calls.vaultry_choices_json)
+
+    @property
+    def presets(self) -> Answer:
+        """The built-in presets with name, description and options."""
+        return self._tell(self._calls.vaultry_presets_json)
 
     @property
     def problems(self) -> Answer:

@@ -19,22 +19,22 @@ TEST_F(ListTest, NamesEverythingUnderTheSwitchThatTakesIt) {
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(outcome.out,
               "Room tile sets (--tileset):\n"
-              "  Stone [default]\n"
+              "  Stone  [default]\n"
               "  Höhle\n"
               "Cave tile sets (--cave-tileset):\n"
               "  Cavern\n"
               "Room layouts (--template):\n"
-              "  Chamber [default]\n"
+              "  Chamber  [default]\n"
               "  Spot\n"
               "Cave layouts (--cave-template):\n"
               "  Den\n"
               "Furniture themes (--theme):\n"
-              "  Storeroom, level 1 [default]\n"
+              "  Storeroom  level 1 [default]\n"
               "  Bare\n"
               "Creature themes (--creature-theme):\n"
-              "  Undead, level 3\n"
+              "  Undead  level 3\n"
               "Treasure themes (--treasure-theme):\n"
-              "  Coins [default]\n");
+              "  Coins  [default]\n");
 }
 
 TEST_F(ListTest, JsonNamesEverythingUnderTheSwitchThatTakesIt) {
@@ -54,6 +54,17 @@ TEST_F(ListTest, JsonNamesEverythingUnderTheSwitchThatTakesIt) {
     EXPECT_EQ(json["creature-themes"][0]["level"], 3);
     EXPECT_EQ(json["treasure-themes"][0]["default"], true);
     EXPECT_EQ(json["errors"], Json::array());
+}
+
+TEST_F(ListTest, PresetsStandFirstUnlessAConfigurationIsNamed) {
+    const std::string text = Run({"list"}).out;
+    EXPECT_TRUE(text.starts_with("Presets (--preset):\n  tomb       An ancestral tomb and the dead "
+                                 "who guard it\n"))
+        << text;
+    EXPECT_FALSE(Contains(Run({"list", "-c", "builtin:caves"}).out, "Presets"));
+    const Json presets = Json::parse(Run({"list", "--json"}).out).at("presets");
+    EXPECT_EQ(presets[0]["name"], "tomb");
+    EXPECT_EQ(presets[0]["options"]["creature-theme"], "Undead");
 }
 
 TEST_F(ListTest, ShowsWhatIsMissing) {

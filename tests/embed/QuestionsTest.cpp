@@ -72,6 +72,27 @@ TEST_F(QuestionsTest, ARunToMemoryHasTheBytesOfTheFile) {
     EXPECT_EQ(Plugin(), bytes);
 }
 
+TEST_F(QuestionsTest, PresetsAreListedAndUsed) {
+    const Json presets = Parsed(vaultry_presets_json(own)).at("presets");
+    for (const Json& preset : presets) {
+        const std::string name = preset.at("name");
+        ASSERT_EQ(vaultry_use_preset(own, name.c_str()), VAULTRY_OK) << name;
+        EXPECT_EQ(vaultry_error_count(own), 0U);
+        ASSERT_EQ(vaultry_run(own), VAULTRY_OK) << name;
+        const Json options = Parsed(vaultry_run_json(own)).at("options");
+        EXPECT_EQ(options.at("creature-theme"), preset.at("options").at("creature-theme"));
+        // What an earlier preset set is gone.
+        EXPECT_EQ(options.at("fixed"), preset.at("options").contains("fixed")) << name;
+    }
+    ASSERT_EQ(vaultry_use_preset(own, "GROTTO"), VAULTRY_OK);
+    ASSERT_EQ(vaultry_run(own), VAULTRY_OK);
+    const std::string line = vaultry_command_line(own);
+    EXPECT_NE(line.find("--config builtin:grottoes"), std::string::npos) << line;
+    EXPECT_EQ(vaultry_use_preset(own, "grotta"), VAULTRY_BAD_ARGUMENT);
+    EXPECT_STREQ(vaultry_error(own, 0), "there is no preset \"grotta\"; did you mean \"grotto\"?");
+    EXPECT_EQ(vaultry_use_preset(own, nullptr), VAULTRY_BAD_ARGUMENT);
+}
+
 TEST_F(QuestionsTest, WithoutARunThereIsNothingToTell) {
     std::size_t length = 7;
     EXPECT_EQ(Refusal(static_cast<const char*>(vaultry_plugin(own, &length))),

@@ -67,6 +67,17 @@ class PythonTest(unittest.TestCase):
         self.assertEqual(self.generator.plugin, written)
         self.assertFalse(self.plugin.exists())
 
+    def test_uses_a_preset(self) -> None:
+        names = [preset["name"] for preset in self.generator.presets["presets"]]
+        self.assertEqual(names[0], "tomb")
+        self.generator.use_preset("Tomb")
+        self.generator.set("levels", 1)
+        report = self.generator.run()
+        self.assertEqual(report["options"]["creature-theme"], "Undead")
+        self.assertEqual(report["options"]["levels"], 1)
+        with self.assertRaisesRegex(vaultry.ArgumentError, 'did you mean "tomb"'):
+            self.generator.use_preset("tom")
+
     def test_reads_from_memory(self) -> None:
         self.configure(self.generator)
         expected = self.make(self.generator)

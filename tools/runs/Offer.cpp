@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/runs/Offer.h"
 
-#include "tools/text/Json.h"
+#include "tools/runs/RunJson.h"
 
 #include <vaultry/foundation/CodePage.h>
 
@@ -64,6 +64,9 @@ std::vector<OfferedList> OfferedLists(GenMgr& manager) {
 std::string ToJson(const Offer& offer) {
     Json json = JsonHeader();
     json["config"] = offer.config;
+    if (!offer.presets.empty()) {
+        json["presets"] = PresetsJson(offer.presets);
+    }
     for (const OfferedList& list : offer.lists) {
         Json& names = json[std::string(list.option) + 's'] = Json::array();
         for (const OfferedName& offered : list.names) {

@@ -2,6 +2,8 @@
 // What a configuration has to choose from.
 #pragma once
 
+#include "tools/runs/Presets.h"
+
 #include <vaultry/gen/GenMgr.h>
 
 #include <cstdint>
@@ -29,7 +31,8 @@ struct OfferedList {
 
 /// Everything a configuration offers. All text is UTF-8.
 struct Offer {
-    std::string config; ///< where it is from, as it was named
+    std::string config;          ///< where it is from, as it was named
+    std::vector<Preset> presets; ///< which bring configurations of their own
     std::vector<OfferedList> lists;
     std::vector<std::string> errors; ///< met while it was read
 };

@@ -62,13 +62,6 @@ Json OptionJson(const OptionRow& row) {
             {"default", std::visit(JsonOf(), ValueOf(RunOptions(), row))}};
 }
 
-struct SettingText {
-    std::string operator()(std::monostate /*missing*/) const { return {}; }
-    std::string operator()(bool given) const { return given ? "true" : "false"; }
-    std::string operator()(std::int64_t number) const { return std::to_string(number); }
-    std::string operator()(const std::string& text) const { return text; }
-};
-
 Json NameOrNull(const std::string& name) {
     return name.empty() ? Json(nullptr) : Json(name);
 }
@@ -93,6 +86,20 @@ Json OptionsJson(const RunOptions& options) {
     return json;
 }
 
+Json PresetsJson(const std::vector<Preset>& presets) {
+    Json list = Json::array();
+    for (const Preset& preset : presets) {
+        Json options = Json::object();
+        for (const auto& [name, text] : preset.options) {
+            options[name] = text;
+        }
+        list.push_back({{"name", preset.name},
+                        {"description", preset.description},
+                        {"options", std::move(options)}});
+    }
+    return list;
+}
+
 std::string OptionListJson() {
     Json json = JsonHeader();
     Json& list = json["options"] = Json::array();
@@ -109,7 +116,7 @@ std::string ToJson(const RunRequest& request) {
     Json& options = json["options"] = Json::object();
     for (const OptionRow& row : RunOptionRows()) {
         if (!IsDefault(request, row)) {
-            options[row.name] = std::visit(SettingText(), ValueOf(request, row));
+            options[row.name] = TextOf(ValueOf(request, row));
         }
     }
     return JsonText(json);

@@ -2,6 +2,7 @@
 // What a run came to, for other programs.
 #pragma once
 
+#include "tools/runs/Presets.h"
 #include "tools/runs/RunLine.h"
 #include "tools/text/Json.h"
 
@@ -16,6 +17,9 @@ Json LevelsJson(const GenReport& report);
 
 /// The options that reports tell, each under its name; null for one that is not given.
 Json OptionsJson(const RunOptions& options);
+
+/// A list of presets, each with its options.
+Json PresetsJson(const std::vector<Preset>& presets);
 
 /// Every option of a run: its kind, bounds and words, what it stands in place of, and its default.
 std::string OptionListJson();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The configurations that are part of the library.
+// The configurations and presets that are part of the library.
 #pragma once
 
 #include <vaultry/foundation/Export.h>
@@ -19,6 +19,13 @@ struct BuiltinConfig {
 
 /// The configurations, the one called "default" first.
 VAULTRY_API std::span<const BuiltinConfig> BuiltinConfigs();
+
+/// The configuration that "builtin" or "builtin:NAME" stands for; null for anything else.
+VAULTRY_API const BuiltinConfig* FindBuiltinConfig(std::string_view source);
+
+/// Options that belong together, as JSON: a list of objects with `name`, `description` and
+/// `options`, each by the name of its switch, "config" among them. It lives as long as the program.
+VAULTRY_API std::string_view BuiltinPresets();
 
 /// Reads one into a manager; its log calls it `name`. Whoever names the caves wants a cave:
 /// "caves" and "grottoes" begin with their first cave tile set and their first cave layout, while

@@ -277,6 +277,23 @@ OptionValue ValueOf(const RunOptions& options, const OptionRow& row) {
     return std::visit([&options](auto field) { return Shown(options.*field); }, row.field);
 }
 
+std::string TextOf(const OptionValue& value) {
+    return std::visit(
+        [](const auto& held) -> std::string {
+            using Value = std::remove_cvref_t<decltype(held)>;
+            if constexpr (std::is_same_v<Value, bool>) {
+                return held ? "true" : "false";
+            } else if constexpr (std::is_same_v<Value, std::int64_t>) {
+                return std::to_string(held);
+            } else if constexpr (std::is_same_v<Value, std::string>) {
+                return held;
+            } else {
+                return {};
+            }
+        },
+        value);
+}
+
 bool IsDefault(const RunOptions& options, const OptionRow& row) {
     return std::visit([&options](auto field) { return options.*field == Usual().*field; },
                       row.field);

@@ -153,6 +153,9 @@ using OptionValue = std::variant<std::monostate, bool, std::int64_t, std::string
 /// What an option is set to. Nothing stands for an optional one that is not given.
 VAULTRY_API OptionValue ValueOf(const RunOptions& options, const OptionRow& row);
 
+/// The text that sets an option to a value; empty for nothing.
+VAULTRY_API std::string TextOf(const OptionValue& value);
+
 /// True when the option is as it is without being set.
 VAULTRY_API bool IsDefault(const RunOptions& options, const OptionRow& row);
 
