@@ -113,9 +113,11 @@ public:
         const std::vector<std::string> known =
             place == Place::Options ? OptionNames()
                                     : std::vector<std::string>{"name", "description", "options"};
-        Require(std::ranges::find(known, name) != known.end(),
-                (place == Place::Options ? "there is no option " : "a preset has no part ") +
-                    Quote(name) + "; " + OfferNames(name, known));
+        // The nearest names take long to find: not for every word that is right.
+        if (std::ranges::find(known, name) == known.end()) {
+            Fail((place == Place::Options ? "there is no option " : "a preset has no part ") +
+                 Quote(name) + "; " + OfferNames(name, known));
+        }
         return true;
     }
 
