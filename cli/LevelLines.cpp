@@ -81,6 +81,7 @@ std::string WalkWords(std::size_t reachable, std::size_t rooms, std::uint64_t op
 // "room 3" or "rooms 3, 5", by their numbers on the map.
 std::string Numbered(const std::vector<std::size_t>& rooms) {
     std::vector<std::string> numbers;
+    numbers.reserve(rooms.size());
     for (const std::size_t room : rooms) {
         numbers.push_back(std::to_string(room));
     }
