@@ -206,7 +206,8 @@ const Preset& FindPreset(const std::vector<Preset>& presets, const std::string& 
 
 const Preset& PresetOfSeed(const std::vector<Preset>& presets, std::uint32_t seed) {
     constexpr std::uint32_t kStride = 2654435769U;
-    return presets[std::uint64_t{seed * kStride} * presets.size() >> 32U];
+    const std::uint32_t far = seed * kStride;
+    return presets[std::uint64_t{far} * presets.size() >> 32U];
 }
 
 void Apply(const Preset& preset, RunRequest& request) {
