@@ -35,6 +35,16 @@ void AddHidden(MapCell& drawn, const MapCell& hidden) {
     drawn.contents.insert(drawn.contents.end(), hidden.contents.begin(), hidden.contents.end());
 }
 
+std::vector<DiPos> TiledPlaces(const std::vector<LevelPart>& parts) {
+    std::vector<DiPos> places;
+    for (const LevelPart& part : parts) {
+        ForEachTiled(*part.layout, part.origin, [&](const GridElmt&, const DiPos& at) {
+            places.push_back(at);
+        });
+    }
+    return places;
+}
+
 void Draw(LevelMap& map, const LevelPart& part) {
     ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& at) {
         MapCell& place = map.Held(at.x, at.y);
@@ -88,6 +98,27 @@ std::string ContentWords(const MapContent& content, ListedItems& listed) {
 
 const MapCell LevelMap::kEmptyCell;
 
+DiPos LevelMap::Frame(std::vector<DiPos> places) {
+    if (places.empty()) {
+        return {};
+    }
+    DiPos low = places.front();
+    DiPos high = low;
+    for (const DiPos& place : places) {
+        low = DiPos(std::min(low.x, place.x), std::min(low.y, place.y), 0);
+        high = DiPos(std::max(high.x, place.x), std::max(high.y, place.y), 0);
+    }
+    width = high.x - low.x + 1;
+    height = high.y - low.y + 1;
+    SetGrid(DiPos(width, height, 0), [&](const auto& mark) {
+        for (DiPos& place : places) {
+            place -= low;
+            mark(place);
+        }
+    });
+    return low;
+}
+
 const MapCell* LevelMap::ArrivalCell() const {
     if (!arrival || tileSize <= 0) {
         return nullptr;
@@ -100,28 +131,14 @@ const MapCell* LevelMap::ArrivalCell() const {
 
 LevelMap MapOf(const FinishedLevel& level) {
     std::vector<LevelPart> parts = PartsOf(level.layout);
-    DiPos low;
-    DiPos high;
-    for (const LevelPart& part : parts) {
-        const DiPos& size = part.layout->GetSize();
-        low = DiPos(std::min(low.x, part.origin.x), std::min(low.y, part.origin.y), 0);
-        high = DiPos(
-            std::max(high.x, part.origin.x + size.x), std::max(high.y, part.origin.y + size.y), 0);
-    }
     LevelMap map;
     map.name = Shown(level.cell.GetName());
     map.tileSet = Shown(level.tileSet.GetName());
     map.tileSize = level.tileSet.GetTileSize();
+    const DiPos low = map.Frame(TiledPlaces(parts));
     map.corner = WorldPosition(low, Di3Point(), Di3Point(), map.tileSize);
-    std::vector<DiPos> places;
     for (LevelPart& part : parts) {
         part.origin -= low;
-        ForEachTiled(*part.layout, part.origin, [&](const GridElmt&, const DiPos& at) {
-            places.push_back(at);
-        });
-    }
-    map.SetGrid(high.x - low.x, high.y - low.y, places);
-    for (const LevelPart& part : parts) {
         Draw(map, part);
     }
     JoinNeighbours(map);

@@ -72,13 +72,9 @@ struct MapOutline {
 struct LevelMap : MapOutline, PlanGrid<MapCell> {
     std::vector<MapRoom> rooms;
 
-    /// See PlanGrid.
-    void SetGrid(std::int32_t newWidth, std::int32_t newHeight, const std::vector<DiPos>& places) {
-        width = newWidth;
-        height = newHeight;
-        PlanGrid::SetGrid(DiPos(width, height, 0),
-                          [&places](const auto& mark) { std::ranges::for_each(places, mark); });
-    }
+    /// Makes the grid that just holds the places, and a cell for each of them. Returns the place of
+    /// its north-western cell, which becomes (0, 0).
+    DiPos Frame(std::vector<DiPos> places);
     /// The cell there, an empty one if there is none. `x` and `y` are inside.
     const MapCell& At(std::int32_t x, std::int32_t y) const {
         const MapCell* cell = Find(DiPos(x, y, 0));

@@ -1,34 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "tools/maps/MapLabels.h"
 
+#include "tools/maps/MapPanel.h"
 #include "tools/maps/MapStyle.h"
+#include "tools/maps/SvgText.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace Tarnex::Report {
 
 namespace {
 
-constexpr double kLetter = 7.0; // mean width of a letter
-constexpr double kLine = 13.0;  // height of a line
-constexpr double kReach = 96.0; // how far from its door a label may stand
-constexpr double kStepX = 6.0;
-constexpr double kStepY = 6.0;
+constexpr double kSize = 10.0;    // of the letters
+constexpr double kBeside = 1.5;   // of the plate's edge
+constexpr double kLine = 13.0;    // height of a line
+constexpr double kReach = 96.0;   // how far from its door a label is looked for at first,
+constexpr double kFarthest = 768; // and at last
+constexpr double kStep = 6.0;
 constexpr double kNear = 14.0; // from the door's middle; further away a line is needed
-constexpr std::size_t kMostLetters = 30;
-constexpr double kAround = 30.0; // of the margin around the grid
-
-// What is worse outweighs any number of what is less bad.
-constexpr double kOverLabel = 100000.0;
-constexpr double kOverMark = 1000.0;
-constexpr double kOverFloor = 60.0;
 constexpr double kWithLine = 25.0;
-
-bool IsDrawn(const MapCell& cell) {
-    return cell.tile != PlanTile::Empty || !cell.contents.empty();
-}
+constexpr std::size_t kMostLetters = 30;
+constexpr double kOutermost = 14.0;                    // to where marks outside of a cell are drawn
+constexpr MapBox kAroundGrid{58.0, 20.0, 116.0, 46.0}; // up to heading, scale and the panel's edges
 
 bool BeginsLetter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
@@ -82,82 +79,83 @@ double Distance(const MapBox& box, const Point& point) {
     return std::hypot(x, y);
 }
 
+MapBox Widened(const MapBox& box, double by) {
+    return {box.x - by, box.y - by, box.width + 2.0 * by, box.height + 2.0 * by};
+}
+
+// How far beyond its edges a cell is drawn: walls are lines, and some marks stand outside.
+double Overhang(const MapCell& cell) {
+    if (cell.tile == PlanTile::Empty && cell.contents.empty()) {
+        return -kCell;
+    }
+    return cell.waysIn != 0 ? kOutermost : cell.loose != 0 ? 7.0 : cell.door ? 4.0 : 2.0;
+}
+
 class LabelPlacer {
 public:
     explicit LabelPlacer(const LevelMap& levelMap)
-        : map(levelMap),
-          numbered(static_cast<std::size_t>(map.width) * static_cast<std::size_t>(map.height)) {
-        for (const DiPos& place : RoomNumberPlaces(map)) {
-            numbered[Index(place.x, place.y)] = true;
+        : map(levelMap), room{-kAroundGrid.x,
+                              -kAroundGrid.y,
+                              PanelWidth(map) - 2.0 * kPanelMargin + kAroundGrid.width,
+                              map.height * kCell + kAroundGrid.height} {}
+
+    // Nothing where everything around is drawn on.
+    std::optional<MapLabel> Place(const MapCell& cell) {
+        const std::string text = LabelText(map, cell);
+        const Point door = DoorMiddle(cell, cell.place);
+        for (double reach = kReach; reach <= kFarthest; reach *= 2.0) {
+            if (const auto box = NearestFree(BoldWidth(text, kSize) + 2.0 * kBeside, door, reach)) {
+                placed.push_back(*box);
+                return MapLabel{text, *box, door.x, door.y, Distance(*box, door) > kNear};
+            }
         }
-        if (const MapCell* arrival = map.ArrivalCell()) {
-            numbered[Index(arrival->place.x, arrival->place.y)] = true;
-        }
+        return std::nullopt;
     }
 
-    MapLabel Place(const DiPos& cell) {
-        const std::string text = LabelText(map, map.At(cell.x, cell.y));
-        const Point door = DoorMiddle(map.At(cell.x, cell.y), cell);
-        MapBox best;
+private:
+    std::optional<MapBox> NearestFree(double width, const Point& door, double reach) const {
+        std::optional<MapBox> best;
         double lowest = std::numeric_limits<double>::max();
-        MapBox box{0, 0, static_cast<double>(Letters(text)) * kLetter, kLine};
-        for (box.y = door.y - kReach; box.y < door.y + kReach; box.y += kStepY) {
-            for (box.x = door.x - kReach - box.width; box.x < door.x + kReach; box.x += kStepX) {
-                const double cost = Cost(box, door);
-                if (cost < lowest) {
+        MapBox box{0, 0, width, kLine};
+        for (box.y = door.y - reach; box.y < door.y + reach; box.y += kStep) {
+            for (box.x = door.x - reach - width; box.x < door.x + reach; box.x += kStep) {
+                const double distance = Distance(box, door);
+                const double cost = distance + (distance > kNear ? kWithLine : 0.0);
+                if (cost < lowest && IsFree(box)) {
                     lowest = cost;
                     best = box;
                 }
             }
         }
-        placed.push_back(best);
-        return {text, best, door.x, door.y, Distance(best, door) > kNear};
+        return best;
     }
 
-private:
-    std::size_t Index(std::int32_t x, std::int32_t y) const {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(map.width) +
-               static_cast<std::size_t>(x);
+    bool IsFree(const MapBox& box) const {
+        return room.Holds(box) &&
+               std::ranges::none_of(placed,
+                                    [&box](const MapBox& other) { return box.Overlaps(other); }) &&
+               IsClearOfCells(box);
     }
 
-    bool IsOutside(const MapBox& box) const {
-        return box.x < -kAround || box.y < -kLine ||
-               box.x + box.width > map.width * kCell + kAround ||
-               box.y + box.height > map.height * kCell + kLine;
-    }
-
-    double Cost(const MapBox& box, const Point& door) const {
-        const double distance = Distance(box, door);
-        double cost = distance + (distance > kNear ? kWithLine : 0.0);
-        cost += IsOutside(box) ? kOverMark : 0.0;
-        for (const MapBox& other : placed) {
-            cost += box.Overlaps(other) ? kOverLabel : 0.0;
-        }
-        const auto first = [](double at) {
+    bool IsClearOfCells(const MapBox& box) const {
+        const auto cellAt = [](double at) {
             return static_cast<std::int32_t>(std::floor(at / kCell));
         };
-        for (std::int32_t y = first(box.y - 1); y <= first(box.y + box.height + 1); ++y) {
-            for (std::int32_t x = first(box.x - 1); x <= first(box.x + box.width + 1); ++x) {
-                cost += map.IsInside(DiPos(x, y, 0)) ? CellCost(x, y, box) : 0.0;
+        const MapBox around = Widened(box, kOutermost);
+        for (std::int32_t y = cellAt(around.y); y <= cellAt(around.y + around.height); ++y) {
+            for (std::int32_t x = cellAt(around.x); x <= cellAt(around.x + around.width); ++x) {
+                const MapBox area{x * double{kCell}, y * double{kCell}, kCell, kCell};
+                if (map.IsInside(DiPos(x, y, 0)) &&
+                    box.Overlaps(Widened(area, Overhang(map.At(x, y))))) {
+                    return false;
+                }
             }
         }
-        return cost;
-    }
-
-    double CellCost(std::int32_t x, std::int32_t y, const MapBox& box) const {
-        const MapCell& cell = map.At(x, y);
-        const Point door = DoorMiddle(cell, DiPos(x, y, 0));
-        const bool overDoor =
-            cell.doorway != 0 && box.Overlaps({door.x - 7.0, door.y - 7.0, 14.0, 14.0});
-        const MapBox area{x * double{kCell}, y * double{kCell}, kCell, kCell};
-        const bool over = box.Overlaps(area);
-        const bool marked = !cell.contents.empty() || cell.loose != 0 || numbered[Index(x, y)];
-        return (overDoor || (over && marked) ? kOverMark : 0.0) +
-               (over && IsDrawn(cell) ? kOverFloor : 0.0);
+        return true;
     }
 
     const LevelMap& map;
-    std::vector<bool> numbered;
+    MapBox room; // that labels may take
     std::vector<MapBox> placed;
 };
 
@@ -168,7 +166,9 @@ std::vector<MapLabel> PlaceLabels(const LevelMap& map) {
     std::vector<MapLabel> labels;
     for (const MapCell& cell : map.cells) {
         if (cell.teleport && labels.size() < kMostLabels) {
-            labels.push_back(placer.Place(cell.place));
+            if (auto label = placer.Place(cell)) {
+                labels.push_back(*std::move(label));
+            }
         }
     }
     return labels;

@@ -20,12 +20,16 @@ struct MapBox {
         return x < other.x + other.width && other.x < x + width && y < other.y + other.height &&
                other.y < y + height;
     }
+    bool Holds(const MapBox& other) const {
+        return x <= other.x && other.x + other.width <= x + width && y <= other.y &&
+               other.y + other.height <= y + height;
+    }
 };
 
 /// The destination of a teleporting door.
 struct MapLabel {
     std::string text;
-    MapBox box;   ///< of the text
+    MapBox box;   ///< of its plate
     double doorX; ///< middle of the door
     double doorY;
     bool distant; ///< too far from the door to be understood without a line
@@ -34,8 +38,8 @@ struct MapLabel {
 /// Among more labels than this nobody would find his way; they take long to place, too.
 inline constexpr std::size_t kMostLabels = 100;
 
-/// The labels of the teleporting doors, of the first kMostLabels if there are more; they cover
-/// neither marks nor doors nor each other as long as there is room.
+/// The labels of the teleporting doors, of the first kMostLabels if there are more. They cover
+/// nothing that is drawn, nor each other; a door far from any free place has none.
 std::vector<MapLabel> PlaceLabels(const LevelMap& map);
 
 /// Where the number of each room stands: the free cell nearest to its middle, in the list's order.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::int32_t kTitle = 76; // above a grid
 constexpr std::int32_t kNarrowest = 330;
-constexpr std::int32_t kTitleLetter = 13; // width of a letter of the title
+constexpr double kTitleSize = 18.0; // of its letters
 constexpr SideBits kAllSides = 0xF;
 
 // A line or area of a cell in path commands, relative to the cell's corner.
@@ -184,22 +184,21 @@ std::string LooseEnds(const LevelMap& map) {
 }
 
 std::string Labels(const LevelMap& map) {
+    std::string leaders;
     std::string text;
     for (const MapLabel& label : PlaceLabels(map)) {
         const MapBox& box = label.box;
         if (label.distant) {
-            text +=
-                SvgPath("leader",
-                        'M' + Coordinate(label.doorX) + ' ' + Coordinate(label.doorY) + 'L' +
-                            Coordinate(std::clamp(label.doorX, box.x, box.x + box.width)) + ' ' +
-                            Coordinate(std::clamp(label.doorY, box.y, box.y + box.height)));
+            leaders += 'M' + Coordinate(label.doorX) + ' ' + Coordinate(label.doorY) + 'L' +
+                       Coordinate(std::clamp(label.doorX, box.x, box.x + box.width)) + ' ' +
+                       Coordinate(std::clamp(label.doorY, box.y, box.y + box.height));
         }
         text += R"(<rect class="label")" + Attribute("x", Coordinate(box.x)) +
                 Attribute("y", Coordinate(box.y)) + Attribute("width", Coordinate(box.width)) +
                 Attribute("height", Coordinate(box.height)) + "/>\n" +
                 SvgTextAt("lead", box.x + 1.5, box.y + 10.0, label.text);
     }
-    return text;
+    return SvgPath("leader", leaders) + text;
 }
 
 std::string Doors(const LevelMap& map) {
@@ -334,9 +333,8 @@ std::span<const MapLayer> MapLayers() {
 }
 
 std::int32_t PanelWidth(const MapOutline& map) {
-    const auto letters = static_cast<std::int32_t>(map.name.size());
-    return std::max({map.width * kCell, letters * kTitleLetter + kCell, kNarrowest}) +
-           2 * kPanelMargin;
+    const auto title = static_cast<std::int32_t>(BoldWidth(map.name, kTitleSize));
+    return std::max({map.width * kCell, title + 2 * kCell, kNarrowest}) + 2 * kPanelMargin;
 }
 
 std::int32_t PanelHeight(const MapOutline& map) {

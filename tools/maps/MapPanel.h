@@ -30,7 +30,7 @@ std::int32_t PanelHeight(const MapOutline& map);
 std::string MapDrawing(const LevelMap& map, ListedItems* listed);
 
 /// How far a drawing reaches beyond its grid: at both sides, and below with the scale.
-inline constexpr std::int32_t kPanelMargin = 36;
+inline constexpr std::int32_t kPanelMargin = 60;
 inline constexpr std::int32_t kPanelFoot = 56;
 
 /// An arrow that points north, with its letter, 30 units high.

@@ -12,8 +12,8 @@ namespace Tarnex::Report {
 
 namespace {
 
-constexpr std::int32_t kMargin = 36;
-constexpr std::int32_t kNarrowest = 660; // the legend needs it
+constexpr std::int32_t kMargin = kPanelMargin;
+constexpr std::int32_t kNarrowest = 700; // the legend needs it
 constexpr std::int32_t kCaptionLine = 15;
 constexpr double kPageShape = 1.7; // width of a page of many levels by its height
 
@@ -58,7 +58,7 @@ SvgDocument::SvgDocument(const MapSurvey& survey, const MapCaption& caption) {
         foot += SvgTextAt("small", kMargin, extent.height, line);
         extent.height += kCaptionLine;
     }
-    extent.height += kMargin / 2;
+    extent.height += kMargin / 3;
 }
 
 // In rows from left to right.

@@ -269,28 +269,15 @@ private:
     }
 
     void SetBounds() {
-        if (tiles.empty() && things.empty()) {
-            return;
-        }
-        DiPos high;
-        low = high = tiles.empty() ? things.front().cell : tiles.front().cell;
-        const auto extend = [&](const auto& list) {
-            for (const auto& placed : list) {
-                low = DiPos(std::min(low.x, placed.cell.x), std::min(low.y, placed.cell.y), 0);
-                high = DiPos(std::max(high.x, placed.cell.x), std::max(high.y, placed.cell.y), 0);
-            }
-        };
-        extend(tiles);
-        extend(things);
         std::vector<DiPos> places;
         const auto collect = [&](const auto& list) {
             for (const auto& placed : list) {
-                places.emplace_back(placed.cell.x - low.x, placed.cell.y - low.y, 0);
+                places.emplace_back(placed.cell.x, placed.cell.y, 0);
             }
         };
         collect(tiles);
         collect(things);
-        map.SetGrid(high.x - low.x + 1, high.y - low.y + 1, places);
+        low = map.Frame(std::move(places));
     }
 
     MapCell& Held(const DiPos& place) { return map.Held(place.x - low.x, place.y - low.y); }

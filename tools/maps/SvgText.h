@@ -17,6 +17,9 @@ std::string Attribute(std::string_view name, std::string_view value);
 /// A text at a place; `type` is its class, which may be empty.
 std::string SvgTextAt(std::string_view type, double x, double y, std::string_view text);
 
+/// How wide a text in bold letters of that height is in the font of pictures.
+double BoldWidth(std::string_view text, double size);
+
 /// A path of a class; nothing for one without data.
 std::string SvgPath(std::string_view type, std::string_view data);
 

@@ -248,7 +248,7 @@ TEST(MapLabelsTest, TheFirstHundredDoorsAreLabelled) {
     for (std::int32_t i = 0; i < kDoors; ++i) {
         places.emplace_back(i, 0, 0);
     }
-    map.SetGrid(kDoors, 1, places);
+    map.Frame(places);
     for (Report::MapCell& cell : map.cells) {
         cell.teleport = true;
     }
@@ -269,7 +269,7 @@ TEST(MapLabelsTest, NamesOfMoreThanThirtyLettersAreCutBetweenLetters) {
         return text;
     };
     Report::LevelMap map;
-    map.SetGrid(1, 1, {DiPos(0, 0, 0)});
+    map.Frame({DiPos()});
     map.cells[0].teleport = true;
     map.cells[0].leadsTo = letters(30);
     EXPECT_EQ(Report::PlaceLabels(map)[0].text, "\u2192 " + letters(30));

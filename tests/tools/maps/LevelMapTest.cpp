@@ -44,18 +44,26 @@ protected:
     ConfigMgr config;
 };
 
-TEST_F(LevelMapTest, CopiesSizeNameTilesAndOpenings) {
+TEST_F(LevelMapTest, CopiesNameTilesAndOpenings) {
     const Report::LevelMap map = Map();
     EXPECT_EQ(map.name, "Vault");
     EXPECT_EQ(map.tileSize, 256);
-    EXPECT_EQ(map.width, 1);
-    EXPECT_EQ(map.height, 3);
     EXPECT_EQ(map.At(0, 0).tile, PlanTile::Room);
     EXPECT_EQ(map.At(0, 0).doorway, Open("S"));
     EXPECT_TRUE(map.At(0, 0).door);
     EXPECT_EQ(map.At(0, 1).tile, PlanTile::Hall);
     EXPECT_EQ(map.At(0, 1).open, Open("NS"));
-    EXPECT_EQ(map.At(0, 2).tile, PlanTile::Empty);
+}
+
+TEST_F(LevelMapTest, IsAsLargeAsWhatIsOnIt) {
+    layout->SetElmt({}, 0, 0);
+    const Report::LevelMap map = Map();
+    EXPECT_EQ(map.width, 1);
+    EXPECT_EQ(map.height, 1);
+    EXPECT_EQ(map.At(0, 0).tile, PlanTile::Hall);
+    EXPECT_EQ(map.corner.y, -256.0F);
+    layout->SetElmt({}, 1, 0);
+    EXPECT_TRUE(Map().cells.empty());
 }
 
 TEST_F(LevelMapTest, TheCellOfTheArrivalTellsWhatToType) {

@@ -37,7 +37,7 @@ inline void SetCells(Report::LevelMap& map,
             places.emplace_back(x, y, 0);
         }
     }
-    map.SetGrid(width, height, places);
+    map.Frame(places);
     for (std::size_t i = 0; i < cells.size(); ++i) {
         cells[i].place = places[i];
     }
