@@ -2,6 +2,7 @@
 #include "cli/Arguments.h"
 
 #include "cli/CommandHelp.h"
+#include "cli/Suggestions.h"
 #include "cli/Verbs.h"
 #include "tools/text/UsageError.h"
 
@@ -25,7 +26,7 @@ constexpr const char* kOverviewExample =
     "Example:\n"
     "  vaultry generate --levels 3 --creature-theme Undead -o crypt.esp\n"
     "\n"
-    "\"vaultry VERB --help\" describes a verb.";
+    "\"vaultry help VERB\" describes a verb.";
 
 // What may be asked for, by verb.
 using Asked = std::map<std::string, Request>;
@@ -90,19 +91,39 @@ CommandHelp Describe(const CLI::App& app) {
     return help;
 }
 
-// The words that print the help of the verb in use.
-std::string WordsForHelp(const CLI::App& app) {
+// The verb in use; empty for none.
+std::string VerbOf(const CLI::App& app) {
     const std::vector<CLI::App*> verbs = app.get_subcommands();
-    return "vaultry " + (verbs.empty() ? "" : verbs.front()->get_name() + ' ') + "--help";
+    return verbs.empty() ? "" : verbs.front()->get_name();
+}
+
+// What one tries first: "help" and "version" stand for switches.
+std::vector<std::string> InSwitches(std::vector<std::string> words) {
+    const std::string first = words.empty() ? "" : words.front();
+    if (first != "help" && first != "version") {
+        return words;
+    }
+    const auto isSuch = [](const std::string& word) { return word == "help" || word == "version"; };
+    words.erase(words.begin(), std::ranges::find_if_not(words, isSuch));
+    words.insert(words.begin() + (words.empty() ? 0 : 1), "--" + first);
+    return words;
+}
+
+void RequireVerb(const std::vector<std::string>& words) {
+    if (!words.empty() && !words.front().starts_with('-') &&
+        std::ranges::find(Verbs(), words.front(), &Verb::name) == Verbs().end()) {
+        throw UsageError(AnswerToVerb(words.front()));
+    }
 }
 
 Request Parse(CLI::App& app, const std::vector<std::string>& words) {
+    RequireVerb(words);
     Asked asked;
     SetUp(app, asked, &words);
     // The parser takes the words from the back.
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
-    const std::vector<CLI::App*> verbs = app.get_subcommands();
-    return verbs.empty() ? NoVerb{app.help()} : std::move(asked[verbs.front()->get_name()]);
+    const std::string verb = VerbOf(app);
+    return verb.empty() ? NoVerb{app.help()} : std::move(asked[verb]);
 }
 
 } // namespace
@@ -117,15 +138,17 @@ CommandHelp DescribeCommandLine() {
 Request ParseArguments(const std::vector<std::string>& arguments) {
     CLI::App app(kOverview, "vaultry");
     try {
-        return Parse(app, arguments);
+        return Parse(app, InSwitches(arguments));
     } catch (const CLI::CallForHelp&) {
         return PrintText{app.help()};
     } catch (const CLI::CallForVersion& version) {
         return PrintText{std::string(version.what()) + '\n'};
     } catch (const CLI::ArgumentMismatch& e) {
         throw UsageError(WrongCount(e));
+    } catch (const CLI::ExtrasError&) {
+        throw UsageError(AnswerToWords(VerbOf(app), app.remaining(true)));
     } catch (const CLI::ParseError& e) {
-        throw UsageError(std::string(e.what()) + "; see \"" + WordsForHelp(app) + '"');
+        throw UsageError(std::string(e.what()) + "; see \"vaultry " + VerbOf(app) + " --help\"");
     }
 }
 

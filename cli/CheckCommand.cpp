@@ -5,23 +5,57 @@
 #include "cli/ConfigSource.h"
 #include "cli/LibraryLog.h"
 #include "tools/check/ConfigCheck.h"
+#include "tools/text/UsageError.h"
+
+#include <algorithm>
+#include <iostream>
+#include <iterator>
 
 namespace Tarnex::Cli {
 
+namespace {
+
+constexpr const char* kStandardInput = "-";
+
+ConfigRecord RecordOf(const std::string& name) {
+    if (name != kStandardInput) {
+        return ConfigSource(name).Record();
+    }
+    const std::string text(std::istreambuf_iterator<char>(std::cin), {});
+    return RecordConfigText(text, kStandardInput);
+}
+
+ExitStatus StatusOf(const Report::ConfigCheck& check) {
+    return !check.usable              ? ExitStatus::Usage
+           : Report::HasWeight(check) ? ExitStatus::Failure
+                                      : ExitStatus::Success;
+}
+
+} // namespace
+
 ExitStatus RunVerb(const CheckOptions& options, const Console& console) {
     const EndingSignals ending;
-    const ConfigSource source(options.config);
     LibraryLog log(std::nullopt);
-    const Report::ConfigCheck check = Report::CheckConfig(options.config, source.Record());
-    if (options.json) {
-        console.out << Report::ToJson(check);
-    } else {
-        Report::PrintCheck(check, console.out);
+    const bool several = options.configs.size() > 1;
+    std::vector<Report::ConfigCheck> checks;
+    ExitStatus worst = ExitStatus::Success;
+    for (const std::string& name : options.configs) {
+        try {
+            checks.push_back(Report::CheckConfig(name, RecordOf(name)));
+            worst = std::max(worst, StatusOf(checks.back()));
+        } catch (const UsageError& e) {
+            console.Say(e.what());
+            worst = ExitStatus::Usage;
+            continue;
+        }
+        if (!options.json) {
+            Report::PrintCheck(checks.back(), console.out, several);
+        }
     }
-    if (!check.usable) {
-        return ExitStatus::Usage;
+    if (options.json && !checks.empty()) {
+        console.out << (several ? Report::ToJson(checks) : Report::ToJson(checks.front()));
     }
-    return Report::HasWeight(check) ? ExitStatus::Failure : ExitStatus::Success;
+    return worst;
 }
 
 } // namespace Tarnex::Cli

@@ -35,8 +35,8 @@ ExitStatus RunVerb(const InspectOptions& options, const Console& console);
 /// Prints what differs between two plug-ins; differences are a failure.
 ExitStatus RunVerb(const DiffOptions& options, const Console& console);
 
-/// Prints what is wrong with a configuration; findings of weight are a failure, and a document that
-/// cannot be read is a usage error.
+/// Prints what is wrong with configurations; findings of weight are a failure, and one that does
+/// not exist or cannot be read is a usage error. The status is the worst of all.
 ExitStatus RunVerb(const CheckOptions& options, const Console& console);
 
 /// Prints the manual page.

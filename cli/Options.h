@@ -107,7 +107,7 @@ struct DiffOptions {
 
 /// vaultry check
 struct CheckOptions {
-    std::string config; ///< a path, "builtin" or "builtin:NAME"
+    std::vector<std::string> configs; ///< paths, "builtin", "builtin:NAME", "-": standard input
     bool json = false;
 };
 

@@ -21,11 +21,12 @@ struct PathKind {
     std::string_view zsh;
 };
 
-constexpr std::array<PathKind, 7> kPathKinds = {{
+constexpr std::array<PathKind, 8> kPathKinds = {{
     {"FILE", "-f", "_files"},
     {"FILE...", "-f", "_files"},
     {"PLUGIN", "-f", "_files"},
     {"CONFIG", "-f", "_files"},
+    {"CONFIG...", "-f", "_files"},
     {"A", "-f", "_files"},
     {"B", "-f", "_files"},
     {"FOLDER", "-d", "_files -/"},

@@ -117,7 +117,7 @@ std::vector<std::string> ProgramArguments(int, char**) {
 std::shared_ptr<void> PrepareStreams() {
     const UINT oldCodePage = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
-    for (std::FILE* const stream : {stdout, stderr}) {
+    for (std::FILE* const stream : {stdin, stdout, stderr}) {
         _setmode(_fileno(stream), _O_BINARY);
     }
     for (const DWORD stream : {kOut, kErr}) {

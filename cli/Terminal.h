@@ -22,7 +22,7 @@ bool StandardErrorIsTerminal();
 /// refused them by NO_COLOR or it is too simple (TERM=dumb), or a file or pipe of any width.
 Report::TextPage StandardOutputPage();
 
-/// While the answer lives, what is written to the standard streams arrives as it is: without
+/// While the answer lives, what passes the standard streams arrives as it is: without
 /// changed line ends in a file or pipe, and in a console as UTF-8 with the meaning of escape
 /// sequences. Windows needs to be told; its console is left as it was found.
 std::shared_ptr<void> PrepareStreams();

@@ -50,8 +50,8 @@ constexpr const char* kSearchExample =
     "\n"
     "Examples:\n"
     "  vaultry search --sample 10000 --levels 2 --size large \\\n"
-    "      --where 'rooms>=12 and walkable and loops>=2' --sort loops,treasure --top 10\n"
-    "  vaultry search --sample 500 --creature-theme Undead --where 'creatures-from-15 > 3' \\\n"
+    "      --where \"rooms>=12 and walkable and loops>=2\" --sort loops,treasure --top 10\n"
+    "  vaultry search --sample 500 --creature-theme Undead --where \"creatures-from-15 > 3\" \\\n"
     "      --csv found.csv --thumbnails maps\n"
     "  vaultry search --merge found-*.csv --sort loops --top 10 --csv best.csv";
 constexpr const char* kListExample = "Example:\n"
@@ -76,7 +76,7 @@ constexpr const char* kCheckExample =
     "Examples:\n"
     "  vaultry check my.xml\n"
     "  vaultry check my.xml --json | jq -r '.findings[].message'\n"
-    "  vaultry check builtin:caves";
+    "  vaultry check *.xml";
 
 constexpr const char* kManualExample = "Example:\n"
                                        "  vaultry manual | man -l -";
@@ -395,7 +395,10 @@ void AddDiff(CLI::App& verb, Request& request) {
 
 void AddCheck(CLI::App& verb, Request& request) {
     auto& options = request.emplace<CheckOptions>();
-    AddText(verb, "config", options.config, "CONFIG", "A file, builtin or builtin:NAME")
+    verb.add_option("-c,--config,configs",
+                    options.configs,
+                    "Files, builtin or builtin:NAME; - is standard input")
+        ->type_name("CONFIG...")
         ->required();
     AddJson(verb, options.json);
 }

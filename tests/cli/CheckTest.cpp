@@ -57,6 +57,49 @@ TEST_F(CheckTest, JsonGivesThePlaceToPrograms) {
     EXPECT_EQ(finding.at("nearest"), "Stack");
 }
 
+TEST_F(CheckTest, SeveralAreNamedAndTheWorstCounts) {
+    Write("empty.xml", "<OstrelData/>\n");
+    Write("torn.xml", "<OstrelData>\n<Rug>\n</OstrelData>\n");
+    const Outcome one = Run({"check", "builtin", "empty.xml"});
+    EXPECT_EQ(one.status, 1);
+    EXPECT_EQ(one.out,
+              "builtin: Nothing is wrong.\n"
+              "empty.xml:1:1: error: there is no tile set\n"
+              "    Nothing can be generated.\n"
+              "empty.xml:1:1: error: there is no layout\n"
+              "    Nothing can be generated.\n"
+              "empty.xml: 2 errors, 0 warnings, 0 notes.\n");
+    EXPECT_EQ(Run({"check", "torn.xml", "empty.xml", "builtin"}).status, 2);
+    EXPECT_EQ(Run({"check", "builtin", "builtin:caves"}).status, 0);
+}
+
+TEST_F(CheckTest, AMissingOneDoesNotKeepTheOthersFromBeingChecked) {
+    const Outcome outcome = Run({"check", "none.xml", "builtin"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "builtin: Nothing is wrong.\n");
+    EXPECT_EQ(outcome.err, "vaultry: the configuration \"none.xml\" does not exist\n");
+}
+
+TEST_F(CheckTest, JsonOfSeveralIsAList) {
+    const auto json = nlohmann::json::parse(Run({"check", "builtin", "none.xml", "--json"}).out);
+    ASSERT_EQ(json.size(), 1U);
+    EXPECT_EQ(json.at(0).at("config"), "builtin");
+}
+
+TEST_F(CheckTest, TheSwitchOfTheOtherVerbsIsTaken) {
+    EXPECT_EQ(Run({"check", "-c", "builtin"}).out, "Nothing is wrong.\n");
+    EXPECT_EQ(Run({"check", "--config=builtin"}).out, "Nothing is wrong.\n");
+}
+
+#ifndef _WIN32
+TEST_F(CheckTest, StandardInputIsOne) {
+    Write("my.xml", "<OstrelData/>\n");
+    const Outcome outcome = RunAfter("exec <my.xml", {"check", "-"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Contains(outcome.out, "-:1:1: error: there is no tile set\n")) << outcome.out;
+}
+#endif
+
 TEST_F(CheckTest, AMissingFileIsNamed) {
     const Outcome outcome = Run({"check", "none.xml"});
     EXPECT_EQ(outcome.status, 2);

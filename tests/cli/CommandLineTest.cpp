@@ -70,6 +70,15 @@ TEST_F(CommandLineTest, HelpOfTheOtherVerbsHasAnExample) {
     EXPECT_TRUE(Contains(Run({"config", "--help"}).out, "vaultry config"));
 }
 
+TEST_F(CommandLineTest, HelpAndVersionAreWordsToo) {
+    EXPECT_EQ(Run({"version"}).out, Run({"--version"}).out);
+    EXPECT_EQ(Run({"help"}).out, Run({"--help"}).out);
+    EXPECT_EQ(Run({"help", "help"}).out, Run({"--help"}).out);
+    EXPECT_EQ(Run({"help", "version"}).out, Run({"--help"}).out);
+    EXPECT_EQ(Run({"help", "search"}).out, Run({"search", "--help"}).out);
+    EXPECT_EQ(Run({"help", "search"}).status, 0);
+}
+
 TEST_F(CommandLineTest, HelpAndVersionLeaveNothingBehind) {
     EXPECT_EQ(Run({"--help"}).status, 0);
     EXPECT_EQ(Run({"--version"}).status, 0);

@@ -34,21 +34,45 @@ TEST_F(UsageTest, WithoutAVerbShowsTheHelp) {
     EXPECT_TRUE(Contains(outcome.err, "config"));
 }
 
-TEST_F(UsageTest, UnknownVerb) {
-    ExpectMistake(Run({"frobnicate"}), "frobnicate");
-}
-
-TEST_F(UsageTest, UnknownOption) {
-    ExpectMistake(Generate({"--frob"}), "--frob");
-}
-
 TEST_F(UsageTest, MistakesPointToTheHelpOfTheirVerb) {
     ExpectMistake(Generate({"--frob"}), "see \"vaultry generate --help\"");
     ExpectMistake(Run({"--frob"}), "see \"vaultry --help\"");
 }
 
-TEST_F(UsageTest, TwoVerbs) {
-    ExpectMistake(Run({"list", "config"}), "config");
+TEST_F(UsageTest, VerbsAreAnsweredWithTheNearest) {
+    ExpectMistake(Run({"genrate"}), "there is no verb \"genrate\"; did you mean \"generate\"?");
+    ExpectMistake(Run({"helo"}), "did you mean \"help\"?");
+    ExpectMistake(Run({"help", "genrate"}), "did you mean \"generate\"?");
+    ExpectMistake(Run({"genrate", "--help"}), "did you mean \"generate\"?");
+    ExpectMistake(Run({"frobnicate"}), "\"frobnicate\"; see \"vaultry --help\"");
+}
+
+TEST_F(UsageTest, OptionsAreAnsweredWithTheNearest) {
+    for (const Lines& words : {Lines{"--sed", "7"}, {"--sed=7"}, {"-seed", "7"}, {"-sed", "7"}}) {
+        ExpectMistake(Generate(words), "; did you mean \"--seed\"?");
+    }
+    ExpectMistake(Generate({"--sed", "7", "--levl", "2"}), "generate has no option --sed;");
+    ExpectMistake(Run({"map", "--level", "2"}),
+                  "map has no option --level; did you mean \"--levels\"");
+    ExpectMistake(Run({"--versoin"}), "did you mean \"--version\"?");
+}
+
+// Those of one letter all are near each other.
+TEST_F(UsageTest, ShortOptionsAreNotGuessed) {
+    ExpectMistake(Generate({"-x"}), "generate has no option -x; see \"vaultry generate --help\"");
+}
+
+TEST_F(UsageTest, OptionsOfAnotherVerbNameIt) {
+    ExpectMistake(Generate({"--where", "rooms"}), "--where belongs to search, not to generate");
+    ExpectMistake(Run({"search", "--seed=7"}), "--seed belongs to generate, map, not to search");
+    ExpectMistake(Run({"--seed", "7", "generate"}),
+                  "--seed stands behind its verb, generate or map");
+    ExpectMistake(Run({"--seed", "7"}), "--seed stands behind its verb, generate or map");
+}
+
+TEST_F(UsageTest, AWordTooManyIsNamed) {
+    ExpectMistake(Run({"list", "config"}), "\"config\" is one word too many for list");
+    ExpectMistake(Generate({"-n", "Old", "Keep", "--frob"}), "\"Keep\" is one word too many");
 }
 
 TEST_F(UsageTest, OptionWithoutItsValue) {

@@ -178,7 +178,7 @@ bool HasWeight(const ConfigCheck& check) {
     return CountOf(check, Weight::Note) != check.findings.size();
 }
 
-void PrintCheck(const ConfigCheck& check, std::ostream& out) {
+void PrintCheck(const ConfigCheck& check, std::ostream& out, bool named) {
     for (const ConfigFinding& finding : check.findings) {
         out << ForTerminal(check.name) << ':' << finding.place.line << ':' << finding.place.column
             << ": " << WeightName(finding.weight) << ": " << ForTerminal(finding.message) << '\n'
@@ -187,6 +187,7 @@ void PrintCheck(const ConfigCheck& check, std::ostream& out) {
             out << "    Nearest: " << ForTerminal(finding.nearest) << '\n';
         }
     }
+    out << (named ? ForTerminal(check.name) + ": " : "");
     if (check.findings.empty()) {
         out << "Nothing is wrong.\n";
         return;
@@ -196,7 +197,9 @@ void PrintCheck(const ConfigCheck& check, std::ostream& out) {
         << Counted(CountOf(check, Weight::Note), "note") << ".\n";
 }
 
-std::string ToJson(const ConfigCheck& check) {
+namespace {
+
+Json JsonOf(const ConfigCheck& check) {
     Json json = JsonHeader();
     json["config"] = check.name;
     json["usable"] = check.usable;
@@ -210,7 +213,21 @@ std::string ToJson(const ConfigCheck& check) {
                             {"meaning", finding.meaning},
                             {"nearest", finding.nearest}});
     }
-    return JsonText(json);
+    return json;
+}
+
+} // namespace
+
+std::string ToJson(const ConfigCheck& check) {
+    return JsonText(JsonOf(check));
+}
+
+std::string ToJson(std::span<const ConfigCheck> checks) {
+    Json list = Json::array();
+    for (const ConfigCheck& check : checks) {
+        list.push_back(JsonOf(check));
+    }
+    return JsonText(list);
 }
 
 } // namespace Tarnex::Report

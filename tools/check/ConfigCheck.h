@@ -5,6 +5,7 @@
 #include <vaultry/catalogue/ConfigRecord.h>
 
 #include <ostream>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -35,9 +36,12 @@ ConfigCheck CheckConfig(const std::string& name, const ConfigRecord& record);
 /// True when something was found that is more than a note.
 bool HasWeight(const ConfigCheck& check);
 
-/// Prints each finding with its place, and how many there are.
-void PrintCheck(const ConfigCheck& check, std::ostream& out);
+/// Prints each finding with its place, and how many there are: behind the name where `named`.
+void PrintCheck(const ConfigCheck& check, std::ostream& out, bool named = false);
 
 std::string ToJson(const ConfigCheck& check);
+
+/// A list of what stands for each.
+std::string ToJson(std::span<const ConfigCheck> checks);
 
 } // namespace Tarnex::Report
