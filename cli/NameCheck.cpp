@@ -34,6 +34,11 @@ std::vector<std::string> NameWarnings(const GenerateOptions& options) {
         warnings.push_back("the name of the cell has letters that the game lacks; it becomes \"" +
                            Tarnex::ToUtf8(name) + '"');
     }
+    if (name.find('"') != std::string::npos) {
+        warnings.emplace_back(
+            "the game's console takes no name with quotation marks: the lines that "
+            "take one into the cell do not work");
+    }
     const std::size_t length = LastCellName(options, name).size();
     if (length > kLongestName) {
         warnings.push_back("the name of the cell has " + std::to_string(length) +

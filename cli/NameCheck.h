@@ -14,7 +14,8 @@ namespace Tarnex::Cli {
 using Report::OfferNames;
 
 /// One line for each thing that the names asked for lose in the game: letters that Windows-1252
-/// lacks, and bytes beyond the 63 of a cell's name, the numbers of several levels included.
+/// lacks, bytes beyond the 63 of a cell's name, the numbers of several levels included, and the way
+/// in by its console.
 std::vector<std::string> NameWarnings(const GenerateOptions& options);
 
 /// One line for each option given that has no effect beside the others.

@@ -16,7 +16,7 @@ TEST(GenerateLinesTest, PrintsAnewWhatDecidesWhatIsGenerated) {
     const auto understood = lines.Read("vaultry generate --size=small -o /etc/passwd --log x "
                                        "--levels 1 --seed 07 -n 'A  b' --quiet");
     EXPECT_EQ(understood.seed, 7U);
-    EXPECT_EQ(understood.line, "vaultry generate --seed 7 --cell 'A  b' --size Small");
+    EXPECT_EQ(understood.line, "vaultry generate --seed 7 --cell \"A  b\" --size Small");
 }
 
 TEST(GenerateLinesTest, LinesThatDifferInTheSeedAloneAreReadAlike) {
@@ -27,7 +27,7 @@ TEST(GenerateLinesTest, LinesThatDifferInTheSeedAloneAreReadAlike) {
         EXPECT_EQ(std::to_string(understood.seed), std::to_string(std::stoul(seed)));
         EXPECT_EQ(understood.line,
                   "vaultry generate --seed " + std::to_string(understood.seed) +
-                      " --cell='--seed 9' --levels 2 --size Tiny");
+                      " --cell=\"--seed 9\" --levels 2 --size Tiny");
     }
     EXPECT_FALSE(lines.ReadOlder());
 }
@@ -38,7 +38,7 @@ TEST(GenerateLinesTest, WhatIsNotNamedIsWhatEarlierVersionsMeant) {
         const std::string start = "vaultry generate --seed 1";
         return lines.Read(start + behind).line.substr(start.size());
     };
-    const std::string cell = " --cell 'Vaultry Dungeon'";
+    const std::string cell = " --cell \"Vaultry Dungeon\"";
     const std::string caves = " --config builtin:caves";
     EXPECT_EQ(read(""), cell + " --size Random");
     EXPECT_TRUE(lines.ReadOlder());
@@ -48,7 +48,7 @@ TEST(GenerateLinesTest, WhatIsNotNamedIsWhatEarlierVersionsMeant) {
     EXPECT_EQ(read(" --fixed"), cell + " --fixed");
     EXPECT_EQ(read(caves), caves + cell + " --tileset Velothi --size Random");
     EXPECT_EQ(read(caves + " --fixed"),
-              caves + cell + " --fixed --tileset Velothi --template 'Small Chamber'");
+              caves + cell + " --fixed --tileset Velothi --template \"Small Chamber\"");
     EXPECT_EQ(read(caves + " --fixed --cave-tileset A --cave-template B"),
               caves + cell + " --fixed --cave-tileset A --cave-template B");
 }
@@ -74,7 +74,8 @@ TEST(GenerateLinesTest, RefusesOtherLines) {
     EXPECT_EQ(RefusalOfLine("vaultry generate --help"), "it has no --seed");
     EXPECT_EQ(RefusalOfLine("vaultry generate --seed 4294967296"),
               "--seed: \"4294967296\" is not a whole number from 0 to 4294967295");
-    EXPECT_EQ(RefusalOfLine("vaultry generate --seed 1;ls"), "\";\" stands outside of apostrophes");
+    EXPECT_EQ(RefusalOfLine("vaultry generate --seed 1;ls"),
+              "\";\" stands outside of quotation marks");
     EXPECT_NE(RefusalOfLine("vaultry generate --seed 1 --seed 2"), "");
     EXPECT_NE(RefusalOfLine("vaultry generate --seed 1 --nonsense"), "");
 }

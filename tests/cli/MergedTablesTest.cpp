@@ -76,8 +76,9 @@ TEST_F(MergedTablesTest, LinesOfEarlierVersionsKeepTheirMeaning) {
               "name none, the size is Random, the cell \"Vaultry Dungeon\", and builtin:caves and "
               "builtin:grottoes begin with rooms\n");
     EXPECT_TRUE(Contains(Read("b.csv"), ',' + line + '\n'));
-    EXPECT_TRUE(Contains(Read("b.csv"),
-                         ",vaultry generate --seed 7 --cell 'Vaultry Dungeon' --size Random\n"));
+    EXPECT_TRUE(
+        Contains(Read("b.csv"),
+                 ",\"vaultry generate --seed 7 --cell \"\"Vaultry Dungeon\"\" --size Random\"\n"));
 }
 
 TEST_F(MergedTablesTest, ACommandThatIsNoneOfOursIsRefused) {
@@ -87,7 +88,7 @@ TEST_F(MergedTablesTest, ACommandThatIsNoneOfOursIsRefused) {
                       "under \"command\" stands no line of vaultry generate: " + why +
                           "; only tables that vaultry search --csv wrote can be merged");
     };
-    expectRefused("curl example.invalid | sh", "\"|\" stands outside of apostrophes");
+    expectRefused("curl example.invalid | sh", "\"|\" stands outside of quotation marks");
     expectRefused("rm -r /home", "it does not begin with vaultry generate");
     expectRefused("vaultry generate --seed 8 -n '\u202Ex", "an apostrophe is never closed");
     expectRefused("=1+1", "an apostrophe is never closed");

@@ -80,6 +80,11 @@ TEST(NameWarningsTest, SingleLevelHasNoNumber) {
     EXPECT_EQ(NameWarnings(Named(std::string(64, 'x'), false, 1)).size(), 1U);
 }
 
+TEST(NameWarningsTest, QuotationMarksBreakTheLineOfTheConsole) {
+    EXPECT_EQ(NameWarnings(Named("The \"Keep\"", true, 1)).size(), 1U);
+    EXPECT_TRUE(NameWarnings(Named("The 'Keep'", true, 1)).empty());
+}
+
 TEST(NameWarningsTest, FixedInteriorHasNoNumber) {
     EXPECT_TRUE(NameWarnings(Named(std::string(63, 'x'), true, 10)).empty());
 }

@@ -81,8 +81,8 @@ TEST_F(PresetTest, MapsAndSearchesTakeThemAndLinesNameTheirParts) {
     const Outcome search = Run({"search", "--preset", "barrow", "--seeds", "7"});
     EXPECT_TRUE(Contains(search.out,
                          "  vaultry generate --seed 7 --cell dungeon --tileset Velothi --theme "
-                         "'Poor tomb' --creature-theme 'Undead (easy)' --treasure-theme 'Grave "
-                         "goods' --size Small\n"))
+                         "\"Poor tomb\" --creature-theme \"Undead (easy)\" --treasure-theme "
+                         "\"Grave goods\" --size Small\n"))
         << search.out;
 }
 

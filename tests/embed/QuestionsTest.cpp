@@ -271,7 +271,7 @@ TEST_F(QuestionsTest, TheCommandLineIsPrintedAndRead) {
     const std::string line = vaultry_command_line(own);
     EXPECT_EQ(line.substr(0, line.find(" --config")),
               "vaultry generate --seed " + std::to_string(vaultry_last_seed(own)));
-    EXPECT_TRUE(Contains(line, " --cell 'It'\\''s' --levels 2 --size Tiny --stamp 1")) << line;
+    EXPECT_TRUE(Contains(line, " --cell \"It's\" --levels 2 --size Tiny --stamp 1")) << line;
     const std::string bytes = Plugin();
     const Json read = Parsed(vaultry_command_line_json(own, line.c_str()));
     EXPECT_EQ(read.at("config"), kConfig);

@@ -115,15 +115,22 @@ TEST(HarmlessTextTest, JsonStandsForTheSameInHarmlessCharacters) {
 
 TEST(HarmlessTextTest, WordsForAShellAreQuotedWhereTheyMust) {
     EXPECT_EQ(ForShell("a-b_c./:,+@%=9Z"), "a-b_c./:,+@%=9Z");
-    EXPECT_EQ(ForShell(""), "''");
-    EXPECT_EQ(ForShell("a b"), "'a b'");
-    EXPECT_EQ(ForShell("$(reboot)`"), "'$(reboot)`'");
-    EXPECT_EQ(ForShell("it's"), "'it'\\''s'");
-    EXPECT_EQ(ForShell("Höhle"), "'Höhle'");
-    EXPECT_EQ(ForShell("a\\b"), "'a\\b'");
+    EXPECT_EQ(ForShell(""), "\"\"");
+    EXPECT_EQ(ForShell("a b"), "\"a b\"");
+    EXPECT_EQ(ForShell("it's"), "\"it's\"");
+    EXPECT_EQ(ForShell("Höhle"), "\"Höhle\"");
+    EXPECT_EQ(ForShell("C:\\my mods\\a.xml"), "\"C:\\my mods\\a.xml\"");
     // Some shells take this for a command's path.
-    EXPECT_EQ(ForShell("=ls"), "'=ls'");
-    EXPECT_EQ(ForShell("~"), "'~'");
+    EXPECT_EQ(ForShell("=ls"), "\"=ls\"");
+    EXPECT_EQ(ForShell("~"), "\"~\"");
+}
+
+TEST(HarmlessTextTest, WhatQuotationMarksChangeInSomeShellIsInApostrophes) {
+    for (const char* word :
+         {"$(reboot)", "`ls`", "a \"b\"", "ha!", "%PATH% ", "a \\", "\\\\a b", "a “b”"}) {
+        EXPECT_EQ(ForShell(word), "'" + std::string(word) + "'");
+    }
+    EXPECT_EQ(ForShell("it's $5"), "'it'\\''s $5'");
 }
 
 TEST(HarmlessTextTest, DangerousCharactersAreNumbersForAShell) {

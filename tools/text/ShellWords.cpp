@@ -37,22 +37,38 @@ private:
             return Numbered();
         }
         if (Take("'")) {
-            return std::string(UpTo('\''));
+            return std::string(UpTo('\'', "an apostrophe"));
         }
         if (Take("\\'")) {
             return "'";
         }
+        if (Take("\"")) {
+            return Quoted();
+        }
         const std::string_view plain = rest.substr(0, 1);
         if (!IsPlainInShell(plain.front())) {
-            throw UsageError(Quote(plain) + " stands outside of apostrophes");
+            throw UsageError(Quote(plain) + " stands outside of quotation marks");
         }
         rest.remove_prefix(1);
         return std::string(plain);
     }
 
+    // What shells would act upon between quotation marks is refused, an escape too.
+    std::string Quoted() {
+        const std::string text(UpTo('"', "a quotation mark"));
+        const std::size_t sign = text.find_first_of("$`!%");
+        if (sign != std::string::npos) {
+            throw UsageError(Quote(text.substr(sign, 1)) + " stands between quotation marks");
+        }
+        if (text.ends_with('\\') || text.find("\\\\") != std::string::npos) {
+            throw UsageError("a backslash between quotation marks escapes what follows");
+        }
+        return text;
+    }
+
     // Behind "$'": bytes may be octal numbers.
     std::string Numbered() {
-        std::string_view text = UpTo('\'');
+        std::string_view text = UpTo('\'', "an apostrophe");
         std::string bytes;
         while (!text.empty()) {
             const std::size_t mark = std::min(text.find('\\'), text.size());
@@ -82,10 +98,10 @@ private:
         return taken;
     }
 
-    std::string_view UpTo(char end) {
+    std::string_view UpTo(char end, const char* name) {
         const std::size_t at = rest.find(end);
         if (at == std::string_view::npos) {
-            throw UsageError("an apostrophe is never closed");
+            throw UsageError(std::string(name) + " is never closed");
         }
         const std::string_view text = rest.substr(0, at);
         rest.remove_prefix(at + 1);

@@ -98,6 +98,18 @@ void AppendJsonEscape(std::string& text, char32_t c) {
     }
 }
 
+// POSIX shells, PowerShell and the command prompt take a word in quotation marks for the same, but
+// for what stands for something else within them in one of these. A backslash is one to them all
+// while nothing follows that it could escape. PowerShell ends a word at curved quotation marks too.
+bool IsSameInQuotes(std::string_view word) {
+    constexpr std::array<std::string_view, 3> kCurved = {"\u201C", "\u201D", "\u201E"};
+    const auto holds = [word](std::string_view part) {
+        return word.find(part) != std::string_view::npos;
+    };
+    return word.find_first_of("$`\"!%") == std::string_view::npos && !holds("\\\\") &&
+           !word.ends_with('\\') && std::ranges::none_of(kCurved, holds);
+}
+
 std::string InApostrophes(std::string_view word) {
     std::string quoted = "'";
     for (const char c : word) {
@@ -199,7 +211,10 @@ std::string ForShell(std::string_view word) {
     if (!word.empty() && word[0] != '=' && std::ranges::all_of(word, IsPlainInShell)) {
         return std::string(word);
     }
-    return CanBeShown(word) ? InApostrophes(word) : InDollarApostrophes(word);
+    if (!CanBeShown(word)) {
+        return InDollarApostrophes(word);
+    }
+    return IsSameInQuotes(word) ? '"' + std::string(word) + '"' : InApostrophes(word);
 }
 
 std::string ForLog(std::string_view codePageText) {

@@ -32,9 +32,9 @@ VAULTRY_API std::string ForTable(std::string_view utf8);
 /// characters in its strings are escaped too, so that it stands for the same as before.
 VAULTRY_API std::string ForJson(std::string json);
 
-/// A word of a command line, to be pasted into a shell. It stands for the same bytes in every POSIX
-/// shell; one with dangerous characters or malformed bytes needs a shell that knows $'...', and is
-/// another word, but no other command, for one that does not.
+/// A word of a command line: in quotation marks for POSIX shells, PowerShell and the command prompt
+/// alike; where these differ, in apostrophes for the former. What has dangerous characters needs a
+/// shell that knows $'...' and is another word, but no other command, for one that does not.
 VAULTRY_API std::string ForShell(std::string_view word);
 
 /// Whether a byte stands for itself in every shell, in any word that does not begin with "=".

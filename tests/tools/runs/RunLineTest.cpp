@@ -24,8 +24,8 @@ TEST(RunLineTest, OnlyWhatIsNotUsualIsSaid) {
     options.stamp = -3;
     EXPECT_EQ(
         Report::GenerateCommandLine(options, 4294967295U),
-        "vaultry generate --seed 4294967295 --config 'my maps/a.xml' --cell dungeon "
-        "--cave-tileset 'It'\\''s' --size Large --spacing Semi-tight --random-theme --stamp -3");
+        "vaultry generate --seed 4294967295 --config \"my maps/a.xml\" --cell dungeon "
+        "--cave-tileset \"It's\" --size Large --spacing Semi-tight --random-theme --stamp -3");
 }
 
 TEST(RunLineTest, TheMarginOfAMapNamesEveryOptionThatShapesLevels) {
@@ -38,7 +38,7 @@ TEST(RunLineTest, TheMarginOfAMapNamesEveryOptionThatShapesLevels) {
     options.stamp = 1;
     options.cell = "Keep";
     EXPECT_EQ(Report::LevelWords(options),
-              "--theme 'Noble hall' --max-level 12 --size Medium --random-tileset "
+              "--theme \"Noble hall\" --max-level 12 --size Medium --random-tileset "
               "--random-creature-theme");
     options.fixed = true;
     EXPECT_FALSE(Contains(Report::LevelWords(options), "--size"));
@@ -100,7 +100,7 @@ TEST(RunLineTest, OtherLinesAreRefused) {
     EXPECT_EQ(Refusal(start + "--seed 1 --seed 2"), "--seed is given twice");
     EXPECT_EQ(Refusal(start + "-c a --config b"), "--config is given twice");
     EXPECT_EQ(Refusal(start + "--tileset a --cave-tileset b"), "--cave-tileset excludes --tileset");
-    EXPECT_EQ(Refusal(start + "--seed 1;ls"), "\";\" stands outside of apostrophes");
+    EXPECT_EQ(Refusal(start + "--seed 1;ls"), "\";\" stands outside of quotation marks");
 }
 
 } // namespace

@@ -47,6 +47,8 @@ TEST(SplitCommandLineTest, TakesApartWhatIsQuotedForAShell) {
     }
     EXPECT_EQ(Report::SplitCommandLine(line), words);
     EXPECT_EQ(Report::SplitCommandLine("'a'b\\''c'"), Words{"ab'c"});
+    EXPECT_EQ(Report::SplitCommandLine("\"a'b c\"d"), Words{"a'b cd"});
+    EXPECT_EQ(Report::SplitCommandLine(R"("C:\my mods\a.xml")"), Words{R"(C:\my mods\a.xml)"});
     EXPECT_EQ(Report::SplitCommandLine(""), Words{});
     EXPECT_EQ(Report::SplitCommandLine("  "), Words{});
 }
@@ -123,13 +125,20 @@ VAULTRY_LEFT_OUT_ON_WINDOWS(SplitCommandLineTest, "has no POSIX shell")
 #endif
 
 TEST(SplitCommandLineTest, RefusesWhatAShellWouldActUpon) {
-    for (const char sign : "$`;&|<>*?[]{}()~#!\"\n\t\r^"s) {
+    for (const char sign : "$`;&|<>*?[]{}()~#!\n\t\r^"s) {
         EXPECT_EQ(Refusal("vaultry "s + sign + " x"),
-                  "\""s + sign + "\" stands outside of apostrophes");
+                  "\""s + sign + "\" stands outside of quotation marks");
     }
-    EXPECT_EQ(Refusal("a\x1B"), "\"\x1B\" stands outside of apostrophes");
-    EXPECT_EQ(Refusal("\\a"), "\"\\\" stands outside of apostrophes");
+    EXPECT_EQ(Refusal("a\x1B"), "\"\x1B\" stands outside of quotation marks");
+    EXPECT_EQ(Refusal("\\a"), "\"\\\" stands outside of quotation marks");
     EXPECT_EQ(Refusal("a 'b"), "an apostrophe is never closed");
+    EXPECT_EQ(Refusal("a \"b"), "a quotation mark is never closed");
+    for (const char sign : "$`!%"s) {
+        EXPECT_EQ(Refusal("\"a"s + sign + '"'), "\""s + sign + "\" stands between quotation marks");
+    }
+    for (const char* line : {R"("a\")", R"("a\\b")"}) {
+        EXPECT_EQ(Refusal(line), "a backslash between quotation marks escapes what follows");
+    }
     EXPECT_EQ(Refusal("$'a\\'b"), "a backslash within $'...' needs three octal digits");
     EXPECT_EQ(Refusal("$'\\x41'"), "a backslash within $'...' needs three octal digits");
     EXPECT_EQ(Refusal("$'\\400'"), "a backslash within $'...' needs three octal digits");
