@@ -5,6 +5,7 @@
 
 #include <tests/support/TextGrid.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ protected:
         return part;
     }
 
+    // The cell in the first row.
+    static PlanCell& At(LevelPlan& plan, int col) { return plan.At(DiPos(col, 0, 0)); }
+
     ~LevelPlanTest() override { level->Dissolve(); }
 
     DiPtr<TileSet> tiles = MakeFullTileSet();
@@ -34,15 +38,14 @@ protected:
 TEST_F(LevelPlanTest, WaysLeadWhereBothCellsAreOpenAndTheOtherOpeningsAreLoose) {
     Draw(*level, 0, 0, "- - wW |", *tiles);
     LevelPlan plan = PlanOf(*level);
-    ASSERT_EQ(plan.cells.size(), 4U);
-    EXPECT_EQ(plan.cells[0].ways, kEast);
-    EXPECT_EQ(plan.cells[0].loose, kWest);
-    EXPECT_EQ(plan.cells[1].ways, kWest);
-    EXPECT_EQ(plan.cells[1].loose, kEast);
-    EXPECT_EQ(plan.cells[2].ways, 0);
-    EXPECT_EQ(plan.cells[2].loose, 0) << "the floor of a room needs to lead nowhere";
-    EXPECT_EQ(plan.cells[3].loose, SideBit(DirN) | SideBit(DirS));
-    EXPECT_EQ(plan.Find(DiPos(4, 0, 0)), nullptr);
+    EXPECT_EQ(At(plan, 0).ways, kEast);
+    EXPECT_EQ(At(plan, 0).loose, kWest);
+    EXPECT_EQ(At(plan, 1).ways, kWest);
+    EXPECT_EQ(At(plan, 1).loose, kEast);
+    EXPECT_EQ(At(plan, 2).ways, 0);
+    EXPECT_EQ(At(plan, 2).loose, 0) << "the floor of a room needs to lead nowhere";
+    EXPECT_EQ(At(plan, 3).loose, SideBit(DirN) | SideBit(DirS));
+    EXPECT_EQ(At(plan, 4).tile, PlanTile::Empty);
 }
 
 TEST_F(LevelPlanTest, ElementsTellTileDoorwayAndTeleport) {
@@ -59,10 +62,10 @@ TEST_F(LevelPlanTest, ElementsTellTileDoorwayAndTeleport) {
 
 TEST_F(LevelPlanTest, ATeleportingDoorLeadsToNoNeighbour) {
     Draw(*level, 0, 0, "DE! -", *tiles);
-    const LevelPlan plan = PlanOf(*level);
-    EXPECT_EQ(plan.cells[0].ways, 0);
-    EXPECT_EQ(plan.cells[0].loose, 0);
-    EXPECT_EQ(plan.cells[1].loose, kEast | kWest);
+    LevelPlan plan = PlanOf(*level);
+    EXPECT_EQ(At(plan, 0).ways, 0);
+    EXPECT_EQ(At(plan, 0).loose, 0);
+    EXPECT_EQ(At(plan, 1).loose, kEast | kWest);
 }
 
 TEST_F(LevelPlanTest, PartsComeAfterTheLevelThoseOnItsFloorFirst) {
@@ -89,46 +92,46 @@ TEST_F(LevelPlanTest, ThePlanHoldsTheFirstOnTheFloorInsideTheLevel) {
     AddPart("| c", 0, 0, 1.0F);
     AddPart("c c", 1, 4, 0.0F);
     AddPart("c", 1, 0, 1.5F);
-    const LevelPlan plan = PlanOf(*level);
-    EXPECT_EQ(plan.cells.size(), 3U);
-    EXPECT_EQ(plan.Find(DiPos(0, 0, 0))->open, kEast | kWest);
-    EXPECT_NE(plan.Find(DiPos(1, 0, 0)), nullptr);
-    EXPECT_NE(plan.Find(DiPos(4, 1, 0)), nullptr);
+    LevelPlan plan = PlanOf(*level);
+    EXPECT_EQ(std::ranges::count(plan.cells, PlanTile::Room, &PlanCell::tile), 2);
+    EXPECT_EQ(std::ranges::count(plan.cells, PlanTile::Hall, &PlanCell::tile), 1);
+    EXPECT_EQ(At(plan, 0).open, kEast | kWest);
+    EXPECT_EQ(At(plan, 1).tile, PlanTile::Room);
+    EXPECT_EQ(plan.At(DiPos(4, 1, 0)).tile, PlanTile::Room);
 }
 
-TEST_F(LevelPlanTest, CellsStandRowByRowWhateverTheOrderOfTheirPlaces) {
-    LevelPlan plan;
-    plan.SetGrid(DiPos(2, 2, 0), [](const auto& mark) {
-        for (const DiPos& place :
-             {DiPos(1, 1, 0), DiPos(0, 1, 0), DiPos(1, 0, 0), DiPos(1, 1, 0)}) {
-            mark(place);
-        }
-    });
-    ASSERT_EQ(plan.cells.size(), 3U);
-    EXPECT_EQ(plan.cells[0].place, DiPos(1, 0, 0));
-    EXPECT_EQ(plan.cells[1].place, DiPos(0, 1, 0));
-    EXPECT_EQ(plan.cells[2].place, DiPos(1, 1, 0));
-    EXPECT_EQ(plan.Find(DiPos(0, 0, 0)), nullptr);
+TEST_F(LevelPlanTest, CellsStandRowByRowAndKnowTheirPlace) {
+    LevelPlan plan(DiPos(3, 2, 0));
+    std::size_t last = 0;
+    for (const DiPos& place : {DiPos(0, 0, 0), DiPos(2, 0, 0), DiPos(0, 1, 0), DiPos(2, 1, 0)}) {
+        const PlanCell& cell = plan.At(place);
+        EXPECT_EQ(plan.PlaceOf(cell), place);
+        EXPECT_EQ(plan.PlaceOf(*plan.Next(cell, DirW)), place + Sides()[DirW].step);
+        const auto index = static_cast<std::size_t>(&cell - plan.cells.data());
+        EXPECT_GT(index, last);
+        last = index;
+    }
 }
 
 TEST_F(LevelPlanTest, RoomsAreReachedFromTheFirst) {
     Draw(*level, 0, 0, "c c . c c", *tiles);
     LevelPlan plan = PlanOf(*level);
-    for (std::size_t i = 0; i < plan.cells.size(); ++i) {
-        plan.cells[i].room = i + 1;
+    std::uint32_t room = 0;
+    for (const int col : {0, 1, 3, 4}) {
+        At(plan, col).room = ++room;
     }
     EXPECT_EQ(ReachedRooms(plan, 5), (std::vector<bool>{true, true, false, false, false}));
-    plan.cells[3].sameFloor = false;
+    At(plan, 4).sameFloor = false;
     EXPECT_EQ(ReachedRooms(plan, 5), (std::vector<bool>{true, true, false, true, false}));
 }
 
 TEST_F(LevelPlanTest, OneComesDownToTheFloorButNotUp) {
     Draw(*level, 0, 0, "- -", *tiles);
     LevelPlan plan = PlanOf(*level);
-    plan.cells[0].sameFloor = false;
+    At(plan, 0).sameFloor = false;
     JoinNeighbours(plan);
-    EXPECT_EQ(plan.cells[0].ways, kEast);
-    EXPECT_EQ(plan.cells[1].ways, 0);
+    EXPECT_EQ(At(plan, 0).ways, kEast);
+    EXPECT_EQ(At(plan, 1).ways, 0);
 }
 
 } // namespace

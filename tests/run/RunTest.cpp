@@ -214,8 +214,7 @@ public:
     void LevelFinished(const FinishedLevel& level) override {
         std::string note = level.layout.GetTileSet() ? level.layout.GetTileSet()->GetName() : "";
         for (const PlanCell& cell : PlanOf(level.layout).cells) {
-            note += ' ' + std::to_string(cell.place.x) + ',' + std::to_string(cell.place.y) + ':' +
-                    std::to_string(cell.open) + (cell.teleport ? "t" : "");
+            note += ' ' + std::to_string(cell.open) + (cell.teleport ? "t" : "");
         }
         notes.push_back(note);
     }

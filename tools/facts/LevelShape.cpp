@@ -70,7 +70,7 @@ Places PlacesOf(const LevelMap& map) {
     for (Place& place : places) {
         for (std::size_t way = 0; way < Sides().size(); ++way) {
             const Side& side = Sides()[way];
-            const MapCell* next = map.Next(*place.cell, side);
+            const MapCell* next = map.Next(*place.cell, side.dir);
             // Wherever its door leads, a doorway belongs to the shape of the level.
             if (next != nullptr && Has(place.cell->open, side.dir) &&
                 Has(next->open, side.opposite)) {

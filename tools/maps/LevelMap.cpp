@@ -66,7 +66,7 @@ void AddRooms(LevelMap& map, const LevelReport& report, const DiPos& origin) {
         for (std::int32_t y = place.y; y < place.y + room.size.y; ++y) {
             for (std::int32_t x = place.x; x < place.x + room.size.x; ++x) {
                 if (map.IsInside(DiPos(x, y, 0)) && map.At(x, y).tile != PlanTile::Empty) {
-                    map.Held(x, y).room = map.rooms.size();
+                    map.Held(x, y).room = static_cast<std::uint32_t>(map.rooms.size());
                 }
             }
         }
@@ -98,6 +98,25 @@ std::string ContentWords(const MapContent& content, ListedItems& listed) {
 
 const MapCell LevelMap::kEmptyCell;
 
+void MapGrid::SetGrid(const DiPos& newSize, const std::vector<DiPos>& places) {
+    size = newSize;
+    numbers.assign(Index(size) + 1, 0);
+    for (const DiPos& place : places) {
+        numbers[Index(place)] = 1;
+    }
+    cells.assign(numbers.size() - static_cast<std::size_t>(std::ranges::count(numbers, 0U)), {});
+    std::uint32_t count = 0;
+    DiPos place;
+    for (place.y = 0; place.y < size.y; ++place.y) {
+        for (place.x = 0; place.x < size.x; ++place.x) {
+            if (std::uint32_t& number = numbers[Index(place)]; number != 0) {
+                cells[count].place = place;
+                number = ++count;
+            }
+        }
+    }
+}
+
 DiPos LevelMap::Frame(std::vector<DiPos> places) {
     if (places.empty()) {
         return {};
@@ -110,12 +129,10 @@ DiPos LevelMap::Frame(std::vector<DiPos> places) {
     }
     width = high.x - low.x + 1;
     height = high.y - low.y + 1;
-    SetGrid(DiPos(width, height, 0), [&](const auto& mark) {
-        for (DiPos& place : places) {
-            place -= low;
-            mark(place);
-        }
-    });
+    for (DiPos& place : places) {
+        place -= low;
+    }
+    SetGrid(DiPos(width, height, 0), places);
     return low;
 }
 

@@ -39,12 +39,67 @@ struct MapContent {
 
 /// One cell of a map: what is planned there, and what is drawn besides. All text is UTF-8.
 struct MapCell : PlanCell {
+    DiPos place{};       ///< on the map
     bool door = false;   ///< the doorway has a leaf
     SideBits waysIn = 0; ///< doorways by which a fixed interior is to be joined to the world
     bool platform = false;
     std::string leadsTo{};            ///< the level behind a teleporting door
     std::vector<std::string> tiles{}; ///< kinds of the pieces
     std::vector<MapContent> contents{};
+};
+
+/// The cells of a map. Empty ones take next to no memory: a few objects far apart make a large map.
+class MapGrid {
+public:
+    /// That may hold something, row by row from the north-western corner.
+    std::vector<MapCell> cells;
+
+    /// Sets the size, and makes a cell at each of the places; they are inside and may come several
+    /// times, in any order. [cells]
+    void SetGrid(const DiPos& newSize, const std::vector<DiPos>& places);
+
+    /// Whether the place is on the grid.
+    bool IsInside(const DiPos& place) const {
+        return place.x >= 0 && place.y >= 0 && place.x < size.x && place.y < size.y;
+    }
+
+    /// The cell there, or null. `place` is inside or next to it.
+    /// @{
+    const MapCell* Find(const DiPos& place) const { return CellAt(cells.data(), place); }
+    MapCell* Find(const DiPos& place) { return CellAt(cells.data(), place); }
+    /// @}
+
+    /// The neighbour of one of the cells in `cells`, or null.
+    /// @{
+    const MapCell* Next(const MapCell& from, TileDirT side) const {
+        return Find(from.place + Sides()[side].step);
+    }
+    MapCell* Next(MapCell& from, TileDirT side) { return Find(from.place + Sides()[side].step); }
+    /// @}
+
+    /// Where one of the cells in `cells` is.
+    static DiPos PlaceOf(const MapCell& cell) { return cell.place; }
+
+    /// The position of one of the cells in `cells`.
+    std::size_t NumberOf(const MapCell& cell) const {
+        return static_cast<std::size_t>(&cell - cells.data());
+    }
+
+private:
+    // Empty cells all around spare a look at the border.
+    std::size_t Index(const DiPos& place) const {
+        return static_cast<std::size_t>(place.y + 1) * (static_cast<std::size_t>(size.x) + 2) +
+               static_cast<std::size_t>(place.x + 1);
+    }
+
+    template <typename AnyCell>
+    AnyCell* CellAt(AnyCell* first, const DiPos& place) const {
+        const std::uint32_t number = numbers[Index(place)];
+        return number == 0 ? nullptr : first + (number - 1);
+    }
+
+    DiPos size;
+    std::vector<std::uint32_t> numbers; // of the cells from 1, or 0, row by row
 };
 
 /// One room, or one area between doorways where rooms are not known; numbered by its place in the
@@ -67,9 +122,8 @@ struct MapOutline {
     std::size_t leftOut = 0;          ///< references too far away to be drawn
 };
 
-/// Copies everything that is drawn, so that it outlives the run. Empty cells take next to no
-/// memory: a few objects far apart make a large map. All text is UTF-8.
-struct LevelMap : MapOutline, PlanGrid<MapCell> {
+/// Copies everything that is drawn, so that it outlives the run. All text is UTF-8.
+struct LevelMap : MapOutline, MapGrid {
     std::vector<MapRoom> rooms;
 
     /// Makes the grid that just holds the places, and a cell for each of them. Returns the place of

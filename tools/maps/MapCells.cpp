@@ -28,12 +28,12 @@ void Extend(MapRoom& room, const DiPos& cell) {
 }
 
 void NumberArea(LevelMap& map, MapCell& start) {
-    const std::size_t number = map.rooms.size() + 1;
+    const auto number = static_cast<std::uint32_t>(map.rooms.size() + 1);
     map.rooms.push_back({start.place, DiPos(1, 1, 0), true});
     start.room = number;
-    Walk(map, {&start}, [&](const MapCell& from, MapCell& to, const Side& side) {
+    Walk(map, std::vector{&start}, [&](const MapCell& from, MapCell& to, TileDirT side) {
         const bool throughDoorway =
-            HasSide(from.doorway, side.dir) || HasSide(to.doorway, side.opposite);
+            HasSide(from.doorway, side) || HasSide(to.doorway, OppositeOf(side));
         if (throughDoorway || !IsArea(to)) {
             return false;
         }

@@ -11,13 +11,10 @@ namespace {
 
 void NumberRooms(LevelPlan& plan, const std::vector<DiPtr<Layout>>& rooms) {
     for (std::size_t i = 0; i < rooms.size(); ++i) {
-        ForEachTiled(*rooms[i], OriginOf(*rooms[i]), [&](const GridElmt&, const DiPos& place) {
-            // Rooms that their parts push aside can reach out of the level.
-            PlanCell* cell = plan.IsInside(place) ? plan.Find(place) : nullptr;
-            if (cell != nullptr) {
-                // Where rooms overlap the later one lies on top, as it does in the level.
-                cell->room = i + 1;
-            }
+        // Rooms that their parts push aside can reach out of the level.
+        plan.UnderTiles(*rooms[i], OriginOf(*rooms[i]), [i](PlanCell& cell, const GridElmt&) {
+            // Where rooms overlap the later one lies on top, as it does in the level.
+            cell.room = static_cast<std::uint32_t>(i + 1);
         });
     }
 }
@@ -25,7 +22,7 @@ void NumberRooms(LevelPlan& plan, const std::vector<DiPtr<Layout>>& rooms) {
 } // namespace
 
 void JudgeWalkability(LevelReport& report, const Layout& main, const RoomInfo& rooms) {
-    LevelPlan plan = PlanOf(main);
+    LevelPlan plan = PlanOf(main, WaysOf);
     report.openEnds = 0;
     for (const PlanCell& cell : plan.cells) {
         // Few cells have any; a junction may have several.

@@ -4,6 +4,8 @@
 
 #include <vaultry/layout/GridElmt.h>
 
+#include <array>
+
 namespace Tarnex {
 
 /// The facing of the element's first tile; DirNone without tiles. What stands behind the first tile
@@ -49,6 +51,14 @@ using SideBits = std::uint8_t;
 /// be asked for.
 constexpr SideBits SideBit(TileDirT side) {
     return static_cast<SideBits>(1U << static_cast<unsigned>(side));
+}
+
+/// The sides of a cell, in the order of their bits.
+inline constexpr std::array<TileDirT, 4> kSides = {DirN, DirS, DirE, DirW};
+
+/// The side at the other end of the axis; `side` is one of kSides.
+constexpr TileDirT OppositeOf(TileDirT side) {
+    return static_cast<TileDirT>(side ^ 1);
 }
 
 /// The sides across which a passage may enter the element. A doorway in a room's north wall opens

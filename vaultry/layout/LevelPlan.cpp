@@ -12,12 +12,16 @@ namespace Tarnex {
 namespace {
 
 // A doorway in a corner has no facing of its own: the last letter of its kind is the side.
-SideBits DoorwaySide(const Tile& tile) {
-    const TileDirT facing = GetTileDir(tile);
+SideBits DoorwaySide(const GridElmt& elmt) {
+    const Tile* doorway = PeekTileOfType(elmt, TileDoorway);
+    if (doorway == nullptr) {
+        return 0;
+    }
+    const TileDirT facing = GetTileDir(*doorway);
     if (facing <= DirW) {
         return SideBit(facing);
     }
-    const std::string_view name = tile.kindName.Kind().Name();
+    const std::string_view name = doorway->kindName.Kind().Name();
     const std::size_t side = std::string_view("NSEW").find(name.empty() ? ' ' : name.back());
     return side == std::string_view::npos ? SideBits{0} : SideBit(static_cast<TileDirT>(side));
 }
@@ -36,16 +40,36 @@ PlanTile TileOf(const GridElmt& elmt) {
 
 } // namespace
 
-PlanCell PlanCellOf(const GridElmt& elmt) {
+LevelPlan::LevelPlan(const DiPos& newSize) : size(newSize) {
+    cells.resize(Index(size) + 1);
+    for (const Side& side : Sides()) {
+        steps[static_cast<std::size_t>(side.dir)] =
+            static_cast<std::ptrdiff_t>(Index(side.step)) - static_cast<std::ptrdiff_t>(Index({}));
+    }
+}
+
+DiPos LevelPlan::PlaceOf(const PlanCell& cell) const {
+    const std::ptrdiff_t stride = steps[DirS];
+    const std::ptrdiff_t index = &cell - cells.data();
+    return {static_cast<std::int32_t>(index % stride) - 1,
+            static_cast<std::int32_t>(index / stride) - 1,
+            0};
+}
+
+PlanCell WaysOf(const GridElmt& elmt) {
     PlanCell cell;
     cell.tile = TileOf(elmt);
     cell.open = WalkableSides(elmt);
     cell.loose = OpenSides(elmt);
-    if (const Tile* doorway = PeekTileOfType(elmt, TileDoorway)) {
-        cell.doorway = DoorwaySide(*doorway);
-    }
     cell.teleport = elmt.isTeleport;
+    cell.doorway = elmt.isTeleport ? DoorwaySide(elmt) : SideBits{0};
     cell.sameFloor = true;
+    return cell;
+}
+
+PlanCell PlanCellOf(const GridElmt& elmt) {
+    PlanCell cell = WaysOf(elmt);
+    cell.doorway = DoorwaySide(elmt);
     cell.even = elmt.platforms.empty();
     cell.reduced = !elmt.tiles.empty() && !elmt.FirstTile()->IsFullSize();
     return cell;
@@ -69,32 +93,19 @@ std::vector<LevelPart> PartsOf(const Layout& level) {
     return parts;
 }
 
-LevelPlan PlanOf(const Layout& level) {
-    const std::vector<LevelPart> parts = PartsOf(level);
-    LevelPlan plan;
-    const auto forEach = [&](const auto& visit) {
-        for (const LevelPart& part : parts) {
-            if (!part.sameFloor) {
-                break;
+LevelPlan PlanOf(const Layout& level, PlanCell (*cellOf)(const GridElmt&)) {
+    LevelPlan plan(level.GetSize());
+    for (const LevelPart& part : PartsOf(level)) {
+        if (!part.sameFloor) {
+            break;
+        }
+        plan.UnderTiles(*part.layout, part.origin, [&](PlanCell& cell, const GridElmt& elmt) {
+            if (cell.tile == PlanTile::Empty) {
+                cell = cellOf(elmt);
+                cell.even = cell.even && part.even;
             }
-            ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& place) {
-                if (plan.IsInside(place)) {
-                    visit(elmt, place, part.even);
-                }
-            });
-        }
-    };
-    plan.SetGrid(level.GetSize(), [&](const auto& mark) {
-        forEach([&mark](const GridElmt&, const DiPos& place, bool) { mark(place); });
-    });
-    forEach([&plan](const GridElmt& elmt, const DiPos& place, bool even) {
-        PlanCell& cell = *plan.Find(place);
-        if (cell.tile == PlanTile::Empty) {
-            cell = PlanCellOf(elmt);
-            cell.place = place;
-            cell.even = cell.even && even;
-        }
-    });
+        });
+    }
     JoinNeighbours(plan);
     return plan;
 }

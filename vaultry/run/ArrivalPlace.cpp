@@ -183,9 +183,10 @@ std::optional<Arrival> ArrivalOf(const FinishedLevel& level) {
     const std::int32_t tileSize = level.tileSet.GetTileSize();
     std::vector<Obstacle> obstacles;
     AddObstacles(level.layout, Di3Point(), tileSize, obstacles);
+    const LevelPlan plan = PlanOf(level.layout);
     const std::vector<StandingCell> cells =
-        StandingCells(PlanOf(level.layout), [&level](const PlanCell& cell) {
-            return IsReachable(level.report, cell.place);
+        StandingCells(plan, [&level, &plan](const PlanCell& cell) {
+            return IsReachable(level.report, plan.PlaceOf(cell));
         });
     const ContentList& creatures = level.config.contentMgr->GetCreatures();
     const ContentTemplate* creature = creatures.empty() ? nullptr : creatures.front().get();

@@ -55,29 +55,28 @@ VAULTRY_API std::optional<Arrival> BestArrival(const std::vector<StandingCell>& 
 /// More floor ahead makes a view no better. [cells]
 inline constexpr int kLongestView = 8;
 
-/// The cells of a plan whose neighbours are joined. `isReachable` tells of a cell whether one can
-/// walk to it.
-template <typename Cell, typename IsReachable>
-std::vector<StandingCell> StandingCells(const PlanGrid<Cell>& plan,
-                                        const IsReachable& isReachable) {
-    const auto isFloor = [](const Cell& cell) {
+/// The cells of a LevelPlan, or of a grid like it, whose neighbours are joined. `isReachable` tells
+/// of a cell whether one can walk to it.
+template <typename Grid, typename IsReachable>
+std::vector<StandingCell> StandingCells(const Grid& plan, const IsReachable& isReachable) {
+    const auto isFloor = [](const PlanCell& cell) {
         return cell.tile == PlanTile::Room && cell.even && cell.doorway == 0;
     };
     std::vector<StandingCell> cells;
-    for (const Cell& cell : plan.cells) {
+    for (const auto& cell : plan.cells) {
         if (cell.tile == PlanTile::Empty) {
             continue;
         }
         StandingCell& standing = cells.emplace_back();
-        standing.place = cell.place;
+        standing.place = plan.PlaceOf(cell);
         standing.good = isFloor(cell) && isReachable(cell);
         standing.reduced = cell.reduced;
         standing.open = cell.open;
         for (const Side& side : Sides()) {
-            const Cell* at = &cell;
+            const auto* at = &cell;
             int& view = standing.view[static_cast<std::size_t>(side.dir)];
             while (view < kLongestView && (at->ways & SideBit(side.dir)) != 0) {
-                at = plan.Find(at->place + side.step);
+                at = plan.Next(*at, side.dir);
                 if (!isFloor(*at)) {
                     break;
                 }

@@ -40,8 +40,8 @@ LevelMap Drawn(const Rows& rows) {
                 cell = Cell(PlanTile::Stairs, "EW");
             } else if (IsRoom(c)) {
                 cell = Cell(PlanTile::Room, "NSEW");
-                cell.room = static_cast<std::size_t>(Lower(c) - 'a' + 1);
-                map.rooms.resize(std::max(map.rooms.size(), cell.room));
+                cell.room = static_cast<std::uint32_t>(Lower(c) - 'a' + 1);
+                map.rooms.resize(std::max<std::size_t>(map.rooms.size(), cell.room));
             }
         }
     }
