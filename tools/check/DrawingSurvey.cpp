@@ -1,33 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "tools/check/DrawingSurvey.h"
 
+#include <vaultry/foundation/Groups.h>
+
 #include <cstdlib>
 #include <map>
-#include <numeric>
 
 namespace Tarnex::Report {
 
 namespace {
-
-// Cells that are joined, each by way of another one.
-class Parts {
-public:
-    explicit Parts(std::size_t count) : next(count) {
-        std::iota(next.begin(), next.end(), std::size_t{0});
-    }
-
-    std::size_t Of(std::size_t cell) {
-        while (next[cell] != cell) {
-            cell = next[cell] = next[next[cell]];
-        }
-        return cell;
-    }
-
-    void Join(std::size_t one, std::size_t other) { next[Of(one)] = Of(other); }
-
-private:
-    std::vector<std::size_t> next;
-};
 
 class Surveyor {
 public:
@@ -131,7 +112,7 @@ private:
     }
 
     const Drawing& drawing;
-    Parts parts;
+    Groups parts;
     std::map<Spot, const DrawnCell*> faced;
     DrawingSurvey survey;
 };

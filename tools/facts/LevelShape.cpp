@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tools/facts/LevelShape.h"
 
+#include <vaultry/foundation/Groups.h>
 #include <vaultry/layout/Sides.h>
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <span>
 
 namespace Tarnex::Report {
@@ -18,29 +18,6 @@ constexpr unsigned kBranches = 3; // ways that make a piece of hall a junction
 bool Has(SideBits sides, TileDirT side) {
     return (sides & SideBit(side)) != 0;
 }
-
-// Numbers that are joined into groups.
-class Groups {
-public:
-    explicit Groups(std::size_t size) : parents(size) {
-        std::iota(parents.begin(), parents.end(), std::size_t{0});
-    }
-
-    std::size_t Of(std::size_t number) {
-        while (parents[number] != number) {
-            parents[number] = parents[parents[number]];
-            number = parents[number];
-        }
-        return number;
-    }
-
-    void Join(std::size_t a, std::size_t b) { parents[Of(a)] = Of(b); }
-
-    bool IsFirst(std::size_t number) const { return parents[number] == number; }
-
-private:
-    std::vector<std::size_t> parents;
-};
 
 // A cell that one can stand in; the cells that it leads to, or kNowhere.
 struct Place {
@@ -120,7 +97,7 @@ std::uint32_t CountHalls(const Places& places) {
     });
     std::uint32_t count = 0;
     for (std::size_t i = 0; i < places.size(); ++i) {
-        count += belongs(i) && halls.IsFirst(i) ? 1U : 0U;
+        count += belongs(i) && halls.IsLeader(i) ? 1U : 0U;
     }
     return count;
 }
@@ -149,8 +126,8 @@ std::uint32_t CountLoops(const Places& places, Groups& chambers) {
     std::size_t nodes = 0;
     std::size_t squares = 0;
     for (std::size_t i = 0; i < places.size(); ++i) {
-        parts += joined.IsFirst(i) ? 1U : 0U;
-        nodes += chambers.IsFirst(i) ? 1U : 0U;
+        parts += joined.IsLeader(i) ? 1U : 0U;
+        nodes += chambers.IsLeader(i) ? 1U : 0U;
         squares += BeginsSquare(places, i) ? 1U : 0U;
     }
     return static_cast<std::uint32_t>(edges + parts - nodes - squares);
