@@ -4,6 +4,7 @@
 #include "cli/NameCheck.h"
 #include "cli/PresetChoice.h"
 #include "cli/VerbRun.h"
+#include "tools/runs/Chosen.h"
 
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/run/Run.h>
@@ -69,6 +70,9 @@ ExitStatus GenerateOne(const GenerateOptions& given, const Console& console) {
     }
     if (!options.quiet) {
         for (const std::string& line : LevelLines(run.report.levels)) {
+            console.Say(line);
+        }
+        for (const std::string& line : Report::ChosenLines(run.report.levels, options)) {
             console.Say(line);
         }
     }

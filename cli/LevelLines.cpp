@@ -129,8 +129,9 @@ std::vector<std::string> LevelWarnings(const GenReport& report) {
 }
 
 std::string InteriorLine(const InteriorReport& interior) {
-    return WalkWords(
-        interior.rooms - interior.unreachable.size(), interior.rooms, interior.openings);
+    return "layout \"" + interior.layout + "\": " +
+           WalkWords(
+               interior.rooms - interior.unreachable.size(), interior.rooms, interior.openings);
 }
 
 std::vector<std::string> InteriorWarnings(const InteriorReport& interior) {

@@ -2,6 +2,7 @@
 #include "cli/Commands.h"
 #include "cli/PresetChoice.h"
 #include "cli/VerbRun.h"
+#include "tools/runs/Chosen.h"
 
 namespace Tarnex::Cli {
 
@@ -23,6 +24,9 @@ ExitStatus RunVerb(const MapOptions& options, const Console& console) {
     if (run.report.result == Ending::Drawn && !used.maps.AreWanted() && !used.json) {
         PrintMaps(*run.maps, console);
         console.out << "seed " << std::to_string(used.seed.value()) << '\n';
+        for (const std::string& line : Report::ChosenLines(run.report.levels, used)) {
+            console.out << line << '\n';
+        }
     }
     return run.End();
 }

@@ -4,6 +4,7 @@
 #include "cli/Aside.h"
 #include "cli/CancelSignals.h"
 #include "tools/maps/MapText.h"
+#include "tools/runs/Chosen.h"
 #include "tools/runs/RunLine.h"
 #include "tools/text/UsageError.h"
 #include "tools/text/Words.h"
@@ -34,8 +35,12 @@ void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files) 
     }
 }
 
-Report::MapCaption CaptionOf(const GenerateOptions& options) {
-    return {options.seed.value_or(0), Report::LevelWords(options), options.config};
+Report::MapCaption CaptionOf(const GenerateOptions& options, const GenReport& report) {
+    return {options.seed.value_or(0),
+            Report::LevelWords(options),
+            options.config,
+            {},
+            Report::ChosenNames(report, options)};
 }
 
 void PrintMaps(Report::MapLevels& levels, const Console& console) {

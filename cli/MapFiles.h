@@ -23,7 +23,7 @@ void CheckMapOptions(const MapFileOptions& options);
 void RequireDistinctFiles(const std::vector<std::optional<std::string>>& files);
 
 /// What the margin of a map says about a run.
-Report::MapCaption CaptionOf(const GenerateOptions& options);
+Report::MapCaption CaptionOf(const GenerateOptions& options, const GenReport& report);
 
 /// Prints every level, and what the characters mean.
 void PrintMaps(Report::MapLevels& levels, const Console& console);

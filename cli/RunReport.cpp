@@ -69,6 +69,9 @@ Json FilesJson(const RunReport& report) {
     if (report.result == Ending::Written) {
         files.push_back({{"path", *report.options.out}, {"bytes", report.bytes}});
     }
+    if (report.beside) {
+        files.push_back({{"path", report.beside->path}, {"bytes", report.beside->bytes}});
+    }
     for (const WrittenFile& file : report.maps) {
         files.push_back({{"path", file.path}, {"bytes", file.bytes}});
     }
@@ -156,6 +159,7 @@ std::string ToJson(const RunReport& report) {
     json["files"] = FilesJson(report);
     json["cells"] = CellsJson(report);
     json["levels"] = Report::LevelsJson(report.levels);
+    json["chosen"] = Report::ChosenJson(report.levels);
     json["arrivals"] = Report::ArrivalsJson(report.arrivals);
     if (report.interior) {
         json["walkable"] = report.interior->unreachable.empty();

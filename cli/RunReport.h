@@ -25,6 +25,7 @@ struct CellReport {
 
 /// How one walks in a fixed interior, by the numbers that its areas have on maps.
 struct InteriorReport {
+    std::string layout; ///< its name, UTF-8
     std::size_t rooms = 0;
     std::vector<std::size_t> unreachable; ///< from 1
     std::uint64_t openings = 0;           ///< onto nothing; ways in are none
@@ -35,11 +36,12 @@ struct RunReport {
     GenerateOptions options; ///< with seed and stamp as they were used
     bool stampGiven = false;
     Ending result = Ending::Refused;
-    std::string fault;       ///< why NotWritten, a sentence that names the file
-    std::uint64_t bytes = 0; ///< size of the plug-in [bytes]
+    std::string fault;                 ///< why NotWritten, a sentence that names the file
+    std::uint64_t bytes = 0;           ///< size of the plug-in [bytes]
+    std::optional<WrittenFile> beside; ///< the plug-in, with the line that makes it again
     std::vector<WrittenFile> maps;
     std::vector<CellReport> cells;
-    GenReport levels;                       ///< of random levels; without any for a fixed interior
+    GenReport levels;
     std::optional<InteriorReport> interior; ///< of a fixed interior that was made
     std::vector<Arrival> arrivals;          ///< of the levels, where one can arrive
     std::uint32_t tries = 1;                ///< seeds tried

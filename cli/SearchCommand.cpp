@@ -262,14 +262,14 @@ std::vector<const char*> PictureEnds() {
 void DrawSeed(VerbRun& search, const GenerateOptions& options, const std::string& path) {
     const auto maps = std::make_shared<Report::MapCollector>();
     search.manager.SetLevelObserver(maps.get());
-    Run(search.manager, options).GenerateFrom(options.seed.value());
+    const RunResult result = Run(search.manager, options).GenerateFrom(options.seed.value());
     search.manager.SetLevelObserver(nullptr);
     for (const char* end : PictureEnds()) {
         MapFileOptions file;
         file.map = path + end;
         file.scale = kThumbnailScale;
         MapFiles files(file);
-        files.Write(maps, CaptionOf(options));
+        files.Write(maps, CaptionOf(options, result.levels));
         files.Commit();
     }
 }

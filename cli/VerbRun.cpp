@@ -4,8 +4,10 @@
 #include "cli/ConsoleStatus.h"
 #include "cli/LevelLines.h"
 #include "cli/NameCheck.h"
+#include "tools/runs/Description.h"
 #include "tools/text/UsageError.h"
 
+#include <vaultry/foundation/CodePage.h>
 #include <vaultry/run/Run.h>
 
 #include <bit>
@@ -45,8 +47,8 @@ void CheckNames(GenMgr& manager, GenerateOptions& options) {
     }
 }
 
-InteriorReport InteriorOf(const Report::LevelMap& map) {
-    InteriorReport interior{map.rooms.size(), {}, 0};
+InteriorReport InteriorOf(const Report::LevelMap& map, const LevelChoices& chosen) {
+    InteriorReport interior{Tarnex::ToUtf8(chosen.layout->GetName()), map.rooms.size(), {}, 0};
     for (std::size_t i = 0; i < map.rooms.size(); ++i) {
         if (!map.rooms[i].reachable) {
             interior.unreachable.push_back(i + 1);
@@ -70,12 +72,17 @@ std::string FaultOf(Step step) try {
 } // namespace
 
 VerbRun::Files::Files(const GenerateOptions& options, const ConfigSource& source) {
+    std::optional<std::string> besidePath;
     if (options.out) {
         output.emplace(*options.out);
     }
+    if (options.out && options.describe) {
+        besidePath = Report::PathBeside(*options.out);
+        beside.emplace(*besidePath);
+    }
     maps.emplace(options.maps);
     RequireDistinctFiles(
-        {source.Path(), options.out, options.log, options.maps.map, options.maps.html});
+        {source.Path(), options.out, besidePath, options.log, options.maps.map, options.maps.html});
 }
 
 VerbRun::VerbRun(const GenerateOptions& options, const Console& runConsole)
@@ -119,7 +126,7 @@ void VerbRun::Generate() {
         }
         AddTreasure(maps->Maps(), manager.mod);
         if (options.fixed && !maps->Maps().empty()) {
-            report.interior = InteriorOf(maps->Maps().front());
+            report.interior = InteriorOf(maps->Maps().front(), result.levels.chosen.front());
         }
         report.result = options.out            ? Ending::Written
                         : maps->Maps().empty() ? Ending::Refused
@@ -140,11 +147,27 @@ void VerbRun::Write() {
 }
 
 void VerbRun::Fill() {
-    files->maps->Write(maps, CaptionOf(report.options));
+    files->maps->Write(maps, CaptionOf(report.options, report.levels));
     if (files->output) {
+        Describe();
         manager.mod.Write(files->output->Open(&CancelSignals::Status()));
         files->output->Finish();
     }
+}
+
+void VerbRun::Describe() {
+    if (!files->beside) {
+        return;
+    }
+    const Report::Description description =
+        Report::DescriptionOf(report.options, report.options.seed.value());
+    manager.mod.SetDescription(description.header.c_str());
+    if (description.beside.empty()) {
+        files->beside.reset();
+        return;
+    }
+    files->beside->Open(&CancelSignals::Status()) << description.beside;
+    files->beside->Finish();
 }
 
 // Writing may have added errors.
@@ -162,6 +185,10 @@ Ending VerbRun::Filled() {
 }
 
 void VerbRun::Commit() {
+    if (files->beside) {
+        files->beside->Commit();
+        report.beside = {Report::PathBeside(*report.options.out), files->beside->Size()};
+    }
     if (files->output) {
         files->output->Commit();
         report.bytes = files->output->Size();
@@ -193,6 +220,9 @@ ExitStatus VerbRun::End() {
     if (status != ExitStatus::Success || (writes && !options.quiet)) {
         SayWritten(report.maps, console);
         console.Say(Summary(report));
+        if (report.beside) {
+            console.Say("wrote \"" + report.beside->path + "\": the line that makes it again");
+        }
     }
     if (report.result == Ending::Written && !options.quiet) {
         for (const std::string& step : NextSteps(report)) {

@@ -66,10 +66,12 @@ private:
 
         CancelSignals signals;
         std::optional<SafeFile> output;
+        std::optional<SafeFile> beside; // that says how the output was made
         std::optional<MapFiles> maps;
     };
 
     void Fill();
+    void Describe();
     Ending Filled();
     void Commit();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A generator from C: texts in and out, and no exception past it.
 #include "embed/Generator.h"
+#include "tools/runs/Description.h"
 #include "tools/runs/Presets.h"
 #include "tools/text/UsageError.h"
 
@@ -98,7 +99,13 @@ RunEnd Generate(vaultry_generator& generator, RunState* callers, const std::stri
         AddArrivals(maps->Maps(), result.arrivals);
         AddTreasure(maps->Maps(), manager.mod);
     }
-    generator.run = {std::move(result), options, maps};
+    generator.run = {std::move(result), options, maps, {}};
+    if (end == RunEnd::Made && options.describe) {
+        Report::Description description =
+            Report::DescriptionOf(RequestOf(generator), generator.lastSeed);
+        manager.mod.SetDescription(description.header.c_str());
+        generator.run->beside = std::move(description.beside);
+    }
     return end;
 }
 
@@ -128,6 +135,12 @@ vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
                  "nothing was written, as strict asks: errors of configuration and run, " +
                      std::to_string(errors));
             return VAULTRY_REFUSED;
+        }
+        if (const std::string& beside = generator.run->beside; !beside.empty()) {
+            SafeFile line(Report::PathBeside(path));
+            line.Open(&generator.progress) << beside;
+            line.Finish();
+            line.Commit();
         }
         file.Commit();
     } catch (const FileError& e) {

@@ -10,12 +10,16 @@
 #include "tools/plugins/DiffReport.h"
 #include "tools/plugins/InspectReport.h"
 #include "tools/plugins/PluginChecks.h"
+#include "tools/runs/Chosen.h"
+#include "tools/runs/Description.h"
 #include "tools/runs/Offer.h"
 #include "tools/runs/RunJson.h"
 #include "tools/runs/RunLine.h"
 #include "tools/search/Judgement.h"
 #include "tools/text/ProblemJson.h"
 #include "tools/text/UsageError.h"
+
+#include <vaultry/foundation/CodePage.h>
 
 #include <array>
 #include <sstream>
@@ -82,7 +86,11 @@ std::string Drawn(vaultry_generator& generator) {
     std::ostringstream out;
     Report::WriteMaps(levels,
                       Report::SurveyOf(levels),
-                      {run.result.seed, Report::LevelWords(run.options), generator.config},
+                      {run.result.seed,
+                       Report::LevelWords(run.options),
+                       generator.config,
+                       {},
+                       Report::ChosenNames(run.result.levels, run.options)},
                       Format,
                       {},
                       out);
@@ -125,17 +133,6 @@ Report::LoadedPlugin PluginOf(const void* bytes, size_t length, const char* name
     const char* const begin = static_cast<const char*>(bytes);
     return Report::ReadLoaded(TextOf(name),
                               begin == nullptr ? std::string() : std::string(begin, length));
-}
-
-// The run was made of what could be read of a broken configuration, as only that switch has it.
-std::string LineOf(vaultry_generator& generator) {
-    const LastRun& run = RunOf(generator);
-    Report::RunRequest request;
-    static_cast<RunOptions&>(request) = run.options;
-    request.config = generator.config;
-    request.keepGoing = generator.manager.GetConfigFault().has_value();
-    request.stamp = run.result.stamp;
-    return Report::GenerateCommandLine(request, run.result.seed);
 }
 
 } // namespace
@@ -206,7 +203,10 @@ const char* vaultry_grammar_json(vaultry_generator* generator) {
 }
 
 const char* vaultry_command_line(vaultry_generator* generator) {
-    return Answer(generator, [=] { return LineOf(*generator); });
+    return Answer(generator, [=] {
+        const LastRun& run = RunOf(*generator);
+        return Report::GenerateCommandLine(RequestOf(*generator), run.result.seed);
+    });
 }
 
 const char* vaultry_command_line_json(vaultry_generator* generator, const char* line) {
@@ -231,7 +231,12 @@ const char* vaultry_inspect_json(vaultry_generator* generator,
     return Answer(generator, [=] {
         const Report::LoadedPlugin loaded = PluginOf(plugin, length, name);
         const std::vector<PluginFinding> findings = Report::FindInconsistencies(loaded.file);
-        return Report::ToJson(Report::Inspection{loaded.path, loaded.file, findings});
+        return Report::ToJson(
+            Report::Inspection{loaded.path,
+                               loaded.file,
+                               findings,
+                               {},
+                               Report::CommandIn(ToUtf8(loaded.file.header.description))});
     });
 }
 

@@ -56,6 +56,17 @@ void ProgressCall::Ask() const {
     }
 }
 
+// The run was made of what could be read of a broken configuration, as only that switch has it.
+Report::RunRequest RequestOf(const vaultry_generator& generator) {
+    const LastRun& run = *generator.run;
+    Report::RunRequest request;
+    static_cast<RunOptions&>(request) = run.options;
+    request.config = generator.config;
+    request.keepGoing = generator.manager.GetConfigFault().has_value();
+    request.stamp = run.result.stamp;
+    return request;
+}
+
 void Tell(vaultry_generator& generator, std::string_view utf8) {
     generator.errors.push_back(ForTerminal(utf8));
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tools/maps/LevelMap.h"
+#include "tools/runs/RunLine.h"
 
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Problem.h>
@@ -72,6 +73,7 @@ struct LastRun {
     RunResult result;
     RunOptions options;                         ///< that it was made with
     std::shared_ptr<Report::MapCollector> maps; ///< of its levels
+    std::string beside;                         ///< see Report::Description
 };
 
 } // namespace Tarnex
@@ -123,6 +125,9 @@ vaultry_result Enter(vaultry_generator& generator, const Call& call) noexcept {
     generator.call.Leave();
     return result;
 }
+
+/// What the last run, which there is, was asked for and used.
+Report::RunRequest RequestOf(const vaultry_generator& generator);
 
 /// Adds an error. Whatever it quotes, the C side gets one line of UTF-8.
 void Tell(vaultry_generator& generator, std::string_view utf8);

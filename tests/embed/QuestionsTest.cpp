@@ -110,6 +110,27 @@ TEST_F(QuestionsTest, WithoutARunThereIsNothingToTell) {
     EXPECT_EQ(Plugin(), "");
 }
 
+TEST_F(QuestionsTest, APluginThatIsDescribedTellsTheLineThatMakesIt) {
+    Set("describe", "true");
+    Run();
+    const std::string bytes = Plugin();
+    const Json told = Parsed(vaultry_inspect_json(own, bytes.data(), bytes.size(), "a"));
+    const std::string line = vaultry_command_line(own);
+    EXPECT_EQ(told.at("command"), line);
+    EXPECT_TRUE(Contains(line, "--describe"));
+    // What the plug-in cannot hold stands beside it.
+    const TempDir dir;
+    const std::string file = dir.File("keep.esp");
+    Set("cell", std::string(250, 'n').c_str());
+    ASSERT_EQ(vaultry_generate(own, file.c_str()), VAULTRY_OK);
+    EXPECT_TRUE(Contains(ReadFile(file + ".txt"), vaultry_command_line(own)));
+    // Nor does the next plug-in of the generator tell of this one.
+    Set("describe", "false");
+    Run();
+    const std::string other = Plugin();
+    EXPECT_TRUE(Contains(other, "Auto-generated mod"));
+}
+
 TEST_F(QuestionsTest, ARunTellsWhatChanceChose) {
     Set("random-tileset", "true");
     Set("random-creature-theme", "true");
@@ -122,8 +143,16 @@ TEST_F(QuestionsTest, ARunTellsWhatChanceChose) {
     EXPECT_EQ(json.at("options").at("size"), "Tiny");
     EXPECT_EQ(json.at("levels").size(), 2U);
     EXPECT_TRUE(json.at("walkable").is_boolean());
-    EXPECT_TRUE(json.at("chosen").at("tileset").is_string());
-    EXPECT_TRUE(json.at("chosen").at("creature-theme").is_string());
+    ASSERT_EQ(json.at("chosen").size(), 2U);
+    const Json& chosen = json.at("chosen").at(1);
+    EXPECT_EQ(chosen.at("level"), 2);
+    EXPECT_EQ(chosen.at("cell"), json.at("levels").at(1).at("name"));
+    EXPECT_TRUE(chosen.at("tileset").is_string());
+    EXPECT_TRUE(chosen.at("creature-theme").is_string());
+    EXPECT_EQ(chosen.at("layout"), nullptr);
+    EXPECT_EQ(chosen.at("room-grid"), Json({2, 2}));
+    EXPECT_EQ(chosen.at("spacing").size(), 2U);
+    EXPECT_TRUE(Contains(std::string(vaultry_map(own, "html")), "level 2 by chance: tile set"));
 }
 
 int Stop(void* /*context*/, const char* /*text*/, std::int32_t /*pos*/, std::int32_t /*steps*/) {

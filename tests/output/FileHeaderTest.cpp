@@ -47,6 +47,25 @@ TEST_F(FileHeaderTest, TheRecordCountIsAlwaysZero) {
     EXPECT_EQ(Written(header).substr(320, 4), Zeros(4));
 }
 
+TEST_F(FileHeaderTest, ADescriptionTakesAllButTheLastByteOfItsField) {
+    header.SetDescription(std::string(255, 'd').c_str());
+    const std::string longest = Written(header);
+    EXPECT_EQ(longest.substr(64, 260), std::string(255, 'd') + Zeros(5));
+    header.SetDescription((std::string(255, 'd') + "more").c_str());
+    EXPECT_EQ(Written(header), longest);
+    EXPECT_TRUE(LogLines().empty());
+}
+
+TEST_F(FileHeaderTest, WithoutADescriptionThereIsTheUsualOne) {
+    const std::string usual = Written(header);
+    for (const char* none : {static_cast<const char*>(nullptr), ""}) {
+        header.SetDescription("A keep");
+        EXPECT_EQ(Written(header).substr(64, 10), "A keep" + Zeros(4));
+        header.SetDescription(none);
+        EXPECT_EQ(Written(header), usual);
+    }
+}
+
 TEST_F(FileHeaderTest, ANullNameAndNoSizeRestoreTheGamesMaster) {
     header.SetMasterFile("Other.esm", 5);
     header.SetMasterFile(nullptr, 0);

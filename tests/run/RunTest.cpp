@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
 #include <sstream>
 #include <string>
 #include <tests/support/LogTest.h>
@@ -95,20 +97,73 @@ TEST_F(RunTest, NothingIsLeftInTheManager) {
     EXPECT_FALSE(manager.nameSingleLevel);
 }
 
-TEST_F(RunTest, WhatChanceChoseIsTold) {
-    options.randomCreatureTheme = true;
-    bool chosen = false;
+// The creatures that are met on each level.
+class CreatureNotes : public LevelObserver {
+public:
+    void StartOver() override { levels.clear(); }
+    void LevelFinished(const FinishedLevel& level) override {
+        std::set<std::string>& names = levels.emplace_back();
+        for (const Ref& ref : level.cell.GetRefs()) {
+            if (ref.sort == RefSort::Creature) {
+                names.insert(ref.GetName());
+            }
+        }
+    }
+    std::vector<std::set<std::string>> levels;
+};
+
+std::set<std::string> CreaturesOf(const Theme& theme) {
+    std::set<std::string> names;
+    for (const DiPtr<ThemeItem>& item : theme.items) {
+        names.insert(item->uniqueNames.begin(), item->uniqueNames.end());
+    }
+    return names;
+}
+
+TEST_F(RunTest, WhatEachLevelWasMadeFromIsTold) {
+    options.randomTileSet = options.randomCreatureTheme = true;
+    options.roomSpacing = RandomGenInfo::SemiLoose;
+    options.numLevels = 3;
+    CreatureNotes notes;
+    manager.SetLevelObserver(&notes);
+    std::set<std::string> themes;
     Tarnex::Run run(manager, options);
     for (std::uint32_t seed = 0; seed < 20; ++seed) {
-        chosen = chosen || !run.GenerateFrom(seed).creatureTheme.empty();
+        const GenReport report = run.GenerateFrom(seed).levels;
+        ASSERT_EQ(report.chosen.size(), notes.levels.size());
+        for (std::size_t i = 0; i < report.chosen.size(); ++i) {
+            const LevelChoices& chosen = report.chosen[i];
+            const LevelReport& level = report.levels[chosen.number - 1];
+            EXPECT_EQ(chosen.cell, level.name);
+            EXPECT_EQ(chosen.tileSet, level.tileSet);
+            EXPECT_EQ(chosen.roomGrid, DiPos(2, 2, 0));
+            EXPECT_EQ(chosen.spacing.lo, 2);
+            EXPECT_EQ(chosen.spacing.hi, 5);
+            EXPECT_FALSE(chosen.layout);
+            EXPECT_EQ(chosen.theme, manager.defTheme);
+            ASSERT_TRUE(chosen.creatureTheme);
+            themes.insert(chosen.creatureTheme->GetName());
+            EXPECT_TRUE(std::ranges::includes(CreaturesOf(*chosen.creatureTheme), notes.levels[i]))
+                << "seed " << seed << ", level " << chosen.number;
+        }
     }
-    EXPECT_TRUE(chosen);
-    options.randomCreatureTheme = false;
+    manager.SetLevelObserver(nullptr);
+    EXPECT_GT(themes.size(), 2U);
+}
+
+TEST_F(RunTest, AFixedInteriorTellsItsLayout) {
+    options.fixed = true;
+    options.layout = "Sunken Shrine";
     options.theme = "Noble hall";
     const RunResult result = Generate();
-    EXPECT_EQ(result.theme, "Noble hall");
-    EXPECT_EQ(result.creatureTheme, "");
-    EXPECT_NE(result.tileSet, "");
+    ASSERT_EQ(result.levels.chosen.size(), 1U);
+    const LevelChoices& chosen = result.levels.chosen.front();
+    EXPECT_EQ(chosen.number, 0U);
+    EXPECT_EQ(chosen.cell, "dungeon");
+    EXPECT_EQ(chosen.layout->GetName(), "Sunken Shrine");
+    EXPECT_EQ(chosen.theme->GetName(), "Noble hall");
+    EXPECT_FALSE(chosen.creatureTheme);
+    EXPECT_TRUE(result.levels.levels.empty());
 }
 
 TEST_F(RunTest, TheCallersChanceAndContainersGoOnAsIfThereWereNone) {

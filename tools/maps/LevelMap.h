@@ -163,7 +163,8 @@ struct MapCaption {
     std::uint32_t seed = 0;
     std::string options; ///< as they are typed
     std::string config;
-    std::string plugin{}; ///< that was drawn instead of a run, or empty
+    std::string plugin{};              ///< that was drawn instead of a run, or empty
+    std::vector<std::string> chosen{}; ///< by chance, a line for a level
 };
 
 /// Draws up the map of a level. A fixed interior has no rooms of its own: its areas are numbered.

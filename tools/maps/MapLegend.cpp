@@ -14,16 +14,19 @@ namespace {
 constexpr std::int32_t kColumn = 150;
 constexpr std::int32_t kRow = 30;
 
-// Broken between options where a line is full.
-void AppendWrapped(std::vector<std::string>& lines, const std::string& text, std::size_t most) {
+// Where a line is full it is broken in front of what each part begins with.
+void AppendWrapped(std::vector<std::string>& lines,
+                   const std::string& text,
+                   const char* partBegin,
+                   std::size_t most) {
     lines.emplace_back();
     for (std::size_t start = 0; start < text.size();) {
-        const std::size_t next = std::min(text.find(" --", start + 1), text.size());
-        const std::string option = text.substr(start, next - start);
-        if (lines.back().size() + option.size() > most && !lines.back().empty()) {
-            lines.emplace_back(option.substr(option.front() == ' ' ? 1 : 0));
+        const std::size_t next = std::min(text.find(partBegin, start + 1), text.size());
+        const std::string part = text.substr(start, next - start);
+        if (lines.back().size() + part.size() > most && !lines.back().empty()) {
+            lines.emplace_back(part.substr(part.front() == ' ' ? 1 : 0));
         } else {
-            lines.back() += option;
+            lines.back() += part;
         }
         start = next;
     }
@@ -57,7 +60,10 @@ std::vector<std::string> CaptionLines(const MapCaption& caption, std::int32_t wi
         lines.push_back("drawn from " + ForTerminal(caption.plugin));
     }
     if (!caption.options.empty()) {
-        AppendWrapped(lines, caption.options, most);
+        AppendWrapped(lines, caption.options, " --", most);
+    }
+    for (const std::string& line : caption.chosen) {
+        AppendWrapped(lines, line, " ", most);
     }
     return lines;
 }

@@ -119,6 +119,7 @@ std::string ToJson(const Inspection& inspection) {
     json["bytes"] = file.size;
     json["complete"] = file.complete;
     json["header"] = HeaderJson(file.header);
+    json["command"] = inspection.command.empty() ? Json(nullptr) : Json(inspection.command);
     json["records"] = file.records;
     json["exterior-cells"] = file.exteriorCells;
     json["other-records"] = file.otherRecords;

@@ -17,6 +17,7 @@ struct Inspection {
     const PluginFile& file;
     const std::vector<PluginFinding>& findings; ///< see FindInconsistencies
     std::vector<Arrival> arrivals{}; ///< by the number of their cell in the file, where known
+    std::string command{};           ///< that makes it again, where the file tells [UTF-8]
 };
 
 /// Prints header, cells, containers and findings for people, in UTF-8; with `refs` every reference

@@ -58,6 +58,9 @@ void PrintHeader(const Inspection& inspection, std::ostream& out) {
         << Counted(file.size, "byte") << ", version " << ExactNumber(header.version) << '\n';
     PrintFact(out, "Author", Shown(header.author));
     PrintFact(out, "Description", Shown(header.description));
+    if (!inspection.command.empty()) {
+        PrintFact(out, "Made by", inspection.command);
+    }
     for (const PluginMaster& master : header.masters) {
         PrintFact(out, "Master", Shown(master.name) + ", " + Counted(master.size, "byte"));
     }

@@ -62,8 +62,24 @@ Json OptionJson(const OptionRow& row) {
             {"default", std::visit(JsonOf(), ValueOf(RunOptions(), row))}};
 }
 
-Json NameOrNull(const std::string& name) {
-    return name.empty() ? Json(nullptr) : Json(name);
+template <typename T>
+Json NameOrNull(const DiPtr<T>& object) {
+    return object ? Json(ToUtf8(object->GetName())) : Json(nullptr);
+}
+
+Json ChoicesJson(const LevelChoices& level) {
+    const bool random = level.number > 0;
+    const DiPos& grid = level.roomGrid;
+    const SpacingRange& spacing = level.spacing;
+    return {{"level", random ? Json(level.number) : Json(nullptr)},
+            {"cell", ToUtf8(level.cell)},
+            {"tileset", NameOrNull(level.tileSet)},
+            {"layout", NameOrNull(level.layout)},
+            {"theme", NameOrNull(level.theme)},
+            {"creature-theme", NameOrNull(level.creatureTheme)},
+            {"treasure-theme", NameOrNull(level.treasureTheme)},
+            {"room-grid", random ? Json({grid.x, grid.y}) : Json(nullptr)},
+            {"spacing", random ? Json({spacing.lo, spacing.hi}) : Json(nullptr)}};
 }
 
 } // namespace
@@ -72,6 +88,14 @@ Json LevelsJson(const GenReport& report) {
     Json levels = Json::array();
     for (const LevelReport& level : report.levels) {
         levels.push_back(LevelJson(level));
+    }
+    return levels;
+}
+
+Json ChosenJson(const GenReport& report) {
+    Json levels = Json::array();
+    for (const LevelChoices& level : report.chosen) {
+        levels.push_back(ChoicesJson(level));
     }
     return levels;
 }
@@ -128,11 +152,8 @@ std::string ToJson(const RunResult& run, const RunOptions& options) {
     json["seed"] = run.seed;
     json["stamp"] = run.stamp;
     json["options"] = OptionsJson(options);
-    json["chosen"] = {{"tileset", NameOrNull(run.tileSet)},
-                      {"theme", NameOrNull(run.theme)},
-                      {"creature-theme", NameOrNull(run.creatureTheme)},
-                      {"treasure-theme", NameOrNull(run.treasureTheme)}};
     json["levels"] = LevelsJson(run.levels);
+    json["chosen"] = ChosenJson(run.levels);
     json["arrivals"] = ArrivalsJson(run.arrivals);
     json["walkable"] = options.fixed ? Json(nullptr) : Json(run.levels.IsWalkable());
     json["tries"] = run.tries;

@@ -15,6 +15,9 @@ namespace Tarnex::Report {
 /// The levels of a run, in order; valid UTF-8 whatever their names hold.
 Json LevelsJson(const GenReport& report);
 
+/// What each level that was made was made from, or a fixed interior.
+Json ChosenJson(const GenReport& report);
+
 /// The options that reports tell, each under its name; null for one that is not given.
 Json OptionsJson(const RunOptions& options);
 

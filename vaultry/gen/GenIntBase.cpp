@@ -206,6 +206,19 @@ void GenIntBase::LayoutToCell(Cell& target, const Layout& layout, const Di3Point
 }
 
 void GenIntBase::ShowLevel(const Layout& layout, const LevelReport* report) const {
+    LevelChoices& chosen = info.report.chosen.emplace_back();
+    chosen.cell = cell->GetName();
+    chosen.tileSet = tileSet;
+    chosen.theme = info.defTheme;
+    chosen.creatureTheme = info.defCreatureTheme;
+    chosen.treasureTheme = info.defTreasureTheme;
+    if (report != nullptr) {
+        chosen.number = report->number;
+        chosen.roomGrid = report->roomGrid;
+        chosen.spacing = report->spacing;
+    } else {
+        chosen.layout = info.defTemplate;
+    }
     if (info.levelObserver != nullptr) {
         info.levelObserver->LevelFinished({layout, *cell, *tileSet, *config, report});
     }

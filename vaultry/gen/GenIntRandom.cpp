@@ -245,7 +245,7 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& repor
     drafts.Clear();
     RoomInfo rooms(grid);
     CreateRooms(rooms);
-    SpaceRooms(rooms);
+    report.spacing = SpaceRooms(rooms);
     const std::int64_t width = std::int64_t{rooms.GetTotalWidth()} + kSpareCells;
     const std::int64_t height = std::int64_t{rooms.GetTotalHeight()} + kSpareCells;
     // In 64 bits: the widths of a hostile configuration add up to more than 32 hold.
@@ -342,13 +342,13 @@ void GenIntRandom::LayoutRoom(Layout& room) const {
     }
 }
 
-void GenIntRandom::SpaceRooms(RoomInfo& rooms) const {
+SpacingRange GenIntRandom::SpaceRooms(RoomInfo& rooms) const {
     const auto& spacings = RoomSpacings(info.randomInfo.roomSpacing, tileSet->IsCave());
     // As with the grids, one entry draws nothing.
     const double draw = spacings.size() > 1 ? RandomUnit() : 0.0;
     const SpacingRange& range = PickBelow(spacings, draw).range;
     if (range.AddsNothing()) {
-        return;
+        return range;
     }
     // Rows draw before columns. A gap widens the slot, not the room: where in it the room comes to
     // lie is drawn later.
@@ -361,6 +361,7 @@ void GenIntRandom::SpaceRooms(RoomInfo& rooms) const {
     for (std::uint32_t col = 0; col < rooms.GetWidth(); ++col) {
         rooms.SetMaxColWidth(col, rooms.GetMaxColWidth(col) + gap());
     }
+    return range;
 }
 
 void GenIntRandom::PlaceRooms(Layout& main, RoomInfo& rooms) const {

@@ -41,8 +41,9 @@ protected:
     DiPtr<Layout> CreateFromUserLayout();
     /// Gives an empty layout corners, walls and a floor.
     void LayoutRoom(Layout& room) const;
-    /// Adds the gaps that the spacing asks for to the rows and columns of the room grid.
-    void SpaceRooms(RoomInfo& rooms) const;
+    /// Adds the gaps that the spacing asks for to the rows and columns of the room grid; returns
+    /// their bounds.
+    SpacingRange SpaceRooms(RoomInfo& rooms) const;
     /// Puts each room into the level, anywhere in its slot.
     void PlaceRooms(Layout& main, RoomInfo& rooms) const;
     /// Joins the rooms with halls; false when two halls or more could not be made.

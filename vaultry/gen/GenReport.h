@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What a run of random levels came to, for front ends.
+// What a run came to, for front ends.
 #pragma once
 
+#include <vaultry/catalogue/LayoutTemplate.h>
+#include <vaultry/catalogue/Theme.h>
 #include <vaultry/catalogue/TileSet.h>
 #include <vaultry/foundation/DiPos.h>
+#include <vaultry/gen/RandomGenInfo.h>
 
 #include <cstdint>
 #include <string>
@@ -26,6 +29,19 @@ struct RoomReport {
     bool reachable = false; ///< from the first room, through openings that face each other
 };
 
+/// What a level that was made was made from, whether by chance or because it was asked for.
+struct LevelChoices {
+    std::uint32_t number = 0;     ///< of the level, from 1; 0 for a fixed interior
+    std::string cell;             ///< its name
+    DiPtr<TileSet> tileSet;       ///< not null
+    DiPtr<LayoutTemplate> layout; ///< of a fixed interior; null for a random level
+    DiPtr<Theme> theme;           ///< the furniture; null for none
+    DiPtr<Theme> creatureTheme;   ///< null for none
+    DiPtr<Theme> treasureTheme;   ///< null for none
+    DiPos roomGrid;               ///< of a random level: slots for rooms (x columns, y rows)
+    SpacingRange spacing{};       ///< of a random level
+};
+
 /// One level of a random run. Front ends may keep it: it holds the tile set, but no layouts.
 struct VAULTRY_API LevelReport {
     std::uint32_t number = 0;      ///< from 1; a level that was given up keeps its number
@@ -34,6 +50,7 @@ struct VAULTRY_API LevelReport {
     std::uint32_t attempts = 0;    ///< floor plans tried
     DiPtr<TileSet> tileSet;        ///< that the level is built from
     DiPos roomGrid;                ///< slots for rooms (x columns, y rows)
+    SpacingRange spacing{};        ///< of the last floor plan
     DiPos size;                    ///< of the level [cells]
     std::vector<RoomReport> rooms; ///< of a level that was made, row by row
     std::uint32_t openEnds = 0;    ///< openings of halls and doorways that lead nowhere
@@ -49,10 +66,11 @@ struct VAULTRY_API LevelReport {
     bool IsWalkable() const { return made && ReachableRooms() == rooms.size(); }
 };
 
-/// All levels of a random run, in order; empty for a fixed interior.
+/// What a run came to.
 struct VAULTRY_API GenReport {
-    std::vector<LevelReport> levels; ///< given up ones too
-    bool canceled = false;           ///< the run ended early; what was made is not whole
+    std::vector<LevelReport> levels;  ///< of a random run, in order; given up ones too
+    std::vector<LevelChoices> chosen; ///< for the levels that were made, in order, or the interior
+    bool canceled = false;            ///< the run ended early; what was made is not whole
 
     /// True when the levels that were made hang together by their doors. True when there is but
     /// one, or none.

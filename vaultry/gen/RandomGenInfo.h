@@ -11,6 +11,15 @@
 
 namespace Tarnex {
 
+/// Cells added to each row and column of rooms: lo to hi by chance. hi of 0: none, without a draw.
+struct SpacingRange {
+    std::int32_t lo; ///< the fewest [cells]
+    std::int32_t hi; ///< the most [cells]
+
+    /// Whether nothing is added and nothing drawn.
+    bool AddsNothing() const { return hi == 0; }
+};
+
 /// What a front end may ask of random levels; the seed of contents counts for fixed interiors too.
 ///
 /// @code

@@ -21,15 +21,6 @@ struct GridOdds {
 /// counts as Random.
 const std::vector<GridOdds>& RoomGrids(RandomGenInfo::LevelSizeT size);
 
-/// Cells added to each row and column of rooms: lo to hi by chance. hi of 0: none, without a draw.
-struct SpacingRange {
-    std::int32_t lo; ///< the fewest [cells]
-    std::int32_t hi; ///< the most [cells]
-
-    /// Whether nothing is added and nothing drawn.
-    bool AddsNothing() const { return hi == 0; }
-};
-
 /// The spacings that are taken for draws below a threshold.
 struct SpacingOdds {
     double below;       ///< the threshold; that of the last row lies above every draw

@@ -11,6 +11,8 @@ namespace {
 constexpr const char* kGameMaster = "Morrowind.esm";
 constexpr std::uint32_t kGameMasterSize = 79821084;
 
+constexpr const char* kUsualDescription = "Auto-generated mod";
+
 constexpr std::uint32_t kAuthorLength = 32;
 // The format's 256 bytes of description and the record count behind it, which stays 0.
 constexpr std::uint32_t kDescriptionLength = 260;
@@ -21,12 +23,19 @@ constexpr std::uint32_t kDataSize = 8;
 
 FileHeader::FileHeader() {
     SetMasterFile(nullptr, 0);
+    SetDescription(nullptr);
 }
 
 void FileHeader::SetMasterFile(const char* name, std::uint32_t size) {
     const bool named = name != nullptr && *name != '\0';
     masterName = named ? name : kGameMaster;
     masterSize = named || size != 0 ? size : kGameMasterSize;
+}
+
+// What is longer would be taken for the record count.
+void FileHeader::SetDescription(const char* text) {
+    const bool given = text != nullptr && *text != '\0';
+    description = std::string(given ? text : kUsualDescription).substr(0, kLongestDescription);
 }
 
 void FileHeader::UpdateSize() {

@@ -23,6 +23,13 @@ public:
     /// cannot be named.
     void SetMasterFile(const char* name, std::uint32_t size);
 
+    /// The most bytes of a description.
+    static constexpr std::size_t kLongestDescription = 255;
+
+    /// Sets the description, which launchers show, in Windows-1252; it is cut where it is longer
+    /// than that. A null or empty one is the usual description.
+    void SetDescription(const char* text);
+
     /// Computes the record's data size, as Write does first.
     void UpdateSize();
     /// The data size last computed, without the record's header. [bytes] 0 before that.
@@ -36,7 +43,7 @@ private:
     float version = 1.2F;
     std::uint32_t fileType = 0; // a plug-in
     std::string author = "Ostrel";
-    std::string description = "Auto-generated mod";
+    std::string description;
     std::string masterName;
     std::uint32_t masterSize = 0;
 };

@@ -7,6 +7,10 @@ void Mod::SetMasterFile(const char* name, std::uint32_t size) {
     header.SetMasterFile(name, size);
 }
 
+void Mod::SetDescription(const char* text) {
+    header.SetDescription(text);
+}
+
 DiPtr<Cell> Mod::CreateCell(const char* name) {
     return cells.emplace_back(MakeDi<Cell>(name));
 }

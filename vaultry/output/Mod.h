@@ -29,6 +29,9 @@ public:
     /// See FileHeader::SetMasterFile.
     void SetMasterFile(const char* name, std::uint32_t size);
 
+    /// See FileHeader::SetDescription.
+    void SetDescription(const char* text);
+
     /// Makes a cell of that name at the end of the cell list. `name` is not null; nothing keeps two
     /// cells from having the same name.
     DiPtr<Cell> CreateCell(const char* name);

@@ -110,11 +110,6 @@ RunEnd EndOf(ModResult result) {
                                            : RunEnd::Refused;
 }
 
-template <typename T>
-std::string NameOf(const DiPtr<T>& object) {
-    return object ? ToUtf8(object->GetName()) : std::string();
-}
-
 } // namespace
 
 void FixChance(RunOptions& options) {
@@ -181,6 +176,7 @@ void Run::HandOver(const RunOptions& wanted) const {
     }
     const std::string master = FromUtf8(wanted.master.value_or(""));
     manager.SetMasterFile(wanted.master ? master.c_str() : nullptr, wanted.masterSize.value_or(0));
+    manager.mod.SetDescription(nullptr);
     manager.SetAddPlatforms(wanted.platforms);
     manager.SetRandomInfo(wanted);
     manager.SetNameSingleLevel(true);
@@ -206,10 +202,6 @@ RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
         result.end = EndOf(manager.Generate(FromUtf8(options.cell.value()).c_str(), options.fixed));
         result.levels = manager.report;
     }
-    result.tileSet = NameOf(manager.defTileSet);
-    result.theme = NameOf(manager.defTheme);
-    result.creatureTheme = NameOf(manager.defCreatureTheme);
-    result.treasureTheme = NameOf(manager.defTreasureTheme);
     result.problems = problems.Get();
     return result;
 }

@@ -27,11 +27,7 @@ struct RunResult {
     std::uint32_t seed = 0;        ///< of the last try, or the first when none was walkable
     std::int64_t stamp = 0;        ///< in the identifiers of containers
     std::uint32_t tries = 1;       ///< seeds tried
-    GenReport levels;              ///< of the last try; without any for a fixed interior
-    std::string tileSet;           ///< what the options or chance chose last; empty for none
-    std::string theme;             ///< likewise, the furniture
-    std::string creatureTheme;     ///< likewise
-    std::string treasureTheme;     ///< likewise
+    GenReport levels;              ///< of the last try, with what each level was made from
     std::vector<Problem> problems; ///< of the last try, as they were logged
     std::vector<Arrival> arrivals; ///< of every level that has any, in order; see Generate
 };

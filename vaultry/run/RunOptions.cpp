@@ -99,6 +99,7 @@ std::vector<OptionRow>& Table() {
         {"master",                &Options::master, "The master file (default: the game's)", kHeader},
         {"master-size",           &Options::masterSize, "The master file's size in bytes", kHeader},
         Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", kForSearch | kRepeats}, 0, kMaxStamp),
+        {"describe",              &Options::describe, "Keep the line that makes it with the plug-in", kRepeats | kReported},
         {"strict",                &Options::strict, "Write nothing if there was an error", kReported},
     };
     return rows;

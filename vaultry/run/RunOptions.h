@@ -54,7 +54,8 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     std::optional<std::string> master;        ///< the master file; the game's without
     std::optional<std::uint32_t> masterSize;  ///< [bytes]
     std::optional<std::int64_t> stamp;        ///< in container identifiers; by chance without
-    bool strict = false;                      ///< to whoever writes: nothing if there was an error
+    bool describe = false; ///< to whoever writes: the plug-in tells what line makes it again
+    bool strict = false;   ///< to whoever writes: nothing if there was an error
 };
 
 /// Where an option stands. The kind of option follows from the type. An option of an optional field
