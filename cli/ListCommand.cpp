@@ -4,12 +4,16 @@
 #include "cli/CancelSignals.h"
 #include "cli/ConfigSource.h"
 #include "cli/LibraryLog.h"
+#include "tools/gallery/Gallery.h"
 #include "tools/runs/Offer.h"
 #include "tools/text/TextTable.h"
+#include "tools/text/Words.h"
 
 #include <vaultry/foundation/HarmlessText.h>
+#include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -61,6 +65,20 @@ void Print(const Report::Offer& offer, std::ostream& out) {
     }
 }
 
+// Nothing is left half done: all is drawn before the first byte is written.
+void WritePage(const Report::Offer& offer,
+               GenMgr& manager,
+               const std::string& path,
+               const Console& console) {
+    std::ostringstream text;
+    Report::WriteGallery(Report::GalleryOf(offer, manager), offer.config, text);
+    SafeFile page(path);
+    page.Open() << text.view();
+    page.Finish();
+    page.Commit();
+    console.Say("drew \"" + path + "\": " + Report::Counted(page.Size(), "byte"));
+}
+
 } // namespace
 
 ExitStatus RunVerb(const ListOptions& options, const Console& console) {
@@ -82,8 +100,11 @@ ExitStatus RunVerb(const ListOptions& options, const Console& console) {
     console.Show(offer.errors);
     if (options.json) {
         console.out << Report::ToJson(offer);
-    } else {
+    } else if (!options.html) {
         Print(offer, console.out);
+    }
+    if (options.html) {
+        WritePage(offer, manager, *options.html, console);
     }
     const bool nothing = std::ranges::all_of(
         offer.lists, [](const Report::OfferedList& list) { return list.names.empty(); });

@@ -82,7 +82,8 @@ struct SearchOptions {
 /// vaultry list
 struct ListOptions {
     std::string config = kBuiltin;
-    bool keepGoing = false; ///< use what was read of a broken one
+    bool keepGoing = false;          ///< use what was read of a broken one
+    std::optional<std::string> html; ///< a path
     bool json = false;
 };
 

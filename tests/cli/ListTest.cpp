@@ -56,6 +56,19 @@ TEST_F(ListTest, JsonNamesEverythingUnderTheSwitchThatTakesIt) {
     EXPECT_EQ(json["errors"], Json::array());
 }
 
+TEST_F(ListTest, APageShowsEverything) {
+    const Outcome outcome = Run({"list", "-c", smallConfig, "--html", "offer.html"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(outcome.err.starts_with("vaultry: drew \"offer.html\": ")) << outcome.err;
+    EXPECT_EQ(Files(), std::vector<std::string>{"offer.html"});
+    const std::string page = Read("offer.html");
+    for (const char* name : {"Stone", "Höhle", "Chamber", "Den", "Storeroom", "Undead", "Coins"}) {
+        EXPECT_TRUE(Contains(page, "<h3>" + std::string(name) + "</h3>")) << name;
+    }
+    EXPECT_EQ(Run({"list", "--html", "nowhere/offer.html"}).status, 2);
+}
+
 TEST_F(ListTest, PresetsStandFirstUnlessAConfigurationIsNamed) {
     const std::string text = Run({"list"}).out;
     EXPECT_TRUE(text.starts_with("Presets (--preset):\n  tomb       An ancestral tomb and the dead "

@@ -17,6 +17,7 @@ set(MAY_INCLUDE
   "tools/maps: vaultry tools/text tools/plugins tools/png"
   "tools/facts: vaultry tools/text tools/plugins tools/maps"
   "tools/search: vaultry tools/text tools/plugins tools/maps tools/facts"
+  "tools/gallery: vaultry tools/text tools/runs tools/maps"
   "embed: vaultry tools"
   "cli: vaultry tools")
 
