@@ -24,6 +24,10 @@ std::string LastCellName(const GenerateOptions& options, const std::string& name
     return numbered ? name + ", Level " + std::to_string(options.numLevels) : name;
 }
 
+bool RoomsLackPlatforms(const GenerateOptions& options) {
+    return options.platforms && options.fixed && !options.caveTileSet;
+}
+
 } // namespace
 
 std::vector<std::string> NameWarnings(const GenerateOptions& options) {
@@ -54,12 +58,23 @@ std::vector<std::string> NameWarnings(const GenerateOptions& options) {
 
 std::vector<std::string> IdleWarnings(const GenerateOptions& options) {
     std::vector<std::string> warnings;
-    for (const OptionRow* row : options.typed) {
-        const std::string why = WhyIdle(options, *row);
+    const auto add = [&warnings](const std::string& option, const std::string& why) {
         if (!why.empty()) {
-            warnings.push_back(std::string("--") + row->name + " has no effect " + why);
+            warnings.push_back("--" + option + " has no effect " + why);
         }
+    };
+    for (const OptionRow* row : options.typed) {
+        add(row->name, WhyIdle(options, *row));
     }
+    const MapFileOptions& maps = options.maps;
+    const bool png = maps.map && Report::PictureFormatOf(*maps.map) == Report::MapFormat::Png;
+    const bool scaled = maps.scale != MapFileOptions().scale;
+    // Where a configuration begins with caves the set has its name by now.
+    add("platforms", RoomsLackPlatforms(options) ? "without a --cave-tileset" : "");
+    add("look",
+        maps.look != MapFileOptions().look && !maps.AreWanted() ? "without --map or --html" : "");
+    add("scale", scaled && !png ? "without a --map that ends in .png" : "");
+    add("keep-going", options.keepGoing && options.strict ? "beside --strict" : "");
     return warnings;
 }
 

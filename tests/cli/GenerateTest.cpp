@@ -51,6 +51,19 @@ TEST_F(GenerateTest, TellsOfOptionsWithoutEffect) {
     EXPECT_TRUE(Contains(outcome.err, "warning: --template has no effect without --fixed\n"));
     EXPECT_TRUE(Contains(outcome.err, "warning: --theme has no effect beside --random-theme\n"));
     EXPECT_FALSE(Contains(Run({"generate", "--size", "medium"}).err, "no effect"));
+    for (const auto& [arguments, why] : std::vector<std::pair<Lines, std::string>>{
+             {{"--fixed", "--platforms"}, "--platforms has no effect without a --cave-tileset"},
+             {{"--look", "dark"}, "--look has no effect without --map or --html"},
+             {{"--scale", "2", "--html", "a.html"}, "--scale has no effect without a --map that"},
+             {{"--keep-going", "--strict"}, "--keep-going has no effect beside --strict"},
+             {{"--preset", "grotto", "--size", "large"}, "--size has no effect beside --fixed"},
+             {{"--fixed", "--levels", "3"}, "--levels has no effect beside --fixed"}}) {
+        Lines all = {"generate"};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        EXPECT_TRUE(Contains(Run(all).err, "warning: " + why)) << why;
+    }
+    EXPECT_FALSE(Contains(Run({"generate", "-c", "builtin:caves", "--fixed", "--platforms"}).err,
+                          "no effect"));
 }
 
 TEST_F(GenerateTest, TheCavesBeginWithACave) {
