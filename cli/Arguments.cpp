@@ -6,6 +6,8 @@
 #include "cli/Verbs.h"
 #include "tools/text/UsageError.h"
 
+#include <vaultry/run/BuiltinConfigs.h>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -15,18 +17,13 @@ namespace Tarnex::Cli {
 
 namespace {
 
-constexpr std::size_t kHelpColumn = 34;
-
-constexpr const char* kOverview =
-    "Generates dungeon interiors as plug-ins for the game.\n"
+constexpr const char* kOverview = "Generates dungeon interiors as plug-ins for the game.";
+constexpr const char* kOverviewFooter =
+    "Exit status: 0 done, 1 nothing generated or a file not written whole (inspect, diff, check: "
+    "something found; search: a seed could not be judged), 2 wrong arguments, 130 cancelled.\n"
     "\n"
-    "Exit status: 0 done, 1 nothing generated or a file not written whole (inspect, diff, check:\n"
-    "something found; search: a seed could not be judged), 2 wrong arguments, 130 cancelled.";
-constexpr const char* kOverviewExample =
     "Example:\n"
-    "  vaultry generate --levels 3 --creature-theme Undead -o crypt.esp\n"
-    "\n"
-    "\"vaultry help VERB\" describes a verb.";
+    "  vaultry generate --preset tomb -o crypt.esp";
 
 // What may be asked for, by verb.
 using Asked = std::map<std::string, Request>;
@@ -34,11 +31,10 @@ using Asked = std::map<std::string, Request>;
 // Declaring options takes longer than reading them: only verbs among `words` get theirs, or all
 // without words.
 void SetUp(CLI::App& app, Asked& asked, const std::vector<std::string>* words) {
-    app.footer(kOverviewExample);
+    app.footer(kOverviewFooter);
     app.set_version_flag("--version", "vaultry " VAULTRY_VERSION, "Print the version and exit");
     app.require_subcommand(0, 1);
     app.allow_windows_style_options(false);
-    app.get_formatter()->column_width(kHelpColumn);
     for (const Verb& row : Verbs()) {
         CLI::App& verb = *app.add_subcommand(row.name, row.help);
         verb.footer(row.footer);
@@ -55,13 +51,28 @@ std::string WrongCount(const CLI::ArgumentMismatch& e) {
     return text.substr(0, text.find(':')) + (missing ? ": a value is missing" : ": given twice");
 }
 
-// The words that an option offers stand behind the last colon of its help.
-std::string WordsOf(const OptionHelp& option) {
-    std::string words;
-    if (option.value == "WORD") {
-        words = option.text.substr(option.text.rfind(": ") + 2);
-        std::erase(words, ',');
+// What may stand where a configuration is named, besides files.
+std::string BuiltinWords() {
+    std::string words = kBuiltin;
+    for (const BuiltinConfig& config : BuiltinConfigs()) {
+        words += std::string(" ") + kBuiltin + ':' + std::string(config.name);
     }
+    return words;
+}
+
+// The words that an option offers stand in its help, between a colon and the default.
+std::string WordsOf(const OptionHelp& option) {
+    if (!option.names.empty() && option.names.back() == "--config") {
+        return BuiltinWords();
+    }
+    const std::size_t colon = option.text.find(": ");
+    const std::size_t end = option.text.find(" (");
+    const bool listed = option.value == "WORD" || option.value == "NAME" || option.value == "SHELL";
+    if (!listed || colon >= std::min(end, option.text.size())) {
+        return {};
+    }
+    std::string words = option.text.substr(colon + 2, end - colon - 2);
+    std::erase(words, ',');
     return words;
 }
 
@@ -76,11 +87,14 @@ OptionHelp Describe(const CLI::Option& option) {
     help.value = option.get_items_expected_max() > 0 ? option.get_type_name() : "";
     help.text = option.get_description();
     help.words = WordsOf(help);
+    if (option.get_positional()) {
+        help.argument = option.get_required() ? help.value : '[' + help.value + ']';
+    }
     return help;
 }
 
 CommandHelp Describe(const CLI::App& app) {
-    CommandHelp help{app.get_description() + "\n\n" + app.get_footer(), {}};
+    CommandHelp help{app.get_description(), app.get_footer(), {}};
     for (const CLI::App* verb : app.get_subcommands({})) {
         VerbHelp& entry = help.verbs.emplace_back();
         entry = {verb->get_name(), verb->get_description(), verb->get_footer(), {}};
@@ -109,6 +123,16 @@ std::vector<std::string> InSwitches(std::vector<std::string> words) {
     return words;
 }
 
+// What the scripts of shells ask; no verb, since nobody types it.
+constexpr const char* kComplete = "__complete";
+
+CompleteOptions AskedByShell(const std::vector<std::string>& words) {
+    // Behind a sign, so that no shell drops it when it is empty.
+    const std::string typed = words.size() < 2 ? "=" : words.back();
+    const auto end = words.end() - (words.size() < 2 ? 0 : 1);
+    return {{words.begin() + 1, end}, typed.substr(std::min<std::size_t>(1, typed.size()))};
+}
+
 void RequireVerb(const std::vector<std::string>& words) {
     if (!words.empty() && !words.front().starts_with('-') &&
         std::ranges::find(Verbs(), words.front(), &Verb::name) == Verbs().end()) {
@@ -123,7 +147,7 @@ Request Parse(CLI::App& app, const std::vector<std::string>& words) {
     // The parser takes the words from the back.
     app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
     const std::string verb = VerbOf(app);
-    return verb.empty() ? NoVerb{app.help()} : std::move(asked[verb]);
+    return verb.empty() ? NoVerb{HelpText(DescribeCommandLine(), verb)} : std::move(asked[verb]);
 }
 
 } // namespace
@@ -136,11 +160,14 @@ CommandHelp DescribeCommandLine() {
 }
 
 Request ParseArguments(const std::vector<std::string>& arguments) {
+    if (!arguments.empty() && arguments.front() == kComplete) {
+        return AskedByShell(arguments);
+    }
     CLI::App app(kOverview, "vaultry");
     try {
         return Parse(app, InSwitches(arguments));
     } catch (const CLI::CallForHelp&) {
-        return PrintText{app.help()};
+        return PrintText{HelpText(DescribeCommandLine(), VerbOf(app))};
     } catch (const CLI::CallForVersion& version) {
         return PrintText{std::string(version.what()) + '\n'};
     } catch (const CLI::ArgumentMismatch& e) {

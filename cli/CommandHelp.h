@@ -12,29 +12,33 @@ struct OptionHelp {
     std::vector<std::string> names; ///< with their dashes, short ones first; empty for an argument
     std::string value;              ///< the kind of its value, such as "FILE"; empty for none
     std::string text;
-    std::string words; ///< the values it takes, between blanks, when they are few
+    std::string words;    ///< the values it takes, between blanks, when they are few
+    std::string argument; ///< its sign in the line of usage, if it needs no switch
 };
 
 struct VerbHelp {
     std::string name;
     std::string text;
-    std::string footer; ///< conditions, exit status and examples, line by line
+    std::string footer; ///< conditions, exit status and examples: paragraphs and indented lines
     std::vector<OptionHelp> options;
 };
 
 struct CommandHelp {
     std::string text;
+    std::string footer; ///< likewise
     std::vector<VerbHelp> verbs;
 };
 
 /// The whole command line.
 CommandHelp DescribeCommandLine();
 
+/// What `vaultry help VERB` prints, in 80 columns; without a verb of that name, of all verbs.
+std::string HelpText(const CommandHelp& help, const std::string& verb);
+
+/// A footer in 80 columns.
+std::string WrappedLines(const std::string& footer);
+
 /// The page of `man vaultry`, for the system's formatter.
 std::string ManualPage(const CommandHelp& help);
-
-/// What a shell reads to complete the program's arguments.
-std::string BashCompletion(const CommandHelp& help);
-std::string ZshCompletion(const CommandHelp& help);
 
 } // namespace Tarnex::Cli

@@ -45,6 +45,9 @@ ExitStatus RunVerb(const ManualOptions& options, const Console& console);
 /// Prints what a shell completes arguments by.
 ExitStatus RunVerb(const CompletionOptions& options, const Console& console);
 
+/// Answers a shell that does.
+ExitStatus RunVerb(const CompleteOptions& options, const Console& console);
+
 /// Prints what was asked for.
 ExitStatus RunVerb(const PrintText& request, const Console& console);
 

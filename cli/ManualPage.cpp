@@ -53,7 +53,7 @@ void WriteVerb(std::ostream& page, const VerbHelp& verb) {
         page << ".TP\n" << Name(option) << '\n' << Escaped(option.text) << '\n';
     }
     page << ".PP\n";
-    WriteLines(page, verb.footer);
+    WriteLines(page, WrappedLines(verb.footer));
 }
 
 } // namespace
@@ -64,7 +64,8 @@ std::string ManualPage(const CommandHelp& help) {
          << ".SH NAME\nvaultry \\- dungeon interiors as plug\\-ins for the game\n"
          << ".SH SYNOPSIS\n.B vaultry\n.I VERB\n[\\fIOPTION\\fR...]\n"
          << ".SH DESCRIPTION\n";
-    WriteLines(page, help.text);
+    page << Escaped(help.text) << "\n.PP\n";
+    WriteLines(page, WrappedLines(help.footer));
     page << ".SH VERBS\n";
     for (const VerbHelp& verb : help.verbs) {
         WriteVerb(page, verb);

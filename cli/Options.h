@@ -120,6 +120,12 @@ struct CompletionOptions {
     std::string shell; ///< its name
 };
 
+/// A shell asks what may stand for a word.
+struct CompleteOptions {
+    std::vector<std::string> before; ///< the arguments before it
+    std::string typed;
+};
+
 /// A text asked for, such as the help.
 struct PrintText {
     std::string text;
@@ -140,6 +146,7 @@ using Request = std::variant<GenerateOptions,
                              CheckOptions,
                              ManualOptions,
                              CompletionOptions,
+                             CompleteOptions,
                              PrintText,
                              NoVerb>;
 

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "cli/CommandHelp.h"
+// Each script hands the words before the cursor to the program, the one being typed last and behind
+// a "=" since some shells drop empty words, and reads what to offer: a line that says whether to
+// offer files or folders too, then words, each with a tab and what is said of it. No word of the
+// command line or of the answer is ever evaluated.
 #include "cli/Commands.h"
 #include "tools/text/UsageError.h"
 
@@ -7,195 +10,139 @@
 
 #include <algorithm>
 #include <array>
-#include <sstream>
 #include <string_view>
 
 namespace Tarnex::Cli {
 
 namespace {
 
-// How each shell completes the kinds of value that name something on the disk.
-struct PathKind {
-    std::string_view value;
-    std::string_view bash;
-    std::string_view zsh;
-};
+// Bash takes words apart at ":" and "=", and replaces only what stands behind these.
+constexpr const char* kBash = R"script(# Completion of vaultry for bash.
+_vaultry() {
+  local words=() part word='' joined='' line kind
+  for part in "${COMP_WORDS[@]:1:COMP_CWORD}"; do
+    word=$part
+    case $word in
+    \"*) word=${word#\"} word=${word%\"} ;;
+    \'*) word=${word#\'} word=${word%\'} ;;
+    *) word=${word//\\/} ;;
+    esac
+    if [[ ($part == [:=] || -n $joined) && ${#words[@]} -gt 0 ]]; then
+      words[-1]+=$word
+    else
+      words+=("$word")
+    fi
+    joined=''
+    [[ $part != [:=] ]] || joined=1
+  done
+  [[ $part != [:=] ]] || word=''
+  local typed=${words[-1]} start
+  start=${typed%"$word"}
+  COMPREPLY=()
+  {
+    read -r kind
+    while IFS=$'\t' read -r line _; do
+      COMPREPLY+=("${line#"$start"}")
+    done
+  } < <("${COMP_WORDS[0]}" __complete "${words[@]::${#words[@]}-1}" "=$typed" 2>/dev/null)
+  case $kind in
+  files) mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -- "$word") ;;
+  folders) mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -d -- "$word") ;;
+  esac
+}
+complete -o filenames -F _vaultry vaultry
+)script";
 
-constexpr std::array<PathKind, 8> kPathKinds = {{
-    {"FILE", "-f", "_files"},
-    {"FILE...", "-f", "_files"},
-    {"PLUGIN", "-f", "_files"},
-    {"CONFIG", "-f", "_files"},
-    {"CONFIG...", "-f", "_files"},
-    {"A", "-f", "_files"},
-    {"B", "-f", "_files"},
-    {"FOLDER", "-d", "_files -/"},
-}};
+constexpr const char* kZsh = R"script(#compdef vaultry
+# Completion of vaultry for zsh.
+_vaultry() {
+  local -a answer described
+  local line typed="${${(Q)words[CURRENT]}#[\"\']}"
+  answer=("${(@f)$("${(Q)words[1]}" __complete "${(@Q)words[2,CURRENT-1]}" "=$typed" 2>/dev/null)}")
+  for line in "${(@)answer[2,-1]}"; do
+    described+=("${${line%%$'\t'*}//:/\\:}:${line#*$'\t'}")
+  done
+  if (( $#described )); then
+    _describe -t words word described -M 'm:{[:lower:][:upper:]}={[:upper:][:lower:]}'
+  fi
+  [[ $typed != --*=* ]] || compset -P '*='
+  case ${answer[1]} in
+    files) _files ;;
+    folders) _files -/ ;;
+  esac
+}
+if [[ $funcstack[1] == _vaultry ]]; then
+  _vaultry "$@"
+else
+  compdef _vaultry vaultry
+fi
+)script";
+
+constexpr const char* kFish = R"script(# Completion of vaultry for fish.
+function __vaultry_complete
+    set -l words (commandline -opc)
+    set -l typed (string trim --left --chars '"\'' -- (commandline -ct))
+    set -l answer (command $words[1] __complete $words[2..-1] "=$typed" 2>/dev/null)
+    set -l kind $answer[1]
+    set -e answer[1]
+    for line in $answer
+        echo $line
+    end
+    switch "$kind"
+        case files
+            __fish_complete_path "$typed"
+        case folders
+            __fish_complete_directories "$typed"
+    end
+end
+complete -c vaultry -f -a '(__vaultry_complete)'
+)script";
+
+constexpr const char* kPowerShell = R"script(# Completion of vaultry for PowerShell.
+Register-ArgumentCompleter -Native -CommandName vaultry, vaultry.exe -ScriptBlock {
+    param($typed, $ast, $cursor)
+    $words = @($ast.CommandElements |
+        Where-Object { $_.Extent.EndOffset -lt $cursor } |
+        ForEach-Object { if ($null -ne $_.Value) { "$($_.Value)" } else { "$_".Trim('"', "'") } })
+    $program = $words[0]
+    $before = @($words | Select-Object -Skip 1)
+    $typed = $typed.Trim('"', "'")
+    [Console]::OutputEncoding = [Text.Encoding]::UTF8
+    $answer = @(& $program __complete @before "=$typed" 2>$null)
+    $answer | Select-Object -Skip 1 | ForEach-Object {
+        $word, $text = $_ -split "`t", 2
+        if (-not $text) { $text = $word }
+        $shown = $word
+        if ($word -match '[^-\w.,:=/+]') { $shown = '"' + ($word -replace '([`$"])', '`$1') + '"' }
+        [Management.Automation.CompletionResult]::new($shown, $word, 'ParameterValue', $text)
+    }
+    if ($answer[0] -ne 'none') {
+        [Management.Automation.CompletionCompleters]::CompleteFilename($typed)
+    }
+}
+)script";
 
 struct Shell {
     std::string_view name;
-    std::string (*completion)(const CommandHelp& help);
+    const char* script;
 };
 
-constexpr std::array<Shell, 2> kShells = {{{"bash", BashCompletion}, {"zsh", ZshCompletion}}};
-
-const PathKind* FindPathKind(const std::string& value) {
-    const auto* const kind = std::ranges::find(kPathKinds, value, &PathKind::value);
-    return kind == kPathKinds.end() ? nullptr : kind;
-}
-
-std::vector<std::string> Switches(const VerbHelp& verb) {
-    std::vector<std::string> all;
-    for (const OptionHelp& option : verb.options) {
-        all.insert(all.end(), option.names.begin(), option.names.end());
-    }
-    return all;
-}
-
-std::vector<std::string> VerbNames(const CommandHelp& help) {
-    std::vector<std::string> names;
-    for (const VerbHelp& verb : help.verbs) {
-        names.push_back(verb.name);
-    }
-    return names;
-}
-
-// One case of the word before the cursor: what may follow the switch. Names of files are read line
-// by line: the shell would take them apart at blanks and take their stars for patterns.
-void WriteBashValue(std::ostream& script, const std::string& verb, const OptionHelp& option) {
-    std::vector<std::string> spellings;
-    for (const std::string& name : option.names) {
-        spellings.push_back(verb);
-        spellings.back().append(":").append(name);
-    }
-    script << "    " << JoinWords(spellings, "|") << ") ";
-    if (!option.words.empty()) {
-        script << "COMPREPLY=($(compgen -W '" << option.words << "' -- \"$word\"))";
-    } else if (const PathKind* kind = FindPathKind(option.value)) {
-        script << "mapfile -t COMPREPLY < <(compgen " << kind->bash << " -- \"$word\")";
-    } else {
-        script << "COMPREPLY=()"; // a number or a name of the configuration
-    }
-    script << "; return ;;\n";
-}
-
-void WriteBashSwitches(std::ostream& script, const VerbHelp& verb) {
-    script << "    " << verb.name << ") switches='" << JoinWords(Switches(verb), " ") << "' ;;\n";
-}
-
-// Text inside an entry of _arguments, which is itself quoted.
-std::string ZshText(const std::string& text) {
-    std::string escaped;
-    for (const char c : text) {
-        if (c == '\'') {
-            escaped += "'\\''";
-            continue;
-        }
-        if (c == '[' || c == ']' || c == ':' || c == '\\') {
-            escaped += '\\';
-        }
-        escaped += c;
-    }
-    return escaped;
-}
-
-std::string ZshAction(const OptionHelp& option) {
-    if (!option.words.empty()) {
-        return "(" + option.words + ")";
-    }
-    const PathKind* kind = FindPathKind(option.value);
-    return kind != nullptr ? std::string(kind->zsh) : " ";
-}
-
-void WriteZshOption(std::ostream& script, const OptionHelp& option) {
-    const std::string value =
-        option.value.empty() ? "" : ":" + ZshText(option.value) + ":" + ZshAction(option);
-    if (option.names.empty()) {
-        script << "        '*" << value << "' \\\n";
-        return;
-    }
-    for (const std::string& name : option.names) {
-        script << "        '" << name << '[' << ZshText(option.text) << ']' << value << "' \\\n";
-    }
-}
-
-void WriteZshVerb(std::ostream& script, const VerbHelp& verb) {
-    script << "    " << verb.name << ")\n      _arguments \\\n";
-    for (const OptionHelp& option : verb.options) {
-        WriteZshOption(script, option);
-    }
-    script << "        && return ;;\n";
-}
+constexpr std::array<Shell, 4> kShells = {
+    {{"bash", kBash}, {"zsh", kZsh}, {"fish", kFish}, {"powershell", kPowerShell}}};
 
 } // namespace
 
-std::string BashCompletion(const CommandHelp& help) {
-    std::ostringstream script;
-    script << "# Completion of vaultry for bash.\n"
-              "_vaultry() {\n"
-              "  local word=${COMP_WORDS[COMP_CWORD]} verb=${COMP_WORDS[1]} switches=''\n"
-              "  if ((COMP_CWORD == 1)); then\n"
-              "    COMPREPLY=($(compgen -W '"
-           << JoinWords(VerbNames(help), " ")
-           << " --help --version' -- \"$word\"))\n"
-              "    return\n"
-              "  fi\n"
-              "  case $verb:${COMP_WORDS[COMP_CWORD - 1]} in\n";
-    for (const VerbHelp& verb : help.verbs) {
-        for (const OptionHelp& option : verb.options) {
-            if (!option.names.empty() && !option.value.empty()) {
-                WriteBashValue(script, verb.name, option);
-            }
-        }
-    }
-    script << "  esac\n  case $verb in\n";
-    for (const VerbHelp& verb : help.verbs) {
-        WriteBashSwitches(script, verb);
-    }
-    script << "  esac\n"
-              "  if [[ $word == -* ]]; then\n"
-              "    COMPREPLY=($(compgen -W \"$switches\" -- \"$word\"))\n"
-              "  else\n"
-              "    mapfile -t COMPREPLY < <(compgen -f -- \"$word\")\n"
-              "  fi\n"
-              "}\n"
-              "complete -o filenames -F _vaultry vaultry\n";
-    return script.str();
-}
-
-std::string ZshCompletion(const CommandHelp& help) {
-    std::ostringstream script;
-    script << "#compdef vaultry\n"
-              "# Completion of vaultry for zsh.\n"
-              "_vaultry() {\n"
-              "  if ((CURRENT == 2)); then\n"
-              "    local -a verbs=(\n";
-    for (const VerbHelp& verb : help.verbs) {
-        script << "      '" << verb.name << ':' << ZshText(verb.text) << "'\n";
-    }
-    script << "    )\n"
-              "    _describe verb verbs\n"
-              "    return\n"
-              "  fi\n"
-              "  local verb=${words[2]}\n"
-              "  shift words\n"
-              "  ((CURRENT--))\n"
-              "  case $verb in\n";
-    for (const VerbHelp& verb : help.verbs) {
-        WriteZshVerb(script, verb);
-    }
-    script << "  esac\n"
-              "}\n"
-              "_vaultry \"$@\"\n";
-    return script.str();
-}
-
 ExitStatus RunVerb(const CompletionOptions& options, const Console& console) {
-    const auto* const shell = std::ranges::find(kShells, options.shell, &Shell::name);
+    const auto shell = std::ranges::find_if(
+        kShells, [&options](const Shell& row) { return EqualsNoCase(row.name, options.shell); });
     if (shell == kShells.end()) {
-        throw UsageError("completion: \"" + options.shell + "\" is none of bash, zsh");
+        std::vector<std::string> names;
+        for (const Shell& row : kShells) {
+            names.emplace_back(row.name);
+        }
+        throw UsageError("completion: \"" + options.shell + "\" is none of " + JoinWords(names));
     }
-    console.out << shell->completion(DescribeCommandLine());
+    console.out << shell->script;
     return ExitStatus::Success;
 }
 

@@ -5,6 +5,7 @@
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/Text.h>
+#include <vaultry/run/BuiltinConfigs.h>
 
 #include <CLI/CLI.hpp>
 
@@ -25,34 +26,32 @@ constexpr std::size_t kFactColumn = 19;
 
 constexpr const char* kGenerateExample =
     "Examples:\n"
-    "  vaultry generate -o keep.esp -n \"The Old Keep\" --levels 3 --size medium --seed 7\n"
-    "  vaultry generate --fixed -c my.xml --cave-tileset Cavern --cave-template Den --platforms\n"
+    "  vaultry generate -o keep.esp -n \"The Old Keep\" --levels 3 --seed 7\n"
+    "  vaultry generate --fixed -c my.xml --cave-template Den --platforms\n"
     "  vaultry generate --seed 7 --levels 2 --map keep.png --html keep.html";
 constexpr const char* kMapExample =
     "Draws on the terminal unless --map, --html or --json is given. Of a plug-in, the "
-    "configuration\n"
-    "tells which pieces are floors, walls and doors; by default the built-in one that fits best.\n"
+    "configuration tells which pieces are floors, walls and doors; by default the built-in one "
+    "that fits best.\n"
     "\n"
     "Examples:\n"
     "  vaultry map --seed 7 --levels 2 --size medium\n"
-    "  vaultry map --fixed --template \"Sunken Shrine\" --map shrine.png --scale 2 --look dark\n"
+    "  vaultry map --fixed --template \"Sunken Shrine\" --map shrine.png --look dark\n"
     "  vaultry map crypt.esp --html crypt.html\n"
     "  vaultry map Morrowind.esm --cell \"Addamasartus\" --map cave.svg";
 constexpr const char* kSearchConditions =
-    "A condition compares facts and whole numbers by < <= > >= = != and joins comparisons by and,\n"
+    "A condition compares facts and whole numbers by < <= > >= = != and joins comparisons by and, "
     "or, not and parentheses; a fact by itself holds when it is not 0. A key is a fact: the "
-    "greatest\n"
-    "comes first, or with :asc the least. The facts:\n";
+    "greatest comes first, or with :asc the least. The facts:\n";
 constexpr const char* kSearchExample =
     "Exit status: 0 done, 1 a seed could not be judged or a file not be written, 2 wrong "
-    "arguments,\n"
-    "130 cancelled; what was found until then is listed and written.\n"
+    "arguments, 130 cancelled; what was found until then is listed and written.\n"
     "\n"
     "Examples:\n"
-    "  vaultry search --sample 10000 --levels 2 --size large \\\n"
-    "      --where \"rooms>=12 and walkable and loops>=2\" --sort loops,treasure --top 10\n"
-    "  vaultry search --sample 500 --creature-theme Undead --where \"creatures-from-15 > 3\" \\\n"
-    "      --csv found.csv --thumbnails maps\n"
+    "  vaultry search --sample 10000 --levels 2 --size large --top 10 \\\n"
+    "      --where \"rooms>=12 and walkable and loops>=2\" --sort loops,treasure\n"
+    "  vaultry search --sample 500 --creature-theme Undead --csv found.csv \\\n"
+    "      --where \"creatures-from-15 > 3\" --thumbnails maps\n"
     "  vaultry search --merge found-*.csv --sort loops --top 10 --csv best.csv";
 constexpr const char* kListExample = "Example:\n"
                                      "  vaultry list -c my.xml --json";
@@ -81,8 +80,10 @@ constexpr const char* kCheckExample =
 constexpr const char* kManualExample = "Example:\n"
                                        "  vaultry manual | man -l -";
 constexpr const char* kCompletionExample =
-    "Example:\n"
-    "  vaultry completion bash > ~/.local/share/bash-completion/completions/vaultry";
+    "Examples, of which the last belongs into $PROFILE:\n"
+    "  vaultry completion bash > ~/.local/share/bash-completion/completions/vaultry\n"
+    "  vaultry completion fish > ~/.config/fish/completions/vaultry.fish\n"
+    "  vaultry completion powershell | Out-String | Invoke-Expression";
 
 // In the order of Report::MapLook.
 const std::vector<std::string> kLooks = {"Auto", "Light", "Dark"};
@@ -170,6 +171,14 @@ void AddConfig(CLI::App& verb, Config& config, bool& keepGoing) {
     verb.add_flag("--keep-going", keepGoing, "Use what can be read of a broken configuration");
 }
 
+// Puts the words that an option takes before its default.
+std::string WithWords(std::string help, const std::vector<std::string>& words) {
+    if (!words.empty()) {
+        help.insert(std::min(help.find(" ("), help.size()), ": " + JoinWords(words));
+    }
+    return help;
+}
+
 // What help calls the value of an option, in the order of OptionKind.
 constexpr std::array<const char*, 4> kValueWords = {"", "NAME", "N", "WORD"};
 
@@ -180,13 +189,11 @@ CLI::Option* AddRunOption(CLI::App& verb, const OptionRow& row, RunOptions& opti
     if (const auto* const flag = std::get_if<bool RunOptions::*>(&row.field)) {
         return verb.add_flag(names, options.**flag, row.help);
     }
-    const std::vector<std::string> words = WordsOf(row);
-    const std::string help = words.empty() ? row.help : row.help + (": " + JoinWords(words));
     return AddValue(
         verb,
         names,
         kValueWords.at(static_cast<std::size_t>(KindOf(row))),
-        help,
+        WithWords(row.help, WordsOf(row)),
         [&options, &row](const std::string& text) { return SetOption(options, row, text); });
 }
 
@@ -230,9 +237,13 @@ void AddPresets(CLI::App& verb, PresetOptions& options, bool byChance) {
     for (const Report::Preset& preset : Report::BuiltinPresetList()) {
         names.push_back(preset.name);
     }
-    const std::string help = "Options that belong together: " + JoinWords(names);
+    const std::string help = WithWords("Options that belong together (default: none)", names);
     CLI::Option* const name = AddText(verb, "--preset", options.name, "WORD", help.c_str());
-    AddText(verb, "--presets", options.file, "FILE", "Presets in place of the built-in ones");
+    AddText(verb,
+            "--presets",
+            options.file,
+            "FILE",
+            "Presets in place of the built-in ones (default: none)");
     if (byChance) {
         verb.add_flag("--random-preset", options.random, "Choose the preset by the seed")
             ->excludes(name);
@@ -242,11 +253,12 @@ void AddPresets(CLI::App& verb, PresetOptions& options, bool byChance) {
 void AddMapFiles(CLI::App& verb, MapFileOptions& options) {
     AddText(
         verb, "--map", options.map, "FILE", "Draws every level, as .svg or .png (default: none)");
-    AddText(verb, "--html", options.html, "FILE", "Writes a page with maps and tables");
+    AddText(
+        verb, "--html", options.html, "FILE", "Writes a page with maps and tables (default: none)");
     AddValue(verb,
              "--look",
              "WORD",
-             "Colours of maps and pages: " + JoinWords(kLooks),
+             WithWords("Colours of maps and pages (default: Auto)", kLooks),
              [&options](const std::string& text) { return TakeLook(options, text); });
     AddValue(verb,
              "--scale",
@@ -377,7 +389,12 @@ void AddList(CLI::App& verb, Request& request) {
 
 void AddPrint(CLI::App& verb, Request& request) {
     auto& options = request.emplace<ConfigOptions>();
-    AddText(verb, "name", options.name, "NAME", "Which one (default: default)");
+    std::vector<std::string> names;
+    for (const BuiltinConfig& config : BuiltinConfigs()) {
+        names.emplace_back(config.name);
+    }
+    const std::string help = WithWords("Which one (default: default)", names);
+    AddText(verb, "name", options.name, "NAME", help.c_str());
 }
 
 void AddInspect(CLI::App& verb, Request& request) {
@@ -410,7 +427,8 @@ void AddManual(CLI::App& /*verb*/, Request& request) {
 
 void AddCompletion(CLI::App& verb, Request& request) {
     auto& options = request.emplace<CompletionOptions>();
-    AddText(verb, "shell", options.shell, "SHELL", "bash or zsh")->required();
+    AddText(verb, "shell", options.shell, "SHELL", "The shell: bash, zsh, fish, powershell")
+        ->required();
 }
 
 // clang-format off

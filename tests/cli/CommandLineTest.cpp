@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Help, version, and results that do not reach their reader.
 #include "cli/CommandLine.h"
+#include "cli/CommandHelp.h"
 
 #include <sstream>
 #include <string>
 #include <tests/cli/Program.h>
+#include <vector>
 
 namespace Tarnex::Test {
 
@@ -31,9 +33,9 @@ TEST_F(CommandLineTest, HelpNamesEveryVerbAndAnExample) {
 TEST_F(CommandLineTest, HelpOfGenerateNamesEverySwitch) {
     const Outcome outcome = Run({"generate", "--help"});
     EXPECT_EQ(outcome.status, 0);
-    for (const char* part : {"-c,--config",
-                             "-o,--out",
-                             "-n,--cell",
+    for (const char* part : {"-c, --config",
+                             "-o, --out",
+                             "-n, --cell",
                              "--fixed",
                              "--tileset",
                              "--cave-tileset",
@@ -63,6 +65,45 @@ TEST_F(CommandLineTest, HelpOfGenerateNamesEverySwitch) {
                              "vaultry generate -o keep.esp"}) {
         EXPECT_TRUE(Contains(outcome.out, part)) << part;
     }
+}
+
+TEST_F(CommandLineTest, HelpFitsOnEightyColumns) {
+    std::vector<std::string> words = {"--help"};
+    for (const Cli::VerbHelp& verb : Cli::DescribeCommandLine().verbs) {
+        words.push_back(verb.name);
+    }
+    for (const std::string& word : words) {
+        std::istringstream lines(Run({"help", word}).out);
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_LE(line.size(), 80U) << word << ": " << line;
+        }
+    }
+}
+
+TEST_F(CommandLineTest, HelpHasEveryOptionInAGroup) {
+    for (const Cli::VerbHelp& verb : Cli::DescribeCommandLine().verbs) {
+        const std::string help = Run({"help", verb.name}).out;
+        EXPECT_FALSE(Contains(help, "Further options")) << verb.name;
+        for (const Cli::OptionHelp& option : verb.options) {
+            const std::string name = option.names.empty() ? option.value : option.names.back();
+            EXPECT_TRUE(Contains(help, ' ' + name)) << verb.name << ' ' << name;
+        }
+    }
+}
+
+TEST_F(CommandLineTest, HelpNamesArgumentsAndDefaults) {
+    EXPECT_TRUE(Contains(Run({"map", "-h"}).out, "Usage: vaultry map [OPTIONS] [PLUGIN]\n"));
+    EXPECT_TRUE(Contains(Run({"diff", "-h"}).out, "Usage: vaultry diff [OPTIONS] A B\n"));
+    EXPECT_TRUE(Contains(Run({"check", "-h"}).out, "Usage: vaultry check [OPTIONS] CONFIG...\n"));
+    const std::string help = Run({"generate", "-h"}).out;
+    EXPECT_TRUE(
+        Contains(help,
+                 "\nThe shape of random levels:\n"
+                 "      --levels N               Levels, each a cell (default: 1)\n"
+                 "      --size WORD              Level size: Random, Tiny, Small, Medium, Large\n"
+                 "                               (default: Medium)\n"))
+        << help;
+    EXPECT_FALSE(Contains(help, "Excludes"));
 }
 
 TEST_F(CommandLineTest, HelpOfTheOtherVerbsHasAnExample) {

@@ -32,7 +32,8 @@ file(RENAME ${WORK}/first ${PREFIX})
 set(CONFIG ${PREFIX}/share/vaultry/vaultry.xml)
 set(LIBRARY_PATH ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${PREFIX}/${LIBDIR})
 
-foreach(file man/man1/vaultry.1 bash-completion/completions/vaultry zsh/site-functions/_vaultry)
+foreach(file man/man1/vaultry.1 bash-completion/completions/vaultry zsh/site-functions/_vaultry
+    fish/vendor_completions.d/vaultry.fish)
   if(NOT EXISTS ${PREFIX}/share/${file})
     message(FATAL_ERROR "share/${file} is not installed")
   endif()
