@@ -31,7 +31,7 @@ constexpr std::array<Group, 8> kGroups = {{
      " --random-tileset --random-theme --random-creature-theme --min-level --max-level "
      "--random-treasure-theme "},
     {"Repeating a run", " --seed --content-seed --stamp --count "},
-    {"The plug-in", " --out --master --master-size --strict "},
+    {"The plug-in", " --out --master --master-size --describe --strict "},
     {"Maps and pages", " --map --html --look --scale "},
     {"Searching", " --sample --seeds --where --sort --top --csv --merge --thumbnails --jobs "},
     {"Reports", " --log --quiet --json --help "},

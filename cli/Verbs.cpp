@@ -383,7 +383,7 @@ void AddSearch(CLI::App& verb, Request& request) {
 void AddList(CLI::App& verb, Request& request) {
     auto& options = request.emplace<ListOptions>();
     AddConfig(verb, options.config, options.keepGoing);
-    AddText(verb, "--html", options.html, "FILE", "Writes a page with pictures of all of it");
+    AddText(verb, "--html", options.html, "FILE", "A page with pictures instead (default: none)");
     AddJson(verb, options.json);
 }
 
