@@ -6,6 +6,7 @@
 
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Text.h>
+#include <vaultry/gen/ContentPlace.h>
 #include <vaultry/gen/WorldPlace.h>
 
 #include <algorithm>
@@ -18,13 +19,14 @@ namespace Tarnex::Report {
 
 namespace {
 
-constexpr std::array<RefSort, 7> kByWeight = {RefSort::Creature,
-                                              RefSort::Container,
-                                              RefSort::Door,
-                                              RefSort::Furniture,
-                                              RefSort::Rug,
-                                              RefSort::Tapestry,
-                                              RefSort::Other};
+constexpr std::array<MapSign, kMapSigns> kByWeight = {MapSign::Creature,
+                                                      MapSign::Container,
+                                                      MapSign::Door,
+                                                      MapSign::Furniture,
+                                                      MapSign::Light,
+                                                      MapSign::Rug,
+                                                      MapSign::Tapestry,
+                                                      MapSign::Other};
 
 std::int32_t Nearest(double value) {
     return TruncToInt(std::floor(value + 0.5));
@@ -45,10 +47,20 @@ std::vector<DiPos> TiledPlaces(const std::vector<LevelPart>& parts) {
     return places;
 }
 
+void AddContents(MapCell& cell, const GridElmt& elmt, std::int32_t tileSize) {
+    for (const DiPtr<ContentItem>& item : elmt.contents) {
+        MapContent& content = cell.contents.emplace_back();
+        content.name = Shown(item->uniqueName);
+        content.sign = SignOf(SortOf(*item), item->uniqueName, item->size);
+        content.stand = StandOf(item->offset, TurnIn(elmt), item->size, tileSize);
+    }
+}
+
 void Draw(LevelMap& map, const LevelPart& part) {
     ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos& at) {
         MapCell& place = map.Held(at.x, at.y);
         MapCell cell = DrawnCell(elmt);
+        AddContents(cell, elmt, map.tileSize);
         if (place.tile != PlanTile::Empty) {
             AddHidden(place, cell);
             return;
@@ -186,7 +198,7 @@ void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod) {
         for (MapCell& cell : map.cells) {
             for (MapContent& content : cell.contents) {
                 const auto found = containers.find(content.name);
-                if (content.sort != RefSort::Container || found == containers.end()) {
+                if (content.sign != MapSign::Container || found == containers.end()) {
                     continue;
                 }
                 auto chest = std::make_shared<MapChest>();
@@ -194,11 +206,27 @@ void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod) {
                 for (const auto& [item, count] : found->second->GetInventory()) {
                     chest->items.push_back({Shown(item), count});
                 }
+                StackAlike(chest->items);
                 content.label = chest->name;
                 content.chest = std::move(chest);
             }
         }
     }
+}
+
+void StackAlike(std::vector<MapItem>& items) {
+    std::unordered_map<std::string, std::size_t> places;
+    std::vector<MapItem> stacks;
+    for (MapItem& item : items) {
+        const auto [found, isNew] =
+            places.emplace((item.count < 0 ? '-' : '+') + item.name, stacks.size());
+        if (isNew) {
+            stacks.push_back(std::move(item));
+        } else {
+            stacks[found->second].count += item.count;
+        }
+    }
+    items = std::move(stacks);
 }
 
 bool ListedItems::Claim(const MapChest& chest) {
@@ -246,8 +274,8 @@ std::string CellWords(const LevelMap& map, const MapCell& cell, ListedItems& lis
 }
 
 const MapContent* MainContent(const MapCell& cell) {
-    for (const RefSort sort : kByWeight) {
-        const auto found = std::ranges::find(cell.contents, sort, &MapContent::sort);
+    for (const MapSign sign : kByWeight) {
+        const auto found = std::ranges::find(cell.contents, sign, &MapContent::sign);
         if (found != cell.contents.end()) {
             return &*found;
         }

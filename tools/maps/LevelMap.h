@@ -2,6 +2,8 @@
 // A level as it is drawn.
 #pragma once
 
+#include "tools/maps/MapSign.h"
+
 #include <vaultry/gen/LevelObserver.h>
 #include <vaultry/layout/LevelPlan.h>
 #include <vaultry/output/Mod.h>
@@ -29,12 +31,22 @@ struct MapChest {
     std::vector<MapItem> items;
 };
 
+/// How a thing stands in its cell, seen from above.
+struct MapStand {
+    double east = 0.0;  ///< of its middle from that of the cell [cells]
+    double south = 0.0; ///< likewise [cells]
+    double turn = 0.0;  ///< of its back from the north, clockwise [degrees]
+    double width = 0.0; ///< of its back, 0 where nobody knows [cells]
+    double depth = 0.0; ///< 0 where nobody knows [cells]
+};
+
 /// Something that stands in a cell. All text is UTF-8.
 struct MapContent {
-    RefSort sort = RefSort::Other;
+    MapSign sign = MapSign::Other;
     std::string name;                        ///< its identifier
     std::string label{};                     ///< what is shown instead, if anything
     std::shared_ptr<const MapChest> chest{}; ///< of a container; all that are the same share it
+    MapStand stand{};
 };
 
 /// One cell of a map: what is planned there, and what is drawn besides. All text is UTF-8.
@@ -190,6 +202,9 @@ void AddArrivals(std::vector<LevelMap>& maps, const std::vector<Arrival>& arriva
 /// Gives the containers on the maps their names and what is in them.
 void AddTreasure(std::vector<LevelMap>& maps, const Mod& mod);
 
+/// Makes one stack of those that are alike, in place of the first; what is refilled stays apart.
+void StackAlike(std::vector<MapItem>& items);
+
 /// Bounds what containers that stand in several places make of a drawing: what is in a container is
 /// listed where it is drawn first, and again elsewhere until kMostListedAgain items were. After
 /// that only their number is told.
@@ -211,8 +226,8 @@ std::string ItemWords(const MapItem& item);
 /// The text of a cell as it is shown to people, over several lines: room, tiles, contents.
 std::string CellWords(const LevelMap& map, const MapCell& cell, ListedItems& listed);
 
-/// The first content of the sort that matters most, or null: creatures, containers, doors,
-/// furniture, rugs, tapestries, anything else.
+/// The first content of the sign that matters most, or null: creatures, containers, doors,
+/// furniture, lights, rugs, tapestries, anything else.
 const MapContent* MainContent(const MapCell& cell);
 
 } // namespace Tarnex::Report

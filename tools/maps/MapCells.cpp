@@ -3,9 +3,8 @@
 
 #include "tools/text/Words.h"
 
-#include <vaultry/gen/ContentPlace.h>
-
 #include <algorithm>
+#include <cmath>
 
 namespace Tarnex::Report {
 
@@ -55,10 +54,13 @@ MapCell DrawnCell(const GridElmt& elmt) {
         cell.leadsTo = Shown(elmt.teleLayout->GetName());
     }
     cell.platform = !elmt.platforms.empty();
-    for (const DiPtr<ContentItem>& item : elmt.contents) {
-        cell.contents.push_back({SortOf(*item), Shown(item->uniqueName)});
-    }
     return cell;
+}
+
+MapStand StandOf(const Di3Point& offset, double turn, const Di3Point& size, std::int32_t tileSize) {
+    const auto cells = [tileSize](float units) { return double{units} / std::max(tileSize, 1); };
+    return {
+        cells(offset.x), -cells(offset.y), turn, std::abs(cells(size.x)), std::abs(cells(size.y))};
 }
 
 void NumberAreas(LevelMap& map) {

@@ -8,8 +8,12 @@
 
 namespace Tarnex::Report {
 
-/// One element as it is drawn, with its tiles, doors, platform and contents.
+/// One element as it is drawn, with its tiles, doors and platform.
 MapCell DrawnCell(const GridElmt& elmt);
+
+/// How something of that size stands that far from the middle of its cell [world units] and so
+/// turned [degrees].
+MapStand StandOf(const Di3Point& offset, double turn, const Di3Point& size, std::int32_t tileSize);
 
 /// For a map without rooms: numbers the areas of floor between doorways, row by row.
 void NumberAreas(LevelMap& map);

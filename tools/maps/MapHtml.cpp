@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/maps/MapHtml.h"
 
-#include "tools/maps/MapLabels.h"
 #include "tools/maps/MapLegend.h"
 #include "tools/maps/MapPanel.h"
 #include "tools/maps/MapTables.h"
@@ -36,7 +35,7 @@ constexpr std::string_view kDarkPage = R"(:root{color-scheme:dark;--paper:#15181
 )";
 
 constexpr std::string_view kPage = R"(*{box-sizing:border-box}
-body{margin:0 auto;padding:1.5rem;max-width:100rem;background:var(--paper);color:var(--ink);
+body{margin:0;padding:1.5rem;background:var(--paper);color:var(--ink);
 font:15px/1.45 "DejaVu Sans",Verdana,sans-serif}
 h1{font-size:1.7rem;margin:0}h2{font-size:1.35rem;margin:2.5rem 0 .25rem}
 h3{font-size:1.05rem;margin:1.5rem 0 .5rem}
@@ -51,7 +50,9 @@ border-bottom:1px solid var(--line);padding:.6rem 0}
 .layers legend{float:left;font-weight:bold;padding:0;margin-right:.4rem}
 .picture{overflow:auto;border:1px solid var(--line);border-radius:4px}
 .picture svg{display:block}
-body:has(#fit:checked) .picture svg{max-width:100%;height:auto}
+body:has(#fit:checked) .picture svg{width:100%;height:auto;max-height:92vh}
+.picture a:focus{outline:none}
+.picture a:focus-visible .hit,.picture a:hover .hit{fill:var(--spot);fill-opacity:.15}
 .spot{fill:none;stroke:none;pointer-events:none}
 .spot:target{stroke:var(--spot);stroke-width:4;stroke-dasharray:8 4}
 .scroll{overflow-x:auto}
@@ -63,20 +64,27 @@ td:first-child,tbody th,.rooms td:nth-child(2),.rooms td:nth-child(3){white-spac
 thead th{background:var(--band);white-space:nowrap}tbody tr:target{outline:2px solid var(--spot)}
 td strong{color:var(--warn)}
 td ul{margin:0;padding:0;list-style:none;columns:18rem}
-@media (max-width:48rem){body{padding:.75rem}.layers{position:static}}
+@media screen and (max-width:48rem){body{padding:.75rem}.layers{position:static}
+.rooms,.containers{min-width:0}thead{position:absolute;clip-path:inset(50%)}
+tbody tr{display:block;border:1px solid var(--line);border-radius:6px;padding:.4rem .6rem;
+margin-bottom:.75rem}
+tbody th,tbody td{display:block;border:0;padding:.1rem 0;white-space:normal!important}
+tbody td:empty{display:none}tbody th{font-size:1rem}
+tbody td::before{color:var(--faint)}tbody th a::before{content:"Room "}}
 @media print{body{padding:0;font-size:10pt}.layers,nav{display:none}
 .picture{overflow:visible;border:0}.picture svg{max-width:100%;max-height:22cm;height:auto}
 h2{break-before:page}section:first-of-type h2{break-before:auto}tr{break-inside:avoid}.rooms,.containers{min-width:0}
 .scroll{overflow:visible}}
 )";
 
-std::string PageStyle(MapLook look) {
+std::string PageStyle(MapLook look, const std::vector<MapLayer>& layers) {
     std::string style(look == MapLook::Dark ? kDarkPage : kLightPage);
     if (look == MapLook::Auto) {
         style += "@media screen and (prefers-color-scheme:dark){" + std::string(kDarkPage) + "}\n";
     }
     style += kPage;
-    for (const MapLayer& layer : MapLayers()) {
+    style += "@media screen and (max-width:48rem){" + CardStyle() + "}\n";
+    for (const MapLayer& layer : layers) {
         style.append("body:has(#show-")
             .append(layer.name)
             .append(":not(:checked)) .layer-")
@@ -91,9 +99,9 @@ std::string CheckBox(const std::string& id, std::string_view words) {
            std::string(words) + "</label>\n";
 }
 
-std::string Switches() {
+std::string Switches(const std::vector<MapLayer>& layers) {
     std::string text = "<fieldset class=\"layers\"><legend>Show</legend>\n";
-    for (const MapLayer& layer : MapLayers()) {
+    for (const MapLayer& layer : layers) {
         text += CheckBox("show-" + std::string(layer.name), layer.words);
     }
     return text + CheckBox("fit", "Fit to the window") + "</fieldset>\n";
@@ -115,22 +123,6 @@ std::string Contents(const std::vector<SurveyedLevel>& levels) {
     return text + "</ul></nav>\n";
 }
 
-// The numbers of rooms lead to their rows.
-std::string NumberLinks(const LevelMap& map, std::size_t level, ListedItems& listed) {
-    std::string text;
-    std::size_t room = 0;
-    for (const DiPos& place : RoomNumberPlaces(map)) {
-        ++room;
-        text += "<a" + Attribute("href", '#' + RoomRowId(level, room)) +
-                "><rect class=\"hit\" width=\"24\" height=\"24\"" +
-                Attribute("x", std::to_string(place.x * kCell)) +
-                Attribute("y", std::to_string(place.y * kCell)) + "><title>" +
-                ForMarkup(CellWords(map, map.At(place.x, place.y), listed)) +
-                "</title></rect></a>\n";
-    }
-    return text;
-}
-
 // Frames that show up around a room whose row was followed to the map.
 std::string Spots(const LevelMap& map, std::size_t level) {
     std::string text;
@@ -150,15 +142,11 @@ std::string Picture(const LevelMap& map, std::size_t level, ListedItems& listed)
     const std::int32_t height = kAbove + map.height * kCell + kPanelFoot;
     const std::string size =
         Attribute("width", std::to_string(width)) + Attribute("height", std::to_string(height));
-    // What the first listing of a container takes is the drawing's.
-    const std::string drawing = MapDrawing(map, &listed);
-    return "<div class=\"picture\"><svg role=\"img\"" +
+    return "<div class=\"picture\"><svg role=\"group\"" +
            Attribute("aria-label", "Map of " + map.name) + size +
            Attribute("viewBox", "0 0 " + std::to_string(width) + ' ' + std::to_string(height)) +
            ">\n<rect class=\"paper\"" + size + "/>\n" +
-           SvgMoved(kPanelMargin,
-                    kAbove,
-                    drawing + NumberLinks(map, level, listed) + Spots(map, level)) +
+           SvgMoved(kPanelMargin, kAbove, MapDrawing(map, &listed, level) + Spots(map, level)) +
            NorthArrow(width - kPanelMargin - 24, height - 44) + "</svg></div>\n";
 }
 
@@ -220,15 +208,17 @@ void WriteHtml(MapLevels& levels,
                MapLook look,
                std::ostream& out) {
     const std::string title = ForMarkup(Title(survey.levels));
+    const std::vector<MapLayer> layers = MapLayers(survey.legend);
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n"
         << kHead << "<title>" << title << "</title>\n<style>\n"
-        << PageStyle(look) << "</style>\n</head>\n<body>\n<header>\n<h1>" << title << "</h1>\n";
+        << PageStyle(look, layers) << "</style>\n</head>\n<body>\n<header>\n<h1>" << title
+        << "</h1>\n";
     constexpr std::int32_t kUnbroken = 1'000'000;
     for (const std::string& line : CaptionLines(caption, kUnbroken)) {
         out << "<p class=\"faint\">" << ForMarkup(line) << "</p>\n";
     }
     out << Contents(survey.levels) << "</header>\n"
-        << Definitions() << Switches() << Legend(survey.legend) << "<main>\n";
+        << Definitions() << Switches(layers) << Legend(survey.legend) << "<main>\n";
     PageItems listed;
     for (std::size_t i = 0; i < levels.Count() && out; ++i) {
         out << Section(levels.Level(i), i + 1, listed);

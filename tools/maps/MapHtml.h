@@ -11,8 +11,8 @@
 namespace Tarnex::Report {
 
 /// Writes one page of its own that loads nothing and runs no script: every level with layers to
-/// switch, what is in each room, and what is in each container. Numbers on the map lead to the
-/// tables and back.
+/// switch, what is in each room, and what is in each container. Rooms on the map lead to the tables
+/// and back.
 /// `survey` is that of the levels.
 void WriteHtml(MapLevels& levels,
                const MapSurvey& survey,

@@ -25,7 +25,7 @@ constexpr double kNear = 14.0; // from the door's middle; further away a line is
 constexpr double kWithLine = 25.0;
 constexpr std::size_t kMostLetters = 30;
 constexpr double kOutermost = 14.0;                    // to where marks outside of a cell are drawn
-constexpr MapBox kAroundGrid{58.0, 20.0, 116.0, 46.0}; // up to heading, scale and the panel's edges
+constexpr MapBox kAroundGrid{62.0, 20.0, 124.0, 46.0}; // up to heading, scale and the panel's edges
 
 bool BeginsLetter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;

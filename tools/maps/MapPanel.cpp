@@ -2,13 +2,14 @@
 #include "tools/maps/MapPanel.h"
 
 #include "tools/maps/MapLabels.h"
-#include "tools/maps/MapStyle.h"
+#include "tools/maps/MapTables.h"
 #include "tools/maps/SvgText.h"
 
 #include <vaultry/foundation/HarmlessText.h>
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace Tarnex::Report {
 
@@ -227,30 +228,74 @@ std::string Numbers(const LevelMap& map) {
     return text;
 }
 
-// Halls are narrower than rooms: what stands alone in one stands in its middle.
-std::string MarkAt(const DiPos& at, const MapCell& cell, const MapMark& mark) {
-    const bool alone = std::ranges::all_of(
-        cell.contents, [&mark](const MapContent& content) { return content.sort == mark.sort; });
-    const bool centred = cell.tile == PlanTile::Hall && alone;
-    return SvgUse(mark.name,
-                  at.x * kCell + (centred ? kCell / 2.0 - mark.middleX : 0.0),
-                  at.y * kCell + (centred ? kCell / 2.0 - mark.middleY : 0.0));
+// A mark is larger than its thing: it is kept from reaching into a wall.
+double Inside(double at, double reach, bool wallBefore, bool wallBehind) {
+    constexpr double kWall = 1.2; // half of its line
+    const double inward = wallBefore ? std::max(at, reach + kWall) : at;
+    return wallBehind ? std::min(inward, kCell - reach - kWall) : inward;
 }
 
-std::string Marks(const LevelMap& map, const MapMark& mark) {
+struct Middle {
+    double x;
+    double y;
+};
+
+Middle MiddleOf(const MapCell& cell, const MapStand& stand, double reach) {
+    const auto isWall = [&cell](TileDirT side) {
+        return IsRoomLike(cell) && (cell.open & SideBit(side)) == 0;
+    };
+    const double x = (stand.east + 0.5) * kCell;
+    const double y = (stand.south + 0.5) * kCell;
+    return {cell.place.x * kCell + Inside(x, reach, isWall(DirW), isWall(DirE)),
+            cell.place.y * kCell + Inside(y, reach, isWall(DirN), isWall(DirS))};
+}
+
+std::string Turned(double turn, const Middle& middle) {
+    return turn == 0.0 ? std::string()
+                       : Attribute("transform",
+                                   "rotate(" + Coordinate(turn) + ' ' + Coordinate(middle.x) + ' ' +
+                                       Coordinate(middle.y) + ')');
+}
+
+// What would be too small to see, or larger than any room, is drawn as if it were not.
+double Drawn(double cells) {
+    constexpr double kLeast = 5.0;
+    constexpr double kMost = 4.0 * kCell;
+    return std::clamp(cells * kCell, kLeast, kMost);
+}
+
+std::string MarkOf(const MapCell& cell, const MapContent& content, const MapMark& mark) {
+    const MapStand& stand = content.stand;
+    if (mark.toScale && stand.width > 0.0 && stand.depth > 0.0) {
+        const double width = Drawn(stand.width);
+        const double depth = Drawn(stand.depth);
+        const Middle middle = MiddleOf(cell, stand, std::min(width, depth) / 2.0);
+        return "<rect" + Attribute("class", mark.name) +
+               Attribute("x", Coordinate(middle.x - width / 2.0)) +
+               Attribute("y", Coordinate(middle.y - depth / 2.0)) +
+               Attribute("width", Coordinate(width)) + Attribute("height", Coordinate(depth)) +
+               Turned(stand.turn, middle) + "/>\n";
+    }
+    const Middle middle = MiddleOf(cell, stand, mark.reach);
+    return SvgUse(mark.name, middle.x, middle.y, Turned(stand.turn, middle));
+}
+
+std::string Marks(const LevelMap& map, MapSign sign) {
+    const MapMark& mark = kMapMarks.at(static_cast<std::size_t>(sign));
     std::string text;
-    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
-        if (std::ranges::find(cell.contents, mark.sort, &MapContent::sort) != cell.contents.end()) {
-            text += MarkAt(at, cell, mark);
+    for (const MapCell& cell : map.cells) {
+        for (const MapContent& content : cell.contents) {
+            text += content.sign == sign ? MarkOf(cell, content, mark) : std::string();
         }
-    });
+    }
     return text;
 }
 
 std::string AllMarks(const LevelMap& map) {
     std::string text;
-    for (const MapMark& mark : kMapMarks) {
-        text += Layer(mark.sort == RefSort::Door ? "doors" : mark.name, Marks(map, mark));
+    for (std::size_t i = 0; i < kMapMarks.size(); ++i) {
+        const auto sign = static_cast<MapSign>(i);
+        text += Layer(sign == MapSign::Door ? "doors" : kMapMarks.at(i).name, Marks(map, sign));
     }
     return text;
 }
@@ -272,19 +317,29 @@ std::string ArrivalMark(const LevelMap& map) {
            "/>\n";
 }
 
-// Invisible areas that tell what is there.
-std::string Hits(const LevelMap& map, ListedItems& listed) {
-    std::string text;
-    ForEachCell(map, [&](const DiPos& at, const MapCell& cell) {
-        const std::string words = CellWords(map, cell, listed);
-        if (words.empty()) {
-            return;
-        }
-        text += R"(<rect class="hit" width="24" height="24")" +
-                Attribute("x", std::to_string(at.x * kCell)) +
-                Attribute("y", std::to_string(at.y * kCell)) + "><title>" + ForMarkup(words) +
-                "</title></rect>\n";
-    });
+// An invisible area that tells what is there.
+std::string Hit(const LevelMap& map, const MapCell& cell, ListedItems& listed) {
+    const std::string words = CellWords(map, cell, listed);
+    return words.empty() ? words
+                         : R"(<rect class="hit" width="24" height="24")" +
+                               Attribute("x", std::to_string(cell.place.x * kCell)) +
+                               Attribute("y", std::to_string(cell.place.y * kCell)) + "><title>" +
+                               ForMarkup(words) + "</title></rect>\n";
+}
+
+// By room, each of which is one link on a page: a number alone would be small for a finger.
+std::string Hits(const LevelMap& map, ListedItems& listed, std::size_t pageLevel) {
+    std::vector<std::string> byRoom(map.rooms.size() + 1);
+    for (const MapCell& cell : map.cells) {
+        byRoom[cell.room] += Hit(map, cell, listed);
+    }
+    std::string text = byRoom.front();
+    for (std::size_t room = 1; room < byRoom.size(); ++room) {
+        text += pageLevel == 0 ? byRoom[room]
+                               : "<a" + Attribute("href", '#' + RoomRowId(pageLevel, room)) +
+                                     Attribute("aria-label", "Room " + std::to_string(room)) +
+                                     ">\n" + byRoom[room] + "</a>\n";
+    }
     return text;
 }
 
@@ -319,6 +374,7 @@ constexpr auto kLayers = std::to_array<MapLayer>({
     {"rug", "Rugs"},
     {"tapestry", "Tapestries"},
     {"furniture", "Furniture"},
+    {"light", "Lights"},
     {"container", "Containers"},
     {"creature", "Creatures"},
     {"other", "Other content"},
@@ -328,8 +384,14 @@ constexpr auto kLayers = std::to_array<MapLayer>({
 
 } // namespace
 
-std::span<const MapLayer> MapLayers() {
-    return kLayers;
+std::vector<MapLayer> MapLayers(const LegendNeeds& needs) {
+    const std::vector<LegendItem> items = LegendItems(needs);
+    std::vector<MapLayer> layers;
+    std::ranges::copy_if(kLayers, std::back_inserter(layers), [&items](const MapLayer& layer) {
+        const std::string_view name = layer.name == "numbers" ? "rooms" : layer.name;
+        return name == "grid" || std::ranges::find(items, name, &LegendItem::layer) != items.end();
+    });
+    return layers;
 }
 
 std::int32_t PanelWidth(const MapOutline& map) {
@@ -345,14 +407,14 @@ std::string NorthArrow(double x, double y) {
     return SvgMoved(x, y, SvgPath("wall", "M0 34V4M-5 11L0 3L5 11") + SvgTextAt("", 9, 16, "N"));
 }
 
-std::string MapDrawing(const LevelMap& map, ListedItems* listed) {
+std::string MapDrawing(const LevelMap& map, ListedItems* listed, std::size_t pageLevel) {
     return Layer("grid", Grid(map)) + Layer("halls", HallFloors(map)) +
            Layer("rooms", RoomFloors(map)) + Layer("warnings", CutFloors(map)) +
            Layer("platforms", Platforms(map)) + Layer("halls", HallWalls(map)) +
            Layer("rooms", RoomWalls(map)) + Layer("numbers", Numbers(map)) + AllMarks(map) +
            Layer("arrival", ArrivalMark(map)) + Layer("warnings", LooseEnds(map)) +
-           Layer("doors", Doors(map)) + (listed == nullptr ? std::string() : Hits(map, *listed)) +
-           Scale(map);
+           Layer("doors", Doors(map)) +
+           (listed == nullptr ? std::string() : Hits(map, *listed, pageLevel)) + Scale(map);
 }
 
 std::string MapPanel(const LevelMap& map, ListedItems* listed) {

@@ -3,11 +3,12 @@
 #pragma once
 
 #include "tools/maps/LevelMap.h"
+#include "tools/maps/MapStyle.h"
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tarnex::Report {
 
@@ -17,8 +18,8 @@ struct MapLayer {
     std::string_view words;
 };
 
-/// All of them, in the order in which they are offered.
-std::span<const MapLayer> MapLayers();
+/// Those that something is on, in the order in which they are offered.
+std::vector<MapLayer> MapLayers(const LegendNeeds& needs);
 
 /// The size of a panel on the picture, margins included.
 std::int32_t PanelWidth(const MapOutline& map);
@@ -26,11 +27,12 @@ std::int32_t PanelHeight(const MapOutline& map);
 
 /// The drawing of a level from the north-western corner of its grid: grid, the level in layers,
 /// scale. Every cell has a title for hovering, unless `listed` is null: pictures in pixels need
-/// none. Needs MapDefinitions and MapStyle in the document.
-std::string MapDrawing(const LevelMap& map, ListedItems* listed);
+/// none. On a page, where the level's number from 1 is given, the rooms lead to their rows in the
+/// table. Needs MapDefinitions and MapStyle in the document.
+std::string MapDrawing(const LevelMap& map, ListedItems* listed, std::size_t pageLevel = 0);
 
 /// How far a drawing reaches beyond its grid: at both sides, and below with the scale.
-inline constexpr std::int32_t kPanelMargin = 60;
+inline constexpr std::int32_t kPanelMargin = 64;
 inline constexpr std::int32_t kPanelFoot = 56;
 
 /// An arrow that points north, with its letter, 30 units high.

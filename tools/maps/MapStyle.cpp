@@ -32,6 +32,7 @@ svg text{font-family:"DejaVu Sans",Verdana,sans-serif;font-size:11px;fill:#222}
 .creature{fill:#c8281e;stroke:#fff;stroke-width:.8}
 .container{fill:#e0a400;stroke:#222;stroke-width:.8}
 .furniture{fill:#7d6248;stroke:#fff;stroke-width:.6}
+.light{fill:#ffd23e;stroke:#8a4b00;stroke-width:.8;stroke-linejoin:round}
 .rug{fill:#3d7d6e;fill-opacity:.3;stroke:#3d7d6e}
 .tapestry{fill:#2c62b0;stroke:#fff;stroke-width:.6}
 .loosedoor{fill:none;stroke:#9a5b22;stroke-width:2}
@@ -62,6 +63,7 @@ svg text{fill:#e6e6e6}
 .creature{fill:#ff6a5e;stroke:#15181c}
 .container{fill:#ffcb3d;stroke:#15181c}
 .furniture{fill:#c9a57f;stroke:#15181c}
+.light{fill:#fff0a0;stroke:#15181c}
 .rug{fill:#64c2ad;stroke:#64c2ad}
 .tapestry{fill:#79adff;stroke:#15181c}
 .loosedoor{stroke:#d08a45}
@@ -83,78 +85,80 @@ bool IsTile(const LevelMap& /*map*/, const MapCell& cell) {
     return cell.tile == Tile;
 }
 
-template <RefSort Sort>
+template <MapSign Sign>
 bool Holds(const LevelMap& /*map*/, const MapCell& cell) {
-    return std::ranges::find(cell.contents, Sort, &MapContent::sort) != cell.contents.end();
+    return std::ranges::find(cell.contents, Sign, &MapContent::sign) != cell.contents.end();
 }
 
 const auto kEntries = std::to_array<LegendEntry>({
-    {{R"(<path class="floor" d="M0 0H24V24H0Z"/><path class="wall" d="M0 0H24V24H0Z"/>)", "room"},
+    {{R"(<path class="floor" d="M0 0H24V24H0Z"/><path class="wall" d="M0 0H24V24H0Z"/>)",
+      "room",
+      "rooms"},
      IsTile<PlanTile::Room>},
     {{R"(<path class="hallfloor" d="M0 6H24V18H0Z"/><path class="wall" d="M0 6H24M0 18H24"/>)",
-      "hall"},
+      "hall",
+      "halls"},
      IsTile<PlanTile::Hall>},
-    {{R"(<path class="step" d="M3 4H21M3 8H21M3 12H21M3 16H21M3 20H21"/>)", "stairs"},
+    {{R"(<path class="step" d="M3 4H21M3 8H21M3 12H21M3 16H21M3 20H21"/>)", "stairs", "rooms"},
      IsTile<PlanTile::Stairs>},
-    {{R"(<path class="raised" d="M2.5 2.5H21.5V21.5H2.5Z"/>)", "platform"},
+    {{R"(<path class="raised" d="M2.5 2.5H21.5V21.5H2.5Z"/>)", "platform", "platforms"},
      [](const LevelMap&, const MapCell& cell) { return cell.platform; }},
-    {{R"(<path class="wall" d="M0 12H6M18 12H24"/>)", "doorway"},
+    {{R"(<path class="wall" d="M0 12H6M18 12H24"/>)", "doorway", "rooms"},
      [](const LevelMap&, const MapCell& cell) { return cell.doorway != 0 && !cell.door; }},
     {{R"(<path class="wall" d="M0 12H6M18 12H24"/><path class="door" d="M6 9.5H18V14.5H6Z"/>)",
-      "door"},
+      "door",
+      "doors"},
      [](const LevelMap&, const MapCell& cell) { return cell.door && !cell.teleport; }},
     {{R"(<path class="wall" d="M0 12H6M18 12H24"/><path class="tele" d="M6 9.5H18V14.5H6Z"/>)",
-      "door to a level"},
+      "door to a level",
+      "doors"},
      [](const LevelMap&, const MapCell& cell) { return cell.door && cell.teleport; }},
     {{R"(<path class="wall" d="M0 4H6M18 4H24"/><path class="tele" d="M12 8L7 18H17Z"/>)",
-      "way in"},
+      "way in",
+      "doors"},
      [](const LevelMap&, const MapCell& cell) { return cell.waysIn != 0; }},
-    {{R"(<use href="#loosedoor"/>)", "door, side unknown"}, Holds<RefSort::Door>},
-    {{R"(<use href="#creature" x="-5" y="-5"/>)", "creature"}, Holds<RefSort::Creature>},
-    {{R"(<use href="#container" x="5" y="-5"/>)", "container"}, Holds<RefSort::Container>},
-    {{R"(<use href="#furniture" x="5" y="5"/>)", "furniture"}, Holds<RefSort::Furniture>},
-    {{R"(<use href="#rug"/>)", "rug"}, Holds<RefSort::Rug>},
-    {{R"(<use href="#tapestry" x="-5" y="5"/>)", "tapestry"}, Holds<RefSort::Tapestry>},
-    {{R"(<use href="#other"/>)", "anything else"}, Holds<RefSort::Other>},
-    {{R"(<path class="arrival" d="M12 3L18.5 19L12 15.5L5.5 19Z"/>)", "arrival"},
+    {{R"(<use href="#loosedoor" x="12" y="12"/>)", "door, side unknown", "doors"},
+     Holds<MapSign::Door>},
+    {{R"(<use href="#creature" x="12" y="12"/>)", "creature", "creature"},
+     Holds<MapSign::Creature>},
+    {{R"(<use href="#container" x="12" y="12"/>)", "container", "container"},
+     Holds<MapSign::Container>},
+    {{R"(<use href="#furniture" x="12" y="12"/>)", "furniture", "furniture"},
+     Holds<MapSign::Furniture>},
+    {{R"(<use href="#light" x="12" y="12"/>)", "light", "light"}, Holds<MapSign::Light>},
+    {{R"(<use href="#rug" x="12" y="12"/>)", "rug", "rug"}, Holds<MapSign::Rug>},
+    {{R"(<use href="#tapestry" x="12" y="12"/>)", "tapestry", "tapestry"},
+     Holds<MapSign::Tapestry>},
+    {{R"(<use href="#other" x="12" y="12"/>)", "anything else", "other"}, Holds<MapSign::Other>},
+    {{R"(<path class="arrival" d="M12 3L18.5 19L12 15.5L5.5 19Z"/>)", "arrival", "arrival"},
      [](const LevelMap& map, const MapCell& cell) { return map.ArrivalCell() == &cell; }},
-    {{R"(<path class="cut" d="M0 0H24V24H0Z"/>)", "out of reach"},
+    {{R"(<path class="cut" d="M0 0H24V24H0Z"/>)", "out of reach", "warnings"},
      [](const LevelMap& map, const MapCell& cell) { return !map.IsReachable(cell); }},
-    {{R"(<path class="warn" d="M6 12H18"/>)", "opens onto nothing"},
+    {{R"(<path class="warn" d="M6 12H18"/>)", "opens onto nothing", "warnings"},
      [](const LevelMap&, const MapCell& cell) { return cell.loose != 0; }},
 });
 static_assert(kEntries.size() <= LegendNeeds().size());
 
 } // namespace
 
-const std::array<MapMark, 7> kMapMarks = {{
-    {RefSort::Rug, "rug", R"(<rect class="rug" x="4.5" y="4.5" width="15" height="15"/>)", 12, 12},
-    {RefSort::Tapestry,
-     "tapestry",
-     R"(<path class="tapestry" d="M14 3H21V10.5L17.5 8L14 10.5Z"/>)",
-     17.5,
-     6.75},
-    {RefSort::Furniture,
-     "furniture",
-     R"(<rect class="furniture" x="3.5" y="3.5" width="7.5" height="7.5" rx="1.5"/>)",
-     7.25,
-     7.25},
-    {RefSort::Container,
-     "container",
-     R"(<path class="container" d="M3 14H11.5V21H3ZM3 16.8H11.5"/>)",
-     7.25,
-     17.5},
-    {RefSort::Creature,
-     "creature",
-     R"(<path class="creature" d="M17 12.2L21.8 17L17 21.8L12.2 17Z"/>)",
-     17,
-     17},
-    {RefSort::Door,
-     "loosedoor",
-     R"(<rect class="loosedoor" x="8" y="6" width="8" height="12"/>)",
-     12,
-     12},
-    {RefSort::Other, "other", R"(<circle class="other" cx="12" cy="12" r="1.8"/>)", 12, 12},
+const std::array<MapMark, kMapSigns> kMapMarks = {{
+    {"rug", R"(<rect class="rug" x="-7.5" y="-7.5" width="15" height="15"/>)", 7.5, true},
+    {"other", R"(<circle class="other" r="1.8"/>)", 1.8, false},
+    {"tapestry", R"(<path class="tapestry" d="M-5.5 -2.2H5.5V.6L0 3.4L-5.5 .6Z"/>)", 2.6, false},
+    {"furniture",
+     R"(<rect class="furniture" x="-3.75" y="-3.75" width="7.5" height="7.5"/>)",
+     3.8,
+     true},
+    {"container",
+     R"(<path class="container" d="M-4.2 -3.4H4.2V3.4H-4.2ZM-4.2 -.8H4.2"/>)",
+     4,
+     false},
+    {"light",
+     R"(<path class="light" d="M0 -4.8L1.3 -1.7L4.6 -1.5L2 .7L2.8 3.9L0 2.1L-2.8 3.9L-2 .7L-4.6 -1.5L-1.3 -1.7Z"/>)",
+     4.6,
+     false},
+    {"creature", R"(<path class="creature" d="M0 -4.8L4.8 0L0 4.8L-4.8 0Z"/>)", 4.8, false},
+    {"loosedoor", R"(<rect class="loosedoor" x="-4" y="-6" width="8" height="12"/>)", 0, false},
 }};
 
 std::string MapStyle(MapLook look) {

@@ -22,17 +22,16 @@ enum class MapLook : std::uint8_t {
     Dark,
 };
 
-/// The mark of one sort of content, which has a part of the cell for itself.
+/// The mark of one sign.
 struct MapMark {
-    RefSort sort;
     std::string_view name;    ///< of its definition, and of its class
-    std::string_view drawing; ///< in a cell from (0, 0) to (kCell, kCell)
-    double middleX;           ///< of the mark in the cell
-    double middleY;
+    std::string_view drawing; ///< around (0, 0), its back to the north
+    double reach;             ///< how far it goes from there at most
+    bool toScale;             ///< where its size is known it is a rectangle of that size
 };
 
-/// In the order in which they are drawn: rugs lie below everything else.
-extern const std::array<MapMark, 7> kMapMarks;
+/// By sign.
+extern const std::array<MapMark, kMapSigns> kMapMarks;
 
 /// The style sheet of a picture, without its element. Its rules name single classes: the marks are
 /// styled where they are used, outside of what they are defined in.
@@ -45,6 +44,7 @@ std::string MapDefinitions();
 struct LegendItem {
     std::string_view drawing;
     std::string_view words;
+    std::string_view layer; ///< of the drawing that has it, see MapLayer
 };
 
 /// Which marks need to be explained, by their place in the legend.

@@ -13,7 +13,7 @@ namespace Tarnex::Report {
 namespace {
 
 constexpr std::int32_t kMargin = kPanelMargin;
-constexpr std::int32_t kNarrowest = 700; // the legend needs it
+constexpr std::int32_t kNarrowest = 580; // the legend needs it
 constexpr std::int32_t kCaptionLine = 15;
 constexpr double kPageShape = 1.7; // width of a page of many levels by its height
 

@@ -23,7 +23,9 @@ struct RoomSums {
     std::uint64_t doorways = 0;
     std::uint64_t loose = 0;
     std::uint64_t waysIn = 0;
-    std::map<RefSort, Counts> contents;
+    bool arrival = false;
+    bool platform = false;
+    std::map<MapSign, Counts> contents;
     std::vector<std::string> leads;
 };
 
@@ -35,7 +37,24 @@ std::string Cell(const std::string& content) {
     return "<td>" + content + "</td>";
 }
 
-std::string Head(std::initializer_list<const char*> columns) {
+using Columns = std::initializer_list<const char*>;
+
+constexpr Columns kRoomColumns = {
+    "Room", "Size", "Doors", "Creatures", "Containers", "Furnishing", "Other", "Remarks"};
+constexpr Columns kContainerColumns = {"Where", "Container", "Id", "Treasure"};
+
+// What a column is called, before each of its cells.
+std::string Prefixes(const std::string& table, Columns columns) {
+    std::string rules;
+    std::size_t number = 0;
+    for (const char* column : columns) {
+        rules += table + " td:nth-child(" + std::to_string(++number) + ")::before{content:\"" +
+                 column + ": \"}\n";
+    }
+    return rules;
+}
+
+std::string Head(Columns columns) {
     std::string text = "<thead><tr>";
     for (const char* column : columns) {
         text += "<th scope=\"col\">" + std::string(column) + "</th>";
@@ -45,6 +64,7 @@ std::string Head(std::initializer_list<const char*> columns) {
 
 void AddCell(RoomSums& sums, const MapCell& cell) {
     ++sums.cells;
+    sums.platform |= cell.platform;
     sums.doors += cell.door ? 1 : 0;
     sums.doorways += cell.doorway != 0 && !cell.door ? 1 : 0;
     for (unsigned side = 0; side < 4; ++side) {
@@ -55,7 +75,7 @@ void AddCell(RoomSums& sums, const MapCell& cell) {
         sums.leads.push_back(cell.leadsTo.empty() ? "the outside" : cell.leadsTo);
     }
     for (const MapContent& content : cell.contents) {
-        ++sums.contents[content.sort][content.label.empty() ? content.name : content.label];
+        ++sums.contents[content.sign][content.label.empty() ? content.name : content.label];
     }
 }
 
@@ -65,15 +85,16 @@ std::vector<RoomSums> SumUp(const LevelMap& map) {
     for (const MapCell& cell : map.cells) {
         if (cell.tile != PlanTile::Empty || !cell.contents.empty()) {
             AddCell(sums[cell.room], cell);
+            sums[cell.room].arrival |= map.ArrivalCell() == &cell;
         }
     }
     return sums;
 }
 
-std::string CountWords(const RoomSums& sums, std::initializer_list<RefSort> sorts) {
+std::string CountWords(const RoomSums& sums, std::initializer_list<MapSign> signs) {
     std::string text;
-    for (const RefSort sort : sorts) {
-        const auto counts = sums.contents.find(sort);
+    for (const MapSign sign : signs) {
+        const auto counts = sums.contents.find(sign);
         if (counts == sums.contents.end()) {
             continue;
         }
@@ -91,6 +112,12 @@ void AddRemark(std::string& remarks, const std::string& remark) {
 
 std::string Remarks(const RoomSums& sums, bool reachable) {
     std::string remarks;
+    if (sums.arrival) {
+        AddRemark(remarks, "arrival");
+    }
+    if (sums.platform) {
+        AddRemark(remarks, "platform");
+    }
     for (const std::string& level : sums.leads) {
         AddRemark(remarks, "door to " + ForMarkup(level));
     }
@@ -114,10 +141,11 @@ std::string DoorWords(const RoomSums& sums) {
 std::string
 Row(const std::string& name, const std::string& size, const RoomSums& sums, bool reach) {
     return "<th scope=\"row\">" + name + "</th>" + Cell(size) + Cell(DoorWords(sums)) +
-           Cell(CountWords(sums, {RefSort::Creature})) +
-           Cell(CountWords(sums, {RefSort::Container})) +
-           Cell(CountWords(sums, {RefSort::Furniture, RefSort::Rug, RefSort::Tapestry})) +
-           Cell(CountWords(sums, {RefSort::Door, RefSort::Other})) + Cell(Remarks(sums, reach)) +
+           Cell(CountWords(sums, {MapSign::Creature})) +
+           Cell(CountWords(sums, {MapSign::Container})) +
+           Cell(CountWords(sums,
+                           {MapSign::Furniture, MapSign::Rug, MapSign::Tapestry, MapSign::Light})) +
+           Cell(CountWords(sums, {MapSign::Door, MapSign::Other})) + Cell(Remarks(sums, reach)) +
            "</tr>\n";
 }
 
@@ -144,7 +172,7 @@ void AddContainerRows(std::string& rows,
                       std::size_t level,
                       ListedItems& listed) {
     for (const MapContent& content : cell.contents) {
-        if (content.sort == RefSort::Container) {
+        if (content.sign == MapSign::Container) {
             rows += "<tr>" + Cell(Place(level, cell.room)) + Cell(ForMarkup(content.label)) +
                     Cell("<code>" + ForMarkup(content.name) + "</code>") +
                     Cell(Items(content, listed)) + "</tr>\n";
@@ -162,6 +190,10 @@ std::string RoomSpotId(std::size_t level, std::size_t room) {
     return "level-" + std::to_string(level) + "-map-" + std::to_string(room);
 }
 
+std::string CardStyle() {
+    return Prefixes(".rooms", kRoomColumns) + Prefixes(".containers", kContainerColumns);
+}
+
 std::string RoomTable(const LevelMap& map, std::size_t level) {
     const std::vector<RoomSums> sums = SumUp(map);
     std::string rows;
@@ -176,16 +208,8 @@ std::string RoomTable(const LevelMap& map, std::size_t level) {
     if (sums[0].cells > 0) {
         rows += "<tr>" + Row("halls", Counted(sums[0].cells, "cell"), sums[0], true);
     }
-    return "<table class=\"rooms\">\n" +
-           Head({"Room",
-                 "Size",
-                 "Doors",
-                 "Creatures",
-                 "Containers",
-                 "Furnishing",
-                 "Other",
-                 "Remarks"}) +
-           "<tbody>\n" + rows + "</tbody>\n</table>\n";
+    return "<table class=\"rooms\">\n" + Head(kRoomColumns) + "<tbody>\n" + rows +
+           "</tbody>\n</table>\n";
 }
 
 std::string ContainerTable(const LevelMap& map, std::size_t level, ListedItems& listed) {
@@ -203,8 +227,8 @@ std::string ContainerTable(const LevelMap& map, std::size_t level, ListedItems& 
     if (rows.empty()) {
         return "<p>No containers.</p>\n";
     }
-    return "<table class=\"containers\">\n" + Head({"Where", "Container", "Id", "Treasure"}) +
-           "<tbody>\n" + rows + "</tbody>\n</table>\n";
+    return "<table class=\"containers\">\n" + Head(kContainerColumns) + "<tbody>\n" + rows +
+           "</tbody>\n</table>\n";
 }
 
 } // namespace Tarnex::Report

@@ -12,6 +12,9 @@ namespace Tarnex::Report {
 std::string RoomRowId(std::size_t level, std::size_t room);
 std::string RoomSpotId(std::size_t level, std::size_t room);
 
+/// The rules that make cards of rows: before each cell stands what its column is called.
+std::string CardStyle();
+
 /// One row for each room, and one for the halls: size, doors, contents with their counts. `level`
 /// counts from 1.
 std::string RoomTable(const LevelMap& map, std::size_t level);

@@ -30,11 +30,12 @@ enum class Ink {
     Creature,
     Container,
     Thing,
+    Light,
     Arrival,
     Warning
 };
 
-constexpr std::array<std::string_view, 11> kInks = {"",
+constexpr std::array<std::string_view, 12> kInks = {"",
                                                     "",
                                                     "\x1B[36m",
                                                     "\x1B[1m",
@@ -43,6 +44,7 @@ constexpr std::array<std::string_view, 11> kInks = {"",
                                                     "\x1B[1;31m",
                                                     "\x1B[1;33m",
                                                     "\x1B[32m",
+                                                    "\x1B[93m",
                                                     "\x1B[1;32m",
                                                     "\x1B[1;97;41m"};
 constexpr std::string_view kNoInk = "\x1B[0m";
@@ -53,18 +55,19 @@ struct Glyph {
 };
 
 struct TextMark {
-    RefSort sort;
+    MapSign sign;
     std::string_view text;
     Ink ink;
 };
 
-constexpr std::array<TextMark, 7> kMarks = {{{RefSort::Creature, "&", Ink::Creature},
-                                             {RefSort::Container, "$", Ink::Container},
-                                             {RefSort::Door, "+", Ink::Door},
-                                             {RefSort::Furniture, "f", Ink::Thing},
-                                             {RefSort::Rug, "~", Ink::Thing},
-                                             {RefSort::Tapestry, "t", Ink::Thing},
-                                             {RefSort::Other, "*", Ink::Thing}}};
+constexpr std::array<TextMark, kMapSigns> kMarks = {{{MapSign::Creature, "&", Ink::Creature},
+                                                     {MapSign::Container, "$", Ink::Container},
+                                                     {MapSign::Door, "+", Ink::Door},
+                                                     {MapSign::Furniture, "f", Ink::Thing},
+                                                     {MapSign::Light, "i", Ink::Light},
+                                                     {MapSign::Rug, "~", Ink::Thing},
+                                                     {MapSign::Tapestry, "t", Ink::Thing},
+                                                     {MapSign::Other, "*", Ink::Thing}}};
 
 // The two characters of a cell.
 struct Pair {
@@ -131,7 +134,7 @@ void PutContent(Pair& pair, const MapCell& cell) {
     }
     const bool besideDoor = cell.doorway != 0 && (cell.doorway & SideBit(DirE)) == 0;
     for (const TextMark& mark : kMarks) {
-        if (mark.sort == content->sort) {
+        if (mark.sign == content->sign) {
             Glyph& place = besideDoor ? pair.right : Free(pair, cell);
             place = Glyph{std::string(mark.text), mark.ink};
         }
@@ -178,18 +181,19 @@ bool IsBareFloor(const MapCell& cell) {
     return IsOpenFloor(cell) && cell.contents.empty();
 }
 
-bool IsFloorWithRugs(const MapCell& cell) {
+bool IsFloorWithLittle(const MapCell& cell) {
     return IsOpenFloor(cell) && std::ranges::all_of(cell.contents, [](const MapContent& content) {
-               return content.sort == RefSort::Rug;
+               return content.sign == MapSign::Rug || content.sign == MapSign::Other;
            });
 }
 
 // The number stands in the first cell of the room that is nothing but floor; where there is none,
-// in the first with nothing but rugs. `pairs` are those of the map's cells.
+// in the first with nothing but rugs and what has no sign of its own. `pairs` are those of the
+// map's cells.
 void PutNumbers(const LevelMap& map, std::vector<Pair>& pairs) {
     std::vector<bool> numbered(map.rooms.size() + 1, false);
     numbered[0] = true;
-    for (const auto& fits : {IsBareFloor, IsFloorWithRugs}) {
+    for (const auto& fits : {IsBareFloor, IsFloorWithLittle}) {
         for (std::size_t i = 0; i < map.cells.size(); ++i) {
             const MapCell& cell = map.cells[i];
             if (numbered[cell.room] || !fits(cell) || &cell == map.ArrivalCell()) {
@@ -333,8 +337,8 @@ void PrintMap(const LevelMap& map, const TextPage& page, std::ostream& out) {
 
 void PrintMapLegend(std::ostream& out) {
     out << "━┃ wall  ─│ hall  ' doorway  + door  » door to a level  ≡ stairs  ▒ platform\n"
-           "& creature  $ container  f furniture  ~ rug  t tapestry  * other  @ arrival  ! "
-           "warning\n";
+           "& creature  $ container  f furniture  i light  ~ rug  t tapestry  * other\n"
+           "@ arrival  ^ way in  ! warning\n";
 }
 
 } // namespace Tarnex::Report

@@ -348,7 +348,9 @@ private:
             place.even = false;
             return;
         }
-        MapContent content{sort, Shown(ref.id)};
+        MapContent content;
+        content.name = Shown(ref.id);
+        Place(content, place.place, sort, ref);
         content.chest = chests.Find(ref.id);
         if (content.chest) {
             content.label = content.chest->name;
@@ -361,10 +363,30 @@ private:
         place.contents.push_back(std::move(content));
     }
 
+    // A model's own front is where its author's turn has put its back to the north.
+    void Place(MapContent& content, const DiPos& at, RefSort sort, const PluginRef& ref) const {
+        const ContentTemplate* known = KnownContent(ref);
+        const Di3Point size = known == nullptr ? Di3Point() : known->size;
+        const Di3Point& position = ref.place.position;
+        const Di3Point offset(static_cast<float>(position.x - (map.corner.x + at.x * frame.size)),
+                              static_cast<float>(position.y - (map.corner.y - at.y * frame.size)),
+                              0.0F);
+        const double turn =
+            std::round(Degrees(ref.place.rotation.z)) - (known == nullptr ? 0 : known->zRotate);
+        content.sign = SignOf(sort, ref.id, size);
+        content.stand = StandOf(
+            offset, std::isfinite(turn) ? std::fmod(turn + 720.0, 360.0) : 0.0, size, map.tileSize);
+    }
+
+    // The configuration's content that the reference is, or null.
+    const ContentTemplate* KnownContent(const PluginRef& ref) const {
+        const PluginContainer* chest = chests.Record(ref.id);
+        return pieces.ContentOf(chest == nullptr ? ref.id : chest->model);
+    }
+
     // What the configuration does not know has the usual reach.
     std::optional<Obstacle> ObstacleAt(const PluginRef& ref) const {
-        const PluginContainer* chest = chests.Record(ref.id);
-        const ContentTemplate* content = pieces.ContentOf(chest == nullptr ? ref.id : chest->model);
+        const ContentTemplate* content = KnownContent(ref);
         return content == nullptr ? Obstacle{ref.place.position}
                                   : ObstacleOf(*content, ref.place.position);
     }
@@ -431,6 +453,7 @@ std::shared_ptr<const MapChest> PluginChests::Find(const std::string& id) {
         for (const PluginItem& item : entry.container->items) {
             chest->items.push_back({Shown(item.id), item.count});
         }
+        StackAlike(chest->items);
         entry.chest = std::move(chest);
     }
     return entry.chest;

@@ -51,9 +51,9 @@ std::string SvgPath(std::string_view type, std::string_view data) {
                : "<path" + Attribute("class", type) + " d=\"" + std::string(data) + "\"/>\n";
 }
 
-std::string SvgUse(std::string_view symbol, double x, double y) {
+std::string SvgUse(std::string_view symbol, double x, double y, std::string_view more) {
     return "<use href=\"#" + std::string(symbol) + '"' + Attribute("x", Coordinate(x)) +
-           Attribute("y", Coordinate(y)) + "/>\n";
+           Attribute("y", Coordinate(y)) + std::string(more) + "/>\n";
 }
 
 std::string SvgGroup(std::string_view type, std::string_view content) {

@@ -23,8 +23,8 @@ double BoldWidth(std::string_view text, double size);
 /// A path of a class; nothing for one without data.
 std::string SvgPath(std::string_view type, std::string_view data);
 
-/// A drawing of the definitions, put at a place.
-std::string SvgUse(std::string_view symbol, double x, double y);
+/// A drawing of the definitions, put at a place. `more` are further attributes.
+std::string SvgUse(std::string_view symbol, double x, double y, std::string_view more);
 
 /// A group of a class; nothing for one without content.
 std::string SvgGroup(std::string_view type, std::string_view content);

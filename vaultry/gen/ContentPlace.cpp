@@ -182,6 +182,13 @@ void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tile
     }
 }
 
+std::int32_t TurnIn(const GridElmt& elmt) {
+    const Tile* first = elmt.FirstTile();
+    const WallRow* wall =
+        first == nullptr ? nullptr : FindRow<WallRow>(kWalls, first->kindName.Kind().Name());
+    return wall == nullptr ? 0 : wall->turn;
+}
+
 RefSort SortOf(const ContentItem& item) {
     for (const auto& [kind, sort] : kSorts) {
         if (item.IsKind(kind)) {

@@ -34,6 +34,10 @@ PlacementCounts CountTreasure(const ThemeItem& item, std::uint32_t count);
 /// against the wall or into the corner that the element's first tile makes.
 void FitIntoElement(ContentItem& item, const GridElmt& elmt, const TileSet& tileSet);
 
+/// How far FitIntoElement turns what it moves, whose back is to the north at first: with it to the
+/// wall. 0 where there is none. [degrees, clockwise]
+VAULTRY_API std::int32_t TurnIn(const GridElmt& elmt);
+
 /// What a reference to the item stands for.
 VAULTRY_API RefSort SortOf(const ContentItem& item);
 

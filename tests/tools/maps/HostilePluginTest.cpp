@@ -232,7 +232,7 @@ TEST(ListedItemsTest, ThePageLeadsBackToTheList) {
     chest->name = "Chest";
     chest->items.resize(Report::ListedItems::kMostListedAgain + 1, {"coin", 1});
     Report::LevelMap map = SampleMap();
-    const Report::MapContent content{RefSort::Container, "chest_01", "Chest", chest};
+    const Report::MapContent content{Report::MapSign::Container, "chest_01", "Chest", chest};
     map.Held(0, 0).contents = {content, content};
     Report::MapCollector levels = Levels({map});
     std::ostringstream page;

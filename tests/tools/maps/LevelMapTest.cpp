@@ -120,6 +120,16 @@ TEST_F(LevelMapTest, NamesTheLevelBehindATeleportingDoor) {
     EXPECT_EQ(Map().At(0, 0).leadsTo, "Level 2");
 }
 
+TEST(StackAlikeTest, ItemsAreCountedTogetherUnlessTheyAreRefilled) {
+    std::vector<Report::MapItem> items = {
+        {"meat", 1}, {"cup", 2}, {"meat", 4}, {"meat", -3}, {"meat", -1}};
+    Report::StackAlike(items);
+    ASSERT_EQ(items.size(), 3U);
+    EXPECT_EQ(Report::ItemWords(items[0]), "5 x meat");
+    EXPECT_EQ(Report::ItemWords(items[1]), "2 x cup");
+    EXPECT_EQ(Report::ItemWords(items[2]), "-4 x meat");
+}
+
 TEST(MainContentTest, CreaturesComeBeforeFurniture) {
     const Report::LevelMap map = SampleMap();
     EXPECT_EQ(Report::MainContent(map.At(2, 1))->name, "rat");

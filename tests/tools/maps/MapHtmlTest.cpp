@@ -88,8 +88,10 @@ TEST(MapHtmlTest, RoomsAndHallsHaveARowEach) {
 TEST(MapHtmlTest, ContainersAreListedWithWhatIsInThem) {
     Report::LevelMap map = SampleMap();
     const Report::MapChest chest{"Chest & lid", {{"gold_001", 25}, {"cup", -2}}};
-    map.Held(0, 0).contents[1] = {
-        RefSort::Container, "Ctr1_1", "Chest & lid", std::make_shared<Report::MapChest>(chest)};
+    map.Held(0, 0).contents[1] = {Report::MapSign::Container,
+                                  "Ctr1_1",
+                                  "Chest & lid",
+                                  std::make_shared<Report::MapChest>(chest)};
     const std::string page = Page(map);
     EXPECT_TRUE(Contains(page,
                          "<td><a href=\"#level-1-room-1\">room 1</a></td><td>Chest &amp; lid</td>"
@@ -99,10 +101,31 @@ TEST(MapHtmlTest, ContainersAreListedWithWhatIsInThem) {
     EXPECT_TRUE(Contains(Page(map), "<p>No containers.</p>"));
 }
 
-TEST(MapHtmlTest, EveryLayerHasItsBox) {
+TEST(MapHtmlTest, EveryLayerThatTheDungeonHasHasItsBox) {
+    Report::LevelMap map = SampleMap();
+    for (const char* layer : {"grid", "rooms", "numbers", "creature", "container", "warnings"}) {
+        EXPECT_TRUE(Contains(Page(map), "id=\"show-" + std::string(layer) + '"')) << layer;
+        EXPECT_TRUE(Contains(Page(map), "body:has(#show-" + std::string(layer) + ':')) << layer;
+    }
+    EXPECT_FALSE(Contains(Page(map), "show-platforms"));
+    map.Held(2, 1).contents.pop_back();
+    EXPECT_FALSE(Contains(Page(map), "show-creature"));
+}
+
+// Keys and fingers reach the rooms, and from there what hovering tells.
+TEST(MapHtmlTest, ARoomOfTheMapIsALinkToItsRow) {
     const std::string page = Page(SampleMap());
-    EXPECT_EQ(Count(page, "<input type=\"checkbox\" id=\"show-"), Report::MapLayers().size());
-    EXPECT_EQ(Count(page, "body:has(#show-"), Report::MapLayers().size());
+    EXPECT_FALSE(Contains(page, "role=\"img\""));
+    const std::size_t link =
+        page.find("<a href=\"#level-1-room-1\" aria-label=\"Room 1\">\n<rect class=\"hit\"");
+    ASSERT_NE(link, std::string::npos);
+    const std::string cells = page.substr(link, page.find("</a>", link) - link);
+    EXPECT_EQ(Count(cells, "<title>Room 1"), 9U);
+}
+
+TEST(MapHtmlTest, CardsNameTheColumns) {
+    EXPECT_TRUE(
+        Contains(Page(SampleMap()), ".rooms td:nth-child(4)::before{content:\"Creatures: \"}"));
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <map>
 #include <ostream>
 #include <sstream>
@@ -209,12 +210,22 @@ std::string Outline(const LevelMap& map) {
     return text;
 }
 
-// How much of each sort of content there is, and where doors lead.
+// A number of units that is the same however it was rounded.
+std::string Whole(double units) {
+    return std::to_string(std::lround(units + 0.013)) + ' ';
+}
+
+// What stands where and how, and where doors lead.
 std::map<std::string, std::size_t> Contents(const LevelMap& map) {
     std::map<std::string, std::size_t> counts;
     for (const MapCell& cell : map.cells) {
         for (const Report::MapContent& content : cell.contents) {
-            ++counts[std::to_string(static_cast<int>(content.sort)) + ' ' + content.name];
+            const Report::MapStand& stand = content.stand;
+            ++counts[std::to_string(static_cast<int>(content.sign)) + ' ' + content.name + ' ' +
+                     Whole(map.corner.x + (cell.place.x + stand.east) * map.tileSize) +
+                     Whole(map.corner.y - (cell.place.y + stand.south) * map.tileSize) +
+                     Whole(stand.turn) + Whole(stand.width * map.tileSize) +
+                     Whole(stand.depth * map.tileSize)];
         }
         if (cell.teleport) {
             ++counts["door to " + cell.leadsTo];

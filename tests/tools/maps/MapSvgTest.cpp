@@ -61,6 +61,22 @@ TEST(MapSvgTest, HasAMarkForEachSortOfContent) {
     }
 }
 
+// East of the middle, against the southern wall, which is drawn as a line.
+TEST(MapSvgTest, ThingsStandWhereTheyStandAndAsTheyAreTurned) {
+    Report::LevelMap map = SampleMap();
+    map.Held(0, 2).contents = {
+        {Report::MapSign::Container, "chest", "", nullptr, {0.25, 0.5, 180.0}},
+        {Report::MapSign::Furniture, "bed", "", nullptr, {0.0, -0.5, 90.0, 1.0, 0.5}}};
+    const std::string svg = Svg(map);
+    EXPECT_TRUE(Contains(
+        svg, "<use href=\"#container\" x=\"18\" y=\"66.8\" transform=\"rotate(180 18 66.8)\"/>"))
+        << svg;
+    EXPECT_TRUE(Contains(svg,
+                         "<rect class=\"furniture\" x=\"0\" y=\"42\" width=\"24\" "
+                         "height=\"12\" transform=\"rotate(90 12 48)\"/>"))
+        << svg;
+}
+
 // The path of a class in the groups of a layer, not in the legend.
 std::string PathOf(const std::string& svg, const std::string& type, const std::string& layer) {
     const std::string group = "<g class=\"layer-" + layer + "\">";
@@ -129,7 +145,9 @@ TEST(MapSvgTest, AHallOutOfReachKeepsItsShapeAndItsWalls) {
 
 TEST(MapSvgTest, WarningsLieOverContents) {
     const std::string svg = Svg(SampleMap());
-    EXPECT_GT(svg.find("<path class=\"warn\" d=\"M76.2"), svg.rfind("<use href=\"#other\" x="));
+    const std::size_t other = svg.find("<use href=\"#other\" x=");
+    ASSERT_NE(other, std::string::npos);
+    EXPECT_GT(svg.find("<path class=\"warn\" d=\"M76.2"), other);
 }
 
 TEST(MapSvgTest, LooksAsAskedFor) {

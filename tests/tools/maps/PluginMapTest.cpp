@@ -69,7 +69,7 @@ TEST_F(PluginMapTest, KnownTilesBecomeFloorsAndDoors) {
     EXPECT_TRUE(map.At(0, 0).door);
     EXPECT_EQ(map.At(0, 0).doorway, Open("N"));
     EXPECT_EQ(map.At(0, 1).tile, PlanTile::Room);
-    EXPECT_EQ(map.At(0, 1).contents.at(0).sort, RefSort::Furniture);
+    EXPECT_EQ(map.At(0, 1).contents.at(0).sign, Report::MapSign::Furniture);
     EXPECT_EQ(map.rooms.size(), 1U);
 }
 
@@ -95,9 +95,9 @@ TEST_F(PluginMapTest, UnknownObjectsAreMarks) {
     const LevelMap map = Map();
     EXPECT_TRUE(map.tileSet.empty());
     EXPECT_EQ(map.At(0, 0).tile, PlanTile::Empty);
-    EXPECT_EQ(map.At(0, 0).contents.at(0).sort, RefSort::Other);
-    EXPECT_EQ(map.At(2, 0).contents.at(0).sort, RefSort::Door);
-    EXPECT_EQ(map.At(2, 0).contents.at(1).sort, RefSort::Other);
+    EXPECT_EQ(map.At(0, 0).contents.at(0).sign, Report::MapSign::Other);
+    EXPECT_EQ(map.At(2, 0).contents.at(0).sign, Report::MapSign::Door);
+    EXPECT_EQ(map.At(2, 0).contents.at(1).sign, Report::MapSign::Other);
     EXPECT_TRUE(map.rooms.empty());
 }
 
@@ -134,7 +134,7 @@ TEST_F(PluginMapTest, ContainersHaveNamesAndTreasure) {
     std::size_t containers = 0;
     for (const Report::MapCell& place : map.cells) {
         for (const Report::MapContent& content : place.contents) {
-            if (content.sort == RefSort::Container) {
+            if (content.sign == Report::MapSign::Container) {
                 ++containers;
                 EXPECT_EQ(content.label, Report::Shown(file.containers.at(0).name));
                 EXPECT_EQ(content.chest->items.size(), file.containers.at(0).items.size());

@@ -82,10 +82,12 @@ inline Report::LevelMap SampleMap() {
     map.Held(1, 2).doorway = Open("S");
     map.Held(1, 2).door = true;
     map.Held(1, 2).tiles = {"DoorwayS", "DoorS"};
-    map.Held(0, 0).contents = {{RefSort::Rug, "rug_01"}, {RefSort::Container, "chest <big>"}};
-    map.Held(1, 0).contents = {{RefSort::Tapestry, "tapestry_01"}};
-    map.Held(2, 1).contents = {{RefSort::Furniture, "table_01"}, {RefSort::Creature, "rat"}};
-    map.Held(2, 2).contents = {{RefSort::Other, "thing"}};
+    map.Held(0, 0).contents = {{Report::MapSign::Rug, "rug_01"},
+                               {Report::MapSign::Container, "chest <big>"}};
+    map.Held(1, 0).contents = {{Report::MapSign::Tapestry, "tapestry_01"}};
+    map.Held(2, 1).contents = {{Report::MapSign::Furniture, "table_01"},
+                               {Report::MapSign::Creature, "rat"}};
+    map.Held(2, 2).contents = {{Report::MapSign::Other, "thing"}};
     map.Held(2, 3).loose = Open("E");
     return map;
 }
