@@ -35,10 +35,11 @@ font:15px/1.45 "DejaVu Sans",Verdana,sans-serif}
 h1{font-size:1.6rem;margin:0}h2{font-size:1.3rem;margin:2rem 0 .6rem}
 h3{font-size:1.05rem;margin:0}p{margin:.3rem 0}a{color:var(--link)}
 .faint{color:var(--faint)}.defs{position:absolute}
-nav ul{display:flex;flex-wrap:wrap;gap:.3rem 1.1rem;padding:0;list-style:none}
-.cards{display:grid;gap:1rem;grid-template-columns:repeat(auto-fill,minmax(min(100%,19rem),1fr))}
+nav ul,.legend{display:flex;flex-wrap:wrap;gap:.3rem 1.1rem;padding:0;list-style:none}
+.legend{font-size:.87rem}.legend li{display:flex;align-items:center;gap:.4rem}
+.cards{display:grid;gap:1rem;align-items:start;grid-template-columns:repeat(auto-fill,minmax(min(100%,19rem),1fr))}
 article{border:1px solid var(--line);border-radius:4px;padding:.75rem;min-width:0}
-article svg{display:block;width:100%;height:16rem;margin-top:.5rem}
+.legend svg{overflow:visible}article svg{display:block;width:100%;height:16rem;margin-top:.5rem}
 code,li{overflow-wrap:anywhere}
 details ul{margin:.4rem 0 0;padding-left:1.1rem;font-size:.87rem}
 @media print{article{break-inside:avoid}}
@@ -57,10 +58,26 @@ std::string Contents(const std::vector<GallerySection>& sections) {
     return text + "</ul></nav>\n";
 }
 
-std::string Picture(const LevelMap& map) {
+// What the marks of all pictures mean.
+std::string Legend(const std::vector<GallerySection>& sections) {
+    LegendNeeds needs;
+    for (const GallerySection& section : sections) {
+        for (const GalleryCard& card : section.cards) {
+            needs |= card.map ? LegendOf(*card.map) : LegendNeeds();
+        }
+    }
+    std::string text = "<ul class=\"legend\">\n";
+    for (const LegendItem& item : LegendItems(needs)) {
+        text += "<li><svg width=\"24\" height=\"24\" aria-hidden=\"true\">" +
+                std::string(item.drawing) + "</svg> " + std::string(item.words) + "</li>\n";
+    }
+    return text + "</ul>\n";
+}
+
+std::string Picture(const LevelMap& map, const std::string& name) {
     const std::string width = std::to_string(PanelWidth(map));
     const std::string height = std::to_string(kAbove + map.height * kCell + kPanelFoot);
-    return "<svg role=\"img\"" + Attribute("aria-label", "Map of " + map.name) +
+    return "<svg role=\"img\"" + Attribute("aria-label", "Map of " + name) +
            Attribute("viewBox", "0 0 " + width + ' ' + height) + "><rect class=\"paper\"" +
            Attribute("width", width) + Attribute("height", height) + "/>\n" +
            SvgMoved(kPanelMargin, kAbove, MapDrawing(map, nullptr)) + "</svg>\n";
@@ -79,8 +96,8 @@ std::string Card(const GalleryCard& card) {
     return "<article>\n<h3>" + ForMarkup(card.name) + "</h3>\n" +
            (card.words.empty() ? "" : "<p class=\"faint\">" + ForMarkup(card.words) + "</p>\n") +
            "<p><code>" + ForMarkup(card.option) + "</code></p>\n" +
-           (card.places.empty() ? "" : Places(card.places)) +
-           (card.map ? Picture(*card.map) : std::string()) + "</article>\n";
+           (card.map ? Picture(*card.map, card.name) : std::string()) +
+           (card.places.empty() ? "" : Places(card.places)) + "</article>\n";
 }
 
 } // namespace
@@ -95,7 +112,8 @@ void WriteGallery(const std::vector<GallerySection>& sections,
            "; each picture is one small dungeon of many</p>\n"
         << Contents(sections)
         << "</header>\n<svg width=\"0\" height=\"0\" class=\"defs\" aria-hidden=\"true\">"
-        << MapDefinitions() << "</svg>\n<main>\n";
+        << MapDefinitions() << "</svg>\n"
+        << Legend(sections) << "<main>\n";
     for (std::size_t i = 0; i < sections.size(); ++i) {
         out << "<section" << Attribute("id", SectionId(i)) << ">\n<h2>"
             << ForMarkup(sections[i].title) << "</h2>\n<div class=\"cards\">\n";

@@ -62,6 +62,10 @@ TEST_F(GalleryTest, EverythingThatShowsInADungeonHasAPicture) {
     const GalleryCard& layout = Named(Titled(sections, "Room layouts"), "Cloister");
     EXPECT_EQ(layout.option, "--fixed --template Cloister");
     EXPECT_EQ(layout.words, "11 x 11 cells");
+    std::ostringstream page;
+    Report::WriteGallery(sections, "builtin", page);
+    EXPECT_TRUE(Contains(page.str(), "</svg> container</li>"));
+    EXPECT_TRUE(Contains(page.str(), "aria-label=\"Map of Cloister\""));
 }
 
 // The sets for fixed layouts cannot join the rooms of random levels.
