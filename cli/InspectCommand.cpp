@@ -67,7 +67,7 @@ std::string CommandOf(const Report::LoadedPlugin& plugin, const Console& console
         return Report::CommandIn(description);
     }
     const std::string path = Report::PathBeside(plugin.path);
-    const std::string command = Report::CommandIn(StartOf(path));
+    std::string command = Report::CommandIn(StartOf(path));
     if (command.empty()) {
         console.Warn("\"" + path + "\" is to say how the plug-in was made, and does not");
     }
