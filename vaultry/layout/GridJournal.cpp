@@ -1,11 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/layout/GridJournal.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace Tarnex {
 
-GridJournal::GridJournal(Layout& grid_) : grid(grid_) {}
+namespace {
+
+constexpr std::size_t kUsualEntries = 64; // more than most attempts touch
+
+} // namespace
+
+GridJournal::GridJournal(Layout& grid_) : grid(grid_) {
+    entries.reserve(kUsualEntries);
+}
 
 void GridJournal::Touch(const DiPos& pos) {
     const auto row = static_cast<std::uint32_t>(pos.y);
