@@ -6,6 +6,7 @@
 #include "tools/maps/SvgText.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -15,11 +16,10 @@ namespace Tarnex::Report {
 
 namespace {
 
-constexpr double kSize = 10.0;    // of the letters
-constexpr double kBeside = 1.5;   // of the plate's edge
-constexpr double kLine = 13.0;    // height of a line
-constexpr double kReach = 96.0;   // how far from its door a label is looked for at first,
-constexpr double kFarthest = 768; // and at last
+constexpr double kSize = 10.0;                               // of the letters
+constexpr double kPadding = 1.5;                             // of a plate, on both sides
+constexpr double kLine = 13.0;                               // height of a line
+constexpr std::array kReaches = {96.0, 192.0, 384.0, 768.0}; // within which a place is looked for
 constexpr double kStep = 6.0;
 constexpr double kNear = 14.0; // from the door's middle; further away a line is needed
 constexpr double kWithLine = 25.0;
@@ -103,8 +103,9 @@ public:
     std::optional<MapLabel> Place(const MapCell& cell) {
         const std::string text = LabelText(map, cell);
         const Point door = DoorMiddle(cell, cell.place);
-        for (double reach = kReach; reach <= kFarthest; reach *= 2.0) {
-            if (const auto box = NearestFree(BoldWidth(text, kSize) + 2.0 * kBeside, door, reach)) {
+        for (const double reach : kReaches) {
+            if (const auto box =
+                    NearestFree(BoldWidth(text, kSize) + 2.0 * kPadding, door, reach)) {
                 placed.push_back(*box);
                 return MapLabel{text, *box, door.x, door.y, Distance(*box, door) > kNear};
             }
