@@ -195,12 +195,19 @@ public:
             const Console& searchConsole)
         : report(searchReport), ranking(searchRanking), signals(cancelSignals),
           console(searchConsole), start(Clock::now()),
-          line(console.Progress(report.options.generate.quiet), signals, 1) {}
+          line(console.Progress(report.options.generate.quiet), signals, 1),
+          shortfall(report.options.where) {}
 
     void Found(Report::FactValues values) override {
         const auto seed = static_cast<std::uint32_t>(values.front());
         ranking.Add(
             {std::move(values), Report::GenerateCommandLine(report.options.generate, seed)});
+    }
+
+    void Missed(const Report::FactValues& values) override {
+        if (ranking.Added() == 0) {
+            shortfall.Note(values);
+        }
     }
 
     void Lost(std::uint32_t number, const std::string& why) override {
@@ -222,6 +229,8 @@ public:
         }
         return true;
     }
+
+    const Search::Shortfall& Missing() const { return shortfall; }
 
     double Seconds() const { return std::chrono::duration<double>(Clock::now() - start).count(); }
 
@@ -246,6 +255,7 @@ private:
     Clock::time_point start;
     Clock::time_point shown;
     ConsoleStatus line;
+    Search::Shortfall shortfall; // counted while nothing is found
 };
 
 // The formats that can be drawn: PNG needs a module that may not be installed.
@@ -338,6 +348,9 @@ void Judge(VerbRun& run,
     std::ranges::sort(report.lost, {}, &LostSeed::seed);
     report.found = ranking.Added();
     report.hits = ranking.Take();
+    if (report.found == 0 && report.outcome.done > report.lost.size()) {
+        report.parts = watcher.Missing().Parts();
+    }
 }
 
 ExitStatus SearchRange(SearchReport& report, const Query& query, const Console& console) {

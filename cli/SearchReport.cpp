@@ -5,6 +5,8 @@
 #include "tools/text/TextTable.h"
 #include "tools/text/Words.h"
 
+#include <vaultry/foundation/HarmlessText.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -45,6 +47,39 @@ Json HitJson(const Search::Hit& hit) {
     return json;
 }
 
+Json PartJson(const Search::Shortfall::Part& part) {
+    Json facts = Json::object();
+    for (const auto& [fact, least, most] : part.ranges) {
+        facts[std::string(Report::Facts()[fact].name)] = {{"least", least}, {"most", most}};
+    }
+    return {{"where", part.text}, {"seeds", part.held}, {"facts", facts}};
+}
+
+// "rooms 2 to 11, loops 3"
+std::string RangeWords(const std::vector<Search::Shortfall::Range>& ranges) {
+    std::string text;
+    for (const auto& [fact, least, most] : ranges) {
+        text += (text.empty() ? "" : ", ") + std::string(Report::Facts()[fact].name) + ' ' +
+                std::to_string(least) + (least == most ? "" : " to " + std::to_string(most));
+    }
+    return text;
+}
+
+void PrintParts(const SearchReport& report, std::ostream& out) {
+    if (report.parts.empty()) {
+        return;
+    }
+    using Align = Report::TextTable::Align;
+    Report::TextTable table({Align::Left, Align::Right, Align::Left});
+    table.Add({"condition", "seeds", "seen"});
+    for (const Search::Shortfall::Part& part : report.parts) {
+        table.Add({ForTerminal(part.text), std::to_string(part.held), RangeWords(part.ranges)});
+    }
+    out << "No dungeon is like that. Of " << Counted(report.outcome.done, "seed")
+        << ", so many pass each part:\n";
+    table.Print(out, 2);
+}
+
 } // namespace
 
 std::vector<std::size_t> ListedFacts(const std::vector<std::size_t>& askedFor) {
@@ -65,6 +100,7 @@ std::vector<std::size_t> ListedFacts(const std::vector<std::size_t>& askedFor) {
 
 void PrintHits(const SearchReport& report, std::ostream& out) {
     if (report.hits.empty()) {
+        PrintParts(report, out);
         return;
     }
     using Align = Report::TextTable::Align;
@@ -127,6 +163,10 @@ std::string ToJson(const SearchReport& report) {
     Json& hits = json["hits"] = Json::array();
     for (const Search::Hit& hit : report.hits) {
         hits.push_back(HitJson(hit));
+    }
+    Json& parts = json["parts"] = Json::array();
+    for (const Search::Shortfall::Part& part : report.parts) {
+        parts.push_back(PartJson(part));
     }
     Json& lost = json["lost"] = Json::array();
     for (const LostSeed& seed : report.lost) {

@@ -5,6 +5,7 @@
 #include "cli/Options.h"
 #include "tools/search/Ranking.h"
 #include "tools/search/SeedSearch.h"
+#include "tools/search/Shortfall.h"
 
 #include <cstdint>
 #include <optional>
@@ -26,7 +27,8 @@ struct SearchReport {
     std::optional<Search::SeedRange> range; ///< none: tables were merged
     bool scattered = false;                 ///< the range is of numbers, as of --sample
     Search::SearchOutcome outcome;
-    std::uint64_t found = 0; ///< also those that were not kept
+    std::uint64_t found = 0;                    ///< also those that were not kept
+    std::vector<Search::Shortfall::Part> parts; ///< of the condition, when nothing was found
     std::vector<Search::Hit> hits;
     std::vector<std::size_t> columns; ///< the facts to list
     std::vector<LostSeed> lost;
@@ -37,7 +39,8 @@ struct SearchReport {
 /// The facts to list: the seed, those that were asked for, then those that most ask for.
 std::vector<std::size_t> ListedFacts(const std::vector<std::size_t>& askedFor);
 
-/// A line for each hit, and the command line that makes the first one.
+/// A line for each hit, and the command line that makes the first one; or, without a hit, how many
+/// pass each part of the condition.
 void PrintHits(const SearchReport& report, std::ostream& out);
 
 /// One line: how many of how many were found.

@@ -163,9 +163,26 @@ TEST_F(SearchTest, SearchesFixedInteriors) {
 TEST_F(SearchTest, NothingFoundIsNoFailure) {
     const Outcome outcome = Search("1..5", {"--where", "rooms>1000", "--csv", "none.csv"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, "");
     EXPECT_TRUE(Contains(outcome.err, "found 0 in 5 seeds"));
     EXPECT_EQ(LinesOf(Read("none.csv")).size(), 1U);
+}
+
+TEST_F(SearchTest, NothingFoundTellsWhatWasSeen) {
+    const Lines words = {"--where", "rooms>1000 and rooms", "--quiet"};
+    const Outcome outcome = Search("1..5", words);
+    EXPECT_EQ(outcome.out.find("No dungeon is like that. Of 5 seeds, so many pass each part:\n"),
+              0U)
+        << outcome.out;
+    EXPECT_TRUE(Contains(outcome.out, "\n  rooms>1000      0  rooms ")) << outcome.out;
+    EXPECT_TRUE(Contains(outcome.out, "\n  rooms           5  rooms ")) << outcome.out;
+    Lines asJson = words;
+    asJson.emplace_back("--json");
+    const Json parts = Json::parse(Search("1..5", asJson).out)["parts"];
+    ASSERT_EQ(parts.size(), 2U);
+    EXPECT_EQ(parts[1]["where"], "rooms");
+    EXPECT_EQ(parts[1]["seeds"], 5);
+    EXPECT_LE(parts[1]["facts"]["rooms"]["least"], parts[1]["facts"]["rooms"]["most"]);
+    EXPECT_TRUE(Json::parse(Search("1..5", {"--json"}).out)["parts"].empty());
 }
 
 TEST_F(SearchTest, QuietSaysNothing) {

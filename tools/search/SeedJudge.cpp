@@ -24,7 +24,8 @@ Verdict SeedJudge::Judge(std::uint32_t seed) try {
     tally.seed = seed;
     tally.errors = result.problems.size();
     Report::FactValues values = Report::ValuesOf(tally);
-    return wanted.Holds(values) ? Verdict{std::move(values), {}} : Verdict{};
+    return wanted.Holds(values) ? Verdict{std::move(values), {}}
+                                : Verdict{std::nullopt, {}, std::move(values)};
 } catch (const std::bad_alloc&) {
     return {std::nullopt, "out of memory"}; // another dungeon may well need less
 }

@@ -118,6 +118,8 @@ private:
             ++lost;
             std::ranges::replace(verdict.fault, '\n', ' ');
             listener.Lost(static_cast<std::uint32_t>(seed), verdict.fault);
+        } else if (!verdict.missed.empty()) {
+            listener.Missed(verdict.missed);
         }
     }
 

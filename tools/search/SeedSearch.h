@@ -27,6 +27,8 @@ public:
     virtual ~SearchListener() = default;
     /// A seed that is wanted.
     virtual void Found(Report::FactValues values) = 0;
+    /// The facts of a seed that is not wanted.
+    virtual void Missed(const Report::FactValues& /*values*/) {}
     /// A seed that could not be judged.
     virtual void Lost(std::uint32_t seed, const std::string& why) = 0;
     /// Asked several times a second with how many seeds are done; false ends the search.

@@ -13,6 +13,7 @@ namespace Tarnex::Search {
 struct Verdict {
     std::optional<Report::FactValues> found; ///< the facts, if the seed is wanted
     std::string fault;                       ///< why there is no dungeon; empty: there is one
+    Report::FactValues missed{};             ///< the facts, if there is one that is not wanted
 };
 
 } // namespace Tarnex::Search

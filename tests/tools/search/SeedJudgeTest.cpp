@@ -48,6 +48,7 @@ TEST_F(SeedJudgeTest, AWantedSeedComesWithItsFacts) {
     ASSERT_TRUE(verdict.found);
     EXPECT_EQ(verdict.found->front(), 7);
     EXPECT_EQ(verdict.found->size(), Report::Facts().size());
+    EXPECT_TRUE(verdict.missed.empty());
     EXPECT_EQ(verdict.fault, "");
     // The second time too, and whatever was made in between.
     judge.Judge(8);
@@ -57,6 +58,7 @@ TEST_F(SeedJudgeTest, AWantedSeedComesWithItsFacts) {
 TEST_F(SeedJudgeTest, AnUnwantedSeedComesWithNothing) {
     const Verdict verdict = JudgeOf("rooms>1000").Judge(7);
     EXPECT_FALSE(verdict.found);
+    EXPECT_EQ(verdict.missed.size(), Report::Facts().size());
     EXPECT_EQ(verdict.fault, "");
 }
 

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "tools/search/Shortfall.h"
+
+#include <gtest/gtest.h>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Search::PartsOf;
+using Search::Shortfall;
+using Parts = std::vector<std::string>;
+
+// A dungeon with that many rooms and loops.
+Report::FactValues Dungeon(std::int64_t rooms, std::int64_t loops) {
+    Report::FactValues values(Report::Facts().size());
+    values.at(Report::FindFact("rooms").value()) = rooms;
+    values.at(Report::FindFact("loops").value()) = loops;
+    return values;
+}
+
+TEST(ShortfallTest, AndDividesAConditionWhereOrDoesNot) {
+    EXPECT_EQ(PartsOf("rooms>=12 AND walkable and not loops < 2"),
+              (Parts{"rooms>=12", "walkable", "not loops < 2"}));
+    EXPECT_EQ(PartsOf("rooms>=12 and (walkable and loops or doors)"),
+              (Parts{"rooms>=12", "(walkable and loops or doors)"}));
+    EXPECT_EQ(PartsOf(" rooms and loops or doors "), Parts{"rooms and loops or doors"});
+    EXPECT_EQ(PartsOf("(rooms)and(loops)"), (Parts{"(rooms)", "(loops)"}));
+    EXPECT_EQ(PartsOf("dead-ends"), Parts{"dead-ends"});
+}
+
+TEST(ShortfallTest, TellsHowManyPassAndWhatWasSeen) {
+    Shortfall shortfall("rooms>=9 and loops<=rooms");
+    shortfall.Note(Dungeon(4, 2));
+    shortfall.Note(Dungeon(8, 9));
+    shortfall.Note(Dungeon(6, 0));
+    ASSERT_EQ(shortfall.Parts().size(), 2U);
+    const Shortfall::Part& rooms = shortfall.Parts()[0];
+    EXPECT_EQ(rooms.text, "rooms>=9");
+    EXPECT_EQ(rooms.held, 0U);
+    ASSERT_EQ(rooms.ranges.size(), 1U);
+    EXPECT_EQ(rooms.ranges[0].fact, Report::FindFact("rooms"));
+    EXPECT_EQ(rooms.ranges[0].least, 4);
+    EXPECT_EQ(rooms.ranges[0].most, 8);
+    EXPECT_EQ(shortfall.Parts()[1].held, 2U);
+    EXPECT_EQ(shortfall.Parts()[1].ranges.size(), 2U);
+}
+
+TEST(ShortfallTest, WithoutAConditionThereIsNothingToPass) {
+    Shortfall shortfall("  ");
+    shortfall.Note(Dungeon(1, 1));
+    EXPECT_TRUE(shortfall.Parts().empty());
+}
+
+} // namespace
+
+} // namespace Tarnex::Test
