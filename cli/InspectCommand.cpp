@@ -23,27 +23,51 @@ namespace Tarnex::Cli {
 namespace {
 
 // As many as one dungeon has: more are looked at one by one, with "vaultry map".
-constexpr std::size_t kMostArrivals = 100;
+constexpr std::size_t kMostKnown = 100;
 
-// Where one arrives in what a built-in configuration made.
-std::vector<Arrival> ArrivalsIn(const PluginFile& file) {
+std::uint64_t CountCreatures(const PluginCell& cell, const Report::PieceIndex& pieces) {
+    return static_cast<std::uint64_t>(std::ranges::count_if(cell.refs, [&](const PluginRef& ref) {
+        return !ref.deleted && pieces.SortOf(ref.id) == RefSort::Creature;
+    }));
+}
+
+std::int64_t Treasure(const PluginFile& file, const Report::ContentWorth& worth) {
+    std::int64_t sum = 0;
+    for (const PluginContainer& container : file.containers) {
+        for (const PluginItem& item : container.items) {
+            const std::int64_t value = worth.ItemValue(item.id);
+            sum = Report::AddUpTo(sum, value * item.count);
+        }
+    }
+    return sum;
+}
+
+// Adds what is known of what a built-in configuration made: where one arrives, and more to count.
+void AddKnown(Report::Inspection& inspection) {
+    const PluginFile& file = inspection.file;
     std::vector<const PluginCell*> cells;
     for (const PluginCell& cell : file.cells) {
         cells.push_back(&cell);
     }
-    std::vector<Arrival> arrivals;
-    if (cells.empty() || cells.size() > kMostArrivals) {
-        return arrivals;
+    if (cells.empty() || cells.size() > kMostKnown) {
+        return;
     }
     const ChosenPieces chosen = ChoosePieces(kBuiltin, false, cells);
+    if (chosen.known == 0) {
+        return;
+    }
+    Report::KnownTotals totals{chosen.config, 0, 0, Treasure(file, chosen.worth)};
     Report::PluginLevels levels(cells, file, chosen.pieces);
-    for (std::size_t i = 0; chosen.known > 0 && i < cells.size(); ++i) {
-        if (const auto& arrival = levels.Level(i).arrival) {
-            arrivals.push_back(*arrival);
-            arrivals.back().level = i;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const Report::LevelMap& level = levels.Level(i);
+        totals.areas += level.rooms.size();
+        totals.creatures += CountCreatures(*cells[i], chosen.pieces);
+        if (level.arrival) {
+            inspection.arrivals.push_back(*level.arrival);
+            inspection.arrivals.back().level = i;
         }
     }
-    return arrivals;
+    inspection.known = std::move(totals);
 }
 
 // The first bytes of a file, as many as the longest line that is read; empty when it cannot be
@@ -81,8 +105,9 @@ ExitStatus RunVerb(const InspectOptions& options, const Console& console) {
     const LibraryLog log(std::nullopt);
     const Report::LoadedPlugin plugin = Report::LoadPlugin(options.plugin);
     const std::vector<PluginFinding> findings = Report::FindInconsistencies(plugin.file);
-    const Report::Inspection inspection{
-        plugin.path, plugin.file, findings, ArrivalsIn(plugin.file), CommandOf(plugin, console)};
+    Report::Inspection inspection{
+        plugin.path, plugin.file, findings, {}, CommandOf(plugin, console)};
+    AddKnown(inspection);
     if (options.json) {
         console.out << Report::ToJson(inspection);
     } else {

@@ -12,14 +12,16 @@ namespace Tarnex::Cli {
 
 namespace {
 
-Report::PieceIndex ReadPieces(const std::string& config, bool keepGoing) {
+ChosenPieces ReadPieces(const std::string& config, bool keepGoing) {
     const ConfigSource source(config);
     GenMgr manager;
     source.Load(manager);
     if (!keepGoing) {
         source.RequireWhole(manager);
     }
-    return Report::PieceIndex(manager.config);
+    return {config,
+            Report::PieceIndex(manager.config),
+            Report::ContentWorth(*manager.config.contentMgr)};
 }
 
 // The configurations that may have been used.
@@ -41,10 +43,10 @@ ChosenPieces ChoosePieces(const std::string& config,
                           const std::vector<const PluginCell*>& cells) {
     std::optional<ChosenPieces> best;
     for (const std::string& name : Candidates(config)) {
-        Report::PieceIndex pieces = ReadPieces(name, keepGoing);
-        const std::size_t known = Report::CountKnownTiles(cells, pieces);
-        if (!best || known > best->known) {
-            best = {name, std::move(pieces), known};
+        ChosenPieces chosen = ReadPieces(name, keepGoing);
+        chosen.known = Report::CountKnownTiles(cells, chosen.pieces);
+        if (!best || chosen.known > best->known) {
+            best = std::move(chosen);
         }
     }
     return *std::move(best);

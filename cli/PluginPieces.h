@@ -2,6 +2,7 @@
 // What the references of a plug-in are, by the configuration that it was probably made from.
 #pragma once
 
+#include "tools/facts/DungeonFacts.h"
 #include "tools/maps/PieceIndex.h"
 
 #include <cstddef>
@@ -14,6 +15,7 @@ namespace Tarnex::Cli {
 struct ChosenPieces {
     std::string config; ///< its name, as `-c` takes it
     Report::PieceIndex pieces;
+    Report::ContentWorth worth;
     std::size_t known = 0; ///< references that it knows as tiles
 };
 

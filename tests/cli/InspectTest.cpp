@@ -29,6 +29,28 @@ TEST_F(InspectTest, WhatGenerateWritesIsInOrder) {
     EXPECT_NE(outcome.out.find("\nNo inconsistencies.\n"), std::string::npos);
 }
 
+TEST_F(InspectTest, TotalsAreThoseOfASearch) {
+    const std::vector<std::string> words = {"--preset", "tomb", "--levels", "2", "--stamp", "5"};
+    std::vector<std::string> generate = {"generate", "--seed", "3", "-o", "tomb.esp"};
+    std::vector<std::string> search = {"search", "--seeds", "3", "--json"};
+    generate.insert(generate.end(), words.begin(), words.end());
+    search.insert(search.end(), words.begin(), words.end());
+    ASSERT_EQ(Run(generate).status, 0);
+    const auto facts = nlohmann::json::parse(Run(search).out).at("hits").at(0);
+    const auto totals = nlohmann::json::parse(Run({"inspect", "tomb.esp", "--json"}).out)["totals"];
+    EXPECT_EQ(totals.at("interiors"), 2);
+    EXPECT_EQ(totals.at("references"), facts.at("references"));
+    EXPECT_EQ(totals.at("containers"), facts.at("containers"));
+    EXPECT_GT(totals.at("lights"), 0);
+    const auto& known = totals.at("known");
+    EXPECT_EQ(known.at("creatures"), facts.at("creatures"));
+    EXPECT_EQ(known.at("treasure"), facts.at("treasure"));
+    EXPECT_GE(known.at("areas"), facts.at("rooms"));
+    EXPECT_TRUE(
+        Contains(Run({"inspect", "tomb.esp"}).out,
+                 " creatures, treasure worth " + facts.at("treasure").dump() + " gold pieces\n"));
+}
+
 TEST_F(InspectTest, ReferencesAreShownWhenAskedFor) {
     EXPECT_EQ(Run({"inspect", "keep.esp"}).out.find("NorthMarker"), std::string::npos);
     const Outcome outcome = Run({"inspect", "keep.esp", "--refs"});

@@ -44,14 +44,6 @@ std::uint64_t SizeOf(Mod& mod) {
     return counter.Count();
 }
 
-// A configuration may give any worth, so that sums come to an end.
-std::int64_t AddUpTo(std::int64_t sum, std::int64_t more) {
-    if (more > 0) {
-        return sum > kNoMost - more ? kNoMost : sum + more;
-    }
-    return sum < kNoLeast - more ? kNoLeast : sum + more;
-}
-
 std::int64_t Worth(const Container& container, const ContentWorth& worth) {
     std::int64_t sum = 0;
     for (const auto& [id, count] : container.GetInventory()) {
@@ -142,6 +134,13 @@ constexpr auto kFacts = std::to_array<Fact>({
 // clang-format on
 
 } // namespace
+
+std::int64_t AddUpTo(std::int64_t sum, std::int64_t more) {
+    if (more > 0) {
+        return sum > kNoMost - more ? kNoMost : sum + more;
+    }
+    return sum < kNoLeast - more ? kNoLeast : sum + more;
+}
 
 ContentWorth::ContentWorth(const ContentMgr& content) {
     for (const DiPtr<ContentTemplate>& creature : content.GetCreatures()) {

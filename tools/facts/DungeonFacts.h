@@ -20,6 +20,9 @@
 
 namespace Tarnex::Report {
 
+/// The sum of two worths, which stops at the bounds of the type: a configuration may give any.
+std::int64_t AddUpTo(std::int64_t sum, std::int64_t more);
+
 /// What the catalogue says of the things in a plug-in, looked up by their identifiers. Where
 /// several have one identifier, the first counts.
 class ContentWorth {

@@ -109,6 +109,25 @@ Json FindingsJson(const std::vector<PluginFinding>& findings) {
     return json;
 }
 
+Json TotalsJson(const Inspection& inspection, const PluginIndex& index) {
+    const PluginTotals totals = TotalsOf(inspection.file, index);
+    Json json = {{"interiors", inspection.file.cells.size()},
+                 {"references", totals.references},
+                 {"doors", totals.doors},
+                 {"teleports", totals.teleports},
+                 {"lights", totals.lights},
+                 {"containers", totals.containers},
+                 {"items", totals.items},
+                 {"known", nullptr}};
+    if (const auto& known = inspection.known) {
+        json["known"] = {{"config", known->config},
+                         {"areas", known->areas},
+                         {"creatures", known->creatures},
+                         {"treasure", known->treasure}};
+    }
+    return json;
+}
+
 } // namespace
 
 std::string ToJson(const Inspection& inspection) {
@@ -133,6 +152,7 @@ std::string ToJson(const Inspection& inspection) {
     for (const PluginContainer& container : file.containers) {
         containers.push_back(ContainerJson(container));
     }
+    json["totals"] = TotalsJson(inspection, index);
     json["findings"] = FindingsJson(inspection.findings);
     json["findings-left-out"] = file.findingsLeftOut;
     return JsonText(json);

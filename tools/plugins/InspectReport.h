@@ -5,11 +5,21 @@
 #include <vaultry/output/PluginFile.h>
 #include <vaultry/run/Arrival.h>
 
+#include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
 
 namespace Tarnex::Report {
+
+/// What a configuration tells of a plug-in that was made from it.
+struct KnownTotals {
+    std::string config;          ///< its name
+    std::uint64_t areas = 0;     ///< between doorways
+    std::uint64_t creatures = 0; ///< that are placed
+    std::int64_t treasure = 0;   ///< worth of what is in the containers [gold pieces]
+};
 
 /// What there is to say about one file. The plug-in and its findings must outlive it.
 struct Inspection {
@@ -18,6 +28,7 @@ struct Inspection {
     const std::vector<PluginFinding>& findings; ///< see FindInconsistencies
     std::vector<Arrival> arrivals{}; ///< by the number of their cell in the file, where known
     std::string command{};           ///< that makes it again, where the file tells [UTF-8]
+    std::optional<KnownTotals> known{};
 };
 
 /// Prints header, cells, containers and findings for people, in UTF-8; with `refs` every reference

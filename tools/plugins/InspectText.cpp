@@ -207,6 +207,20 @@ void PrintFindings(const Inspection& inspection, std::ostream& out) {
     }
 }
 
+void PrintTotals(const Inspection& inspection, const PluginIndex& index, std::ostream& out) {
+    const PluginTotals totals = TotalsOf(inspection.file, index);
+    out << "\nTotal: " << Counted(inspection.file.cells.size(), "interior") << ", "
+        << Counted(totals.references, "reference") << ", " << Counted(totals.doors, "door") << ", "
+        << Counted(totals.teleports, "teleport") << ", " << Counted(totals.lights, "light") << ", "
+        << Counted(totals.containers, "container") << " with " << Counted(totals.items, "item")
+        << '\n';
+    if (const auto& known = inspection.known) {
+        out << "  By " << ForTerminal(known->config) << ": " << Counted(known->areas, "area")
+            << " between doorways, " << Counted(known->creatures, "creature") << ", treasure worth "
+            << known->treasure << " gold pieces" << '\n';
+    }
+}
+
 } // namespace
 
 void PrintInspection(const Inspection& inspection, bool refs, std::ostream& out) {
@@ -220,6 +234,7 @@ void PrintInspection(const Inspection& inspection, bool refs, std::ostream& out)
     for (const PluginContainer& container : file.containers) {
         PrintContainer(container, places, out);
     }
+    PrintTotals(inspection, index, out);
     PrintFindings(inspection, out);
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 
 namespace Tarnex::Report {
 
@@ -73,6 +74,11 @@ bool IsDoorId(std::string_view id) {
                                 [rest](std::string_view word) { return rest.starts_with(word); });
 }
 
+bool IsLightId(std::string_view id) {
+    constexpr std::string_view kLight = "LIGHT_";
+    return ToUpper(id.substr(0, kLight.size())) == kLight;
+}
+
 bool IsFinite(const Di3Point& point) {
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
@@ -91,6 +97,26 @@ CellSummary Summarise(const PluginCell& cell, const PluginIndex& index) {
         summary.containers += index.HasContainer(ref.id) || IsContainerId(ref.id) ? 1 : 0;
     }
     return summary;
+}
+
+PluginTotals TotalsOf(const PluginFile& file, const PluginIndex& index) {
+    PluginTotals totals;
+    for (const PluginCell& cell : file.cells) {
+        const CellSummary summary = Summarise(cell, index);
+        totals.doors += summary.doors;
+        totals.teleports += summary.teleports;
+        totals.containers += summary.containers;
+        for (const PluginRef& ref : cell.refs) {
+            totals.references += ref.deleted ? 0 : 1;
+            totals.lights += !ref.deleted && IsLightId(ref.id) ? 1 : 0;
+        }
+    }
+    for (const PluginContainer& container : file.containers) {
+        for (const PluginItem& item : container.items) {
+            totals.items += static_cast<std::uint64_t>(std::abs(std::int64_t{item.count}));
+        }
+    }
+    return totals;
 }
 
 } // namespace Tarnex::Report

@@ -31,6 +31,9 @@ bool IsContainerId(std::string_view id);
 /// does not tell of what kind the objects are that it places.
 bool IsDoorId(std::string_view id);
 
+/// Whether an object's identifier is one of a light, as all of the game's are.
+bool IsLightId(std::string_view id);
+
 /// Whether all three numbers are finite.
 bool IsFinite(const Di3Point& point);
 
@@ -49,5 +52,17 @@ struct CellSummary {
 };
 
 CellSummary Summarise(const PluginCell& cell, const PluginIndex& index);
+
+/// What there is in a plug-in's interiors together; references that are deleted do not count.
+struct PluginTotals {
+    std::uint64_t references = 0;
+    std::uint64_t doors = 0;
+    std::uint64_t teleports = 0;
+    std::uint64_t lights = 0;
+    std::uint64_t containers = 0; ///< that are placed
+    std::uint64_t items = 0;      ///< in the containers of the plug-in, refilled ones too
+};
+
+PluginTotals TotalsOf(const PluginFile& file, const PluginIndex& index);
 
 } // namespace Tarnex::Report

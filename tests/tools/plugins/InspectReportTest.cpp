@@ -69,6 +69,9 @@ TEST_F(InspectReportTest, TellsEverythingInWords) {
               "    25  gold_001\n"
               "     2  cup\n"
               "\n"
+              "Total: 2 interiors, 6 references, 2 doors, 2 teleports, 0 lights, 1 container with "
+              "27 items\n"
+              "\n"
               "No inconsistencies.\n");
 }
 
