@@ -9,20 +9,30 @@
 
 #include <algorithm>
 #include <iostream>
-#include <iterator>
 
 namespace Tarnex::Cli {
 
 namespace {
 
 constexpr const char* kStandardInput = "-";
+constexpr std::size_t kMostInput = std::size_t{64} << 20; // far beyond any configuration [bytes]
+
+// A stream need not end.
+std::string ReadInput() {
+    std::string text(kMostInput + 1, '\0');
+    std::cin.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(std::cin.gcount()));
+    if (text.size() > kMostInput) {
+        throw UsageError("standard input is larger than 64 MiB; name a file instead");
+    }
+    return text;
+}
 
 ConfigRecord RecordOf(const std::string& name) {
     if (name != kStandardInput) {
         return ConfigSource(name).Record();
     }
-    const std::string text(std::istreambuf_iterator<char>(std::cin), {});
-    return RecordConfigText(text, kStandardInput);
+    return RecordConfigText(ReadInput(), kStandardInput);
 }
 
 ExitStatus StatusOf(const Report::ConfigCheck& check) {

@@ -98,6 +98,12 @@ TEST_F(CheckTest, StandardInputIsOne) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(Contains(outcome.out, "-:1:1: error: there is no tile set\n")) << outcome.out;
 }
+
+TEST_F(CheckTest, StandardInputWithoutEndIsRefused) {
+    const Outcome outcome = RunAfter("exec </dev/zero", {"check", "-"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "vaultry: standard input is larger than 64 MiB; name a file instead\n");
+}
 #endif
 
 TEST_F(CheckTest, AMissingFileIsNamed) {
