@@ -38,6 +38,7 @@ void SetUp(CLI::App& app, Asked& asked, const std::vector<std::string>* words) {
     for (const Verb& row : Verbs()) {
         CLI::App& verb = *app.add_subcommand(row.name, row.help);
         verb.footer(row.footer);
+        verb.get_help_ptr()->group(kHeadings.back());
         if (words == nullptr || std::ranges::find(*words, row.name) != words->end()) {
             row.declare(verb, asked[row.name]);
         }
@@ -86,6 +87,7 @@ OptionHelp Describe(const CLI::Option& option) {
     }
     help.value = option.get_items_expected_max() > 0 ? option.get_type_name() : "";
     help.text = option.get_description();
+    help.heading = option.get_group();
     help.words = WordsOf(help);
     if (option.get_positional()) {
         help.argument = option.get_required() ? help.value : '[' + help.value + ']';

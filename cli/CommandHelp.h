@@ -2,10 +2,25 @@
 // What the command line understands, apart from the parser that reads it.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
 namespace Tarnex::Cli {
+
+/// Under what help lists the options of a verb that has many, in this order. The first are those of
+/// OptionGroup.
+enum class Heading { Dungeon, Shape, Chance, Repeat, Plugin, Maps, Searching, Reports };
+
+/// The texts, in the order of Heading.
+inline constexpr std::array<const char*, 8> kHeadings = {"What a dungeon is made of",
+                                                         "The shape of random levels",
+                                                         "Leaving things to chance",
+                                                         "Repeating a run",
+                                                         "The plug-in",
+                                                         "Maps and pages",
+                                                         "Searching",
+                                                         "Reports"};
 
 /// One switch or argument of a verb.
 struct OptionHelp {
@@ -14,6 +29,7 @@ struct OptionHelp {
     std::string text;
     std::string words;    ///< the values it takes, between blanks, when they are few
     std::string argument; ///< its sign in the line of usage, if it needs no switch
+    std::string heading;  ///< of kHeadings, or anything
 };
 
 struct VerbHelp {

@@ -15,32 +15,6 @@ constexpr std::size_t kTextColumn = 31;
 // A verb with no more options lists them without headings.
 constexpr std::size_t kFewOptions = 8;
 
-struct Group {
-    std::string_view heading;
-    std::string_view options; ///< their long names, between blanks
-};
-
-// As docs/options.md has them.
-constexpr std::array<Group, 8> kGroups = {{
-    {"What a dungeon is made of",
-     " --preset --random-preset --presets --config --keep-going --cell --fixed --template "
-     "--cave-template --tileset --cave-tileset --theme --creature-theme --treasure-theme "
-     "--platforms "},
-    {"The shape of random levels", " --levels --size --spacing --ensure-walkable "},
-    {"Leaving things to chance",
-     " --random-tileset --random-theme --random-creature-theme --min-level --max-level "
-     "--random-treasure-theme "},
-    {"Repeating a run", " --seed --content-seed --stamp --count "},
-    {"The plug-in", " --out --master --master-size --describe --strict "},
-    {"Maps and pages", " --map --html --look --scale "},
-    {"Searching", " --sample --seeds --where --sort --top --csv --merge --thumbnails --jobs "},
-    {"Reports", " --log --quiet --json --help "},
-}};
-
-bool Has(const Group& group, const OptionHelp& option) {
-    return group.options.find(' ' + option.names.back() + ' ') != std::string_view::npos;
-}
-
 // The words of a text in lines, those behind the first indented.
 std::string Wrapped(const std::string& text, std::size_t column, std::size_t indent) {
     std::istringstream words(text);
@@ -92,14 +66,12 @@ std::string Options(const VerbHelp& verb) {
         return Section("Options", verb, [](const OptionHelp&) { return true; });
     }
     std::string text;
-    for (const Group& group : kGroups) {
-        text +=
-            Section(group.heading, verb, [&group](const OptionHelp& o) { return Has(group, o); });
+    for (const char* const heading : kHeadings) {
+        text += Section(heading, verb, [heading](const OptionHelp& option) {
+            return option.heading == heading;
+        });
     }
-    return text + Section("Further options", verb, [](const OptionHelp& option) {
-               return std::ranges::none_of(
-                   kGroups, [&option](const Group& group) { return Has(group, option); });
-           });
+    return text;
 }
 
 std::string HelpOfVerb(const VerbHelp& verb) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Verbs.h"
 
+#include "cli/CommandHelp.h"
 #include "tools/facts/DungeonFacts.h"
 #include "tools/text/UsageError.h"
 
@@ -111,6 +112,11 @@ CLI::Option* AddValue(CLI::App& verb,
         ->type_name(type);
 }
 
+// Of the options that follow.
+void ListUnder(CLI::App& verb, Heading heading) {
+    verb.option_defaults()->group(kHeadings.at(static_cast<std::size_t>(heading)));
+}
+
 template <typename Field>
 CLI::Option*
 AddText(CLI::App& verb, const char* names, Field& field, const char* type, const char* help) {
@@ -163,6 +169,7 @@ std::string TakeScale(MapFileOptions& options, const std::string& text) {
 
 template <typename Config>
 void AddConfig(CLI::App& verb, Config& config, bool& keepGoing) {
+    ListUnder(verb, Heading::Dungeon);
     AddText(verb,
             "-c,--config",
             config,
@@ -221,6 +228,7 @@ void AddRunOptions(CLI::App& verb, GenerateOptions& options, unsigned use = 0) {
         if ((row.uses & use) != use) {
             continue;
         }
+        ListUnder(verb, static_cast<Heading>(row.group));
         CLI::Option* const option = AddRunOption(verb, row, options);
         CLI::Option* const rival = row.rival == nullptr
                                        ? nullptr
@@ -233,6 +241,7 @@ void AddRunOptions(CLI::App& verb, GenerateOptions& options, unsigned use = 0) {
 
 // By the words of help a shell completes what may follow.
 void AddPresets(CLI::App& verb, PresetOptions& options, bool byChance) {
+    ListUnder(verb, Heading::Dungeon);
     std::vector<std::string> names;
     for (const Report::Preset& preset : Report::BuiltinPresetList()) {
         names.push_back(preset.name);
@@ -251,6 +260,7 @@ void AddPresets(CLI::App& verb, PresetOptions& options, bool byChance) {
 }
 
 void AddMapFiles(CLI::App& verb, MapFileOptions& options) {
+    ListUnder(verb, Heading::Maps);
     AddText(
         verb, "--map", options.map, "FILE", "Draws every level, as .svg or .png (default: none)");
     AddText(
@@ -273,6 +283,7 @@ void AddSummary(CLI::App& verb, GenerateOptions& options) {
 }
 
 void AddReport(CLI::App& verb, GenerateOptions& options) {
+    ListUnder(verb, Heading::Reports);
     AddText(verb, "--log", options.log, "FILE", "Writes the generator's log (default: none)");
     AddSummary(verb, options);
 }
@@ -310,7 +321,9 @@ void AddGenerate(CLI::App& verb, Request& request) {
     auto& options = request.emplace<GenerateOptions>();
     AddPresets(verb, options.preset, true);
     AddConfig(verb, options.preset.config, options.keepGoing);
+    ListUnder(verb, Heading::Plugin);
     AddText(verb, "-o,--out", options.out, "FILE", "The plug-in (default: dungeon.esp)");
+    ListUnder(verb, Heading::Repeat);
     AddCount(verb,
              "--count",
              options.count,
@@ -346,6 +359,7 @@ void AddMap(CLI::App& verb, Request& request) {
 void AddSearch(CLI::App& verb, Request& request) {
     auto& options = request.emplace<SearchOptions>();
     verb.footer(SearchFooter());
+    ListUnder(verb, Heading::Searching);
     CLI::Option* seeds =
         AddText(verb, "--seeds", options.seeds, "A..B", "The seeds to try, A and B included");
     CLI::Option* sample = AddText(verb,
@@ -374,6 +388,7 @@ void AddSearch(CLI::App& verb, Request& request) {
              options.jobs,
              kMostJobs,
              "Dungeons made at once (default: one per processor)");
+    ListUnder(verb, Heading::Reports);
     AddSummary(verb, options.generate);
     AddPresets(verb, options.generate.preset, false);
     AddConfig(verb, options.generate.preset.config, options.generate.keepGoing);

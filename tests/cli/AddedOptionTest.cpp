@@ -36,6 +36,7 @@ protected:
     AddedOption added{{"roof",
                        &RunOptions::maxLevel,
                        kHelp,
+                       OptionGroup::Shape,
                        kForMaps | kForSearch | kShapesLevels | kRepeats | kReported}};
 };
 

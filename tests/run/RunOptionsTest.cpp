@@ -232,7 +232,8 @@ TEST_F(RunNamesTest, ALetterThatTheGameLacksMatchesNoQuestionMark) {
 TEST(AddedOptionTest, ARowGoesWithItsObject) {
     const std::size_t rows = RunOptionRows().size();
     {
-        const AddedOption added({"roof", &RunOptions::maxLevel, "The height of roofs"});
+        const AddedOption added(
+            {"roof", &RunOptions::maxLevel, "The height of roofs", OptionGroup::Shape});
         ASSERT_EQ(RunOptionRows().size(), rows + 1);
         EXPECT_EQ(FindRunOption("roof"), &RunOptionRows().back());
     }

@@ -48,7 +48,7 @@ constexpr unsigned kShape = kEverywhere | kShapesLevels;
 constexpr unsigned kHeader = kForSearch | kRepeats | kReported;
 
 OptionRow Named(const char* name, OptionField field, const char* help, const NamedChoice& choice, const char* rival = nullptr) {
-    OptionRow row{name, field, help, kShape};
+    OptionRow row{name, field, help, OptionGroup::Dungeon, kShape};
     row.choice = &choice;
     row.rival = rival;
     return row;
@@ -72,8 +72,8 @@ OptionRow Yields(const char* other, OptionRow row) {
 
 std::vector<OptionRow>& Table() {
     static std::vector<OptionRow> rows = {
-        {"cell",                  &Options::cell, "The cell (default: as the file, or dungeon)", kEverywhere | kNamed, "n"},
-        {"fixed",                 &Options::fixed, "One cell from a layout instead of random levels", kShape},
+        {"cell",                  &Options::cell, "The cell (default: as the file, or dungeon)", OptionGroup::Dungeon, kEverywhere | kNamed, "n"},
+        {"fixed",                 &Options::fixed, "One cell from a layout instead of random levels", OptionGroup::Dungeon, kShape},
         Yields("random-tileset", Named("tileset", &Options::tileSet, "The room tile set (default: first)", kRoomSet, "cave-tileset")),
         Yields("random-tileset", Named("cave-tileset", &Options::caveTileSet, "A cave tile set instead", kCaveSet, "tileset")),
         Needs("fixed", Named("template", &Options::layout, "The layout of --fixed (default: first)", kRoomLayout, "cave-template")),
@@ -81,26 +81,26 @@ std::vector<OptionRow>& Table() {
         Yields("random-theme", Named("theme", &Options::theme, "The furniture (default: first)", kTheme)),
         Yields("random-creature-theme", Named("creature-theme", &Options::creatureTheme, "The creatures (default: none)", kCreatures)),
         Yields("random-treasure-theme", Named("treasure-theme", &Options::treasureTheme, "The treasure (default: first)", kTreasure)),
-        Yields("fixed", Bounded({"levels", &Options::numLevels, "Levels, each a cell (default: 1)", kShape}, 1, kMaxLevels)),
-        Needs("random-creature-theme", {"min-level", &Options::minLevel, "Lowest level of a random creature theme (default: 1)", kShape}),
-        Needs("random-creature-theme", {"max-level", &Options::maxLevel, "Highest level of a random creature theme (default: 5)", kShape}),
-        Yields("fixed", {"size", &Options::levelSize, "Level size (default: Medium)", kShape | kNamed}),
-        Yields("fixed", {"spacing", &Options::roomSpacing, "Room spacing (default: Random)", kShape}),
-        Yields("fixed", {"random-tileset", &Options::randomTileSet, "Choose the tile set by chance", kShape}),
-        Yields("fixed", {"random-theme", &Options::randomTheme, "Choose the furniture by chance", kShape}),
-        Yields("fixed", {"random-creature-theme", &Options::randomCreatureTheme, "Choose the creatures by chance", kShape}),
-        Yields("fixed", {"random-treasure-theme", &Options::randomTreasureTheme, "Choose the treasure by chance", kShape}),
+        Yields("fixed", Bounded({"levels", &Options::numLevels, "Levels, each a cell (default: 1)", OptionGroup::Shape, kShape}, 1, kMaxLevels)),
+        Needs("random-creature-theme", {"min-level", &Options::minLevel, "Lowest level of a random creature theme (default: 1)", OptionGroup::Chance, kShape}),
+        Needs("random-creature-theme", {"max-level", &Options::maxLevel, "Highest level of a random creature theme (default: 5)", OptionGroup::Chance, kShape}),
+        Yields("fixed", {"size", &Options::levelSize, "Level size (default: Medium)", OptionGroup::Shape, kShape | kNamed}),
+        Yields("fixed", {"spacing", &Options::roomSpacing, "Room spacing (default: Random)", OptionGroup::Shape, kShape}),
+        Yields("fixed", {"random-tileset", &Options::randomTileSet, "Choose the tile set by chance", OptionGroup::Chance, kShape}),
+        Yields("fixed", {"random-theme", &Options::randomTheme, "Choose the furniture by chance", OptionGroup::Chance, kShape}),
+        Yields("fixed", {"random-creature-theme", &Options::randomCreatureTheme, "Choose the creatures by chance", OptionGroup::Chance, kShape}),
+        Yields("fixed", {"random-treasure-theme", &Options::randomTreasureTheme, "Choose the treasure by chance", OptionGroup::Chance, kShape}),
         // The seed that was found makes a walkable dungeon by itself.
-        {"ensure-walkable",       &Options::ensureWalkable, "Try further seeds until every room can be reached", kForMaps | kReported},
-        Needs("fixed", {"platforms", &Options::platforms, "Raise platforms in fixed cave interiors", kShape}),
+        {"ensure-walkable",       &Options::ensureWalkable, "Try further seeds until every room can be reached", OptionGroup::Shape, kForMaps | kReported},
+        Needs("fixed", {"platforms", &Options::platforms, "Raise platforms in fixed cave interiors", OptionGroup::Dungeon, kShape}),
         // Stands apart in lines and reports: a run always has one.
-        {"seed",                  &Options::seed, "Repeats a run (default: by chance)", kForMaps},
-        {"content-seed",          &Options::contentSeed, "Other contents in the plan of the seed (default: the seed's)", kShape},
-        {"master",                &Options::master, "The master file (default: the game's)", kHeader},
-        {"master-size",           &Options::masterSize, "The master file's size in bytes", kHeader},
-        Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", kForSearch | kRepeats}, 0, kMaxStamp),
-        {"describe",              &Options::describe, "Keep the line that makes it with the plug-in", kRepeats | kReported},
-        {"strict",                &Options::strict, "Write nothing if there was an error", kReported},
+        {"seed",                  &Options::seed, "Repeats a run (default: by chance)", OptionGroup::Repeat, kForMaps},
+        {"content-seed",          &Options::contentSeed, "Other contents in the plan of the seed (default: the seed's)", OptionGroup::Repeat, kShape},
+        {"master",                &Options::master, "The master file (default: the game's)", OptionGroup::Plugin, kHeader},
+        {"master-size",           &Options::masterSize, "The master file's size in bytes", OptionGroup::Plugin, kHeader},
+        Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", OptionGroup::Repeat, kForSearch | kRepeats}, 0, kMaxStamp),
+        {"describe",              &Options::describe, "Keep the line that makes it with the plug-in", OptionGroup::Plugin, kRepeats | kReported},
+        {"strict",                &Options::strict, "Write nothing if there was an error", OptionGroup::Plugin, kReported},
     };
     return rows;
 }

@@ -88,11 +88,21 @@ enum OptionUse : unsigned {
     kNamed = 32,       ///< where it counts, lines and margins name its default too
 };
 
+/// Under what help and documents list an option.
+enum class OptionGroup {
+    Dungeon, ///< what a dungeon is made of
+    Shape,   ///< the shape of random levels
+    Chance,  ///< leaving things to chance
+    Repeat,  ///< repeating a run
+    Plugin   ///< the plug-in
+};
+
 /// One option. Texts live as long as the program.
 struct OptionRow {
     const char* name;                    ///< of its switch, without the dashes
     OptionField field;                   ///< where its value stands
     const char* help;                    ///< one line, with the default
+    OptionGroup group;                   ///< where it is listed
     unsigned uses = 0;                   ///< of OptionUse
     const char* letter = nullptr;        ///< the short switch, if there is one
     std::int64_t least = 0;              ///< of a number
