@@ -65,7 +65,7 @@ thead th{background:var(--band);white-space:nowrap}tbody tr:target{outline:2px s
 td strong{color:var(--warn)}
 td ul{margin:0;padding:0;list-style:none;columns:18rem}
 @media screen and (max-width:48rem){body{padding:.75rem}.layers{position:static}
-.rooms,.containers{min-width:0}thead{position:absolute;clip-path:inset(50%)}
+.rooms,.containers{min-width:0}thead{display:none}
 tbody tr{display:block;border:1px solid var(--line);border-radius:6px;padding:.4rem .6rem;
 margin-bottom:.75rem}
 tbody th,tbody td{display:block;border:0;padding:.1rem 0;white-space:normal!important}
