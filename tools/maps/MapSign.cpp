@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/maps/MapSign.h"
 
+#include "tools/plugins/PluginIndex.h"
+
 #include <vaultry/foundation/Text.h>
 
 #include <algorithm>
@@ -10,12 +12,6 @@
 namespace Tarnex::Report {
 
 namespace {
-
-// The game's own lights are named so.
-bool IsLightId(std::string_view id) {
-    constexpr std::string_view kLight = "light_";
-    return EqualsNoCase(id.substr(0, kLight.size()), kLight);
-}
 
 bool LiesFlat(std::string_view id, const Di3Point& size) {
     const float side = std::min(std::abs(size.x), std::abs(size.y));

@@ -75,8 +75,8 @@ bool IsDoorId(std::string_view id) {
 }
 
 bool IsLightId(std::string_view id) {
-    constexpr std::string_view kLight = "LIGHT_";
-    return ToUpper(id.substr(0, kLight.size())) == kLight;
+    constexpr std::string_view kLight = "light_";
+    return EqualsNoCase(id.substr(0, kLight.size()), kLight);
 }
 
 bool IsFinite(const Di3Point& point) {
