@@ -8,6 +8,7 @@
 #include <vaultry/gen/Limits.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <numeric>
 #include <ostream>
@@ -47,7 +48,7 @@ std::uint64_t SizeOf(Mod& mod) {
 std::int64_t Worth(const Container& container, const ContentWorth& worth) {
     std::int64_t sum = 0;
     for (const auto& [id, count] : container.GetInventory()) {
-        sum = AddUpTo(sum, std::int64_t{worth.ItemValue(id)} * count);
+        sum = AddUpTo(sum, worth.StackValue(id, static_cast<std::int32_t>(count)));
     }
     return sum;
 }
@@ -167,6 +168,10 @@ std::int32_t ContentWorth::CreatureLevel(const std::string& id) const {
 
 std::int32_t ContentWorth::ItemValue(const std::string& id) const {
     return Find(values, id, 0);
+}
+
+std::int64_t ContentWorth::StackValue(const std::string& id, std::int32_t count) const {
+    return std::abs(std::int64_t{count}) * ItemValue(id);
 }
 
 DungeonTally Tally(Mod& mod,

@@ -33,6 +33,8 @@ public:
     std::int32_t CreatureLevel(const std::string& id) const;
     /// The worth of one item; 0 when it is not known. [gold pieces]
     std::int32_t ItemValue(const std::string& id) const;
+    /// The same of so many in a container; a count below 0 is of items that are refilled.
+    std::int64_t StackValue(const std::string& id, std::int32_t count) const;
 
 private:
     std::unordered_map<std::string, std::int32_t> levels;

@@ -108,11 +108,20 @@ TEST_F(TallyTest, TreasureIsWorthWhatTheCatalogueSays) {
     EXPECT_EQ(Count().containers, 2U);
 }
 
+TEST_F(TallyTest, WhatIsRefilledIsWorthNoLess) {
+    Know("Treasure", "Misc", "cup", 20);
+    mod.CreateContainer()->Add("cup", static_cast<std::uint32_t>(-2));
+    EXPECT_EQ(Count().treasure, 40);
+    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+    EXPECT_EQ(Report::ContentWorth(catalogue).StackValue("cup", kLeast),
+              20 * (std::int64_t{1} << 31));
+}
+
 TEST_F(TallyTest, TreasureBeyondAllNumbersStaysAtTheGreatest) {
     Know("Treasure", "Gold", "star", std::numeric_limits<std::int32_t>::max());
     const DiPtr<Container> chest = mod.CreateContainer();
     for (int i = 0; i < 5; ++i) {
-        chest->Add("star", std::numeric_limits<std::uint32_t>::max());
+        chest->Add("star", std::numeric_limits<std::int32_t>::max());
     }
     EXPECT_EQ(Count().treasure, std::numeric_limits<std::int64_t>::max());
 }
