@@ -10,13 +10,10 @@
 #include "tools/plugins/PluginChecks.h"
 #include "tools/plugins/PluginLoad.h"
 #include "tools/runs/Description.h"
-#include "tools/text/OrdinaryFile.h"
-#include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 
 #include <algorithm>
-#include <fstream>
 
 namespace Tarnex::Cli {
 
@@ -35,8 +32,7 @@ std::int64_t Treasure(const PluginFile& file, const Report::ContentWorth& worth)
     std::int64_t sum = 0;
     for (const PluginContainer& container : file.containers) {
         for (const PluginItem& item : container.items) {
-            const std::int64_t value = worth.ItemValue(item.id);
-            sum = Report::AddUpTo(sum, value * item.count);
+            sum = Report::AddUpTo(sum, worth.StackValue(item.id, item.count));
         }
     }
     return sum;
@@ -70,30 +66,16 @@ void AddKnown(Report::Inspection& inspection) {
     inspection.known = std::move(totals);
 }
 
-// The first bytes of a file, as many as the longest line that is read; empty when it cannot be
-// read.
-std::string StartOf(const std::string& path) try {
-    constexpr std::size_t kMost = 65536;
-    const std::size_t size = std::min<std::size_t>(Report::RequireOrdinaryFile(path), kMost);
-    std::string text(size, '\0');
-    std::ifstream stream(PathFromUtf8(path), std::ios::binary);
-    stream.read(text.data(), static_cast<std::streamsize>(size));
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-    return text;
-} catch (const UsageError&) {
-    return {};
-}
-
 // The line that made the plug-in, where it tells.
 std::string CommandOf(const Report::LoadedPlugin& plugin, const Console& console) {
     const std::string description = ToUtf8(plugin.file.header.description);
     if (!Report::StandsBeside(description)) {
         return Report::CommandIn(description);
     }
-    const std::string path = Report::PathBeside(plugin.path);
-    std::string command = Report::CommandIn(StartOf(path));
+    std::string command = Report::CommandBeside(plugin.path);
     if (command.empty()) {
-        console.Warn("\"" + path + "\" is to say how the plug-in was made, and does not");
+        console.Warn("\"" + Report::PathBeside(plugin.path) +
+                     "\" is to say how the plug-in was made, and does not");
     }
     return command;
 }

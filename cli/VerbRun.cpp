@@ -166,6 +166,7 @@ void VerbRun::Describe() {
         files->beside.reset();
         return;
     }
+    Report::RequireFreeBeside(*report.options.out);
     files->beside->Open(&CancelSignals::Status()) << description.beside;
     files->beside->Finish();
 }
@@ -185,13 +186,14 @@ Ending VerbRun::Filled() {
 }
 
 void VerbRun::Commit() {
-    if (files->beside) {
-        files->beside->Commit();
-        report.beside = {Report::PathBeside(*report.options.out), files->beside->Size()};
-    }
     if (files->output) {
         files->output->Commit();
         report.bytes = files->output->Size();
+    }
+    // Later than the plug-in, so that none that is still there gets the line of another.
+    if (files->beside) {
+        files->beside->Commit();
+        report.beside = {Report::PathBeside(*report.options.out), files->beside->Size()};
     }
     report.maps = files->maps->Commit();
 }

@@ -119,6 +119,22 @@ vaultry_result TellEnd(vaultry_generator& generator, RunEnd end) {
                                      : VAULTRY_REFUSED;
 }
 
+// Puts a finished plug-in into its place, and then, so that none that is still there gets the line
+// of another, the file beside it.
+void Commit(vaultry_generator& generator, const char* path, SafeFile& plugin) {
+    const std::string& beside = generator.run->beside;
+    if (beside.empty()) {
+        plugin.Commit();
+        return;
+    }
+    Report::RequireFreeBeside(path);
+    SafeFile line(Report::PathBeside(path));
+    line.Open(&generator.progress) << beside;
+    line.Finish();
+    plugin.Commit();
+    line.Commit();
+}
+
 // Unlike CreateMod this keeps a file that is there until the new one is whole, and as long as
 // errors speak against it: some are met only while it is written.
 vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
@@ -136,13 +152,7 @@ vaultry_result WriteMod(vaultry_generator& generator, const char* path) {
                      std::to_string(errors));
             return VAULTRY_REFUSED;
         }
-        if (const std::string& beside = generator.run->beside; !beside.empty()) {
-            SafeFile line(Report::PathBeside(path));
-            line.Open(&generator.progress) << beside;
-            line.Finish();
-            line.Commit();
-        }
-        file.Commit();
+        Commit(generator, path, file);
     } catch (const FileError& e) {
         fault = e.what();
     }

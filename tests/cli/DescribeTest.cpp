@@ -104,6 +104,21 @@ TEST_F(DescribeTest, NothingIsWrittenWhereTheFileBesideCannotBe) {
     }
 }
 
+TEST_F(DescribeTest, AFileOfSomebodyElseIsNotReplaced) {
+    Write("keep.esp.txt", "notes\n");
+    const Outcome outcome = Make(Long());
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Contains(outcome.err,
+                         "\"keep.esp.txt\" is to say how the plug-in was made, and holds something "
+                         "else: move it away, or name the plug-in otherwise"));
+    EXPECT_EQ(Files(), Lines{"keep.esp.txt"});
+    EXPECT_EQ(Read("keep.esp.txt"), "notes\n");
+    // One of an earlier plug-in is.
+    Write("keep.esp.txt", "vaultry 0.1.0: vaultry generate --seed 7\n");
+    EXPECT_EQ(Make(Long()).status, 0);
+    ExpectThatItMakes(LineOf("keep.esp"), "keep.esp");
+}
+
 TEST_F(DescribeTest, WithoutTheOptionNothingIsSaid) {
     Run({"generate", "--size", "tiny", "-o", "keep.esp", "--quiet"});
     EXPECT_EQ(LineOf("keep.esp"), "");

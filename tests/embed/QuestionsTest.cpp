@@ -9,6 +9,8 @@
 #include <nlohmann/json.hpp>
 
 #include <atomic>
+#include <filesystem>
+#include <fstream>
 #include <set>
 #include <string>
 #include <thread>
@@ -124,6 +126,12 @@ TEST_F(QuestionsTest, APluginThatIsDescribedTellsTheLineThatMakesIt) {
     Set("cell", std::string(250, 'n').c_str());
     ASSERT_EQ(vaultry_generate(own, file.c_str()), VAULTRY_OK);
     EXPECT_TRUE(Contains(ReadFile(file + ".txt"), vaultry_command_line(own)));
+    // But not in place of somebody's notes.
+    std::filesystem::remove(file);
+    std::ofstream(file + ".txt") << "notes";
+    EXPECT_EQ(vaultry_generate(own, file.c_str()), VAULTRY_NOT_WRITTEN);
+    EXPECT_EQ(ReadFile(file + ".txt"), "notes");
+    EXPECT_FALSE(std::filesystem::exists(file));
     // Nor does the next plug-in of the generator tell of this one.
     Set("describe", "false");
     Run();

@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "tools/runs/Description.h"
 
+#include "tools/text/OrdinaryFile.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/output/FileHeader.h>
+#include <vaultry/run/SafeFile.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
 
 namespace Tarnex::Report {
 
@@ -26,6 +32,20 @@ std::string_view SignedText(std::string_view description) {
     const std::size_t end = description.find(kBehindVersion);
     const bool isSigned = description.starts_with(kProgram) && end != std::string_view::npos;
     return isSigned ? description.substr(end + kBehindVersion.size()) : std::string_view();
+}
+
+// The first bytes of a file, as many as the longest line that is read; empty when it cannot be
+// read.
+std::string StartOf(const std::string& path) try {
+    constexpr std::size_t kMost = 65536;
+    const std::size_t size = std::min<std::size_t>(RequireOrdinaryFile(path), kMost);
+    std::string text(size, '\0');
+    std::ifstream stream(PathFromUtf8(path), std::ios::binary);
+    stream.read(text.data(), static_cast<std::streamsize>(size));
+    text.resize(static_cast<std::size_t>(stream.gcount()));
+    return text;
+} catch (const UsageError&) {
+    return {};
 }
 
 } // namespace
@@ -55,6 +75,20 @@ std::string CommandIn(std::string_view description) try {
     return request.seed ? GenerateCommandLine(request, *request.seed) : std::string();
 } catch (const UsageError&) {
     return {};
+}
+
+std::string CommandBeside(const std::string& plugin) {
+    return CommandIn(StartOf(PathBeside(plugin)));
+}
+
+void RequireFreeBeside(const std::string& plugin) {
+    const std::string path = PathBeside(plugin);
+    std::error_code unknown;
+    if (std::filesystem::exists(PathFromUtf8(path), unknown) && CommandBeside(plugin).empty()) {
+        throw FileError("\"" + path +
+                        "\" is to say how the plug-in was made, and holds something else: move it "
+                        "away, or name the plug-in otherwise");
+    }
 }
 
 } // namespace Tarnex::Report

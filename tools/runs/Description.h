@@ -31,4 +31,11 @@ bool StandsBeside(std::string_view description);
 /// file, it can be pasted.
 std::string CommandIn(std::string_view description);
 
+/// The same of the file beside a plug-in, which may be missing. The path is UTF-8.
+std::string CommandBeside(const std::string& plugin);
+
+/// Throws FileError when a file stands beside a plug-in, at a path in UTF-8, that is of somebody
+/// else: it must not be replaced.
+void RequireFreeBeside(const std::string& plugin);
+
 } // namespace Tarnex::Report
