@@ -100,6 +100,28 @@ TEST_F(LevelPlanTest, ThePlanHoldsTheFirstOnTheFloorInsideTheLevel) {
     EXPECT_EQ(plan.At(DiPos(4, 1, 0)).tile, PlanTile::Room);
 }
 
+TEST_F(LevelPlanTest, PartsBesideThePlanAreLeftOutHoweverFarTheyAre) {
+    for (const int place : {-2, 5, INT32_MIN, INT32_MAX}) {
+        AddPart("c c", 0, place, 0.0F);
+        AddPart("c c", place, 0, 0.0F);
+    }
+    // Two cells wide, so that one of them is on the plan.
+    AddPart("c c", 1, -1, 0.0F);
+    AddPart("c c", 1, 4, 0.0F);
+    const LevelPlan plan = PlanOf(*level);
+    EXPECT_EQ(std::ranges::count(plan.cells, PlanTile::Room, &PlanCell::tile), 2);
+    EXPECT_EQ(plan.At(DiPos(0, 1, 0)).tile, PlanTile::Room);
+    EXPECT_EQ(plan.At(DiPos(4, 1, 0)).tile, PlanTile::Room);
+}
+
+TEST_F(LevelPlanTest, PartsOfPartsAreNoFartherOutThanPlacesReach) {
+    const DiPtr<Layout> far = AddPart("c", 0, INT32_MAX, 0.0F);
+    const DiPtr<Layout> farther = Layout::Create(DiPos(1, 1, 0));
+    farther->SetOffset(Di3Point(3e9F, -3e9F, 0.0F));
+    far->AddChild(farther);
+    EXPECT_EQ(PartsOf(*level).back().origin, DiPos(kFarthestOrigin, -kFarthestOrigin, 0));
+}
+
 TEST_F(LevelPlanTest, CellsStandRowByRowAndKnowTheirPlace) {
     LevelPlan plan(DiPos(3, 2, 0));
     std::size_t last = 0;

@@ -37,6 +37,27 @@ void AddHidden(MapCell& drawn, const MapCell& hidden) {
     drawn.contents.insert(drawn.contents.end(), hidden.contents.begin(), hidden.contents.end());
 }
 
+// Between the level and what lies far from it a drawing would be nothing but empty. The first part
+// is the level. Returns the number of tiles left out.
+std::size_t DropDistant(std::vector<LevelPart>& parts) {
+    const DiPos size = parts.front().layout->GetSize();
+    const auto isDistant = [&size](const LevelPart& part) {
+        const DiPos& own = part.layout->GetSize();
+        return part.origin.x > size.x + kFarthestCell || part.origin.x < -own.x - kFarthestCell ||
+               part.origin.y > size.y + kFarthestCell || part.origin.y < -own.y - kFarthestCell;
+    };
+    std::size_t count = 0;
+    for (const LevelPart& part : parts) {
+        if (isDistant(part)) {
+            ForEachTiled(*part.layout, part.origin, [&](const GridElmt& elmt, const DiPos&) {
+                count += elmt.tiles.size();
+            });
+        }
+    }
+    std::erase_if(parts, isDistant);
+    return count;
+}
+
 std::vector<DiPos> TiledPlaces(const std::vector<LevelPart>& parts) {
     std::vector<DiPos> places;
     for (const LevelPart& part : parts) {
@@ -161,6 +182,7 @@ const MapCell* LevelMap::ArrivalCell() const {
 LevelMap MapOf(const FinishedLevel& level) {
     std::vector<LevelPart> parts = PartsOf(level.layout);
     LevelMap map;
+    map.leftOut = DropDistant(parts);
     map.name = Shown(level.cell.GetName());
     map.tileSet = Shown(level.tileSet.GetName());
     map.tileSize = level.tileSet.GetTileSize();

@@ -19,6 +19,10 @@
 
 namespace Tarnex::Report {
 
+/// A tile further than this from the middle of a plug-in's level is not drawn, nor a part of a
+/// level further than this from the level. [cells]
+inline constexpr std::int32_t kFarthestCell = 256;
+
 /// A stack in a container.
 struct MapItem {
     std::string name;

@@ -244,8 +244,10 @@ Middle MiddleOf(const MapCell& cell, const MapStand& stand, double reach) {
     const auto isWall = [&cell](TileDirT side) {
         return IsRoomLike(cell) && (cell.open & SideBit(side)) == 0;
     };
-    const double x = (stand.east + 0.5) * kCell;
-    const double y = (stand.south + 0.5) * kCell;
+    // What stands farther off its cell than any room is long is not to be looked for there.
+    constexpr double kFarthest = 8.0;
+    const double x = (std::clamp<double>(stand.east, -kFarthest, kFarthest) + 0.5) * kCell;
+    const double y = (std::clamp<double>(stand.south, -kFarthest, kFarthest) + 0.5) * kCell;
     return {cell.place.x * kCell + Inside(x, reach, isWall(DirW), isWall(DirE)),
             cell.place.y * kCell + Inside(y, reach, isWall(DirN), isWall(DirS))};
 }

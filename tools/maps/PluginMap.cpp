@@ -262,8 +262,8 @@ private:
         }
         const DiPos middle(Median(columns), Median(rows), 0);
         const auto isDistant = [&middle](const auto& placed) {
-            return std::abs(placed.cell.x - middle.x) > kFarthestCell ||
-                   std::abs(placed.cell.y - middle.y) > kFarthestCell;
+            return std::abs(std::int64_t{placed.cell.x} - middle.x) > kFarthestCell ||
+                   std::abs(std::int64_t{placed.cell.y} - middle.y) > kFarthestCell;
         };
         map.leftOut += std::erase_if(tiles, isDistant) + std::erase_if(things, isDistant);
     }

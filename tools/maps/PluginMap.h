@@ -12,9 +12,6 @@
 
 namespace Tarnex::Report {
 
-/// A tile further than this from the middle of its level is not drawn. [cells]
-inline constexpr std::int32_t kFarthestCell = 256;
-
 /// The containers of a plug-in by identifier, which is compared without regard to case.
 class PluginChests {
 public:

@@ -38,6 +38,16 @@ PlanTile TileOf(const GridElmt& elmt) {
     }
 }
 
+std::int32_t Beyond(std::int32_t from, std::int32_t distance) {
+    const std::int64_t sum = std::int64_t{from} + distance;
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(sum, -kFarthestOrigin, kFarthestOrigin));
+}
+
+DiPos Beyond(const DiPos& from, const DiPos& distance) {
+    return {Beyond(from.x, distance.x), Beyond(from.y, distance.y), 0};
+}
+
 } // namespace
 
 LevelPlan::LevelPlan(const DiPos& newSize) : size(newSize) {
@@ -82,7 +92,7 @@ std::vector<LevelPart> PartsOf(const Layout& level) {
         for (const DiPtr<Layout>& child : parent.layout->GetChildren()) {
             const float height = std::abs(child->GetOffset().z);
             parts.push_back({child.get(),
-                             parent.origin + OriginOf(*child),
+                             Beyond(parent.origin, OriginOf(*child)),
                              i == 0 && height <= kSameFloor,
                              parent.even && height == 0.0F});
         }

@@ -72,13 +72,19 @@ public:
     /// lies on the plan, for a layout that begins at `origin`.
     template <typename Visitor>
     void UnderTiles(const Layout& layout, const DiPos& origin, const Visitor& visit) {
-        const std::int32_t first = std::max(0, -origin.x);
-        const std::int32_t last = std::min(layout.GetSize().x, size.x - origin.x);
-        const std::int32_t lastRow = std::min(layout.GetSize().y, size.y - origin.y);
-        for (std::int32_t row = std::max(0, -origin.y); first < last && row < lastRow; ++row) {
-            PlanCell* cell = &At(origin + DiPos(first, row, 0));
+        // A configuration may put a layout anywhere at all.
+        const std::int64_t west = origin.x;
+        const std::int64_t north = origin.y;
+        const std::int64_t first = std::max<std::int64_t>(0, -west);
+        const std::int64_t last = std::min<std::int64_t>(layout.GetSize().x, size.x - west);
+        const std::int64_t lastRow = std::min<std::int64_t>(layout.GetSize().y, size.y - north);
+        for (std::int64_t row = std::max<std::int64_t>(0, -north); first < last && row < lastRow;
+             ++row) {
+            PlanCell* cell = &At(DiPos(static_cast<std::int32_t>(west + first),
+                                       static_cast<std::int32_t>(north + row),
+                                       0));
             const Layout::Row& elmts = layout.GetRow(static_cast<std::uint32_t>(row));
-            for (std::int32_t col = first; col < last; ++col, ++cell) {
+            for (std::int64_t col = first; col < last; ++col, ++cell) {
                 const DiPtr<GridElmt>& elmt = elmts[static_cast<std::size_t>(col)];
                 if (elmt && !elmt->tiles.empty()) {
                     visit(*cell, *elmt);
@@ -97,10 +103,14 @@ private:
     std::array<std::ptrdiff_t, 4> steps{}; // from a cell to the next on each side
 };
 
+/// No part is farther out than that: what lies there is far from any level, and a few sums of such
+/// places are still in range. [cells]
+inline constexpr std::int32_t kFarthestOrigin = 1 << 28;
+
 /// A layout of a level's tree with its place on the level.
 struct LevelPart {
     const Layout* layout; ///< not null
-    DiPos origin;         ///< [cells]
+    DiPos origin;         ///< [cells, up to kFarthestOrigin]
     bool sameFloor;       ///< see kSameFloor
     bool even;            ///< neither raised nor lowered
 };

@@ -112,6 +112,25 @@ TEST_F(LevelMapTest, PartsAtOtherHeightsAreDrawnWhereTheLevelIsEmpty) {
     layout->Dissolve();
 }
 
+TEST_F(LevelMapTest, PartsFarFromTheLevelAreLeftOutAndCounted) {
+    constexpr float kFarthest = Report::kFarthestCell;
+    const auto add = [this](float x, float y) {
+        const DiPtr<Layout> part = Layout::Create(DiPos(1, 1, 0));
+        part->SetOffset(Di3Point(x, y, -3.0F));
+        part->SetElmt(layout->GetElmt(1, 0), 0, 0);
+        layout->AddChild(part);
+    };
+    add(1.0F + kFarthest, 0.0F);
+    add(0.0F, -1.0F - kFarthest);
+    EXPECT_EQ(Map().leftOut, 0U);
+    add(2.0F + kFarthest, 0.0F);
+    add(0.0F, -2.0F - kFarthest);
+    add(3e9F, 3e9F);
+    add(-3e9F, -3e9F);
+    EXPECT_EQ(Map().leftOut, 4U);
+    layout->Dissolve();
+}
+
 TEST_F(LevelMapTest, NamesTheLevelBehindATeleportingDoor) {
     const DiPtr<Layout> other = Layout::Create(DiPos(1, 1, 0));
     other->SetName("Level 2");
