@@ -75,7 +75,9 @@ void PrintParts(const SearchReport& report, std::ostream& out) {
     for (const Search::Shortfall::Part& part : report.parts) {
         table.Add({ForTerminal(part.text), std::to_string(part.held), RangeWords(part.ranges)});
     }
-    out << "No dungeon is like that. Of " << Counted(report.outcome.done, "seed")
+    const bool all = report.outcome.end == Search::SearchEnd::Complete;
+    const std::uint64_t judged = report.outcome.done - report.lost.size();
+    out << "No dungeon " << (all ? "" : "so far ") << "is like that. Of " << Counted(judged, "seed")
         << ", so many pass each part:\n";
     table.Print(out, 2);
 }

@@ -330,6 +330,16 @@ TEST(SearchReportTest, DurationsAreShort) {
     EXPECT_EQ(Cli::Duration(7261), "2 h 1 min");
 }
 
+TEST(SearchReportTest, OnlySeedsThatWereJudgedPassOrNot) {
+    Cli::SearchReport report;
+    report.outcome = {Search::SearchEnd::Stopped, 5, 6};
+    report.lost = {{2, "no memory"}};
+    report.parts = Search::Shortfall("rooms").Parts();
+    std::ostringstream out;
+    Cli::PrintHits(report, out);
+    EXPECT_TRUE(Contains(out.str(), "No dungeon so far is like that. Of 4 seeds, so many pass"));
+}
+
 TEST(SearchReportTest, FactsAskedForAreListedFirst) {
     const auto fact = [](const char* name) { return Report::FindFact(name).value(); };
     const std::vector<std::size_t> columns =
