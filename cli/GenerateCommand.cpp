@@ -5,9 +5,12 @@
 #include "cli/PresetChoice.h"
 #include "cli/VerbRun.h"
 #include "tools/runs/Chosen.h"
+#include "tools/text/Json.h"
 
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/run/Run.h>
+
+#include <sstream>
 
 namespace Tarnex::Cli {
 
@@ -90,8 +93,16 @@ ExitStatus RunVerb(const GenerateOptions& options, const Console& console) {
     GenerateOptions all = options;
     all.seed = chance.seed;
     ExitStatus status = ExitStatus::Success;
+    Report::Json told = Report::Json::array();
     for (std::uint32_t i = 1; i <= all.count && status == ExitStatus::Success; ++i) {
-        status = GenerateOne(OneOf(all, i), console);
+        std::ostringstream object;
+        status = GenerateOne(OneOf(all, i), {object, console.err, console.errIsTerminal});
+        if (options.json) {
+            told.push_back(Report::Json::parse(object.str()));
+        }
+    }
+    if (options.json) {
+        console.out << Report::JsonText(told);
     }
     return status;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Several dungeons of one command.
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <string>
 #include <tests/cli/Program.h>
@@ -70,6 +71,14 @@ TEST_F(CountTest, AdviceForAllStandsBehindTheLast) {
     };
     EXPECT_EQ(count("copy them"), 1U) << outcome.err;
     EXPECT_EQ(count("player->positioncell"), 2U) << outcome.err;
+}
+
+TEST_F(CountTest, JsonIsAListOfThem) {
+    const auto list = nlohmann::json::parse(Make({"--count", "2", "--json"}).out);
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list.at(0).at("files").at(0).at("path"), "dungeon-1.esp");
+    EXPECT_EQ(list.at(1).at("files").at(0).at("path"), "dungeon-2.esp");
+    EXPECT_TRUE(nlohmann::json::parse(Make({"--count", "1", "--json"}).out).is_object());
 }
 
 TEST_F(CountTest, OneIsAsWithoutAndNoneIsAMistake) {
