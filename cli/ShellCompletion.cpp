@@ -16,10 +16,12 @@ namespace Tarnex::Cli {
 
 namespace {
 
-// Bash takes words apart at ":" and "=", and replaces only what stands behind these.
+// Bash takes words apart at ":" and "=", and replaces only what stands behind these. It quotes what
+// it inserts only if that is a file's name, but then ends what a folder is called with "/".
 constexpr const char* kBash = R"script(# Completion of vaultry for bash.
 _vaultry() {
-  local words=() part word='' joined='' line kind
+  local words=() part word='' joined='' line kind program=${COMP_WORDS[0]}
+  [[ $program != '~/'* ]] || program=$HOME/${program#'~/'}
   for part in "${COMP_WORDS[@]:1:COMP_CWORD}"; do
     word=$part
     case $word in
@@ -44,10 +46,16 @@ _vaultry() {
     while IFS=$'\t' read -r line _; do
       COMPREPLY+=("${line#"$start"}")
     done
-  } < <("${COMP_WORDS[0]}" __complete "${words[@]::${#words[@]}-1}" "=$typed" 2>/dev/null)
+  } < <("$program" __complete "${words[@]::${#words[@]}-1}" "=$typed" 2>/dev/null)
   case $kind in
   files) mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -- "$word") ;;
   folders) mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -d -- "$word") ;;
+  none)
+    if [[ ${#COMPREPLY[@]} == 1 && -d ${COMPREPLY[0]} ]]; then
+      compopt +o filenames
+      [[ $part == [\"\']* ]] || printf -v 'COMPREPLY[0]' %q "${COMPREPLY[0]}"
+    fi
+    ;;
   esac
 }
 complete -o filenames -F _vaultry vaultry
@@ -98,6 +106,8 @@ end
 complete -c vaultry -f -a '(__vaultry_complete)'
 )script";
 
+// A word in apostrophes ends at curved ones too; any of them twice stands for itself. Between
+// quotation marks more would have to be escaped, the curved ones among it.
 constexpr const char* kPowerShell = R"script(# Completion of vaultry for PowerShell.
 Register-ArgumentCompleter -Native -CommandName vaultry, vaultry.exe -ScriptBlock {
     param($typed, $ast, $cursor)
@@ -107,13 +117,20 @@ Register-ArgumentCompleter -Native -CommandName vaultry, vaultry.exe -ScriptBloc
     $program = $words[0]
     $before = @($words | Select-Object -Skip 1)
     $typed = $typed.Trim('"', "'")
-    [Console]::OutputEncoding = [Text.Encoding]::UTF8
-    $answer = @(& $program __complete @before "=$typed" 2>$null)
+    $encoding = [Console]::OutputEncoding
+    try {
+        [Console]::OutputEncoding = [Text.Encoding]::UTF8
+        $answer = @(& $program __complete @before "=$typed" 2>$null)
+    } finally {
+        [Console]::OutputEncoding = $encoding
+    }
     $answer | Select-Object -Skip 1 | ForEach-Object {
         $word, $text = $_ -split "`t", 2
         if (-not $text) { $text = $word }
         $shown = $word
-        if ($word -match '[^-\w.,:=/+]') { $shown = '"' + ($word -replace '([`$"])', '`$1') + '"' }
+        if ($word -match '[^-\w.,:=/+]') {
+            $shown = "'" + ($word -replace '([''\u2018-\u201B])', '$1$1') + "'"
+        }
         [Management.Automation.CompletionResult]::new($shown, $word, 'ParameterValue', $text)
     }
     if ($answer[0] -ne 'none') {

@@ -122,6 +122,18 @@ TEST_F(CompletionTest, AnUnknownShellIsRefused) {
 }
 
 // There is no such shell among Debian's packages.
+TEST_F(CompletionTest, PowerShellFindsNamesInApostrophes) {
+    const std::string script = Run({"completion", "powershell"}).out;
+    EXPECT_TRUE(Contains(script, R"("'" + ($word -replace '([''\u2018-\u201B])', '$1$1') + "'")"));
+    EXPECT_FALSE(Contains(script, "'\"' +"));
+}
+
+TEST_F(CompletionTest, PowerShellHasItsEncodingBack) {
+    const std::string script = Run({"completion", "powershell"}).out;
+    EXPECT_TRUE(Contains(script, "$encoding = [Console]::OutputEncoding\n    try {"));
+    EXPECT_TRUE(Contains(script, "finally {\n        [Console]::OutputEncoding = $encoding\n"));
+}
+
 TEST_F(CompletionTest, PowerShellAsksTheProgram) {
     const std::string script = Run({"completion", "powershell"}).out;
     EXPECT_TRUE(Contains(script, "Register-ArgumentCompleter -Native -CommandName vaultry"));
@@ -196,6 +208,25 @@ TEST_F(ShellCompletionTest, BashCompletesFilesOfAnyName) {
     EXPECT_EQ(Bash("vaultry inspect '$'"), "$(touch made)\n");
     EXPECT_EQ(Bash("vaultry inspect '*'"), "*\n");
     EXPECT_FALSE(std::filesystem::exists(File("made")));
+}
+
+TEST_F(ShellCompletionTest, BashTakesNoNameForAFolder) {
+    std::filesystem::create_directory(File("config"));
+    std::filesystem::create_directory(File("Smugglers' den"));
+    const auto bash = [this](const std::string& words) {
+        return Answers("bash",
+                       "source ./completion\ncompopt() { echo \"$@\"; }\nCOMP_WORDS=(" + words +
+                           ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_vaultry\n"
+                           "printf '%s\\n' \"${COMPREPLY[@]}\"\n");
+    };
+    EXPECT_EQ(bash("vaultry con"), "+o filenames\nconfig\n");
+    EXPECT_EQ(bash("vaultry generate --theme Smug"), "+o filenames\nSmugglers\\'\\ den\n");
+    EXPECT_EQ(bash("vaultry generate --theme '\"Smug'"), "+o filenames\nSmugglers' den\n");
+    EXPECT_EQ(bash("vaultry inspect con"), "config\n");
+}
+
+TEST_F(ShellCompletionTest, BashFindsTheProgramAtHome) {
+    EXPECT_EQ(Bash("'~/bin/vaultry' insp"), "inspect\n");
 }
 
 TEST_F(ShellCompletionTest, ZshOffersWhatTheProgramSays) {
