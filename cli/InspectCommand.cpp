@@ -68,14 +68,20 @@ void AddKnown(Report::Inspection& inspection) {
 
 // The line that made the plug-in, where it tells.
 std::string CommandOf(const Report::LoadedPlugin& plugin, const Console& console) {
-    const std::string description = ToUtf8(plugin.file.header.description);
-    if (!Report::StandsBeside(description)) {
-        return Report::CommandIn(description);
+    std::string description = ToUtf8(plugin.file.header.description);
+    std::string path = plugin.path;
+    const bool beside = Report::StandsBeside(description);
+    if (beside) {
+        description = Report::DescriptionBeside(path);
+        path = Report::PathBeside(path);
     }
-    std::string command = Report::CommandBeside(plugin.path);
-    if (command.empty()) {
-        console.Warn("\"" + Report::PathBeside(plugin.path) +
-                     "\" is to say how the plug-in was made, and does not");
+    std::string command = Report::CommandIn(description);
+    if (Report::IsKeptBack(description)) {
+        console.Warn("\"" + path +
+                     "\" holds the line that made the plug-in, which is not repeated "
+                     "since not every shell reads it alike");
+    } else if (beside && command.empty()) {
+        console.Warn("\"" + path + "\" is to say how the plug-in was made, and does not");
     }
     return command;
 }

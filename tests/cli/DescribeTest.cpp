@@ -86,6 +86,24 @@ TEST_F(DescribeTest, ALongerLineStandsInAFileBesideThePlugin) {
     EXPECT_FALSE(Contains(inspected.out, "Made by"));
 }
 
+TEST_F(DescribeTest, ALineThatNotEveryShellReadsAlikeIsNotRepeated) {
+    const std::string warning = "keep.esp\" holds the line that made the plug-in, which is not "
+                                "repeated since not every shell reads it alike";
+    Make({"-o", "keep.esp", "-n", "!&calc&"});
+    EXPECT_EQ(LineOf("keep.esp"), "");
+    const Outcome inspected = Run({"inspect", "keep.esp"});
+    EXPECT_FALSE(Contains(inspected.out, "Made by"));
+    EXPECT_TRUE(Contains(inspected.err, warning)) << inspected.err;
+}
+
+TEST_F(DescribeTest, SuchALineBesideIsKnownForItsOwn) {
+    Lines arguments = Long();
+    arguments[3].back() = '%';
+    EXPECT_EQ(Make(arguments).status, 0);
+    EXPECT_TRUE(Contains(Run({"inspect", "keep.esp"}).err, "keep.esp.txt\" holds the line"));
+    EXPECT_EQ(Make(arguments).status, 0);
+}
+
 TEST_F(DescribeTest, TheFileBesideIsReported) {
     Lines arguments = Long();
     arguments.emplace_back("--json");

@@ -114,23 +114,33 @@ TEST(HarmlessTextTest, JsonStandsForTheSameInHarmlessCharacters) {
 }
 
 TEST(HarmlessTextTest, WordsForAShellAreQuotedWhereTheyMust) {
-    EXPECT_EQ(ForShell("a-b_c./:,+@%=9Z"), "a-b_c./:,+@%=9Z");
+    EXPECT_EQ(ForShell("a-b_c./:,+@=9Z"), "a-b_c./:,+@=9Z");
     EXPECT_EQ(ForShell(""), "\"\"");
     EXPECT_EQ(ForShell("a b"), "\"a b\"");
     EXPECT_EQ(ForShell("it's"), "\"it's\"");
     EXPECT_EQ(ForShell("Höhle"), "\"Höhle\"");
     EXPECT_EQ(ForShell("C:\\my mods\\a.xml"), "\"C:\\my mods\\a.xml\"");
-    // Some shells take this for a command's path.
+    // Some shells take this for a command's path or for a variable.
     EXPECT_EQ(ForShell("=ls"), "\"=ls\"");
+    EXPECT_EQ(ForShell("@Home"), "\"@Home\"");
     EXPECT_EQ(ForShell("~"), "\"~\"");
 }
 
 TEST(HarmlessTextTest, WhatQuotationMarksChangeInSomeShellIsInApostrophes) {
     for (const char* word :
-         {"$(reboot)", "`ls`", "a \"b\"", "ha!", "%PATH% ", "a \\", "\\\\a b", "a “b”"}) {
+         {"$(reboot)", "`ls`", "a \"b\"", "ha!", "%PATH%", "a \\", "\\\\a b", "a “b”"}) {
         EXPECT_EQ(ForShell(word), "'" + std::string(word) + "'");
     }
     EXPECT_EQ(ForShell("it's $5"), "'it'\\''s $5'");
+}
+
+TEST(HarmlessTextTest, WhatEveryShellReadsAlikeIsKnown) {
+    for (const char* word : {"a-b", "", "a b", "it's", "=ls", "@Home", "&calc&", "C:\\my mods"}) {
+        EXPECT_TRUE(IsSameInEveryShell(word)) << word;
+    }
+    for (const char* word : {"$a", "!&calc&", "%PATH%", "a\"b", "a\\", "a\nb", "a“b", "\xFF"}) {
+        EXPECT_FALSE(IsSameInEveryShell(word)) << word;
+    }
 }
 
 TEST(HarmlessTextTest, DangerousCharactersAreNumbersForAShell) {

@@ -2,9 +2,11 @@
 #include "tools/runs/Description.h"
 
 #include "tools/text/OrdinaryFile.h"
+#include "tools/text/ShellWords.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/HarmlessText.h>
 #include <vaultry/output/FileHeader.h>
 #include <vaultry/run/SafeFile.h>
 
@@ -48,6 +50,20 @@ std::string StartOf(const std::string& path) try {
     return {};
 }
 
+// Whatever shell it is for.
+std::string LineIn(std::string_view description) try {
+    std::string_view line = SignedText(description);
+    line = line.substr(0, line.find_last_not_of("\r\n") + 1);
+    const RunRequest request = ReadCommandLine(line);
+    return request.seed ? GenerateCommandLine(request, *request.seed) : std::string();
+} catch (const UsageError&) {
+    return {};
+}
+
+bool IsForEveryShell(const std::string& line) {
+    return std::ranges::all_of(SplitCommandLine(line), IsSameInEveryShell);
+}
+
 } // namespace
 
 Description DescriptionOf(const RunRequest& request, std::uint32_t seed) {
@@ -68,23 +84,24 @@ bool StandsBeside(std::string_view description) {
     return SignedText(description) == kBeside;
 }
 
-std::string CommandIn(std::string_view description) try {
-    std::string_view line = SignedText(description);
-    line = line.substr(0, line.find_last_not_of("\r\n") + 1);
-    const RunRequest request = ReadCommandLine(line);
-    return request.seed ? GenerateCommandLine(request, *request.seed) : std::string();
-} catch (const UsageError&) {
-    return {};
+std::string CommandIn(std::string_view description) {
+    std::string line = LineIn(description);
+    return IsForEveryShell(line) ? line : std::string();
 }
 
-std::string CommandBeside(const std::string& plugin) {
-    return CommandIn(StartOf(PathBeside(plugin)));
+bool IsKeptBack(std::string_view description) {
+    return !IsForEveryShell(LineIn(description));
+}
+
+std::string DescriptionBeside(const std::string& plugin) {
+    return StartOf(PathBeside(plugin));
 }
 
 void RequireFreeBeside(const std::string& plugin) {
     const std::string path = PathBeside(plugin);
     std::error_code unknown;
-    if (std::filesystem::exists(PathFromUtf8(path), unknown) && CommandBeside(plugin).empty()) {
+    if (std::filesystem::exists(PathFromUtf8(path), unknown) &&
+        LineIn(DescriptionBeside(plugin)).empty()) {
         throw FileError("\"" + path +
                         "\" is to say how the plug-in was made, and holds something else: move it "
                         "away, or name the plug-in otherwise");

@@ -27,12 +27,16 @@ std::string PathBeside(const std::string& plugin);
 bool StandsBeside(std::string_view description);
 
 /// The line that makes the plug-in again, from a description or the file beside it (UTF-8); empty
-/// when there is none. It is put together anew from what was understood of it: whoever wrote the
-/// file, it can be pasted.
+/// when there is none, or one that is kept back. It is put together anew from what was understood
+/// of it: whoever wrote the file, it can be pasted.
 std::string CommandIn(std::string_view description);
 
-/// The same of the file beside a plug-in, which may be missing. The path is UTF-8.
-std::string CommandBeside(const std::string& plugin);
+/// Whether there is such a line, but one that not every shell reads alike: what is a word to one
+/// may be a command to another.
+bool IsKeptBack(std::string_view description);
+
+/// What the file beside a plug-in says, empty when it cannot be read. The path is UTF-8.
+std::string DescriptionBeside(const std::string& plugin);
 
 /// Throws FileError when a file stands beside a plug-in, at a path in UTF-8, that is of somebody
 /// else: it must not be replaced.

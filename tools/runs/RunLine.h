@@ -18,13 +18,13 @@ struct RunRequest : RunOptions {
     bool keepGoing = false;        ///< use what was read of a broken one, unless strict
 };
 
-/// The options that shape the levels, for a POSIX shell: the size, and each other that is not the
-/// default. With the same seed and configuration they make the same levels again.
+/// The options that shape the levels, each quoted by ForShell: the size, and each other that is not
+/// the default. With the same seed and configuration they make the same levels again.
 std::string LevelWords(const RunOptions& options);
 
-/// The command line that makes the dungeon of that seed, for a POSIX shell: every option that
-/// decides what is generated, unless it is the default; cell and size always, so that the line
-/// means the same should these defaults change. The seed of the request does not count.
+/// The command line that makes the dungeon of that seed, each value quoted by ForShell: every
+/// option that decides what is generated, unless it is the default; cell and size always, so that
+/// the line means the same should these defaults change. The seed of the request does not count.
 std::string GenerateCommandLine(const RunRequest& request, std::uint32_t seed);
 
 /// What a command line of `vaultry generate` asks for, each word plain or quoted as for a POSIX

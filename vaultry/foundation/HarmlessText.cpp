@@ -149,6 +149,12 @@ bool CanBeShown(std::string_view utf8) {
     return can;
 }
 
+// Zsh takes "=name" for the path of a command, PowerShell "@name" for the words of a variable.
+bool IsPlainWord(std::string_view word) {
+    return !word.empty() && word[0] != '=' && word[0] != '@' &&
+           std::ranges::all_of(word, IsPlainInShell);
+}
+
 } // namespace
 
 std::string ForTerminal(std::string_view utf8) {
@@ -202,13 +208,17 @@ std::string ForJson(std::string json) {
 }
 
 bool IsPlainInShell(char c) {
-    constexpr std::string_view kSigns = "_-./:,+@%=";
+    constexpr std::string_view kSigns = "_-./:,+@=";
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            kSigns.find(c) != std::string_view::npos;
 }
 
+bool IsSameInEveryShell(std::string_view word) {
+    return IsPlainWord(word) || (CanBeShown(word) && IsSameInQuotes(word));
+}
+
 std::string ForShell(std::string_view word) {
-    if (!word.empty() && word[0] != '=' && std::ranges::all_of(word, IsPlainInShell)) {
+    if (IsPlainWord(word)) {
         return std::string(word);
     }
     if (!CanBeShown(word)) {

@@ -37,7 +37,12 @@ VAULTRY_API std::string ForJson(std::string json);
 /// shell that knows $'...' and is another word, but no other command, for one that does not.
 VAULTRY_API std::string ForShell(std::string_view word);
 
-/// Whether a byte stands for itself in every shell, in any word that does not begin with "=".
+/// Whether these shells take what ForShell makes of the word for that word alike, so that it can be
+/// pasted into any of them whoever wrote it.
+VAULTRY_API bool IsSameInEveryShell(std::string_view word);
+
+/// Whether a byte stands for itself in every shell, in any word that begins with neither "=" nor
+/// "@".
 VAULTRY_API bool IsPlainInShell(char c);
 
 /// A line of the log, in the game's code page, where 80 to 9F are letters: what XML 1.0 does not

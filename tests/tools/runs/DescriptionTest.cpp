@@ -71,8 +71,21 @@ TEST(DescriptionTest, OnlyALineThatVaultryUnderstandsIsPassedOn) {
     EXPECT_EQ(Report::CommandIn("vaultry generate --seed 7"), "");
     // Whatever is quoted is quoted anew.
     EXPECT_EQ(
-        Report::CommandIn("vaultry 9.0: vaultry generate --seed 7 '--cell' 'a$b' --size large"),
-        "vaultry generate --seed 7 --cell 'a$b' --size Large");
+        Report::CommandIn("vaultry 9.0: vaultry generate --seed 7 '--cell' 'a&b' --size large"),
+        "vaultry generate --seed 7 --cell \"a&b\" --size Large");
+}
+
+TEST(DescriptionTest, WhatNotEveryShellReadsAlikeIsKeptBack) {
+    for (const std::string word :
+         {"'!&calc&'", "'%PATH%'", "'$(calc)'", "'a\"&calc&\"'", "$'a\\012calc'"}) {
+        const std::string description = kSigned + ("vaultry generate --seed 7 --cell " + word);
+        EXPECT_EQ(Report::CommandIn(description), "") << word;
+        EXPECT_TRUE(Report::IsKeptBack(description)) << word;
+    }
+    for (const char* line : {"vaultry generate --seed 7 --cell @Home", "ls", ""}) {
+        EXPECT_FALSE(Report::IsKeptBack(kSigned + std::string(line))) << line;
+    }
+    EXPECT_FALSE(Report::IsKeptBack("Auto-generated mod"));
 }
 
 } // namespace
