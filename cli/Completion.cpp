@@ -7,6 +7,7 @@
 #include "cli/LibraryLog.h"
 #include "tools/facts/DungeonFacts.h"
 #include "tools/runs/Offer.h"
+#include "tools/text/OrdinaryFile.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/HarmlessText.h>
@@ -91,11 +92,15 @@ Words FactWords() {
     return words;
 }
 
-// What an option takes by name from a configuration.
+// What an option takes by name from a configuration. A shell must not wait for the end of a pipe.
 Words NamesIn(const std::string& config, std::string_view option) {
+    const ConfigSource source(config);
+    if (source.Path()) {
+        Report::RequireOrdinaryFile(config);
+    }
     const LibraryLog log(std::nullopt);
     GenMgr manager;
-    ConfigSource(config).Load(manager);
+    source.Load(manager);
     Words words;
     for (const Report::OfferedList& list : Report::OfferedLists(manager)) {
         for (const Report::OfferedName& name : list.names) {

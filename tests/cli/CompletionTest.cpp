@@ -12,6 +12,10 @@
 #include <string>
 #include <vector>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace Tarnex::Test {
 
 namespace {
@@ -85,6 +89,16 @@ TEST_F(CompletionTest, ABrokenConfigurationOffersNothing) {
     Write("torn.xml", "<OstrelData>\n<Rug>\n");
     EXPECT_EQ(Offered({"generate", "-c", File("torn.xml"), "--tileset"}, ""), Lines{});
 }
+
+#ifndef _WIN32
+// Nobody writes to this one.
+TEST_F(CompletionTest, NoPipeIsWaitedFor) {
+    ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Offered({"generate", "-c", File("pipe"), "--theme"}, ""), Lines{});
+}
+#else
+VAULTRY_LEFT_OUT_ON_WINDOWS(CompletionTest, "has no named pipes among its files")
+#endif
 
 // A configuration comes from a stranger.
 TEST_F(CompletionTest, NamesThatCouldHarmAreLeftOut) {
