@@ -44,6 +44,9 @@ ExitStatus StatusOf(const Report::ConfigCheck& check) {
 } // namespace
 
 ExitStatus RunVerb(const CheckOptions& options, const Console& console) {
+    if (std::ranges::count(options.configs, kStandardInput) > 1) {
+        throw UsageError("standard input can be read only once: \"-\" is given twice");
+    }
     const EndingSignals ending;
     LibraryLog log(std::nullopt);
     const bool several = options.configs.size() > 1;

@@ -6,7 +6,10 @@
 namespace Tarnex::Cli {
 
 ExitStatus RunVerb(const ConfigOptions& options, const Console& console) {
-    console.out << FindBuiltin(options.name).text;
+    // As --config names it too.
+    const std::string prefix = std::string(kBuiltin) + ':';
+    const bool prefixed = options.name.starts_with(prefix);
+    console.out << FindBuiltin(prefixed ? options.name.substr(prefix.size()) : options.name).text;
     return ExitStatus::Success;
 }
 

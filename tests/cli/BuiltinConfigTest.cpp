@@ -26,6 +26,7 @@ TEST_F(BuiltinConfigTest, ConfigPrintsTheDefaultByteForByte) {
 
 TEST_F(BuiltinConfigTest, ConfigPrintsTheOneThatIsNamed) {
     const Outcome outcome = Run({"config", "caves"});
+    EXPECT_TRUE(Run({"config", "builtin:caves"}).out == outcome.out);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_FALSE(outcome.out.empty());
     EXPECT_TRUE(outcome.out == DataFile("caves.xml"));

@@ -99,6 +99,12 @@ TEST_F(CheckTest, StandardInputIsOne) {
     EXPECT_TRUE(Contains(outcome.out, "-:1:1: error: there is no tile set\n")) << outcome.out;
 }
 
+TEST_F(CheckTest, StandardInputIsReadOnce) {
+    const Outcome outcome = RunAfter("exec </dev/null", {"check", "-", "-"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "vaultry: standard input can be read only once: \"-\" is given twice\n");
+}
+
 TEST_F(CheckTest, StandardInputWithoutEndIsRefused) {
     const Outcome outcome = RunAfter("exec </dev/zero", {"check", "-"});
     EXPECT_EQ(outcome.status, 2);
