@@ -61,7 +61,7 @@ const OptionHelp* FindOption(const VerbHelp& verb, const std::string& name) {
 // The configuration that a run of these words would read.
 std::string ConfigAmong(const VerbHelp& verb, const std::vector<std::string>& words) {
     const OptionHelp* const option = FindOption(verb, "--config");
-    const std::string config = option == nullptr ? "" : ValueAmong(words, *option);
+    std::string config = option == nullptr ? "" : ValueAmong(words, *option);
     if (!config.empty()) {
         return config;
     }

@@ -154,6 +154,7 @@ ExitStatus RunVerb(const CompletionOptions& options, const Console& console) {
         kShells, [&options](const Shell& row) { return EqualsNoCase(row.name, options.shell); });
     if (shell == kShells.end()) {
         std::vector<std::string> names;
+        names.reserve(kShells.size());
         for (const Shell& row : kShells) {
             names.emplace_back(row.name);
         }
