@@ -88,9 +88,11 @@ public:
     /// The neighbour of one of the cells in `cells`, or null.
     /// @{
     const MapCell* Next(const MapCell& from, TileDirT side) const {
-        return Find(from.place + Sides()[side].step);
+        return Find(from.place + Sides()[static_cast<std::size_t>(side)].step);
     }
-    MapCell* Next(MapCell& from, TileDirT side) { return Find(from.place + Sides()[side].step); }
+    MapCell* Next(MapCell& from, TileDirT side) {
+        return Find(from.place + Sides()[static_cast<std::size_t>(side)].step);
+    }
     /// @}
 
     /// Where one of the cells in `cells` is.

@@ -64,8 +64,12 @@ public:
 
     /// The neighbour of a cell that is inside.
     /// @{
-    const PlanCell* Next(const PlanCell& from, TileDirT side) const { return &from + steps[side]; }
-    PlanCell* Next(PlanCell& from, TileDirT side) { return &from + steps[side]; }
+    const PlanCell* Next(const PlanCell& from, TileDirT side) const {
+        return &from + steps[static_cast<std::size_t>(side)];
+    }
+    PlanCell* Next(PlanCell& from, TileDirT side) {
+        return &from + steps[static_cast<std::size_t>(side)];
+    }
     /// @}
 
     /// Calls `visit` with the cell and the element for each element of a layout that has tiles and
