@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/gallery/Gallery.h"
+#include "tools/maps/MapHtml.h"
 #include "tools/maps/MapPanel.h"
 #include "tools/maps/MapStyle.h"
 #include "tools/maps/SvgText.h"
@@ -15,15 +16,9 @@ namespace {
 
 constexpr std::int32_t kAbove = 24; // of a grid
 
-// Nothing may be loaded, and nothing runs. The page is XML too, so that a mistake in it is found by
-// a parser.
-constexpr std::string_view kHead =
-    "<!DOCTYPE html>\n<html lang=\"en\" xmlns=\"http://www.w3.org/1999/xhtml\">\n<head>\n"
-    "<meta charset=\"utf-8\"/>\n"
-    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
-    "<meta http-equiv=\"Content-Security-Policy\" "
-    "content=\"default-src 'none'; style-src 'unsafe-inline'; img-src data:\"/>\n"
-    "<link rel=\"icon\" href=\"data:,\"/>\n";
+// The page is XML too, so that a mistake in it is found by a parser.
+constexpr std::string_view kOpening =
+    "<!DOCTYPE html>\n<html lang=\"en\" xmlns=\"http://www.w3.org/1999/xhtml\">\n<head>\n";
 
 constexpr std::string_view kStyle = R"(:root{color-scheme:light;--page:#fff;--ink:#222;
 --faint:#555;--line:#d5d0c4;--link:#6a2fb0}
@@ -106,7 +101,7 @@ void WriteGallery(const std::vector<GallerySection>& sections,
                   const std::string& config,
                   std::ostream& out) {
     const std::string title = "What " + ForMarkup(config) + " offers";
-    out << kHead << "<title>" << title << "</title>\n<style>\n"
+    out << kOpening << kPageHead << "<title>" << title << "</title>\n<style>\n"
         << kStyle << MapStyle(MapLook::Auto) << "</style>\n</head>\n<body>\n<header>\n<h1>" << title
         << "</h1>\n<p class=\"faint\">vaultry " VAULTRY_VERSION
            "; each picture is one small dungeon of many</p>\n"

@@ -17,15 +17,6 @@ namespace {
 
 constexpr std::int32_t kAbove = 24; // of a grid
 
-// Nothing may be loaded, and nothing runs: layers are switched by rules alone. The page is XML too,
-// so that a mistake in it is found by a parser.
-constexpr std::string_view kHead =
-    "<meta charset=\"utf-8\"/>\n"
-    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
-    "<meta http-equiv=\"Content-Security-Policy\" "
-    "content=\"default-src 'none'; style-src 'unsafe-inline'; img-src data:\"/>\n"
-    "<link rel=\"icon\" href=\"data:,\"/>\n";
-
 constexpr std::string_view kLightPage = R"(:root{color-scheme:light;--paper:#fff;--ink:#222;
 --faint:#555;--line:#d5d0c4;--band:#f6f2e8;--link:#6a2fb0;--warn:#c80000;--spot:#7a3fc0}
 )";
@@ -210,7 +201,7 @@ void WriteHtml(MapLevels& levels,
     const std::string title = ForMarkup(Title(survey.levels));
     const std::vector<MapLayer> layers = MapLayers(survey.legend);
     out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n"
-        << kHead << "<title>" << title << "</title>\n<style>\n"
+        << kPageHead << "<title>" << title << "</title>\n<style>\n"
         << PageStyle(look, layers) << "</style>\n</head>\n<body>\n<header>\n<h1>" << title
         << "</h1>\n";
     constexpr std::int32_t kUnbroken = 1'000'000;

@@ -7,8 +7,17 @@
 #include "tools/maps/MapSurvey.h"
 
 #include <ostream>
+#include <string_view>
 
 namespace Tarnex::Report {
+
+/// What the head of a page begins with. Nothing may be loaded, and nothing runs.
+inline constexpr std::string_view kPageHead =
+    "<meta charset=\"utf-8\"/>\n"
+    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
+    "<meta http-equiv=\"Content-Security-Policy\" "
+    "content=\"default-src 'none'; style-src 'unsafe-inline'; img-src data:\"/>\n"
+    "<link rel=\"icon\" href=\"data:,\"/>\n";
 
 /// Writes one page of its own that loads nothing and runs no script: every level with layers to
 /// switch, what is in each room, and what is in each container. Rooms on the map lead to the tables
