@@ -55,7 +55,7 @@ private:
 
     // What shells would act upon between quotation marks is refused, an escape too.
     std::string Quoted() {
-        const std::string text(UpTo('"', "a quotation mark"));
+        std::string text(UpTo('"', "a quotation mark"));
         const std::size_t sign = text.find_first_of("$`!%");
         if (sign != std::string::npos) {
             throw UsageError(Quote(text.substr(sign, 1)) + " stands between quotation marks");
