@@ -10,14 +10,15 @@ namespace Tarnex::Cli {
 
 /// Under what help lists the options of a verb that has many, in this order. The first are those of
 /// OptionGroup.
-enum class Heading { Dungeon, Shape, Chance, Repeat, Plugin, Maps, Searching, Reports };
+enum class Heading { Dungeon, Shape, Chance, Repeat, Plugin, Playable, Maps, Searching, Reports };
 
 /// The texts, in the order of Heading.
-inline constexpr std::array<const char*, 8> kHeadings = {"What a dungeon is made of",
+inline constexpr std::array<const char*, 9> kHeadings = {"What a dungeon is made of",
                                                          "The shape of random levels",
                                                          "Leaving things to chance",
                                                          "Repeating a run",
                                                          "The plug-in",
+                                                         "Playable without an editor",
                                                          "Maps and pages",
                                                          "Searching",
                                                          "Reports"};

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/output/Mod.h>
+#include <vaultry/output/PluginReader.h>
 
 #include <gtest/gtest.h>
 
@@ -86,6 +87,29 @@ TEST_F(ModTest, WhatIsAddedThroughAHandleIsWritten) {
     const std::vector<Record> records = WalkRecords(Written(mod));
     ASSERT_EQ(records.size(), 2U);
     EXPECT_EQ(Tags(records[1].subs), "NAME DATA INTV AMBI NAM0 FRMR NAME DATA");
+}
+
+TEST_F(ModTest, NumbersOfReferencesBeginAgainInEveryCellUnlessTheyAreToGoOn) {
+    for (const char* name : {"A", "B", "C"}) {
+        const DiPtr<Cell> cell = mod.CreateCell(name);
+        cell->AddRef(Ref("door"));
+        cell->AddRef(Ref("crate"));
+    }
+    const auto numbers = [this] {
+        std::string all;
+        for (const PluginCell& cell : ReadPlugin(Written(mod)).cells) {
+            for (const PluginRef& ref : cell.refs) {
+                all += std::to_string(ref.index) + ' ';
+            }
+        }
+        return all;
+    };
+    EXPECT_EQ(numbers(), "1 2 1 2 1 2 ");
+    mod.SetUniqueReferences(true);
+    EXPECT_EQ(numbers(), "1 2 3 4 5 6 ");
+    EXPECT_EQ(numbers(), "1 2 3 4 5 6 ");
+    mod.SetUniqueReferences(false);
+    EXPECT_EQ(numbers(), "1 2 1 2 1 2 ");
 }
 
 TEST_F(ModTest, SharesItsPartsWithTheHandlesOfTheCaller) {

@@ -5,6 +5,7 @@
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/LevelObserver.h>
 #include <vaultry/layout/LevelPlan.h>
+#include <vaultry/output/PluginReader.h>
 #include <vaultry/run/Run.h>
 
 #include <gtest/gtest.h>
@@ -65,6 +66,33 @@ TEST_F(RunTest, SeedAndStampAloneDecide) {
     EXPECT_EQ(again.stamp, 1);
     EXPECT_EQ(again.tries, 1U);
     EXPECT_EQ(again.levels.levels.size(), 1U);
+}
+
+// Four bytes of each reference, and nothing else.
+TEST_F(RunTest, ReferencesAreNumberedThroughAllCellsWhereTheyAreToBeUnique) {
+    options.numLevels = 3;
+    Generate();
+    const std::string before = Bytes();
+    options.uniqueReferences = true;
+    Generate();
+    const std::string bytes = Bytes();
+    ASSERT_EQ(bytes.size(), before.size());
+    PluginFile plain = ReadPlugin(before);
+    std::uint32_t number = 0;
+    std::string renumbered = before;
+    for (const PluginCell& cell : plain.cells) {
+        for (const PluginRef& ref : cell.refs) {
+            ++number;
+            for (std::size_t byte = 0; byte < 4; ++byte) {
+                renumbered.at(ref.offset + 8 + byte) = static_cast<char>(number >> 8 * byte);
+            }
+        }
+    }
+    EXPECT_GT(number, plain.cells.front().refs.size());
+    EXPECT_EQ(bytes, renumbered);
+    options.uniqueReferences = false;
+    Generate();
+    EXPECT_EQ(Bytes(), before);
 }
 
 TEST_F(RunTest, WhatChanceDecidesIsToldAndRepeats) {

@@ -46,7 +46,7 @@ void Cell::Write(std::ostream& stream) {
     WriteWord(stream, "NAM0", count);
     // What a stream that failed is given is lost anyway.
     for (std::uint32_t i = 0; i < count && stream.good(); ++i) {
-        refs[i].SetIndex(i + 1);
+        refs[i].SetIndex(firstNumber + i);
         refs[i].Write(stream);
     }
 }

@@ -41,16 +41,20 @@ public:
     /// references into GetRefs invalid.
     void AddRef(Ref ref) { refs.push_back(std::move(ref)); }
 
+    /// The number of the first reference, 1 unless it is set; the others follow it.
+    void NumberFrom(std::uint32_t number) { firstNumber = number; }
+
     /// Computes the record's data size, as Write does first.
     void UpdateSize();
     /// The data size last computed, without the record's header. [bytes] 0 before that.
     std::uint32_t GetRecordSize() const { return recordSize; }
 
-    /// Writes the record; the references are numbered from 1.
+    /// Writes the record, and numbers the references.
     void Write(std::ostream& stream) override;
 
 private:
     std::uint32_t recordSize = 0;
+    std::uint32_t firstNumber = 1;
     std::string name;
     std::uint32_t flags = 1; // an interior
     RGBColor ambient{71, 71, 71};

@@ -29,8 +29,11 @@ void Mod::Write(std::ostream& stream) {
     for (const DiPtr<Container>& container : containers) {
         container->Write(stream);
     }
+    std::uint32_t number = 1;
     for (const DiPtr<Cell>& cell : cells) {
+        cell->NumberFrom(number);
         cell->Write(stream);
+        number += uniqueReferences ? static_cast<std::uint32_t>(cell->GetRefs().size()) : 0;
     }
 }
 

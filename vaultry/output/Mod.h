@@ -32,6 +32,10 @@ public:
     /// See FileHeader::SetDescription.
     void SetDescription(const char* text);
 
+    /// Whether the numbers of references go on from cell to cell; off at first, when those of every
+    /// cell begin with 1.
+    void SetUniqueReferences(bool unique) { uniqueReferences = unique; }
+
     /// Makes a cell of that name at the end of the cell list. `name` is not null; nothing keeps two
     /// cells from having the same name.
     DiPtr<Cell> CreateCell(const char* name);
@@ -54,6 +58,7 @@ public:
 
 private:
     FileHeader header;
+    bool uniqueReferences = false;
     std::vector<DiPtr<Container>> containers;
     std::vector<DiPtr<Cell>> cells;
 };

@@ -46,8 +46,7 @@ public:
     /// Replaces the identifier; not null.
     void SetName(const char* newName) { name = newName; }
 
-    /// The number under which the reference is written, 1-based within its cell. Cell::Write gives
-    /// each its own.
+    /// The number under which the reference is written. Cell::Write gives each its own.
     void SetIndex(std::uint32_t newIndex) { index = newIndex; }
 
     /// Makes the reference a teleporting door. The destination's name is the cell that the door

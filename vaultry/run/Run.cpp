@@ -177,6 +177,7 @@ void Run::HandOver(const RunOptions& wanted) const {
     const std::string master = FromUtf8(wanted.master.value_or(""));
     manager.SetMasterFile(wanted.master ? master.c_str() : nullptr, wanted.masterSize.value_or(0));
     manager.mod.SetDescription(nullptr);
+    manager.mod.SetUniqueReferences(wanted.uniqueReferences);
     manager.SetAddPlatforms(wanted.platforms);
     manager.SetRandomInfo(wanted);
     manager.SetNameSingleLevel(true);

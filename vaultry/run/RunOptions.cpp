@@ -101,6 +101,7 @@ std::vector<OptionRow>& Table() {
         Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", OptionGroup::Repeat, kForSearch | kRepeats}, 0, kMaxStamp),
         {"describe",              &Options::describe, "Keep the line that makes it with the plug-in", OptionGroup::Plugin, kRepeats | kReported},
         {"strict",                &Options::strict, "Write nothing if there was an error", OptionGroup::Plugin, kReported},
+        {"unique-references",     &Options::uniqueReferences, "No number of a reference twice in the plug-in", OptionGroup::Playable, kHeader},
     };
     return rows;
 }

@@ -56,6 +56,7 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     std::optional<std::int64_t> stamp;        ///< in container identifiers; by chance without
     bool describe = false; ///< to whoever writes: the plug-in tells what line makes it again
     bool strict = false;   ///< to whoever writes: nothing if there was an error
+    bool uniqueReferences = false; ///< numbers of references go on from cell to cell
 };
 
 /// Where an option stands. The kind of option follows from the type. An option of an optional field
@@ -94,7 +95,8 @@ enum class OptionGroup {
     Shape,   ///< the shape of random levels
     Chance,  ///< leaving things to chance
     Repeat,  ///< repeating a run
-    Plugin   ///< the plug-in
+    Plugin,  ///< the plug-in
+    Playable ///< what the game needs besides, instead of its editor
 };
 
 /// One option. Texts live as long as the program.
