@@ -36,7 +36,7 @@ bool ReadTable(const std::string& path,
                const Search::Condition& where,
                const CancelSignals& signals,
                std::size_t most,
-               MergedHits& hits) {
+               MergedTables& tables) {
     Report::RequireOrdinaryFile(path);
     std::ifstream stream(PathFromUtf8(path), std::ios::binary);
     if (!stream) {
@@ -51,10 +51,15 @@ bool ReadTable(const std::string& path,
         }
         hit->command = UnderstoodCommand(*hit, lines, reader);
         if (!where.Holds(hit->values)) {
+            ++tables.missed;
+            // Of interest only while nothing is found.
+            if (tables.hits.empty()) {
+                tables.shortfall.Note(hit->values);
+            }
             continue;
         }
-        hits.insert(*std::move(hit));
-        if (hits.size() > most) {
+        tables.hits.insert(*std::move(hit));
+        if (tables.hits.size() > most) {
             reader.Refuse("more than " + std::to_string(most) +
                           " dungeons are not merged at once; ask for fewer with --where");
         }
@@ -64,22 +69,21 @@ bool ReadTable(const std::string& path,
 
 } // namespace
 
-MergedHits ReadTables(const std::vector<std::string>& paths,
-                      const Search::Condition& where,
-                      const CancelSignals& signals,
-                      std::vector<std::string>& older,
-                      std::size_t most) {
-    MergedHits hits;
+MergedTables ReadTables(const std::vector<std::string>& paths,
+                        const Search::Condition& where,
+                        const CancelSignals& signals,
+                        std::size_t most) {
+    MergedTables tables{{}, {}, 0, Search::Shortfall(where)};
     for (const std::string& path : paths) {
         try {
-            if (ReadTable(path, where, signals, most, hits)) {
-                older.push_back(path);
+            if (ReadTable(path, where, signals, most, tables)) {
+                tables.older.push_back(path);
             }
         } catch (const std::ios_base::failure&) {
             throw UsageError("the table \"" + path + "\" cannot be read");
         }
     }
-    return hits;
+    return tables;
 }
 
 std::string OlderTable(const std::string& path) {

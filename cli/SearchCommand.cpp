@@ -116,14 +116,13 @@ ExitStatus Merge(SearchReport& report, const Query& query, const Console& consol
     if (options.generate.out) {
         table.emplace(*options.generate.out);
     }
-    std::vector<std::string> older;
-    MergedHits all = ReadTables(options.merge, query.where, signals, older);
-    for (const std::string& path : older) {
+    MergedTables all = ReadTables(options.merge, query.where, signals);
+    for (const std::string& path : all.older) {
         console.Warn(OlderTable(path));
     }
     Search::Ranking ranking(query.order, options.top);
-    while (!all.empty() && !signals.Requested()) {
-        ranking.Add(std::move(all.extract(all.begin()).value()));
+    while (!all.hits.empty() && !signals.Requested()) {
+        ranking.Add(std::move(all.hits.extract(all.hits.begin()).value()));
     }
     if (signals.Requested()) {
         console.Say("cancelled, nothing was merged");
@@ -131,6 +130,10 @@ ExitStatus Merge(SearchReport& report, const Query& query, const Console& consol
     }
     report.found = ranking.Added();
     report.hits = ranking.Take();
+    if (report.found == 0 && all.missed > 0) {
+        report.outcome.done = all.missed;
+        report.parts = all.shortfall.Parts();
+    }
     const bool written = WriteTable(table, report.hits, console);
     Tell(report, !options.generate.quiet, console);
     return StatusOf(EndingOf(report, written));
@@ -192,11 +195,11 @@ public:
     Watcher(SearchReport& searchReport,
             Search::Ranking& searchRanking,
             const CancelSignals& cancelSignals,
+            const Search::Condition& where,
             const Console& searchConsole)
         : report(searchReport), ranking(searchRanking), signals(cancelSignals),
           console(searchConsole), start(Clock::now()),
-          line(console.Progress(report.options.generate.quiet), signals, 1),
-          shortfall(report.options.where) {}
+          line(console.Progress(report.options.generate.quiet), signals, 1), shortfall(where) {}
 
     void Found(Report::FactValues values) override {
         const auto seed = static_cast<std::uint32_t>(values.front());
@@ -339,7 +342,7 @@ void Judge(VerbRun& run,
            SearchReport& report,
            const Console& console) {
     Search::Ranking ranking(query.order, report.options.top);
-    Watcher watcher(report, ranking, run.Signals(), console);
+    Watcher watcher(report, ranking, run.Signals(), query.where, console);
     const Beginning beginning{
         run.report.options, config, run.Problems(), query.where, report.scattered};
     report.outcome =

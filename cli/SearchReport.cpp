@@ -71,14 +71,14 @@ void PrintParts(const SearchReport& report, std::ostream& out) {
     }
     using Align = Report::TextTable::Align;
     Report::TextTable table({Align::Left, Align::Right, Align::Left});
-    table.Add({"condition", "seeds", "seen"});
+    table.Add({"condition", report.range ? "seeds" : "dungeons", "seen"});
     for (const Search::Shortfall::Part& part : report.parts) {
         table.Add({ForTerminal(part.text), std::to_string(part.held), RangeWords(part.ranges)});
     }
     const bool all = report.outcome.end == Search::SearchEnd::Complete;
     const std::uint64_t judged = report.outcome.done - report.lost.size();
-    out << "No dungeon " << (all ? "" : "so far ") << "is like that. Of " << Counted(judged, "seed")
-        << ", so many pass each part:\n";
+    out << "No dungeon " << (all ? "" : "so far ") << "is like that. Of "
+        << Counted(judged, report.range ? "seed" : "dungeon") << ", so many pass each part:\n";
     table.Print(out, 2);
 }
 

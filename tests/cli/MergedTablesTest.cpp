@@ -113,23 +113,31 @@ TEST_F(MergedTablesTest, AFileOfZerosIsRefusedAtItsStart) {
         << outcome.err;
 }
 
+TEST_F(MergedTablesTest, NothingFoundTellsHowNearTheyCome) {
+    Write("a.csv", Table({"vaultry generate --seed 7", "vaultry generate --seed 8"}));
+    const Lines search = {"search", "--merge", "a.csv", "--where", "rooms>1 and seed>7"};
+    EXPECT_EQ(Run(search).out,
+              "No dungeon is like that. Of 2 dungeons, so many pass each part:\n"
+              "  condition  dungeons  seen\n"
+              "  rooms>1           0  rooms -3\n"
+              "  seed>7            1  seed 7 to 8\n");
+}
+
 TEST_F(MergedTablesTest, ASignalEndsTheReading) {
     Write("a.csv", Table({"no command at all"}));
     const Cli::CancelSignals signals;
-    std::vector<std::string> older;
     std::raise(SIGINT);
     // The row, which would be refused, is not reached.
-    EXPECT_TRUE(Cli::ReadTables({File("a.csv")}, {}, signals, older).empty());
+    EXPECT_TRUE(Cli::ReadTables({File("a.csv")}, {}, signals).hits.empty());
 }
 
 TEST_F(MergedTablesTest, AsManyDungeonsAsAreAllowedAreMerged) {
     Write("a.csv", Table({"vaultry generate --seed 7", "vaultry generate --seed 8"}));
     const Cli::CancelSignals signals;
-    std::vector<std::string> older;
     // What stands in both tables counts once.
-    EXPECT_EQ(Cli::ReadTables({File("a.csv"), File("a.csv")}, {}, signals, older, 2).size(), 2U);
+    EXPECT_EQ(Cli::ReadTables({File("a.csv"), File("a.csv")}, {}, signals, 2).hits.size(), 2U);
     try {
-        Cli::ReadTables({File("a.csv")}, {}, signals, older, 1);
+        Cli::ReadTables({File("a.csv")}, {}, signals, 1);
         FAIL();
     } catch (const UsageError& e) {
         EXPECT_EQ(e.what(),

@@ -332,9 +332,10 @@ TEST(SearchReportTest, DurationsAreShort) {
 
 TEST(SearchReportTest, OnlySeedsThatWereJudgedPassOrNot) {
     Cli::SearchReport report;
+    report.range = Search::SeedRange{1, 9};
     report.outcome = {Search::SearchEnd::Stopped, 5, 6};
     report.lost = {{2, "no memory"}};
-    report.parts = Search::Shortfall("rooms").Parts();
+    report.parts = Search::Shortfall(Search::Condition("rooms")).Parts();
     std::ostringstream out;
     Cli::PrintHits(report, out);
     EXPECT_TRUE(Contains(out.str(), "No dungeon so far is like that. Of 4 seeds, so many pass"));

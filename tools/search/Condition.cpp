@@ -101,6 +101,7 @@ public:
     Parser(Condition& target, std::string_view condition_, std::string_view conditionName)
         : condition(target), text(condition_), name(conditionName) {
         Next();
+        first = part = token.place;
     }
 
     void Parse() {
@@ -111,10 +112,15 @@ public:
         if (token.kind != Kind::End) {
             Refuse(token, "\"and\", \"or\" or the end is expected, not " + Named(token));
         }
+        EndPart();
+        if (divided) {
+            condition.parts = {std::string(text.substr(first, end - first))};
+        }
     }
 
 private:
     void Next() {
+        end = place;
         place = std::min(text.find_first_not_of(" \t\n\r", place), text.size());
         token = {Kind::End, {}, place};
         if (place < text.size()) {
@@ -145,9 +151,17 @@ private:
 
     void Add(const Instruction& instruction) { condition.program.push_back(instruction); }
 
+    // The part before the token is whole.
+    void EndPart() {
+        if (depth == 0) {
+            condition.parts.emplace_back(text.substr(part, end - part));
+        }
+    }
+
     void ParseOr() {
         ParseAnd();
         while (Accept("or")) {
+            divided = divided || depth == 0;
             ParseAnd();
             Add({Act::Or});
         }
@@ -155,7 +169,10 @@ private:
 
     void ParseAnd() {
         ParseFactor();
-        while (Accept("and")) {
+        while (Is("and")) {
+            EndPart();
+            Next();
+            part = depth == 0 ? token.place : part;
             ParseFactor();
             Add({Act::And});
         }
@@ -259,6 +276,10 @@ private:
     std::string_view name;
     std::size_t place = 0; // behind the token
     Token token;
+    std::size_t end = 0;   // of what stands before the token, blanks left out
+    std::size_t first = 0; // of all tokens,
+    std::size_t part = 0;  // of those of the part
+    bool divided = false;  // by an "or" outside of parentheses
     int depth = 0;
 };
 

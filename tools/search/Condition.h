@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -32,6 +33,10 @@ public:
     explicit Condition(std::string_view text, std::string_view name = "--where");
 
     bool Holds(const Report::FactValues& values) const;
+
+    /// The texts of the conditions that `and` joins, in their order: all of them must hold. What
+    /// `or` divides is one by itself.
+    const std::vector<std::string>& Parts() const { return parts; }
 
     /// The numbers of the facts that are asked for, each once, in order.
     const std::vector<std::size_t>& FactsUsed() const { return used; }
@@ -60,6 +65,7 @@ private:
 
     std::vector<Instruction> program;
     std::vector<std::size_t> used;
+    std::vector<std::string> parts;
 };
 
 } // namespace Tarnex::Search

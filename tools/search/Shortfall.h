@@ -6,14 +6,9 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace Tarnex::Search {
-
-/// The conditions that `and` joins, in their order: all of them must hold. One that `or` divides is
-/// a part by itself. The text is a condition, or empty.
-std::vector<std::string> PartsOf(std::string_view condition);
 
 /// How near the dungeons come that are not wanted, for each part of the condition.
 class Shortfall {
@@ -32,8 +27,7 @@ public:
         std::vector<Range> ranges; ///< of the facts that it asks for
     };
 
-    /// Throws UsageError for what is no condition.
-    explicit Shortfall(std::string_view condition);
+    explicit Shortfall(const Condition& condition);
 
     void Note(const Report::FactValues& values);
 

@@ -202,6 +202,20 @@ TEST(ConditionLimitsTest, AnyTextIsJudgedOrRefused) {
     EXPECT_GT(judged, 100);
 }
 
+TEST(ConditionPartsTest, AndDividesAConditionWhereOrDoesNot) {
+    using Parts = std::vector<std::string>;
+    const auto partsOf = [](const char* text) { return Condition(text).Parts(); };
+    EXPECT_EQ(partsOf("rooms>=12 AND walkable\n and not loops < 2\t"),
+              (Parts{"rooms>=12", "walkable", "not loops < 2"}));
+    EXPECT_EQ(partsOf("rooms>=12 and (walkable and loops or doors)"),
+              (Parts{"rooms>=12", "(walkable and loops or doors)"}));
+    EXPECT_EQ(partsOf(" rooms and loops or doors "), Parts{"rooms and loops or doors"});
+    EXPECT_EQ(partsOf("(rooms)and(loops)"), (Parts{"(rooms)", "(loops)"}));
+    EXPECT_EQ(partsOf("not (rooms and not loops)and dead-ends"),
+              (Parts{"not (rooms and not loops)", "dead-ends"}));
+    EXPECT_TRUE(Condition().Parts().empty());
+}
+
 } // namespace
 
 } // namespace Tarnex::Test

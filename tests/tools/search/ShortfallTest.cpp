@@ -7,9 +7,8 @@ namespace Tarnex::Test {
 
 namespace {
 
-using Search::PartsOf;
+using Search::Condition;
 using Search::Shortfall;
-using Parts = std::vector<std::string>;
 
 // A dungeon with that many rooms and loops.
 Report::FactValues Dungeon(std::int64_t rooms, std::int64_t loops) {
@@ -19,18 +18,8 @@ Report::FactValues Dungeon(std::int64_t rooms, std::int64_t loops) {
     return values;
 }
 
-TEST(ShortfallTest, AndDividesAConditionWhereOrDoesNot) {
-    EXPECT_EQ(PartsOf("rooms>=12 AND walkable and not loops < 2"),
-              (Parts{"rooms>=12", "walkable", "not loops < 2"}));
-    EXPECT_EQ(PartsOf("rooms>=12 and (walkable and loops or doors)"),
-              (Parts{"rooms>=12", "(walkable and loops or doors)"}));
-    EXPECT_EQ(PartsOf(" rooms and loops or doors "), Parts{"rooms and loops or doors"});
-    EXPECT_EQ(PartsOf("(rooms)and(loops)"), (Parts{"(rooms)", "(loops)"}));
-    EXPECT_EQ(PartsOf("dead-ends"), Parts{"dead-ends"});
-}
-
 TEST(ShortfallTest, TellsHowManyPassAndWhatWasSeen) {
-    Shortfall shortfall("rooms>=9 and loops<=rooms");
+    Shortfall shortfall(Condition("rooms>=9 and loops<=rooms"));
     shortfall.Note(Dungeon(4, 2));
     shortfall.Note(Dungeon(8, 9));
     shortfall.Note(Dungeon(6, 0));
@@ -47,7 +36,7 @@ TEST(ShortfallTest, TellsHowManyPassAndWhatWasSeen) {
 }
 
 TEST(ShortfallTest, WithoutAConditionThereIsNothingToPass) {
-    Shortfall shortfall("  ");
+    Shortfall shortfall{Condition()};
     shortfall.Note(Dungeon(1, 1));
     EXPECT_TRUE(shortfall.Parts().empty());
 }
