@@ -176,6 +176,8 @@ Request ParseArguments(const std::vector<std::string>& arguments) {
         throw UsageError(WrongCount(e));
     } catch (const CLI::ExtrasError&) {
         throw UsageError(AnswerToWords(VerbOf(app), app.remaining(true)));
+    } catch (const CLI::RequiredError&) {
+        throw UsageError(AnswerToMissing(VerbOf(app), app.remaining(true)));
     } catch (const CLI::ParseError& e) {
         throw UsageError(std::string(e.what()) + "; see \"vaultry " + VerbOf(app) + " --help\"");
     }

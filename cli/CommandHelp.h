@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -49,11 +50,14 @@ struct CommandHelp {
 /// The whole command line.
 CommandHelp DescribeCommandLine();
 
-/// What `vaultry help VERB` prints, in 80 columns; without a verb of that name, of all verbs.
+/// The columns of help.
+inline constexpr std::size_t kHelpWidth = 80;
+
+/// What `vaultry help VERB` prints, in these columns; without a verb of that name, of all verbs.
 std::string HelpText(const CommandHelp& help, const std::string& verb);
 
-/// A footer in 80 columns.
-std::string WrappedLines(const std::string& footer);
+/// A footer in so many columns; lines that are indented stay as they are.
+std::string WrappedLines(const std::string& footer, std::size_t width = kHelpWidth);
 
 /// The page of `man vaultry`, for the system's formatter.
 std::string ManualPage(const CommandHelp& help);

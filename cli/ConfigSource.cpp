@@ -9,8 +9,10 @@
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/HarmlessText.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
+#include <string_view>
 #include <vector>
 
 namespace Tarnex::Cli {
@@ -18,6 +20,8 @@ namespace Tarnex::Cli {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::string_view kPluginSign = "TES3";
 
 // Pipes are not opened beforehand: what a first reader takes out of them is gone.
 void RequireReadable(const std::string& name) {
@@ -31,8 +35,18 @@ void RequireReadable(const std::string& name) {
     if (fs::is_directory(status)) {
         throw UsageError(what + " is a folder");
     }
-    if (fs::is_regular_file(status) && !std::ifstream(path, std::ios::binary)) {
+    if (!fs::is_regular_file(status)) {
+        return;
+    }
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
         throw UsageError(what + " cannot be opened");
+    }
+    std::array<char, kPluginSign.size()> start{};
+    file.read(start.data(), start.size());
+    if (std::string_view(start.data(), start.size()) == kPluginSign) {
+        throw UsageError('"' + name + "\" is a plug-in, not a configuration; \"vaultry inspect " +
+                         ForShell(name) + "\" tells what it holds");
     }
 }
 

@@ -10,20 +10,22 @@ namespace Tarnex::Cli {
 
 namespace {
 
-constexpr std::size_t kWidth = 80;
 constexpr std::size_t kTextColumn = 31;
 // A verb with no more options lists them without headings.
 constexpr std::size_t kFewOptions = 8;
 
 // The words of a text in lines, those behind the first indented.
-std::string Wrapped(const std::string& text, std::size_t column, std::size_t indent) {
+std::string Wrapped(const std::string& text,
+                    std::size_t column,
+                    std::size_t indent,
+                    std::size_t width = kHelpWidth) {
     std::istringstream words(text);
     std::string wrapped;
     for (std::string word; words >> word;) {
         if (std::string value; word == "(default:" && words >> value) {
             word += ' ' + value;
         }
-        if (column + 1 + word.size() > kWidth && column > indent) {
+        if (column + 1 + word.size() > width && column > indent) {
             wrapped += '\n' + std::string(indent, ' ');
             column = indent;
         } else if (!wrapped.empty()) {
@@ -103,11 +105,11 @@ std::string Overview(const CommandHelp& help) {
 
 } // namespace
 
-std::string WrappedLines(const std::string& text) {
+std::string WrappedLines(const std::string& text, std::size_t width) {
     std::string wrapped;
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
-        wrapped += (line.starts_with(' ') ? line : Wrapped(line, 0, 0)) + '\n';
+        wrapped += (line.starts_with(' ') ? line : Wrapped(line, 0, 0, width)) + '\n';
     }
     return wrapped;
 }

@@ -8,6 +8,9 @@ namespace Tarnex::Cli {
 
 namespace {
 
+// The formatter indents its lines.
+constexpr std::size_t kWidth = kHelpWidth - 7;
+
 // The formatter would take a leading point or quote for a request and a plain hyphen for a dash.
 std::string Escaped(const std::string& line) {
     std::string escaped;
@@ -53,7 +56,7 @@ void WriteVerb(std::ostream& page, const VerbHelp& verb) {
         page << ".TP\n" << Name(option) << '\n' << Escaped(option.text) << '\n';
     }
     page << ".PP\n";
-    WriteLines(page, WrappedLines(verb.footer));
+    WriteLines(page, WrappedLines(verb.footer, kWidth));
 }
 
 } // namespace
@@ -65,7 +68,7 @@ std::string ManualPage(const CommandHelp& help) {
          << ".SH SYNOPSIS\n.B vaultry\n.I VERB\n[\\fIOPTION\\fR...]\n"
          << ".SH DESCRIPTION\n";
     page << Escaped(help.text) << "\n.PP\n";
-    WriteLines(page, WrappedLines(help.footer));
+    WriteLines(page, WrappedLines(help.footer, kWidth));
     page << ".SH VERBS\n";
     for (const VerbHelp& verb : help.verbs) {
         WriteVerb(page, verb);

@@ -24,6 +24,12 @@ std::string LastCellName(const GenerateOptions& options, const std::string& name
     return numbered ? name + ", Level " + std::to_string(options.numLevels) : name;
 }
 
+// In the line that one pastes the name stands between quotation marks.
+bool IsLostInConsole(char c) {
+    constexpr char kDelete = '\x7F';
+    return (static_cast<unsigned char>(c) < ' ') || c == '"' || c == kDelete;
+}
+
 bool RoomsLackPlatforms(const GenerateOptions& options) {
     return options.platforms && options.fixed && !options.caveTileSet;
 }
@@ -38,16 +44,18 @@ std::vector<std::string> NameWarnings(const GenerateOptions& options) {
         warnings.push_back("the name of the cell has letters that the game lacks; it becomes \"" +
                            Tarnex::ToUtf8(name) + '"');
     }
-    if (name.find('"') != std::string::npos) {
-        warnings.emplace_back(
-            "the game's console takes no name with quotation marks: the lines that "
-            "take one into the cell do not work");
+    if (std::ranges::any_of(name, IsLostInConsole)) {
+        warnings.emplace_back("the game's console takes no name with quotation marks or control "
+                              "characters: the lines that take one into the cell do not work");
     }
-    const std::size_t length = LastCellName(options, name).size();
+    const std::size_t number = LastCellName(options, name).size() - name.size();
+    const std::size_t length = name.size() + number;
     if (length > kLongestName) {
         warnings.push_back("the name of the cell has " + std::to_string(length) +
                            " bytes in Windows-1252, of which the game reads " +
-                           std::to_string(kLongestName));
+                           std::to_string(kLongestName) +
+                           (number > 0 ? ", so that levels become one cell; " : "; ") +
+                           std::to_string(kLongestName - number) + " are left for --cell");
     }
     FromUtf8(options.master.value_or(""), &lost);
     if (lost) {
@@ -82,8 +90,9 @@ std::vector<std::string> CellNameWarnings(const std::string& path, const std::st
     if (path.find(cell) != std::string::npos) {
         return {};
     }
-    return {"the game lacks letters of the file's name: the cell is called \"" + cell +
-            "\"; --cell gives it another name"};
+    return {"the cell is called \"" + cell +
+            "\": the file's name is too long for a cell, or has letters that cells cannot have; "
+            "--cell gives it another name"};
 }
 
 std::vector<std::string> FileNameWarnings(const std::string& path) {

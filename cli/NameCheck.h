@@ -14,14 +14,14 @@ namespace Tarnex::Cli {
 using Report::OfferNames;
 
 /// One line for each thing that the names asked for lose in the game: letters that Windows-1252
-/// lacks, bytes beyond the 63 of a cell's name, the numbers of several levels included, and the way
-/// in by its console.
+/// lacks, bytes beyond the 63 of a cell's name, the numbers of several levels included, and letters
+/// that its console does not take.
 std::vector<std::string> NameWarnings(const GenerateOptions& options);
 
 /// One line for each option given that has no effect beside the others.
 std::vector<std::string> IdleWarnings(const GenerateOptions& options);
 
-/// One line where the cell is named after the file, but has not all its letters.
+/// One line where the cell is named after the file, but not with all its letters.
 std::vector<std::string> CellNameWarnings(const std::string& path, const std::string& cell);
 
 /// One line where the game would not list the plug-in for the end of its name.

@@ -2,6 +2,7 @@
 #include "cli/Suggestions.h"
 
 #include "cli/CommandHelp.h"
+#include "tools/runs/Presets.h"
 #include "tools/text/NearNames.h"
 
 #include <vaultry/foundation/Text.h>
@@ -64,6 +65,23 @@ std::string AnswerToOption(const std::string& verb, const std::string& name) {
            Offer(name, LongNames(*row), "vaultry " + verb + " --help");
 }
 
+// The signs of the arguments that a verb cannot do without.
+Names Needed(const VerbHelp& verb) {
+    Names needed;
+    for (const OptionHelp& option : verb.options) {
+        if (!option.argument.empty() && !option.argument.starts_with('[')) {
+            needed.push_back(option.argument);
+        }
+    }
+    return needed;
+}
+
+bool IsPreset(const std::string& word) {
+    return std::ranges::any_of(Report::BuiltinPresetList(), [&word](const Report::Preset& preset) {
+        return EqualsNoCase(preset.name, word);
+    });
+}
+
 } // namespace
 
 std::string AnswerToVerb(const std::string& word) {
@@ -76,11 +94,30 @@ std::string AnswerToVerb(const std::string& word) {
 
 std::string AnswerToWords(const std::string& verb, const std::vector<std::string>& words) {
     const std::string& word = words.front();
+    const CommandHelp help = DescribeCommandLine();
+    const auto row = std::ranges::find(help.verbs, verb, &VerbHelp::name);
+    const bool known = row != help.verbs.end();
     if (word.starts_with('-')) {
-        return AnswerToOption(verb, word.substr(0, word.find('=')));
+        const bool file = known && word.find('.') != std::string::npos && !Needed(*row).empty();
+        return AnswerToOption(verb, word.substr(0, word.find('='))) +
+               (file ? R"(; a file of that name stands behind "--")" : "");
+    }
+    if (known && Takes(*row, "--preset") && IsPreset(word)) {
+        return "\"" + word + "\" is a preset: did you mean \"vaultry " + verb + " --preset " +
+               word + "\"?";
     }
     return '"' + word + "\" is one word too many for " + verb +
            ": names with blanks stand in quotation marks; see \"vaultry " + verb + " --help\"";
+}
+
+std::string AnswerToMissing(const std::string& verb, const std::vector<std::string>& words) {
+    if (!words.empty()) {
+        return AnswerToWords(verb, words);
+    }
+    const CommandHelp help = DescribeCommandLine();
+    const Names needed = Needed(*std::ranges::find(help.verbs, verb, &VerbHelp::name));
+    return verb + " needs " + JoinWords(needed, " and ") + ": \"vaultry " + verb + ' ' +
+           JoinWords(needed, " ") + "\"; see \"vaultry " + verb + " --help\"";
 }
 
 } // namespace Tarnex::Cli

@@ -119,6 +119,15 @@ TEST_F(CheckTest, AMissingFileIsNamed) {
     EXPECT_EQ(outcome.err, "vaultry: the configuration \"none.xml\" does not exist\n");
 }
 
+TEST_F(CheckTest, APlugInIsToldFromAConfiguration) {
+    Run({"generate", "--quiet", "-o", "a b.esp"});
+    const Outcome outcome = Run({"check", "a b.esp"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err,
+              "vaultry: \"a b.esp\" is a plug-in, not a configuration; \"vaultry inspect \"a "
+              "b.esp\"\" tells what it holds\n");
+}
+
 TEST_F(CheckTest, WhatIsNoXmlIsUnusable) {
     Write("my.xml", "<OstrelData>\n<Rug>\n</OstrelData>\n");
     const Outcome outcome = Run({"check", "my.xml"});

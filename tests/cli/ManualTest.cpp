@@ -37,6 +37,17 @@ TEST_F(ManualTest, DescribesEveryVerbAndSwitch) {
     EXPECT_TRUE(Contains(page.out, "  vaultry search \\-\\-sample 10000"));
 }
 
+TEST_F(ManualTest, FitsIntoEightyColumns) {
+    std::istringstream page(Run({"manual"}).out);
+    bool kept = false; // as it stands, behind seven blanks
+    for (std::string line; std::getline(page, line);) {
+        kept = line == ".nf" || (kept && line != ".fi");
+        std::erase(line, '\\');
+        // Commands stay whole.
+        EXPECT_TRUE(!kept || line.starts_with("  ") || line.size() + 7 <= 80) << line;
+    }
+}
+
 TEST_F(ManualTest, NoLineIsTakenForARequestOfTheFormatter) {
     const Outcome page = Run({"manual"});
     std::istringstream lines(page.out);

@@ -85,6 +85,22 @@ TEST(NameWarningsTest, QuotationMarksBreakTheLineOfTheConsole) {
     EXPECT_TRUE(NameWarnings(Named("The 'Keep'", true, 1)).empty());
 }
 
+TEST(NameWarningsTest, ControlCharactersDoToo) {
+    for (const char* name : {"a\nb", "\x1F", "\x7F"}) {
+        EXPECT_EQ(NameWarnings(Named(name, true, 1)).size(), 1U);
+    }
+    EXPECT_TRUE(NameWarnings(Named("a b~", true, 1)).empty());
+}
+
+TEST(NameWarningsTest, TooLongANameSaysWhatIsLeft) {
+    EXPECT_EQ(NameWarnings(Named(std::string(64, 'x'), false, 1)).front(),
+              "the name of the cell has 64 bytes in Windows-1252, of which the game reads 63; 63 "
+              "are left for --cell");
+    EXPECT_EQ(NameWarnings(Named(std::string(64, 'x'), false, 2)).front(),
+              "the name of the cell has 73 bytes in Windows-1252, of which the game reads 63, so "
+              "that levels become one cell; 54 are left for --cell");
+}
+
 TEST(NameWarningsTest, FixedInteriorHasNoNumber) {
     EXPECT_TRUE(NameWarnings(Named(std::string(63, 'x'), true, 10)).empty());
 }

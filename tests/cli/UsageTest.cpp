@@ -39,6 +39,14 @@ TEST_F(UsageTest, MistakesPointToTheHelpOfTheirVerb) {
     ExpectMistake(Run({"--frob"}), "see \"vaultry --help\"");
 }
 
+TEST_F(UsageTest, MissingArgumentsAreNamed) {
+    ExpectMistake(Run({"inspect"}), "inspect needs PLUGIN: \"vaultry inspect PLUGIN\"; see ");
+    ExpectMistake(Run({"diff", "a.esp"}), "diff needs A and B: \"vaultry diff A B\"; see ");
+    ExpectMistake(Run({"check"}), "check needs CONFIG...: \"vaultry check CONFIG...\"; see ");
+    ExpectMistake(Run({"inspect", "-x.esp"}), "; a file of that name stands behind \"--\"");
+    ExpectMistake(Run({"inspect", "--", "-x.esp"}), "\"-x.esp\"");
+}
+
 TEST_F(UsageTest, VerbsAreAnsweredWithTheNearest) {
     ExpectMistake(Run({"genrate"}), "there is no verb \"genrate\"; did you mean \"generate\"?");
     ExpectMistake(Run({"helo"}), "did you mean \"help\"?");
