@@ -51,7 +51,7 @@ Entries EntriesOf(const Report::OfferedList& list) {
 Entries EntriesOf(const std::vector<Report::Preset>& presets) {
     Entries entries;
     for (const Report::Preset& preset : presets) {
-        entries.emplace_back(preset.name, preset.description);
+        entries.emplace_back(ForTerminal(preset.name), ForTerminal(preset.description));
     }
     return entries;
 }
@@ -79,6 +79,15 @@ void WritePage(const Report::Offer& offer,
     console.Say("drew \"" + path + "\": " + Report::Counted(page.Size(), "byte"));
 }
 
+// The built-in ones bring a configuration along, and would not say what one that is named has.
+std::vector<Report::Preset> PresetsFor(const ListOptions& options) {
+    if (options.presets) {
+        return Report::ReadPresetFile(*options.presets);
+    }
+    const bool usual = FindBuiltinConfig(options.config) == FindBuiltinConfig(Report::kBuiltin);
+    return usual ? Report::BuiltinPresetList() : std::vector<Report::Preset>();
+}
+
 } // namespace
 
 ExitStatus RunVerb(const ListOptions& options, const Console& console) {
@@ -91,12 +100,8 @@ ExitStatus RunVerb(const ListOptions& options, const Console& console) {
         console.Show(log.Errors());
         source.RequireWhole(manager);
     }
-    // They bring a configuration along, and would not say what one that is named has.
-    const std::vector<Report::Preset> presets =
-        FindBuiltinConfig(options.config) == FindBuiltinConfig(Report::kBuiltin)
-            ? Report::BuiltinPresetList()
-            : std::vector<Report::Preset>();
-    const Report::Offer offer{options.config, presets, Report::OfferedLists(manager), log.Errors()};
+    const Report::Offer offer{
+        options.config, PresetsFor(options), Report::OfferedLists(manager), log.Errors()};
     console.Show(offer.errors);
     if (options.json) {
         console.out << Report::ToJson(offer);

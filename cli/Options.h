@@ -82,8 +82,9 @@ struct SearchOptions {
 /// vaultry list
 struct ListOptions {
     std::string config = kBuiltin;
-    bool keepGoing = false;          ///< use what was read of a broken one
-    std::optional<std::string> html; ///< a path
+    bool keepGoing = false;             ///< use what was read of a broken one
+    std::optional<std::string> presets; ///< a path, of presets in place of the built-in ones
+    std::optional<std::string> html;    ///< a path
     bool json = false;
 };
 

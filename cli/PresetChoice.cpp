@@ -1,32 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "cli/PresetChoice.h"
 
-#include "tools/text/OrdinaryFile.h"
 #include "tools/text/UsageError.h"
 
-#include <vaultry/foundation/CodePage.h>
 #include <vaultry/run/Run.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 namespace Tarnex::Cli {
 
 namespace {
-
-std::vector<Report::Preset> PresetsOf(const std::optional<std::string>& path) {
-    if (!path) {
-        return Report::BuiltinPresetList();
-    }
-    Report::RequireOrdinaryFile(*path);
-    std::ifstream stream(PathFromUtf8(*path), std::ios::binary);
-    if (!stream) {
-        throw UsageError("the presets \"" + *path + "\" cannot be opened");
-    }
-    const std::string text{std::istreambuf_iterator<char>(stream), {}};
-    return Report::ReadPresets(text, *path);
-}
 
 std::uint32_t SeedOf(const GenerateOptions& options) {
     RunOptions drawn = options;
@@ -61,7 +44,8 @@ GenerateOptions WithPreset(const GenerateOptions& typed) {
         }
         return options;
     }
-    const std::vector<Report::Preset> presets = PresetsOf(choice.file);
+    const std::vector<Report::Preset> presets =
+        choice.file ? Report::ReadPresetFile(*choice.file) : Report::BuiltinPresetList();
     options.seed = choice.random ? SeedOf(typed) : typed.seed;
     options.preset.chosen = choice.random ? Report::PresetOfSeed(presets, *options.seed)
                                           : Report::FindPreset(presets, *choice.name);
@@ -74,9 +58,25 @@ GenerateOptions WithPreset(const GenerateOptions& typed) {
     return options;
 }
 
+std::string AskedByPreset(const GenerateOptions& options, const OptionRow& row) {
+    const auto& chosen = options.preset.chosen;
+    if (!chosen || std::ranges::find(options.typed, &row) != options.typed.end()) {
+        return {};
+    }
+    const auto asked = std::ranges::find(chosen->options, row.name, &Report::PresetOption::name);
+    if (asked == chosen->options.end()) {
+        return {};
+    }
+    const std::string place =
+        options.preset.file ? ", \"" + chosen->file + "\", line " + std::to_string(asked->line)
+                            : std::string();
+    return "; the preset \"" + chosen->name + "\" asks for it" + place;
+}
+
 void SayPreset(const GenerateOptions& options, const Console& console) {
     if (const auto& chosen = options.preset.chosen) {
-        console.Say("preset " + chosen->name + ": " + chosen->description);
+        console.Say("preset " + chosen->name +
+                    (chosen->description.empty() ? "" : ": " + chosen->description));
     }
 }
 

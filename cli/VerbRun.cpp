@@ -4,6 +4,7 @@
 #include "cli/ConsoleStatus.h"
 #include "cli/LevelLines.h"
 #include "cli/NameCheck.h"
+#include "cli/PresetChoice.h"
 #include "tools/runs/Description.h"
 #include "tools/text/UsageError.h"
 
@@ -43,7 +44,8 @@ void CheckNames(GenMgr& manager, GenerateOptions& options) {
     for (const OptionRow* row : SpellNames(options, manager)) {
         const std::string name = std::get<std::string>(ValueOf(options, *row));
         throw UsageError(std::string("the configuration has no ") + row->choice->what + " \"" +
-                         name + "\"; " + OfferNames(name, ToUtf8(row->choice->names(manager))));
+                         name + "\"; " + OfferNames(name, ToUtf8(row->choice->names(manager))) +
+                         AskedByPreset(options, *row));
     }
 }
 

@@ -239,6 +239,11 @@ void AddRunOptions(CLI::App& verb, GenerateOptions& options, unsigned use = 0) {
     }
 }
 
+void AddPresetFile(CLI::App& verb, std::optional<std::string>& file) {
+    AddText(
+        verb, "--presets", file, "FILE", "Presets in place of the built-in ones (default: none)");
+}
+
 // By the words of help a shell completes what may follow.
 void AddPresets(CLI::App& verb, PresetOptions& options, bool byChance) {
     ListUnder(verb, Heading::Dungeon);
@@ -248,11 +253,7 @@ void AddPresets(CLI::App& verb, PresetOptions& options, bool byChance) {
     }
     const std::string help = WithWords("Options that belong together (default: none)", names);
     CLI::Option* const name = AddText(verb, "--preset", options.name, "WORD", help.c_str());
-    AddText(verb,
-            "--presets",
-            options.file,
-            "FILE",
-            "Presets in place of the built-in ones (default: none)");
+    AddPresetFile(verb, options.file);
     if (byChance) {
         verb.add_flag("--random-preset", options.random, "Choose the preset by the seed")
             ->excludes(name);
@@ -398,6 +399,7 @@ void AddSearch(CLI::App& verb, Request& request) {
 void AddList(CLI::App& verb, Request& request) {
     auto& options = request.emplace<ListOptions>();
     AddConfig(verb, options.config, options.keepGoing);
+    AddPresetFile(verb, options.presets);
     AddText(verb, "--html", options.html, "FILE", "A page with pictures instead (default: none)");
     AddJson(verb, options.json);
 }

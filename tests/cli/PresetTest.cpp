@@ -74,6 +74,16 @@ TEST_F(PresetTest, PresetsOfOnesOwn) {
     EXPECT_EQ(named["options"]["random-theme"], false);
 }
 
+TEST_F(PresetTest, PresetsOfOnesOwnAreListedAndTheirMistakesPlaced) {
+    Write("my.json", "[{\"name\": \"den\", \"options\": {\n\n\"theme\": \"Bear\"}}]");
+    const Outcome list = Run({"list", "--presets", "my.json", "-c", smallConfig});
+    EXPECT_TRUE(list.out.starts_with("Presets (--preset):\n  den\n")) << list.out;
+    const Outcome made = Run({"generate", "--presets", "my.json", "--preset", "den"});
+    EXPECT_EQ(made.status, 2);
+    EXPECT_TRUE(made.err.ends_with("; the preset \"den\" asks for it, \"my.json\", line 3\n"))
+        << made.err;
+}
+
 TEST_F(PresetTest, MapsAndSearchesTakeThemAndLinesNameTheirParts) {
     const Outcome map = Run({"map", "--preset", "barrow", "--seed", "1"});
     EXPECT_EQ(map.status, 0);
@@ -96,6 +106,12 @@ TEST_F(PresetTest, MistakesAreAnswered) {
               "vaultry: there is no preset \"tumb\"; did you mean \"tomb\"?\n");
     EXPECT_EQ(fault({"generate", "--presets", "my.json"}),
               "vaultry: --presets needs --preset or --random-preset to choose one of them\n");
+    EXPECT_EQ(fault({"generate", "tomb"}),
+              "vaultry: \"tomb\" is a preset: did you mean \"vaultry generate --preset tomb\"?\n");
+    EXPECT_TRUE(Contains(fault({"generate", "--preset", "tomb", "-c", "builtin:caves"}),
+                         "; the preset \"tomb\" asks for it\n"));
+    EXPECT_FALSE(
+        Contains(fault({"generate", "--preset", "tomb", "--theme", "Tomp"}), "asks for it"));
     EXPECT_TRUE(Contains(fault({"map", "--presets", "my.json", "--preset", "a"}), "my.json"));
     EXPECT_TRUE(Contains(fault({"map", "a.esp", "--preset", "tomb"}),
                          "--preset shapes what is generated and does not go with a plug-in"));

@@ -3,13 +3,16 @@
 
 #include "tools/text/Json.h"
 #include "tools/text/NearNames.h"
+#include "tools/text/OrdinaryFile.h"
 #include "tools/text/Quote.h"
 #include "tools/text/UsageError.h"
 
+#include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/run/BuiltinConfigs.h>
 
 #include <algorithm>
+#include <fstream>
 #include <iterator>
 
 namespace Tarnex::Report {
@@ -89,7 +92,7 @@ public:
 
     bool start_object(std::size_t /*count*/) override {
         if (place == Place::List) {
-            presets.emplace_back();
+            presets.push_back({file, {}, {}, {}});
             place = Place::Preset;
             return true;
         }
@@ -164,7 +167,7 @@ private:
             const std::string fault = SetOption(scratch, *FindRunOption(word), text);
             Require(fault.empty(), Quote(word) + ": " + Quote(text) + ' ' + fault);
         }
-        presets.back().options.emplace_back(word, text);
+        presets.back().options.push_back({word, text, wordLine + 1});
         return true;
     }
 
@@ -193,6 +196,16 @@ std::vector<Preset> ReadPresets(std::string_view text, const std::string& file) 
     return std::move(reader.presets);
 }
 
+std::vector<Preset> ReadPresetFile(const std::string& path) {
+    RequireOrdinaryFile(path);
+    std::ifstream stream(PathFromUtf8(path), std::ios::binary);
+    if (!stream) {
+        throw UsageError("the presets " + Quote(path) + " cannot be opened");
+    }
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    return ReadPresets(text, path);
+}
+
 const Preset& FindPreset(const std::vector<Preset>& presets, const std::string& name) {
     std::vector<std::string> names;
     for (const Preset& preset : presets) {
@@ -211,7 +224,7 @@ const Preset& PresetOfSeed(const std::vector<Preset>& presets, std::uint32_t see
 }
 
 void Apply(const Preset& preset, RunRequest& request) {
-    for (const auto& [name, text] : preset.options) {
+    for (const auto& [name, text, line] : preset.options) {
         if (name == kConfig) {
             request.config = text;
         } else {

@@ -114,7 +114,7 @@ Json PresetsJson(const std::vector<Preset>& presets) {
     Json list = Json::array();
     for (const Preset& preset : presets) {
         Json options = Json::object();
-        for (const auto& [name, text] : preset.options) {
+        for (const auto& [name, text, line] : preset.options) {
             options[name] = text;
         }
         list.push_back({{"name", preset.name},
