@@ -32,6 +32,9 @@ ExitStatus RunVerb(const ConfigOptions& options, const Console& console);
 /// Prints what a plug-in holds and what does not fit in it; findings are a failure.
 ExitStatus RunVerb(const InspectOptions& options, const Console& console);
 
+/// Starts OpenMW in the first room of a plug-in. Throws UsageError when something is missing.
+ExitStatus RunVerb(const PlayOptions& options, const Console& console);
+
 /// Prints what differs between two plug-ins; differences are a failure.
 ExitStatus RunVerb(const DiffOptions& options, const Console& console);
 

@@ -100,6 +100,14 @@ struct InspectOptions {
     bool json = false;
 };
 
+/// vaultry play
+struct PlayOptions {
+    std::string plugin;                ///< a path
+    std::optional<std::string> stage;  ///< a folder with a master in place of the game
+    std::optional<std::string> engine; ///< the path of OpenMW, if not where it usually is
+    bool print = false;                ///< show the command line instead
+};
+
 /// vaultry diff
 struct DiffOptions {
     std::string a; ///< a path
@@ -143,6 +151,7 @@ using Request = std::variant<GenerateOptions,
                              ListOptions,
                              ConfigOptions,
                              InspectOptions,
+                             PlayOptions,
                              DiffOptions,
                              CheckOptions,
                              ManualOptions,

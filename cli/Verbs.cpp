@@ -65,6 +65,17 @@ constexpr const char* kInspectExample =
     "  vaultry inspect crypt.esp\n"
     "  vaultry inspect crypt.esp --refs | less\n"
     "  vaultry inspect crypt.esp --json > crypt.json";
+constexpr const char* kPlayExample = "Writes what the engine's console is to do into "
+                                     "vaultry-play.txt, beside openmw.cfg or into the "
+                                     "folder of the stage.\n"
+                                     "\n"
+                                     "Exit status: 0 OpenMW ended well, 2 something is missing, "
+                                     "any other: it did not, or could not be "
+                                     "started.\n"
+                                     "\n"
+                                     "Examples:\n"
+                                     "  vaultry play crypt.esp\n"
+                                     "  vaultry play crypt.esp --stage stage --print";
 constexpr const char* kDiffExample = "Exit status: 0 the same, 1 differences, 2 no plug-in.\n"
                                      "\n"
                                      "Example:\n"
@@ -421,6 +432,22 @@ void AddInspect(CLI::App& verb, Request& request) {
     AddJson(verb, options.json, "As JSON, with every reference");
 }
 
+void AddPlay(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<PlayOptions>();
+    AddText(verb, "plugin", options.plugin, "PLUGIN", "The plug-in")->required();
+    AddText(verb,
+            "--stage",
+            options.stage,
+            "FOLDER",
+            "A stage in place of the game (default: the game in openmw.cfg)");
+    AddText(verb,
+            "--engine",
+            options.engine,
+            "FILE",
+            "OpenMW itself (default: where the system has it)");
+    verb.add_flag("--print", options.print, "The command line, without starting anything");
+}
+
 void AddDiff(CLI::App& verb, Request& request) {
     auto& options = request.emplace<DiffOptions>();
     AddText(verb, "a", options.a, "A", "A plug-in")->required();
@@ -449,13 +476,14 @@ void AddCompletion(CLI::App& verb, Request& request) {
 }
 
 // clang-format off
-constexpr std::array<Verb, 10> kVerbs = {{
+constexpr std::array<Verb, 11> kVerbs = {{
     {"generate",   "Generates an interior as a plug-in",            kGenerateExample,   AddGenerate},
     {"map",        "Draws a plug-in, or what would be generated",   kMapExample,        AddMap},
     {"search",     "Finds the best among many seeds",               kSearchExample,     AddSearch},
     {"list",       "Names what a configuration offers",             kListExample,       AddList},
     {"config",     "Prints a built-in configuration",               kConfigExample,     AddPrint},
     {"inspect",    "Tells what a plug-in holds and what is wrong",  kInspectExample,    AddInspect},
+    {"play",       "Walks through a plug-in with OpenMW",           kPlayExample,       AddPlay},
     {"diff",       "Tells in words how two plug-ins differ",        kDiffExample,       AddDiff},
     {"check",      "Tells what is wrong with a configuration",      kCheckExample,      AddCheck},
     {"manual",     "Prints the manual page",                        kManualExample,     AddManual},

@@ -14,6 +14,7 @@ set(MAY_INCLUDE
   "tools/runs: vaultry tools/text"
   "tools/check: vaultry tools/text"
   "tools/plugins: vaultry tools/text"
+  "tools/engine: vaultry tools/text"
   "tools/maps: vaultry tools/text tools/plugins tools/png"
   "tools/facts: vaultry tools/text tools/plugins tools/maps"
   "tools/search: vaultry tools/text tools/plugins tools/maps tools/facts"

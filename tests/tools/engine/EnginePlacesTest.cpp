@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "tools/engine/EnginePlaces.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace Tarnex::Test {
+
+namespace {
+
+using Report::System;
+
+Report::Environment Of(std::map<std::string, std::string> values) {
+    return [values = std::move(values)](const char* name) {
+        const auto found = values.find(name);
+        return found == values.end() ? std::string() : found->second;
+    };
+}
+
+TEST(EnginePlacesTest, TheConfigurationIsTheUsers) {
+    EXPECT_EQ(Report::EngineConfigPath(System::Posix, Of({{"HOME", "/home/a"}})),
+              "/home/a/.config/openmw/openmw.cfg");
+    EXPECT_EQ(Report::EngineConfigPath(System::Posix,
+                                       Of({{"HOME", "/home/a"}, {"XDG_CONFIG_HOME", "/etc/a"}})),
+              "/etc/a/openmw/openmw.cfg");
+    EXPECT_EQ(Report::EngineConfigPath(System::Windows, Of({{"USERPROFILE", "C:\\Users\\a"}})),
+              "C:\\Users\\a\\Documents\\My Games\\OpenMW\\openmw.cfg");
+}
+
+TEST(EnginePlacesTest, TheProgramIsOnThePathOrWhereItIsInstalled) {
+    EXPECT_EQ(
+        Report::EnginePaths(System::Posix, Of({{"PATH", "/usr/bin::/opt/a b"}})),
+        (std::vector<std::string>{"/usr/bin/openmw", "/opt/a b/openmw", "/usr/games/openmw"}));
+    EXPECT_EQ(
+        Report::EnginePaths(System::Windows,
+                            Of({{"PATH", "C:\\a;D:\\b c"}, {"ProgramFiles", "C:\\Programs"}})),
+        (std::vector<std::string>{
+            "C:\\a\\openmw.exe", "D:\\b c\\openmw.exe", "C:\\Programs\\OpenMW\\openmw.exe"}));
+}
+
+} // namespace
+
+} // namespace Tarnex::Test

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "tools/engine/EngineLine.h"
+
+#include <vaultry/foundation/HarmlessText.h>
+#include <vaultry/foundation/Text.h>
+
+#include <algorithm>
+
+namespace Tarnex::Report {
+
+namespace {
+
+// A game that is installed too would be loaded first, and its archives and fonts be looked for.
+constexpr const char* kOfTheGame[] = {"content", "data", "fallback-archive", "fallback"};
+
+// Backslashes are themselves unless a quotation mark follows, which no path and no cell's name has
+// that can be typed.
+std::string InQuotes(const std::string& word) {
+    const std::size_t last = word.find_last_not_of('\\');
+    const std::size_t tail = last == std::string::npos ? word.size() : word.size() - last - 1;
+    return '"' + word + std::string(tail, '\\') + '"';
+}
+
+std::string ForPrompt(const std::string& word) {
+    const bool plain = !word.empty() && std::ranges::all_of(word, [](char c) {
+        return c == '\\' || c == ':' || IsPlainInShell(c);
+    });
+    return plain ? word : InQuotes(word);
+}
+
+std::string_view Trimmed(std::string_view text) {
+    constexpr const char* kBlanks = " \t\r";
+    const std::size_t first = std::min(text.find_first_not_of(kBlanks), text.size());
+    text.remove_prefix(first);
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+} // namespace
+
+std::vector<std::string> EngineWords(const EngineStart& start) {
+    std::vector<std::string> words = {start.engine, "--skip-menu"};
+    const auto add = [&words](const char* option, const std::string& value) {
+        words.insert(words.end(), {option, value});
+    };
+    if (!start.stage.empty()) {
+        for (const char* const list : kOfTheGame) {
+            add("--replace", list);
+        }
+        add("--data", start.stage);
+    }
+    add("--data", start.folder);
+    for (const std::string& file : start.content) {
+        add("--content", file);
+    }
+    add("--start", start.cell);
+    if (!start.script.empty()) {
+        add("--script-run", start.script);
+    }
+    return words;
+}
+
+std::string EngineLine(System system, const std::vector<std::string>& words) {
+    std::vector<std::string> quoted;
+    quoted.reserve(words.size());
+    for (const std::string& word : words) {
+        quoted.push_back(system == System::Windows ? ForPrompt(word) : ForShell(word));
+    }
+    return JoinWords(quoted, " ");
+}
+
+std::vector<std::string> ContentOf(std::string_view config) {
+    std::vector<std::string> names;
+    while (!config.empty()) {
+        const std::size_t end = std::min(config.find('\n'), config.size());
+        const std::string_view line = config.substr(0, end);
+        config.remove_prefix(std::min(end + 1, config.size()));
+        const std::size_t sign = line.find('=');
+        if (sign != std::string_view::npos && Trimmed(line.substr(0, sign)) == "content") {
+            names.emplace_back(Trimmed(line.substr(sign + 1)));
+        }
+    }
+    return names;
+}
+
+bool HasContent(const std::vector<std::string>& names, std::string_view name) {
+    return std::ranges::any_of(
+        names, [name](const std::string& other) { return EqualsNoCase(other, name); });
+}
+
+} // namespace Tarnex::Report
