@@ -13,12 +13,28 @@ namespace {
 // A game that is installed too would be loaded first, and its archives and fonts be looked for.
 constexpr const char* kOfTheGame[] = {"content", "data", "fallback-archive", "fallback"};
 
-// Backslashes are themselves unless a quotation mark follows, which no path and no cell's name has
-// that can be typed.
+// Backslashes are themselves unless a quotation mark follows.
 std::string InQuotes(const std::string& word) {
-    const std::size_t last = word.find_last_not_of('\\');
-    const std::size_t tail = last == std::string::npos ? word.size() : word.size() - last - 1;
-    return '"' + word + std::string(tail, '\\') + '"';
+    std::string quoted = "\"";
+    std::size_t backslashes = 0;
+    for (const char c : word) {
+        quoted.append(c == '"' ? backslashes + 1 : 0, '\\') += c;
+        backslashes = c == '\\' ? backslashes + 1 : 0;
+    }
+    return quoted.append(backslashes, '\\') + '"';
+}
+
+// The engine ends a folder at its first blank unless it stands in quotation marks of its own, and
+// there an ampersand takes away the meaning of what follows. [path]
+std::string ForEngine(const std::string& folder) {
+    if (folder.find(' ') == std::string::npos) {
+        return folder;
+    }
+    std::string quoted = "\"";
+    for (const char c : folder) {
+        quoted.append(c == '&' || c == '"' ? "&" : "") += c;
+    }
+    return quoted + '"';
 }
 
 std::string ForPrompt(const std::string& word) {
@@ -46,9 +62,9 @@ std::vector<std::string> EngineWords(const EngineStart& start) {
         for (const char* const list : kOfTheGame) {
             add("--replace", list);
         }
-        add("--data", start.stage);
+        add("--data", ForEngine(start.stage));
     }
-    add("--data", start.folder);
+    add("--data", ForEngine(start.folder));
     for (const std::string& file : start.content) {
         add("--content", file);
     }

@@ -27,8 +27,15 @@ TEST(EngineLineTest, AStageStandsInPlaceOfTheGame) {
     EXPECT_EQ(Report::EngineLine(System::Windows, Report::EngineWords(start)),
               "\"C:\\Program Files\\OpenMW 0.48.0\\openmw.exe\" --skip-menu --replace content "
               "--replace data --replace fallback-archive --replace fallback "
-              "--data \"C:\\my stage\\\\\" --data C:\\maps "
+              "--data \"\\\"C:\\my stage\\\\\\\"\" --data C:\\maps "
               "--content Morrowind.esm --content keep.esp --start Keep");
+}
+
+TEST(EngineLineTest, AFolderWithBlanksIsQuotedForTheEngineToo) {
+    const Report::EngineStart start{"openmw", "", "/maps & more", {}, "Keep", ""};
+    EXPECT_EQ(Report::EngineWords(start).at(3), "\"/maps && more\"");
+    EXPECT_EQ(Report::EngineLine(System::Posix, Report::EngineWords(start)),
+              "openmw --skip-menu --data '\"/maps && more\"' --start Keep");
 }
 
 TEST(EngineLineTest, WordsAreQuotedAsTheSystemTakesThem) {
