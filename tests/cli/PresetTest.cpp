@@ -63,8 +63,8 @@ TEST_F(PresetTest, ChanceIsTheSeedAndThePartsMakeTheSame) {
 
 TEST_F(PresetTest, PresetsOfOnesOwn) {
     Write("my.json",
-          R"([{"name": "den", "options": {"config": ")" + smallConfig +
-              R"(", "fixed": true, "theme": "bare", "random-theme": true}}])");
+          R"([{"name": "den", "options": {"config": )" + Json(smallConfig).dump() +
+              R"(, "fixed": true, "theme": "bare", "random-theme": true}}])");
     const Json report = Made({"--presets", "my.json", "--preset", "den"});
     EXPECT_EQ(report["config"], smallConfig);
     EXPECT_EQ(report["options"]["theme"], "Bare");
