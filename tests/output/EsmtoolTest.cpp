@@ -169,6 +169,29 @@ TEST_F(EsmtoolTest, ShowsAScaleOnlyWhereThereIsOne) {
     EXPECT_EQ(text.find("Scale:", first + 1), std::string::npos);
 }
 
+TEST_F(EsmtoolTest, ShowsEveryPointAndWayOfAPathGrid) {
+    mod.CreatePathGrid("Crypt, Level 2")->points = {
+        {0, -256, -96, {1}}, {256, -256, -96, {0, 2}}, {512, -300, 32, {1}}};
+    const Answer answer = DumpPlugin(WritePlugin());
+    EXPECT_EQ(answer.status, 0) << answer.text;
+    ExpectLines(answer.text,
+                {"Record: CELL 'Crypt, Level 2'",
+                 "  Cell: Crypt, Level 2",
+                 "  Coordinates: (0,0)",
+                 "  Point Count: 3",
+                 "  Edge Count: 4",
+                 "    Coordinates: (0,-256,-96)",
+                 "    Connections: 1",
+                 "    Coordinates: (256,-256,-96)",
+                 "    Connections: 2",
+                 "    Coordinates: (512,-300,32)",
+                 "    Connections: 1",
+                 "  Edge[0]: 0 -> 1",
+                 "  Edge[1]: 1 -> 0",
+                 "  Edge[2]: 1 -> 2",
+                 "  Edge[3]: 2 -> 1"});
+}
+
 // Everything but version, record count and the tops of reference numbers, rotations too, must come
 // back as it was.
 TEST_F(EsmtoolTest, ItsCopyHasTheSameBytesButWhatItLeavesUndefined) {

@@ -74,6 +74,25 @@ TEST_F(ModTest, ContainersComeBeforeCellsWhateverTheOrderOfCreation) {
     EXPECT_EQ(WrittenRecords(), (Names{"TES3", "CONT Ctr_1", "CONT Ctr_2", "CELL A", "CELL B"}));
 }
 
+TEST_F(ModTest, PathGridsComeBehindAllCells) {
+    const DiPtr<PathGrid> grid = mod.CreatePathGrid("A");
+    grid->points.resize(2);
+    mod.CreateCell("A");
+    mod.CreatePathGrid("B");
+    mod.CreateCell("B");
+    ASSERT_EQ(mod.GetPathGrids().size(), 2U);
+    EXPECT_EQ(mod.GetPathGrids()[0], grid);
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3", "CELL A", "CELL B", "PGRD", "PGRD"}));
+    const PluginFile file = ReadPlugin(Written(mod));
+    ASSERT_EQ(file.pathGrids.size(), 2U);
+    EXPECT_EQ(file.pathGrids[0].cell, "A");
+    EXPECT_EQ(file.pathGrids[0].points, grid->points);
+    EXPECT_EQ(file.pathGrids[1].cell, "B");
+    mod.ResetContent();
+    EXPECT_TRUE(mod.GetPathGrids().empty());
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3"}));
+}
+
 TEST_F(ModTest, IsTheBytesOfItsParts) {
     const DiPtr<Container> container = CreateContainer("Ctr_1");
     const DiPtr<Cell> cell = mod.CreateCell("A");

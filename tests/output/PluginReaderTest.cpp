@@ -121,6 +121,57 @@ TEST_F(PluginReaderTest, ReadsTheHeader) {
     EXPECT_EQ(Findings(), Lines{});
 }
 
+class PathGridReadingTest : public PluginReaderTest {
+protected:
+    PathGridReadingTest() {
+        PathGrid grid("Crypt");
+        grid.points = {{0, -256, -96, {1}}, {256, -256, -96, {0, 7}}};
+        bytes += Written(grid);
+    }
+
+    PluginPathGrid Grid() const { return ReadPlugin(bytes).pathGrids.at(0); }
+
+    const std::size_t record = kSampleSize;
+    const std::size_t points = record + 16 + 20 + 14 + 8; // behind DATA, NAME and a header
+    const std::size_t ways = points + 32 + 8;
+};
+
+TEST_F(PathGridReadingTest, PointsHaveTheirWaysWhereverThoseLead) {
+    EXPECT_EQ(Findings(), Lines{});
+    EXPECT_EQ(Grid().offset, record);
+    EXPECT_EQ(Grid().cell, "Crypt");
+    EXPECT_EQ(Grid().points,
+              (std::vector<PathPoint>{{0, -256, -96, {1}}, {256, -256, -96, {0, 7}}}));
+    EXPECT_EQ(ReadPlugin(bytes).records, 3U);
+    EXPECT_TRUE(ReadPlugin(bytes).otherRecords.empty());
+}
+
+TEST_F(PathGridReadingTest, MoreWaysThanThereAreAreTold) {
+    bytes[points + 13] = 2;
+    EXPECT_EQ(Findings(), (Lines{"31F: PGRD says 16 bytes of ways, 12 are there"}));
+    EXPECT_EQ(Grid().points.at(0).ways, (std::vector<std::uint32_t>{1, 0}));
+    EXPECT_EQ(Grid().points.at(1).ways, (std::vector<std::uint32_t>{7}));
+}
+
+TEST_F(PathGridReadingTest, FewerWaysThanThereAreAreTold) {
+    bytes[points + 16 + 13] = 0;
+    EXPECT_EQ(Findings(), (Lines{"31F: PGRD says 4 bytes of ways, 12 are there"}));
+}
+
+TEST_F(PathGridReadingTest, AnotherNumberOfPointsIsTold) {
+    bytes[record + 16 + 8 + 10] = 3;
+    EXPECT_EQ(Findings(), (Lines{"31F: PGRD says 48 bytes of points, 32 are there"}));
+    EXPECT_EQ(Grid().points.size(), 2U);
+}
+
+TEST_F(PathGridReadingTest, OneThatTheFileCutsShortIsReadAsFarAsItGoes) {
+    bytes.resize(ways + 4);
+    EXPECT_EQ(Grid().points.size(), 2U);
+    EXPECT_TRUE(Grid().points.at(0).ways.empty());
+    bytes.resize(record + 16 + 20 + 4);
+    EXPECT_TRUE(ReadPlugin(bytes).pathGrids.empty());
+}
+
 TEST_F(PluginReaderTest, ReadsAContainer) {
     const PluginFile file = ReadPlugin(bytes);
     ASSERT_EQ(file.containers.size(), 1U);

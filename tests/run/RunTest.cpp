@@ -95,6 +95,49 @@ TEST_F(RunTest, ReferencesAreNumberedThroughAllCellsWhereTheyAreToBeUnique) {
     EXPECT_EQ(Bytes(), before);
 }
 
+// Behind all that is there without them.
+TEST_F(RunTest, PathGridsAreAddedForEveryCell) {
+    options.numLevels = 2;
+    Generate();
+    const std::string before = Bytes();
+    options.pathGrid = true;
+    const RunResult made = Generate();
+    const std::string bytes = Bytes();
+    EXPECT_TRUE(bytes.starts_with(before));
+    const PluginFile file = ReadPlugin(bytes);
+    EXPECT_TRUE(file.findings.empty());
+    ASSERT_EQ(file.pathGrids.size(), 2U);
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(file.pathGrids[i].cell, file.cells.at(i).name);
+        EXPECT_GE(file.pathGrids[i].points.size(), 9 * made.levels.levels[i].rooms.size());
+    }
+    EXPECT_EQ(made.arrivals.size(), 2U);
+    options.pathGrid = false;
+    Generate();
+    EXPECT_EQ(Bytes(), before);
+}
+
+TEST_F(RunTest, PlayableIsAllThatNeedsNoAnswer) {
+    options.numLevels = 2;
+    options.pathGrid = options.uniqueReferences = true;
+    Generate();
+    const std::string all = Bytes();
+    options.pathGrid = options.uniqueReferences = false;
+    options.playable = true;
+    EXPECT_EQ(WhyIdle(options, *FindRunOption("path-grid")), "beside --playable");
+    EXPECT_EQ(WhyIdle(options, *FindRunOption("unique-references")), "beside --playable");
+    Generate();
+    EXPECT_EQ(Bytes(), all);
+}
+
+TEST_F(RunTest, ACellWithoutANameHasNoPathGrid) {
+    options.pathGrid = true;
+    options.cell = "";
+    Generate();
+    EXPECT_EQ(manager.mod.GetCells().size(), 1U);
+    EXPECT_TRUE(manager.mod.GetPathGrids().empty());
+}
+
 TEST_F(RunTest, WhatChanceDecidesIsToldAndRepeats) {
     options.seed.reset();
     options.stamp.reset();

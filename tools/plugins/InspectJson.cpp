@@ -44,6 +44,17 @@ Json BoundsJson(const CellSummary& summary) {
     return {{"low", PointJson(summary.bounds->low)}, {"high", PointJson(summary.bounds->high)}};
 }
 
+Json PathGridJson(const PluginPathGrid* grid) {
+    if (grid == nullptr) {
+        return nullptr;
+    }
+    Json json = Json::array();
+    for (const PathPoint& point : grid->points) {
+        json.push_back({{"position", {point.x, point.y, point.z}}, {"ways", point.ways}});
+    }
+    return json;
+}
+
 Json CellJson(const PluginCell& cell, const PluginIndex& index) {
     const CellSummary summary = Summarise(cell, index);
     Json json = {
@@ -61,6 +72,7 @@ Json CellJson(const PluginCell& cell, const PluginIndex& index) {
         {"doors", summary.doors},
         {"teleports", summary.teleports},
         {"containers", summary.containers},
+        {"path-grid", PathGridJson(index.PathGridOf(cell))},
     };
     Json& refs = json["references"] = Json::array();
     for (const PluginRef& ref : cell.refs) {

@@ -148,6 +148,11 @@ void PrintCell(const Inspection& inspection,
     if ((cell.flags & kHasWater) != 0) {
         PrintFact(out, "Water", "at height " + Number(cell.waterHeight));
     }
+    if (const PluginPathGrid* grid = index.PathGridOf(cell)) {
+        PrintFact(out,
+                  "Path grid",
+                  Counted(grid->points.size(), "point") + ", " + Counted(CountWays(*grid), "way"));
+    }
     PrintArrival(inspection, number, out);
     PrintTeleports(cell, index, out);
     if (refs && !cell.refs.empty()) {

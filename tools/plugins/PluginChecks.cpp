@@ -48,6 +48,9 @@ public:
         for (const PluginContainer& container : file.containers) {
             CheckContainer(container);
         }
+        for (const PluginPathGrid& grid : file.pathGrids) {
+            CheckPathGrid(grid);
+        }
         std::ranges::stable_sort(findings, {}, &PluginFinding::offset);
         return std::move(findings);
     }
@@ -88,6 +91,7 @@ private:
         if (!cellNames.insert(ToUpper(cell.name)).second) {
             Report(cell.offset, owner, "has the name of another");
         }
+        cellPlaces.emplace(cell.name, cell.offset);
         CheckCount(cell, owner);
         // Ordered: a table could be filled with numbers that all collide in it.
         std::set<std::uint32_t> numbers;
@@ -189,9 +193,32 @@ private:
         }
     }
 
+    void CheckPathGrid(const PluginPathGrid& grid) {
+        const std::string owner = "path grid " + Quoted(grid.cell);
+        // One may be of a master's interior or, by another name, of the world outside.
+        const auto cell = cellPlaces.find(grid.cell);
+        if (cell == cellPlaces.end() && index.HasCell(grid.cell)) {
+            Report(grid.offset, owner, "is spelt otherwise than its cell");
+        } else if (cell != cellPlaces.end() && cell->second > grid.offset) {
+            Report(grid.offset, owner, "stands before its cell");
+        }
+        const auto leadsOut = [&grid](const PathPoint& point) {
+            return std::ranges::any_of(
+                point.ways, [&grid](std::uint32_t to) { return to >= grid.points.size(); });
+        };
+        const auto point = std::ranges::find_if(grid.points, leadsOut);
+        if (point != grid.points.end()) {
+            Report(grid.offset,
+                   owner,
+                   "has a way from point " + std::to_string(point - grid.points.begin()) +
+                       " to a point that is not there");
+        }
+    }
+
     const PluginFile& file;
     PluginIndex index;
     std::unordered_set<std::string> cellNames;
+    std::unordered_map<std::string, std::uint64_t> cellPlaces; // in the file, by exact name
     std::unordered_set<std::string> containerIds;
     std::unordered_set<std::string> placedIds;
     std::vector<PluginFinding> findings;

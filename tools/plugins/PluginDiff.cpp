@@ -46,6 +46,12 @@ Facts FactsOf(const PluginCell& cell) {
             {"deletion mark", cell.deleted ? "set" : "not set"}};
 }
 
+Facts FactsOf(const PluginPathGrid& grid) {
+    return {{"name", Quoted(grid.cell)},
+            {"number of points", std::to_string(grid.points.size())},
+            {"number of ways", std::to_string(CountWays(grid))}};
+}
+
 // The number between "Ctr" and "_" that the identifiers of all of Vaultry's containers in the file
 // share; none when they do not, or when there are none.
 std::optional<std::string> StampOf(const PluginFile& file) {
@@ -127,6 +133,7 @@ public:
         CompareStamps();
         CompareContainers();
         CompareCells();
+        ComparePathGrids();
         CompareRest();
         return std::move(differences);
     }
@@ -276,6 +283,21 @@ private:
                      [this](const PluginCell& ofA, const PluginCell& ofB) {
                          AddFacts("cell-changed", FactsOf(ofA), FactsOf(ofB));
                          CompareRefs(ofA, ofB);
+                     });
+    }
+
+    void ComparePathGrids() {
+        CompareLists("path-grid",
+                     a.pathGrids,
+                     b.pathGrids,
+                     &PluginPathGrid::cell,
+                     ToUpper,
+                     [this](const PluginPathGrid& ofA, const PluginPathGrid& ofB) {
+                         const std::size_t before = differences.size();
+                         AddFacts("path-grid-changed", FactsOf(ofA), FactsOf(ofB));
+                         if (differences.size() == before && ofA.points != ofB.points) {
+                             Add("path-grid-changed", "has as many points and ways, but others");
+                         }
                      });
     }
 

@@ -43,6 +43,9 @@ PluginIndex::PluginIndex(const PluginFile& file) {
     for (const PluginContainer& container : file.containers) {
         containers.insert(ToUpper(container.id));
     }
+    for (const PluginPathGrid& grid : file.pathGrids) {
+        pathGrids[grid.cell] = &grid;
+    }
 }
 
 bool PluginIndex::HasCell(std::string_view name) const {
@@ -51,6 +54,19 @@ bool PluginIndex::HasCell(std::string_view name) const {
 
 bool PluginIndex::HasContainer(std::string_view id) const {
     return containers.contains(ToUpper(id));
+}
+
+const PluginPathGrid* PluginIndex::PathGridOf(const PluginCell& cell) const {
+    const auto found = pathGrids.find(cell.name);
+    return found == pathGrids.end() ? nullptr : found->second;
+}
+
+std::uint64_t CountWays(const PluginPathGrid& grid) {
+    std::uint64_t count = 0;
+    for (const PathPoint& point : grid.points) {
+        count += point.ways.size();
+    }
+    return count;
 }
 
 bool IsContainerId(std::string_view id) {

@@ -6,11 +6,13 @@
 
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace Tarnex::Report {
 
 /// The names of a plug-in's cells and containers, which the game compares without regard to case.
+/// The plug-in must outlive it.
 class PluginIndex {
 public:
     explicit PluginIndex(const PluginFile& file);
@@ -18,10 +20,17 @@ public:
     bool HasCell(std::string_view name) const;
     bool HasContainer(std::string_view id) const;
 
+    /// The path grid of a cell, to the letter, or null; the last one, which is the game's too.
+    const PluginPathGrid* PathGridOf(const PluginCell& cell) const;
+
 private:
     std::unordered_set<std::string> cells;
     std::unordered_set<std::string> containers;
+    std::unordered_map<std::string, const PluginPathGrid*> pathGrids;
 };
+
+/// How many ways lead from the points of a path grid, one-way ones each.
+std::uint64_t CountWays(const PluginPathGrid& grid);
 
 /// Whether an identifier has the form that Vaultry gives to containers: "Ctr", digits, an
 /// underscore, digits.

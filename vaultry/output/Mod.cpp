@@ -19,9 +19,14 @@ DiPtr<Container> Mod::CreateContainer() {
     return containers.emplace_back(MakeDi<Container>());
 }
 
+DiPtr<PathGrid> Mod::CreatePathGrid(const char* cell) {
+    return pathGrids.emplace_back(MakeDi<PathGrid>(cell));
+}
+
 void Mod::ResetContent() {
     containers.clear();
     cells.clear();
+    pathGrids.clear();
 }
 
 void Mod::Write(std::ostream& stream) {
@@ -34,6 +39,10 @@ void Mod::Write(std::ostream& stream) {
         cell->NumberFrom(number);
         cell->Write(stream);
         number += uniqueReferences ? static_cast<std::uint32_t>(cell->GetRefs().size()) : 0;
+    }
+    // A reader has to know the cell: a grid without one is taken for that of the world outside.
+    for (const DiPtr<PathGrid>& grid : pathGrids) {
+        grid->Write(stream);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <vaultry/output/Cell.h>
 #include <vaultry/output/Container.h>
 #include <vaultry/output/FileHeader.h>
+#include <vaultry/output/PathGrid.h>
 
 #include <vector>
 
@@ -43,17 +44,26 @@ public:
     /// before it is written; see NextContainerId.
     DiPtr<Container> CreateContainer();
 
+    /// Makes an empty path grid, at the end of their list, for the cell of that name, which is not
+    /// null. The cell has to be one of this plug-in: a grid for one of the game's takes the place
+    /// of its own.
+    DiPtr<PathGrid> CreatePathGrid(const char* cell);
+
     /// The cells, in the order made.
     const std::vector<DiPtr<Cell>>& GetCells() const { return cells; }
     /// The containers, in the order made.
     const std::vector<DiPtr<Container>>& GetContainers() const { return containers; }
 
-    /// Drops all cells and containers; the header stays. Cells and containers that others hold live
+    /// The path grids, in the order made.
+    const std::vector<DiPtr<PathGrid>>& GetPathGrids() const { return pathGrids; }
+
+    /// Drops all cells, containers and path grids; the header stays. What others hold of them lives
     /// on, outside of the plug-in.
     void ResetContent();
 
-    /// Writes header, containers and cells, in that order, to a stream in binary mode. Can be
-    /// repeated, and gives the same bytes each time. Whether they arrived is for the stream to say.
+    /// Writes header, containers, cells and path grids, in that order, to a stream in binary mode.
+    /// Can be repeated, and gives the same bytes each time. Whether they arrived is for the stream
+    /// to say.
     void Write(std::ostream& stream) override;
 
 private:
@@ -61,6 +71,7 @@ private:
     bool uniqueReferences = false;
     std::vector<DiPtr<Container>> containers;
     std::vector<DiPtr<Cell>> cells;
+    std::vector<DiPtr<PathGrid>> pathGrids;
 };
 
 } // namespace Tarnex

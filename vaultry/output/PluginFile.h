@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/foundation/Di3Point.h>
+#include <vaultry/output/PathGrid.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -82,6 +83,13 @@ struct PluginCell {
     std::size_t refsBeforeCount = 0;       ///< references that stand before NAM0
 };
 
+/// The path grid of an interior, or of a place in the world outside.
+struct PluginPathGrid {
+    std::uint64_t offset = 0;      ///< of its record [bytes]
+    std::string cell;              ///< the name of an interior
+    std::vector<PathPoint> points; ///< as the file has them: a way may lead to none of them
+};
+
 /// An item and how many of it; a negative count is refilled by the game.
 struct PluginItem {
     std::string id;         ///< of an item, or of a list of items by level
@@ -116,9 +124,10 @@ struct PluginFile {
     std::vector<PluginCell> cells;           ///< the interiors
     std::uint64_t exteriorCells = 0;         ///< how many; they are not read
     std::vector<PluginContainer> containers; ///< in the order of the file
+    std::vector<PluginPathGrid> pathGrids;   ///< in the order of the file
     std::uint64_t records = 0;               ///< all records behind the header
-    PluginTagCounts otherRecords;            ///< neither cells nor containers
-    PluginTagCounts skippedSubRecords;       ///< of the header, the interiors and the containers
+    PluginTagCounts otherRecords;            ///< neither cells nor containers nor path grids
+    PluginTagCounts skippedSubRecords;       ///< of the records that are read
     std::vector<PluginFinding> findings; ///< in the order of the file, kMostPluginFindings at most
     std::uint64_t findingsLeftOut = 0;   ///< a ruined file would give more than is of use
 };

@@ -25,6 +25,9 @@ constexpr std::size_t kHedrBytes = 300;
 
 constexpr std::uint32_t kInterior = 1;
 
+constexpr std::size_t kPathPointBytes = 16;
+constexpr std::size_t kPathWayBytes = 4;
+
 std::uint32_t WordAt(std::string_view bytes, std::size_t place) {
     std::uint32_t word = 0;
     for (std::size_t i = 4; i-- > 0;) {
@@ -140,6 +143,14 @@ void StoreArrival(PluginRef& ref, std::string_view data) {
     DestinationOf(ref).arrival = PlaceOf(data);
 }
 
+// What a path grid says of its points comes in three places.
+struct RawPathGrid {
+    std::string cell;
+    std::size_t count = 0;
+    std::string_view points;
+    std::string_view ways;
+};
+
 void StoreItem(PluginContainer& container, std::string_view data) {
     container.items.push_back({TextOf(data.substr(4)), IntAt(data, 0)});
 }
@@ -170,6 +181,13 @@ constexpr Field<PluginRef> kRefFields[] = {
     {"DNAM", kAnySize, Times::Once,   [](auto& r, auto d) { DestinationOf(r).cell = TextOf(d); }},
     {"DATA", 24,       Times::Needed, [](auto& r, auto d) { r.place = PlaceOf(d); }},
     {"DELE", kAnySize, Times::Once,   [](auto& r, auto) { r.deleted = true; }},
+};
+
+constexpr Field<RawPathGrid> kPathGridFields[] = {
+    {"DATA", 12,       Times::Needed, [](auto& g, auto d) { g.count = WordAt(d, 8) >> 16; }},
+    {"NAME", kAnySize, Times::Needed, [](auto& g, auto d) { g.cell = TextOf(d); }},
+    {"PGRP", kAnySize, Times::Once,   [](auto& g, auto d) { g.points = d; }},
+    {"PGRC", kAnySize, Times::Once,   [](auto& g, auto d) { g.ways = d; }},
 };
 
 constexpr Field<PluginContainer> kContainerFields[] = {
@@ -212,6 +230,7 @@ private:
     void ReadRecord(Record& record);
     void ReadHeader(Record& record);
     void ReadContainer(Record& record);
+    void ReadPathGrid(Record& record);
     void ReadCell(Record& record);
     void ReadCellPart(const SubRecord& sub, Filling<PluginCell>& cell);
     void FinishRef(PluginCell& cell, bool cut);
@@ -382,6 +401,40 @@ void Reader::ReadContainer(Record& record) {
     }
 }
 
+void Reader::ReadPathGrid(Record& record) {
+    const Fields<RawPathGrid> fields = kPathGridFields;
+    Filling<RawPathGrid> raw;
+    SubRecord sub;
+    while (NextSubRecord(record, sub)) {
+        Store(fields, raw, sub, record.tag);
+    }
+    if (!Finish(fields, raw, record.cut, record.offset, "PGRD")) {
+        return;
+    }
+    const auto& [cell, count, points, ways] = raw.value;
+    PluginPathGrid& grid = file.pathGrids.emplace_back(PluginPathGrid{record.offset, cell, {}});
+    std::size_t wayBytes = 0; // that the points ask for
+    for (std::size_t at = 0; at + kPathPointBytes <= points.size(); at += kPathPointBytes) {
+        PathPoint& point = grid.points.emplace_back(
+            PathPoint{IntAt(points, at), IntAt(points, at + 4), IntAt(points, at + 8), {}});
+        for (std::size_t left = WordAt(points, at + 12) >> 8 & 0xFF; left > 0; --left) {
+            wayBytes += kPathWayBytes;
+            if (wayBytes <= ways.size()) {
+                point.ways.push_back(WordAt(ways, wayBytes - kPathWayBytes));
+            }
+        }
+    }
+    const auto check = [&](const char* what, std::size_t said, std::size_t there) {
+        if (said != there && !record.cut) {
+            Report(record.offset,
+                   std::string("PGRD says ") + Bytes(said) + " of " + what + ", " +
+                       std::to_string(there) + " are there");
+        }
+    };
+    check("points", count * kPathPointBytes, points.size());
+    check("ways", wayBytes, ways.size());
+}
+
 void Reader::FinishRef(PluginCell& cell, bool cut) {
     if (!openRef) {
         return;
@@ -450,6 +503,8 @@ void Reader::ReadRecord(Record& record) {
         ReadCell(record);
     } else if (record.tag == "CONT") {
         ReadContainer(record);
+    } else if (record.tag == "PGRD") {
+        ReadPathGrid(record);
     } else {
         SkipRecord(record);
     }

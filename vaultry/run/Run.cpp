@@ -8,6 +8,7 @@
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/LevelObserver.h>
 #include <vaultry/run/ArrivalPlace.h>
+#include <vaultry/run/PathPlan.h>
 
 #include <random>
 
@@ -104,6 +105,27 @@ private:
     std::size_t levels = 0;
 };
 
+// Lays a path grid into the plug-in for each level that it passes on.
+class PathGridMaker : public LevelObserver {
+public:
+    PathGridMaker(Mod& filledMod, LevelObserver* nextObserver)
+        : mod(filledMod), next(nextObserver) {}
+
+    void LevelFinished(const FinishedLevel& level) override {
+        // Without a name the grid would be one of the world outside.
+        if (const std::string& cell = level.cell.GetName(); !cell.empty()) {
+            mod.CreatePathGrid(cell.c_str())->points = PathPointsOf(level);
+        }
+        if (next != nullptr) {
+            next->LevelFinished(level);
+        }
+    }
+
+private:
+    Mod& mod;
+    LevelObserver* next;
+};
+
 RunEnd EndOf(ModResult result) {
     return result == ModResult::Written    ? RunEnd::Made
            : result == ModResult::Canceled ? RunEnd::Canceled
@@ -177,7 +199,7 @@ void Run::HandOver(const RunOptions& wanted) const {
     const std::string master = FromUtf8(wanted.master.value_or(""));
     manager.SetMasterFile(wanted.master ? master.c_str() : nullptr, wanted.masterSize.value_or(0));
     manager.mod.SetDescription(nullptr);
-    manager.mod.SetUniqueReferences(wanted.uniqueReferences);
+    manager.mod.SetUniqueReferences(wanted.uniqueReferences || wanted.playable);
     manager.SetAddPlatforms(wanted.platforms);
     manager.SetRandomInfo(wanted);
     manager.SetNameSingleLevel(true);
@@ -186,7 +208,8 @@ void Run::HandOver(const RunOptions& wanted) const {
 // Every try starts from the same state, so that its seed makes the same dungeon by itself.
 RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
     const KeptSettings settings(manager);
-    manager.levelObserver = observer;
+    PathGridMaker paths(manager.mod, observer);
+    manager.levelObserver = options.pathGrid || options.playable ? &paths : observer;
     ProblemList problems;
     RunResult result;
     result.seed = seed;

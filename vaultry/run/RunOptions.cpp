@@ -101,7 +101,9 @@ std::vector<OptionRow>& Table() {
         Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", OptionGroup::Repeat, kForSearch | kRepeats}, 0, kMaxStamp),
         {"describe",              &Options::describe, "Keep the line that makes it with the plug-in", OptionGroup::Plugin, kRepeats | kReported},
         {"strict",                &Options::strict, "Write nothing if there was an error", OptionGroup::Plugin, kReported},
-        {"unique-references",     &Options::uniqueReferences, "No number of a reference twice in the plug-in", OptionGroup::Playable, kHeader},
+        {"playable",              &Options::playable, "All of these that need no answer", OptionGroup::Playable, kHeader},
+        Yields("playable", {"path-grid", &Options::pathGrid, "Ways by which creatures wander and follow", OptionGroup::Playable, kHeader}),
+        Yields("playable", {"unique-references", &Options::uniqueReferences, "No number of a reference twice in the plug-in", OptionGroup::Playable, kHeader}),
     };
     return rows;
 }

@@ -56,7 +56,9 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     std::optional<std::int64_t> stamp;        ///< in container identifiers; by chance without
     bool describe = false; ///< to whoever writes: the plug-in tells what line makes it again
     bool strict = false;   ///< to whoever writes: nothing if there was an error
+    bool playable = false; ///< all of the following that needs no answer
     bool uniqueReferences = false; ///< numbers of references go on from cell to cell
+    bool pathGrid = false;         ///< a path grid for every cell
 };
 
 /// Where an option stands. The kind of option follows from the type. An option of an optional field

@@ -97,6 +97,12 @@ TEST_F(InspectReportTest, TellsWhatIsNotShown) {
               "(ANAM 1)\n");
 }
 
+TEST_F(InspectReportTest, TellsOfThePathGridOfACell) {
+    EXPECT_EQ(Lines("Path grid"), "");
+    file.pathGrids = {{0, "Crypt", {{0, 0, 0, {1}}, {256, 0, 0, {0}}}}, {0, "crypt", {}}};
+    EXPECT_EQ(Lines("Path grid"), "  Path grid    2 points, 2 ways\n");
+}
+
 TEST_F(InspectReportTest, TellsOfWater) {
     file.cells[0].flags = 3;
     file.cells[0].waterHeight = -64.5F;

@@ -51,6 +51,28 @@ TEST_F(PluginChecksTest, TheHeaderMaySayNoRecordsOrTheirNumber) {
     EXPECT_EQ(Findings(), Lines{});
 }
 
+TEST_F(PluginChecksTest, APathGridFollowsItsCellAndIsSpeltAlike) {
+    mod.CreatePathGrid("Crypt");
+    mod.CreatePathGrid("Somewhere else");
+    file = ReadBack(mod);
+    EXPECT_EQ(Findings(), Lines{});
+    file.pathGrids.at(0).offset = Crypt().offset - 1;
+    EXPECT_EQ(Findings(), (Lines{"path grid \"Crypt\" stands before its cell"}));
+    file.pathGrids.at(0).cell = "cRYPT";
+    EXPECT_EQ(Findings(), (Lines{"path grid \"cRYPT\" is spelt otherwise than its cell"}));
+}
+
+TEST_F(PluginChecksTest, WaysLeadToPointsThatAreThere) {
+    const DiPtr<PathGrid> grid = mod.CreatePathGrid("Crypt");
+    grid->points = {{0, 0, 0, {1}}, {256, 0, 0, {0}}};
+    file = ReadBack(mod);
+    EXPECT_EQ(Findings(), Lines{});
+    grid->points[1].ways.push_back(2);
+    file = ReadBack(mod);
+    EXPECT_EQ(Findings(),
+              (Lines{"path grid \"Crypt\" has a way from point 1 to a point that is not there"}));
+}
+
 TEST_F(PluginChecksTest, AMasterNeedsAName) {
     file.header.masters.push_back({"", 7});
     EXPECT_EQ(Findings(), (Lines{"the header names a master without a name"}));

@@ -46,6 +46,24 @@ TEST_F(PluginDiffTest, APluginIsTheSameAsItself) {
     EXPECT_EQ(Differences(), Lines{});
 }
 
+TEST_F(PluginDiffTest, TellsOfPathGrids) {
+    mod.CreatePathGrid("Crypt")->points = {{0, 0, 0, {1}}, {256, 0, 0, {0}}};
+    b = ReadBack(mod);
+    EXPECT_EQ(Differences(), (Lines{"path-grid-added | path-grid \"Crypt\" | is new"}));
+    std::swap(a, b);
+    EXPECT_EQ(Differences(), (Lines{"path-grid-removed | path-grid \"Crypt\" | is missing"}));
+    b = a;
+    EXPECT_EQ(Differences(), Lines{});
+    b.pathGrids.at(0).points[1].z = 1;
+    EXPECT_EQ(Differences(),
+              (Lines{"path-grid-changed | path-grid \"Crypt\" | has as many points and ways, but "
+                     "others"}));
+    b.pathGrids[0].points.push_back({});
+    EXPECT_EQ(Differences(),
+              (Lines{"path-grid-changed | path-grid \"Crypt\" | number of points is 3 instead of "
+                     "2"}));
+}
+
 TEST_F(PluginDiffTest, NamesWhatIsOtherInTheHeader) {
     b.header.version = 1.3F;
     b.header.type = 1;
