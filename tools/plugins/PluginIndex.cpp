@@ -43,8 +43,15 @@ PluginIndex::PluginIndex(const PluginFile& file) {
     for (const PluginContainer& container : file.containers) {
         containers.insert(ToUpper(container.id));
     }
+    std::unordered_map<std::string_view, const PluginPathGrid*> byName;
     for (const PluginPathGrid& grid : file.pathGrids) {
-        pathGrids[grid.cell] = &grid;
+        byName[grid.cell] = &grid;
+    }
+    for (const PluginCell& cell : file.cells) {
+        if (const auto grid = byName.find(cell.name); grid != byName.end()) {
+            pathGrids.emplace(&cell, grid->second);
+            byName.erase(grid);
+        }
     }
 }
 
@@ -57,7 +64,7 @@ bool PluginIndex::HasContainer(std::string_view id) const {
 }
 
 const PluginPathGrid* PluginIndex::PathGridOf(const PluginCell& cell) const {
-    const auto found = pathGrids.find(cell.name);
+    const auto found = pathGrids.find(&cell);
     return found == pathGrids.end() ? nullptr : found->second;
 }
 

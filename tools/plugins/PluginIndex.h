@@ -20,13 +20,14 @@ public:
     bool HasCell(std::string_view name) const;
     bool HasContainer(std::string_view id) const;
 
-    /// The path grid of a cell, to the letter, or null; the last one, which is the game's too.
+    /// The path grid of a cell of the plug-in, spelt alike, or null; of several the last one, which
+    /// is the game's too. Of cells of one name the first has it, so that reports tell of each once.
     const PluginPathGrid* PathGridOf(const PluginCell& cell) const;
 
 private:
     std::unordered_set<std::string> cells;
     std::unordered_set<std::string> containers;
-    std::unordered_map<std::string, const PluginPathGrid*> pathGrids;
+    std::unordered_map<const PluginCell*, const PluginPathGrid*> pathGrids;
 };
 
 /// How many ways lead from the points of a path grid, one-way ones each.

@@ -101,6 +101,9 @@ TEST_F(InspectReportTest, TellsOfThePathGridOfACell) {
     EXPECT_EQ(Lines("Path grid"), "");
     file.pathGrids = {{0, "Crypt", {{0, 0, 0, {1}}, {256, 0, 0, {0}}}}, {0, "crypt", {}}};
     EXPECT_EQ(Lines("Path grid"), "  Path grid    2 points, 2 ways\n");
+    // Once, or a few cells and a large grid would make a report without end.
+    file.cells.push_back(file.cells[0]);
+    EXPECT_EQ(Lines("Path grid"), "  Path grid    2 points, 2 ways\n");
 }
 
 TEST_F(InspectReportTest, TellsOfWater) {
