@@ -42,6 +42,9 @@ ExitStatus RunVerb(const DiffOptions& options, const Console& console);
 /// not exist or cannot be read is a usage error. The status is the worst of all.
 ExitStatus RunVerb(const CheckOptions& options, const Console& console);
 
+/// Writes a stand-in for the game, on which the engine shows what was generated.
+ExitStatus RunVerb(const StageOptions& options, const Console& console);
+
 /// Prints the manual page.
 ExitStatus RunVerb(const ManualOptions& options, const Console& console);
 

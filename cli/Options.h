@@ -121,6 +121,13 @@ struct CheckOptions {
     bool json = false;
 };
 
+/// vaultry stage
+struct StageOptions {
+    std::string folder;                   ///< a path
+    std::vector<std::string> configs;     ///< paths, "builtin", "builtin:NAME"; empty: all built-in
+    std::string master = "Morrowind.esm"; ///< the name that plug-ins ask for
+};
+
 /// vaultry manual
 struct ManualOptions {};
 
@@ -154,6 +161,7 @@ using Request = std::variant<GenerateOptions,
                              PlayOptions,
                              DiffOptions,
                              CheckOptions,
+                             StageOptions,
                              ManualOptions,
                              CompletionOptions,
                              CompleteOptions,

@@ -89,6 +89,16 @@ constexpr const char* kCheckExample =
     "  vaultry check my.xml --json | jq -r '.findings[].message'\n"
     "  vaultry check *.xml";
 
+constexpr const char* kStageExample =
+    "Boxes and bare rooms stand in for the game's objects, at the measures that were taken in the "
+    "game, so that OpenMW shows a plug-in without it. The folder is a new one or that of a stage.\n"
+    "\n"
+    "Example:\n"
+    "  vaultry stage stage\n"
+    "  vaultry generate --seed 7 -n Crypt -o stage/crypt.esp\n"
+    "  openmw --data stage --content Morrowind.esm --content crypt.esp \\\n"
+    "      --skip-menu --start Crypt";
+
 constexpr const char* kManualExample = "Example:\n"
                                        "  vaultry manual | man -l -";
 constexpr const char* kCompletionExample =
@@ -465,6 +475,20 @@ void AddCheck(CLI::App& verb, Request& request) {
     AddJson(verb, options.json);
 }
 
+void AddStage(CLI::App& verb, Request& request) {
+    auto& options = request.emplace<StageOptions>();
+    AddText(verb, "folder", options.folder, "FOLDER", "Where it is to stand")->required();
+    verb.add_option("-c,--config",
+                    options.configs,
+                    "Files, builtin or builtin:NAME (default: all that are built in)")
+        ->type_name("CONFIG...");
+    AddText(verb,
+            "--name",
+            options.master,
+            "NAME",
+            "The file that plug-ins ask for (default: Morrowind.esm)");
+}
+
 void AddManual(CLI::App& /*verb*/, Request& request) {
     request.emplace<ManualOptions>();
 }
@@ -476,7 +500,7 @@ void AddCompletion(CLI::App& verb, Request& request) {
 }
 
 // clang-format off
-constexpr std::array<Verb, 11> kVerbs = {{
+constexpr std::array<Verb, 12> kVerbs = {{
     {"generate",   "Generates an interior as a plug-in",            kGenerateExample,   AddGenerate},
     {"map",        "Draws a plug-in, or what would be generated",   kMapExample,        AddMap},
     {"search",     "Finds the best among many seeds",               kSearchExample,     AddSearch},
@@ -486,6 +510,7 @@ constexpr std::array<Verb, 11> kVerbs = {{
     {"play",       "Walks through a plug-in with OpenMW",           kPlayExample,       AddPlay},
     {"diff",       "Tells in words how two plug-ins differ",        kDiffExample,       AddDiff},
     {"check",      "Tells what is wrong with a configuration",      kCheckExample,      AddCheck},
+    {"stage",      "Makes a stand-in for the game to walk on",       kStageExample,      AddStage},
     {"manual",     "Prints the manual page",                        kManualExample,     AddManual},
     {"completion", "Prints what a shell completes arguments by",    kCompletionExample, AddCompletion},
 }};

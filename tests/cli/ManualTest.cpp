@@ -12,14 +12,16 @@ namespace Tarnex::Test {
 
 namespace {
 
-constexpr std::array<const char*, 10> kVerbs = {"generate",
+constexpr std::array<const char*, 12> kVerbs = {"generate",
                                                 "map",
                                                 "search",
                                                 "list",
                                                 "config",
                                                 "inspect",
+                                                "play",
                                                 "diff",
                                                 "check",
+                                                "stage",
                                                 "manual",
                                                 "completion"};
 

@@ -19,6 +19,7 @@ set(MAY_INCLUDE
   "tools/facts: vaultry tools/text tools/plugins tools/maps"
   "tools/search: vaultry tools/text tools/plugins tools/maps tools/facts"
   "tools/gallery: vaultry tools/text tools/runs tools/maps"
+  "tools/stage: vaultry tools/text tools/check tools/plugins"
   "embed: vaultry tools"
   "cli: vaultry tools")
 
