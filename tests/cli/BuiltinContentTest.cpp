@@ -284,6 +284,16 @@ TEST_P(BuiltinContentTest, ContentIdentifiersFitTheirField) {
     }
 }
 
+// A plug-in has the identifier alone: what it is of, a map has to find by that.
+TEST_P(BuiltinContentTest, WhatStandsInARoomIsOfOneKind) {
+    std::set<std::string> seen;
+    for (const char* type : {"Creature", "Furniture", "Rug", "Tapestry"}) {
+        for (const DiPtr<ContentTemplate>& content : Content(type)) {
+            EXPECT_TRUE(seen.insert(ToUpper(content->uniqueName)).second) << content->uniqueName;
+        }
+    }
+}
+
 TEST_P(BuiltinContentTest, ContainersAreNamedAndHaveAModelAndRoom) {
     EXPECT_FALSE(Content("Container").empty());
     for (const DiPtr<ContentTemplate>& container : Content("Container")) {
