@@ -30,9 +30,10 @@ TEST_F(GenerateTest, NamesTheCellAfterTheFile) {
     const Outcome outcome = Generate({"-o", "Old keep.esp", "--json"});
     EXPECT_EQ(Json::parse(outcome.out)["cells"][0]["name"], "Old keep");
     EXPECT_EQ(Json::parse(outcome.out)["warnings"], Json::array());
-    EXPECT_TRUE(Contains(Generate({"-o", "P\u0159\u00ED.esp"}).err,
-                         "the game lacks letters of the file's name: the cell is called "
-                         "\"P_\u00ED\"; --cell gives it another name\n"));
+    EXPECT_TRUE(
+        Contains(Generate({"-o", "P\u0159\u00ED.esp"}).err,
+                 "the cell is called \"P_\u00ED\": the file's name is too long for a cell, or "
+                 "has letters that cells cannot have; --cell gives it another name\n"));
 }
 
 TEST_F(GenerateTest, TellsOfFilesThatTheGameDoesNotList) {
