@@ -60,8 +60,10 @@ std::vector<std::string> InstalledContent(const fs::path& config) {
 void RequireMaster(const PluginMaster& master, const std::vector<std::string>& content) {
     const std::string name = ToUtf8(master.name);
     if (!Report::HasContent(content, name)) {
-        throw UsageError("OpenMW does not load \"" + name +
-                         "\": tick it in OpenMW's launcher, or play without the game by --stage");
+        throw UsageError(
+            "OpenMW does not load \"" + name +
+            "\": tick it in OpenMW's launcher, or play without the game: \"vaultry stage "
+            "FOLDER\", then --stage FOLDER");
     }
 }
 

@@ -57,7 +57,7 @@ TEST_F(PlayTest, TheGameIsTheOneOfTheEnginesConfiguration) {
     const std::vector<std::string> play = {"play", "keep.esp", "--engine", "openmw", "--print"};
     EXPECT_TRUE(Contains(RunAfter(set, play).err,
                          "OpenMW does not load \"Morrowind.esm\": tick it in OpenMW's launcher, or "
-                         "play without the game by --stage"));
+                         "play without the game: \"vaultry stage FOLDER\", then --stage FOLDER"));
     const std::string listed = set + " && echo content=Morrowind.esm > openmw/openmw.cfg";
     EXPECT_TRUE(Contains(RunAfter(listed, play).out, " --content keep.esp --start keep "));
     const std::string both = listed + " && echo content=KEEP.esp >> openmw/openmw.cfg";
