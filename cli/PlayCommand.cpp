@@ -84,7 +84,7 @@ std::vector<std::string> StagedContent(const Report::LoadedPlugin& plugin, const
         content.push_back(ToUtf8(master.name));
         if (!fs::exists(stage / PathFromUtf8(content.back()))) {
             throw UsageError('"' + Utf8(stage) + "\" is no stage: it has no \"" + content.back() +
-                             '"');
+                             "\"; \"vaultry stage FOLDER\" makes one");
         }
     }
     content.push_back(Utf8(PathFromUtf8(plugin.path).filename()));

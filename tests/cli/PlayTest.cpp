@@ -41,7 +41,9 @@ TEST_F(PlayTest, WhatNobodyKnowsIsEnteredWithoutAPlace) {
 TEST_F(PlayTest, AFolderWithoutTheMasterIsNoStage) {
     const Outcome outcome = Run({"play", "keep.esp", "--stage", "nowhere", "--engine", "openmw"});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_TRUE(Contains(outcome.err, "is no stage: it has no \"Morrowind.esm\""));
+    EXPECT_TRUE(
+        Contains(outcome.err,
+                 "is no stage: it has no \"Morrowind.esm\"; \"vaultry stage FOLDER\" makes one\n"));
 }
 
 TEST_F(PlayTest, AnEngineThatIsNotThereIsSaid) {
