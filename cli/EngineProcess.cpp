@@ -21,11 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Utf8(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
 // The installer for Windows names its folder after the version; the last is the newest, for the
 // versions that there are.
 std::optional<std::string> NewestInstalled() {
@@ -42,6 +37,11 @@ std::optional<std::string> NewestInstalled() {
 }
 
 } // namespace
+
+std::string Utf8(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
 
 #ifdef _WIN32
 

@@ -4,6 +4,7 @@
 
 #include "tools/engine/EngineLine.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +13,9 @@ namespace Tarnex::Cli {
 
 /// The one this program runs on.
 extern const Report::System kThisSystem;
+
+/// The path as text, in UTF-8 on every system.
+std::string Utf8(const std::filesystem::path& path);
 
 /// The environment's value in UTF-8; empty for none.
 std::string EnvironmentValue(const char* name);

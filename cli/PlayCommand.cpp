@@ -22,11 +22,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* kScript = "vaultry-play.txt";
 
-std::string Utf8(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
 std::string EngineOf(const PlayOptions& options) {
     if (options.engine) {
         return *options.engine;
