@@ -3,8 +3,9 @@
 
 #include "tools/stage/CaveShape.h"
 #include "tools/stage/CellShape.h"
-#include "tools/stage/CsvRows.h"
+#include "tools/stage/StageTables.h"
 
+#include <vaultry/foundation/CsvRows.h>
 #include <vaultry/foundation/Text.h>
 
 #include <algorithm>
@@ -73,7 +74,10 @@ Known KnownOf(const Row& row) {
 
 std::vector<Piece> ReadPieces() {
     std::vector<Piece> pieces;
-    for (const Row& row : CsvRows(PieceTable())) {
+    for (const auto& [line, row, closed] : CsvRows(PieceTable())) {
+        if (line == 1) {
+            continue; // the names of the columns
+        }
         pieces.push_back({row[Id], row[Sort], ShapeOf(row), KnownOf(row)});
     }
     return pieces;

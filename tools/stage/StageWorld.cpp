@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "tools/stage/CsvRows.h"
 #include "tools/stage/RecordBytes.h"
 #include "tools/stage/StageRecords.h"
+#include "tools/stage/StageTables.h"
 
+#include <vaultry/foundation/CsvRows.h>
 #include <vaultry/foundation/Text.h>
 
 #include <array>
@@ -29,7 +30,10 @@ public:
 
 // The first letter of a setting tells its kind. A text without a value is its own name.
 void AddSettings(Records& records) {
-    for (const std::vector<std::string>& row : CsvRows(SettingTable())) {
+    for (const auto& [line, row, closed] : CsvRows(SettingTable())) {
+        if (line == 1) {
+            continue; // the names of the columns
+        }
         const std::string& name = row[0];
         const std::string& value = row[1];
         RecordBytes record("GMST");
