@@ -9,6 +9,7 @@
 
 #include <string>
 #include <tests/output/PluginBytes.h>
+#include <tests/support/Contains.h>
 #include <tests/support/Esmtool.h>
 #include <tests/support/LogTest.h>
 #include <vector>
@@ -190,6 +191,41 @@ TEST_F(EsmtoolTest, ShowsEveryPointAndWayOfAPathGrid) {
                  "  Edge[1]: 1 -> 0",
                  "  Edge[2]: 1 -> 2",
                  "  Edge[3]: 2 -> 1"});
+}
+
+TEST_F(EsmtoolTest, ShowsKeysLocksAndTraps) {
+    mod.CreateKey("Key1_1")->name = "Key 1 of Crypt";
+    WritePlugin();
+    mod.GetContainers().front()->Add("Key1_1", 1);
+    RefLock lock;
+    lock.level = 35;
+    lock.key = "Key1_1";
+    lock.trap = "a_trap";
+    mod.GetCells()[0]->LockRef(1, lock);
+    RefLock open;
+    open.level = 0;
+    mod.GetCells()[1]->LockRef(0, open);
+    const std::string file = dir.Write("locked.esp", Written(mod));
+    const Answer answer = DumpPlugin(file);
+    EXPECT_EQ(answer.status, 0) << answer.text;
+    ExpectLines(answer.text,
+                {"Record: MISC 'Key1_1'",
+                 "  Name: Key 1 of Crypt",
+                 "  Is Key: 1",
+                 "Record: CONT 'Ctr1000000001_1'",
+                 "  Inventory: Count:    1 Item: Key1_1",
+                 "Record: CELL 'Crypt, Level 1'",
+                 "    ID: in_impsmall_door_01",
+                 "    Key: Key1_1",
+                 "    Lock level: 35",
+                 "    Trap: a_trap",
+                 "Record: CELL 'Crypt, Level 2'",
+                 "    ID: in_impsmall_door_01",
+                 "    Lock level: 0"});
+    // Nothing is lost on the way through its own writer.
+    const std::string copy = dir.File("copy.esp");
+    EXPECT_EQ(ClonePlugin(file, copy).status, 0);
+    EXPECT_TRUE(Contains(ReadFile(PathFromUtf8(copy)), std::string("KNAM\x07\0\0\0Key1_1", 14)));
 }
 
 // Everything but version, record count and the tops of reference numbers, rotations too, must come

@@ -93,6 +93,20 @@ TEST_F(ModTest, PathGridsComeBehindAllCells) {
     EXPECT_EQ(WrittenRecords(), (Names{"TES3"}));
 }
 
+TEST_F(ModTest, KeysComeBeforeAllThatNamesThem) {
+    mod.CreateCell("A");
+    CreateContainer("Ctr_1");
+    const DiPtr<Key> key = mod.CreateKey("Key_1");
+    mod.CreateKey("Key_2");
+    ASSERT_EQ(mod.GetKeys().size(), 2U);
+    EXPECT_EQ(mod.GetKeys()[0], key);
+    EXPECT_EQ(WrittenRecords(),
+              (Names{"TES3", "MISC Key_1", "MISC Key_2", "CONT Ctr_1", "CELL A"}));
+    mod.ResetContent();
+    EXPECT_TRUE(mod.GetKeys().empty());
+    EXPECT_EQ(WrittenRecords(), (Names{"TES3"}));
+}
+
 TEST_F(ModTest, IsTheBytesOfItsParts) {
     const DiPtr<Container> container = CreateContainer("Ctr_1");
     const DiPtr<Cell> cell = mod.CreateCell("A");

@@ -172,6 +172,69 @@ TEST_F(PathGridReadingTest, OneThatTheFileCutsShortIsReadAsFarAsItGoes) {
     EXPECT_TRUE(ReadPlugin(bytes).pathGrids.empty());
 }
 
+TEST_F(PluginReaderTest, ReadsKeys) {
+    Key key("Key1_1");
+    key.name = "Key 1";
+    key.model = "m\\k.nif";
+    key.icon = "m\\k.tga";
+    bytes += Written(key);
+    const PluginFile file = ReadPlugin(bytes);
+    ASSERT_EQ(file.keys.size(), 1U);
+    EXPECT_EQ(file.keys[0].offset, kSampleSize);
+    EXPECT_EQ(file.keys[0].id, "Key1_1");
+    EXPECT_EQ(file.keys[0].name, "Key 1");
+    EXPECT_EQ(file.keys[0].model, "m\\k.nif");
+    EXPECT_EQ(file.keys[0].icon, "m\\k.tga");
+    EXPECT_EQ(file.keys[0].weight, 0.0F);
+    EXPECT_EQ(file.keys[0].worth, 0);
+    EXPECT_FALSE(file.keys[0].deleted);
+    EXPECT_TRUE(file.otherRecords.empty());
+    EXPECT_EQ(Findings(), Lines{});
+}
+
+TEST_F(PluginReaderTest, AnItemThatIsNoKeyIsOneOfTheOtherRecords) {
+    Key key("misc_spoon");
+    std::string record = Written(key);
+    record.at(record.size() - 4) = 0;
+    bytes += record;
+    const PluginFile file = ReadPlugin(bytes);
+    EXPECT_TRUE(file.keys.empty());
+    EXPECT_EQ(file.otherRecords.at("MISC"), 1U);
+    EXPECT_EQ(Findings(), Lines{});
+    // Nor is one known for a key that says nothing of it.
+    bytes += "MISC" + Hex("0A 00 00 00") + Zeros(8) + "NAME" + Hex("02 00 00 00") + "A" + Zeros(1);
+    EXPECT_EQ(ReadPlugin(bytes).otherRecords.at("MISC"), 2U);
+    EXPECT_EQ(Findings(), (Lines{"356: MISC has no MCDT"}));
+}
+
+TEST_F(PluginReaderTest, ReadsWhatKeepsThingsShut) {
+    RefLock lock;
+    lock.level = 35;
+    lock.key = "Key1_1";
+    lock.trap = "a_trap";
+    mod.GetCells()[0]->LockRef(0, lock);
+    RefLock open;
+    open.level = -20;
+    mod.GetCells()[0]->LockRef(1, open);
+    bytes = Written(mod);
+    const PluginFile file = ReadPlugin(bytes);
+    const std::vector<PluginRef>& refs = file.cells.at(0).refs;
+    EXPECT_EQ(refs.at(0).lock, (PluginLock{35, "Key1_1", "a_trap"}));
+    EXPECT_EQ(refs.at(1).lock, (PluginLock{-20, "", ""}));
+    EXPECT_TRUE(file.skippedSubRecords.empty());
+    EXPECT_EQ(Findings(), Lines{});
+}
+
+TEST_F(PluginReaderTest, WhereNothingIsSaidThereIsNoLock) {
+    EXPECT_FALSE(ReadPlugin(bytes).cells.at(0).refs.at(0).lock);
+    RefLock trap;
+    trap.trap = "a_trap";
+    mod.GetCells()[0]->LockRef(0, trap);
+    bytes = Written(mod);
+    EXPECT_EQ(ReadPlugin(bytes).cells.at(0).refs.at(0).lock,
+              (PluginLock{std::nullopt, "", "a_trap"}));
+}
+
 TEST_F(PluginReaderTest, ReadsAContainer) {
     const PluginFile file = ReadPlugin(bytes);
     ASSERT_EQ(file.containers.size(), 1U);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <optional>
 #include <string>
 #include <tests/output/PluginBytes.h>
 
@@ -71,6 +72,56 @@ TEST(RefTest, AScaleOtherThan1IsWritten) {
                   "NAME" + Hex("02 00 00 00") + "a" + Zeros(1) + //
                   "XSCL" + Hex("04 00 00 00 00 00 00 3F") +      //
                   "DATA" + Hex("18 00 00 00") + Zeros(24));
+}
+
+RefLock LockOf(std::optional<std::int32_t> level, const char* key, const char* trap) {
+    RefLock lock;
+    lock.level = level;
+    lock.key = key;
+    lock.trap = trap;
+    return lock;
+}
+
+TEST(RefTest, ALockIsWrittenBehindTheDestination) {
+    Ref door("a");
+    door.Teleport(PlaceNamed("B"));
+    door.Lock(LockOf(35, "key", "trap"));
+    const std::string bytes = Written(door);
+    EXPECT_EQ(bytes,
+              "FRMR" + Hex("04 00 00 00 00 00 00 00") +             //
+                  "NAME" + Hex("02 00 00 00") + "a" + Zeros(1) +    //
+                  "DODT" + Hex("18 00 00 00") + PlaceBytes() +      //
+                  "DNAM" + Hex("02 00 00 00") + "B" + Zeros(1) +    //
+                  "FLTV" + Hex("04 00 00 00 23 00 00 00") +         //
+                  "KNAM" + Hex("04 00 00 00") + "key" + Zeros(1) +  //
+                  "TNAM" + Hex("05 00 00 00") + "trap" + Zeros(1) + //
+                  "DATA" + Hex("18 00 00 00") + Zeros(24));
+    EXPECT_EQ(door.GetTotalSize(), bytes.size());
+}
+
+TEST(RefTest, OfALockOnlyWhatItSaysIsWritten) {
+    const auto tags = [](const RefLock& lock) {
+        Ref ref("a");
+        ref.Lock(lock);
+        const std::string bytes = Written(ref);
+        EXPECT_EQ(ref.GetTotalSize(), bytes.size());
+        return Tags(WalkSubRecords(bytes));
+    };
+    EXPECT_EQ(tags(LockOf(0, "", "")), "FRMR NAME FLTV DATA");
+    EXPECT_EQ(tags(LockOf(std::nullopt, "", "trap")), "FRMR NAME TNAM DATA");
+    EXPECT_EQ(tags(LockOf(100, "", "")), "FRMR NAME FLTV DATA");
+    EXPECT_EQ(tags(LockOf(std::nullopt, "", "")), "FRMR NAME DATA");
+}
+
+TEST(RefTest, ALockIsTheReferencesOwn) {
+    RefLock lock = LockOf(10, "", "");
+    Ref ref("a");
+    EXPECT_FALSE(ref.GetLock());
+    ref.Lock(lock);
+    lock.level = 20;
+    EXPECT_EQ(ref.GetLock()->level, 10);
+    ref.Lock(lock);
+    EXPECT_EQ(ref.GetLock()->level, 20);
 }
 
 TEST(RefTest, TheScaleIsLeftOutOnlyWhenItIsExactly1) {

@@ -41,6 +41,9 @@ public:
     /// references into GetRefs invalid.
     void AddRef(Ref ref) { refs.push_back(std::move(ref)); }
 
+    /// Locks a reference by its place in the list, which has one there; see Ref::Lock.
+    void LockRef(std::size_t place, const RefLock& lock) { refs[place].Lock(lock); }
+
     /// The number of the first reference, 1 unless it is set; the others follow it.
     void NumberFrom(std::uint32_t number) { firstNumber = number; }
 

@@ -19,11 +19,16 @@ DiPtr<Container> Mod::CreateContainer() {
     return containers.emplace_back(MakeDi<Container>());
 }
 
+DiPtr<Key> Mod::CreateKey(const char* id) {
+    return keys.emplace_back(MakeDi<Key>(id));
+}
+
 DiPtr<PathGrid> Mod::CreatePathGrid(const char* cell) {
     return pathGrids.emplace_back(MakeDi<PathGrid>(cell));
 }
 
 void Mod::ResetContent() {
+    keys.clear();
     containers.clear();
     cells.clear();
     pathGrids.clear();
@@ -31,6 +36,10 @@ void Mod::ResetContent() {
 
 void Mod::Write(std::ostream& stream) {
     header.Write(stream);
+    // What a record names stands before it.
+    for (const DiPtr<Key>& key : keys) {
+        key->Write(stream);
+    }
     for (const DiPtr<Container>& container : containers) {
         container->Write(stream);
     }

@@ -6,15 +6,16 @@
 #include <vaultry/output/Cell.h>
 #include <vaultry/output/Container.h>
 #include <vaultry/output/FileHeader.h>
+#include <vaultry/output/Key.h>
 #include <vaultry/output/PathGrid.h>
 
 #include <vector>
 
 namespace Tarnex {
 
-/// A plug-in: one header, the containers made for generated contents, the generated cells. Cells
-/// and containers belong to it through their handles; generators hold further handles while they
-/// fill them.
+/// A plug-in: one header, the keys of its doors, the containers made for generated contents, the
+/// generated cells. Cells and containers belong to it through their handles; generators hold
+/// further handles while they fill them.
 ///
 /// A front end meets it as `mod` of its GenMgr after a run: to count what was made, to add to it,
 /// or to write it elsewhere than into a file:
@@ -44,6 +45,10 @@ public:
     /// before it is written; see NextContainerId.
     DiPtr<Container> CreateContainer();
 
+    /// Makes a key of that identifier at the end of the list of keys. Not null; no other key of the
+    /// plug-in may have it.
+    DiPtr<Key> CreateKey(const char* id);
+
     /// Makes an empty path grid, at the end of their list, for the cell of that name, which is not
     /// null. The cell has to be one of this plug-in: a grid for one of the game's takes the place
     /// of its own.
@@ -54,21 +59,25 @@ public:
     /// The containers, in the order made.
     const std::vector<DiPtr<Container>>& GetContainers() const { return containers; }
 
+    /// The keys, in the order made.
+    const std::vector<DiPtr<Key>>& GetKeys() const { return keys; }
+
     /// The path grids, in the order made.
     const std::vector<DiPtr<PathGrid>>& GetPathGrids() const { return pathGrids; }
 
-    /// Drops all cells, containers and path grids; the header stays. What others hold of them lives
-    /// on, outside of the plug-in.
+    /// Drops all keys, cells, containers and path grids; the header stays. What others hold of them
+    /// lives on, outside of the plug-in.
     void ResetContent();
 
-    /// Writes header, containers, cells and path grids, in that order, to a stream in binary mode.
-    /// Can be repeated, and gives the same bytes each time. Whether they arrived is for the stream
-    /// to say.
+    /// Writes header, keys, containers, cells and path grids, in that order, to a stream in binary
+    /// mode. Can be repeated, and gives the same bytes each time. Whether they arrived is for the
+    /// stream to say.
     void Write(std::ostream& stream) override;
 
 private:
     FileHeader header;
     bool uniqueReferences = false;
+    std::vector<DiPtr<Key>> keys;
     std::vector<DiPtr<Container>> containers;
     std::vector<DiPtr<Cell>> cells;
     std::vector<DiPtr<PathGrid>> pathGrids;

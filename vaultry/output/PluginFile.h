@@ -52,6 +52,18 @@ struct PluginDestination {
     PluginPlace arrival; ///< where one stands behind the door
 };
 
+/// What keeps somebody from opening a door or a container.
+struct PluginLock {
+    /// How hard it is to pick, 1 to 100 by the game's editor; 0 or less: it is not locked. Nothing
+    /// where the file does not say.
+    std::optional<std::int32_t> level;
+    std::string key;  ///< the item that opens it; without a level above 0, alone
+    std::string trap; ///< the spell that strikes whoever opens it
+
+    /// Equality of all three.
+    bool operator==(const PluginLock&) const = default;
+};
+
 /// One object placed in a cell. A reference whose identifier or place is missing is kept, with a
 /// finding, unless the file ends in it.
 struct PluginRef {
@@ -61,6 +73,7 @@ struct PluginRef {
     float scale = 1.0F;       ///< of its model
     PluginPlace place;        ///< in the cell
     std::optional<PluginDestination> destination; ///< of a teleporting door
+    std::optional<PluginLock> lock;               ///< of whatever says anything of one
     bool deleted = false;                         ///< takes away what a master placed
 };
 
@@ -96,6 +109,18 @@ struct PluginItem {
     std::int32_t count = 0; ///< how many
 };
 
+/// One item that the game takes for a key. A deleted one may hold nothing but its identifier.
+struct PluginKey {
+    std::uint64_t offset = 0; ///< of its record [bytes]
+    std::string id;           ///< by which doors and containers name it
+    std::string name;         ///< that the player sees
+    std::string model;        ///< file of its model
+    std::string icon;         ///< file of its picture
+    float weight = 0.0F;      ///< [weight units of the game]
+    std::int32_t worth = 0;   ///< [gold pieces]
+    bool deleted = false;     ///< takes away what a master defined
+};
+
 /// One container. A deleted one may hold nothing but its identifier.
 struct PluginContainer {
     std::uint64_t offset = 0;      ///< of its record [bytes]
@@ -123,10 +148,11 @@ struct PluginFile {
     PluginHeader header;                     ///< its first record
     std::vector<PluginCell> cells;           ///< the interiors
     std::uint64_t exteriorCells = 0;         ///< how many; they are not read
+    std::vector<PluginKey> keys;             ///< in the order of the file
     std::vector<PluginContainer> containers; ///< in the order of the file
     std::vector<PluginPathGrid> pathGrids;   ///< in the order of the file
     std::uint64_t records = 0;               ///< all records behind the header
-    PluginTagCounts otherRecords;            ///< neither cells nor containers nor path grids
+    PluginTagCounts otherRecords;            ///< neither cells, keys, containers nor path grids
     PluginTagCounts skippedSubRecords;       ///< of the records that are read
     std::vector<PluginFinding> findings; ///< in the order of the file, kMostPluginFindings at most
     std::uint64_t findingsLeftOut = 0;   ///< a ruined file would give more than is of use

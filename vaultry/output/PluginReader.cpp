@@ -143,6 +143,22 @@ void StoreArrival(PluginRef& ref, std::string_view data) {
     DestinationOf(ref).arrival = PlaceOf(data);
 }
 
+PluginLock& LockOf(PluginRef& ref) {
+    return ref.lock ? *ref.lock : ref.lock.emplace();
+}
+
+// What might be a key.
+struct RawItem {
+    PluginKey item;
+    bool isKey = false;
+};
+
+void StoreItemData(RawItem& raw, std::string_view data) {
+    raw.item.weight = FloatAt(data, 0);
+    raw.item.worth = IntAt(data, 4);
+    raw.isKey = WordAt(data, 8) != 0;
+}
+
 // What a path grid says of its points comes in three places.
 struct RawPathGrid {
     std::string cell;
@@ -179,6 +195,9 @@ constexpr Field<PluginRef> kRefFields[] = {
     {"XSCL", 4,        Times::Once,   [](auto& r, auto d) { r.scale = FloatAt(d, 0); }},
     {"DODT", 24,       Times::Once,   StoreArrival},
     {"DNAM", kAnySize, Times::Once,   [](auto& r, auto d) { DestinationOf(r).cell = TextOf(d); }},
+    {"FLTV", 4,        Times::Once,   [](auto& r, auto d) { LockOf(r).level = IntAt(d, 0); }},
+    {"KNAM", kAnySize, Times::Once,   [](auto& r, auto d) { LockOf(r).key = TextOf(d); }},
+    {"TNAM", kAnySize, Times::Once,   [](auto& r, auto d) { LockOf(r).trap = TextOf(d); }},
     {"DATA", 24,       Times::Needed, [](auto& r, auto d) { r.place = PlaceOf(d); }},
     {"DELE", kAnySize, Times::Once,   [](auto& r, auto) { r.deleted = true; }},
 };
@@ -188,6 +207,16 @@ constexpr Field<RawPathGrid> kPathGridFields[] = {
     {"NAME", kAnySize, Times::Needed, [](auto& g, auto d) { g.cell = TextOf(d); }},
     {"PGRP", kAnySize, Times::Once,   [](auto& g, auto d) { g.points = d; }},
     {"PGRC", kAnySize, Times::Once,   [](auto& g, auto d) { g.ways = d; }},
+};
+
+constexpr Field<RawItem> kItemFields[] = {
+    {"NAME", kAnySize, Times::Needed, [](auto& i, auto d) { i.item.id = TextOf(d); }},
+    {"MODL", kAnySize, Times::Once,   [](auto& i, auto d) { i.item.model = TextOf(d); }},
+    {"FNAM", kAnySize, Times::Once,   [](auto& i, auto d) { i.item.name = TextOf(d); }},
+    {"MCDT", 12,       Times::Needed, StoreItemData},
+    {"SCRI", kAnySize, Times::Once,   [](auto&, auto) {}},
+    {"ITEX", kAnySize, Times::Once,   [](auto& i, auto d) { i.item.icon = TextOf(d); }},
+    {"DELE", kAnySize, Times::Once,   [](auto& i, auto) { i.item.deleted = true; }},
 };
 
 constexpr Field<PluginContainer> kContainerFields[] = {
@@ -229,6 +258,7 @@ private:
 
     void ReadRecord(Record& record);
     void ReadHeader(Record& record);
+    void ReadItem(Record& record);
     void ReadContainer(Record& record);
     void ReadPathGrid(Record& record);
     void ReadCell(Record& record);
@@ -401,6 +431,24 @@ void Reader::ReadContainer(Record& record) {
     }
 }
 
+void Reader::ReadItem(Record& record) {
+    const Fields<RawItem> fields = kItemFields;
+    Filling<RawItem> raw;
+    SubRecord sub;
+    raw.value.item.offset = record.offset;
+    while (NextSubRecord(record, sub)) {
+        Store(fields, raw, sub, record.tag);
+    }
+    const bool whole =
+        raw.value.item.deleted || Finish(fields, raw, record.cut, record.offset, "MISC");
+    // What is no key is not looked at any further.
+    if (whole && raw.value.isKey) {
+        file.keys.push_back(std::move(raw.value.item));
+    } else {
+        ++file.otherRecords[std::string(record.tag)];
+    }
+}
+
 void Reader::ReadPathGrid(Record& record) {
     const Fields<RawPathGrid> fields = kPathGridFields;
     Filling<RawPathGrid> raw;
@@ -501,6 +549,8 @@ void Reader::ReadRecord(Record& record) {
     ++file.records;
     if (record.tag == "CELL") {
         ReadCell(record);
+    } else if (record.tag == "MISC") {
+        ReadItem(record);
     } else if (record.tag == "CONT") {
         ReadContainer(record);
     } else if (record.tag == "PGRD") {

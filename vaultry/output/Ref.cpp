@@ -16,6 +16,10 @@ void Ref::Teleport(const Ref& place) {
     destination = MakeDi<Ref>(place);
 }
 
+void Ref::Lock(const RefLock& newLock) {
+    lock = MakeDi<RefLock>(newLock);
+}
+
 std::uint32_t Ref::GetTotalSize() const {
     constexpr std::uint32_t kPlaceSub = kSubHeader + kPlaceWords * 4;
     std::uint32_t size = kWordSub;          // FRMR
@@ -28,6 +32,11 @@ std::uint32_t Ref::GetTotalSize() const {
         if (!destination->name.empty()) {
             size += kSubHeader + FieldLength(destination->name); // DNAM
         }
+    }
+    if (lock) {
+        size += lock->level ? kWordSub : 0;                                    // FLTV
+        size += lock->key.empty() ? 0 : kSubHeader + FieldLength(lock->key);   // KNAM
+        size += lock->trap.empty() ? 0 : kSubHeader + FieldLength(lock->trap); // TNAM
     }
     return size + kPlaceSub; // DATA
 }
@@ -51,6 +60,15 @@ void Ref::Write(std::ostream& stream) {
         if (!destination->name.empty()) {
             WriteText(stream, "DNAM", destination->name);
         }
+    }
+    if (lock && lock->level) {
+        WriteWord(stream, "FLTV", static_cast<std::uint32_t>(*lock->level));
+    }
+    if (lock && !lock->key.empty()) {
+        WriteText(stream, "KNAM", lock->key);
+    }
+    if (lock && !lock->trap.empty()) {
+        WriteText(stream, "TNAM", lock->trap);
     }
     WriteWords(stream, "DATA", place(*this));
 }

@@ -5,6 +5,7 @@
 #include <vaultry/foundation/Di3Point.h>
 #include <vaultry/foundation/DiPtr.h>
 #include <vaultry/output/Element.h>
+#include <vaultry/output/RefLock.h>
 
 namespace Tarnex {
 
@@ -62,6 +63,12 @@ public:
     /// Where the door leads, or null.
     const DiPtr<Ref>& GetDestination() const { return destination; }
 
+    /// Locks the reference, or arms it with a trap: a copy of the lock is kept, releasing any
+    /// earlier one. For doors and containers; the game ignores it on other things.
+    void Lock(const RefLock& newLock);
+    /// What keeps somebody from opening it, or null.
+    const DiPtr<RefLock>& GetLock() const { return lock; }
+
     /// The bytes that Write produces. It has no header of its own: the record is its cell's.
     std::uint32_t GetTotalSize() const;
     /// Writes the sub-records, from the number to the last part of the place.
@@ -70,6 +77,7 @@ public:
 private:
     std::uint32_t index = 0;
     DiPtr<Ref> destination;
+    DiPtr<RefLock> lock;
     std::string name;
 };
 
