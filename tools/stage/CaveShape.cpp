@@ -21,7 +21,8 @@ constexpr float kFrameTop = 76.0F;
 constexpr float kFrameDepth = 8.0F;
 constexpr float kRim = 256.0F;
 constexpr float kChamberHeight = 320.0F;
-constexpr float kChamberDrop = 128.0F; // of its floor below the middle of the mouth that leads in
+constexpr float kChamberDrop = 128.0F; // of its pieces below the middle of the mouth that leads in
+constexpr float kUneven = 10.0F;       // of its floor above them, which goes up and down by 30
 constexpr float kEntranceDepth = 256.0F;
 constexpr int kBends = 8; // straight parts of a turn
 
@@ -134,7 +135,7 @@ Shape MouthFrame(std::span<const Mouth> /*mouths*/) {
 
 Shape ChamberPart(const Di3Point& low, const Di3Point& high) {
     Shape shape;
-    AddFloor(shape, Surface::RockFloor, low, high);
+    AddFloor(shape, Surface::RockFloor, {low.x, low.y, low.z + kUneven}, high);
     AddCeiling(shape, low, high);
     return shape;
 }
