@@ -15,12 +15,18 @@ from .engine import missing
 from .trial import Places, Result, Trial, control_trials
 
 
+# Dungeons for each processor: engines wait for the player's legs most of the time.
+AT_ONCE = 2
+
+
 def _arguments() -> argparse.Namespace:
     parser = argparse.ArgumentParser(prog="scripts/walk", description=__doc__)
     parser.add_argument("names", nargs="*", metavar="WORD", help="only dungeons with it in a name")
     parser.add_argument("--build", type=Path, required=True, help="folder of the built program")
     parser.add_argument("--results", type=Path, required=True, help="folder to write into")
-    parser.add_argument("--jobs", type=int, default=os.cpu_count() or 1, help="dungeons at once")
+    parser.add_argument(
+        "--jobs", type=int, default=AT_ONCE * (os.cpu_count() or 1), help="dungeons at once"
+    )
     return parser.parse_args()
 
 
@@ -39,10 +45,15 @@ def _trials(words: List[str]) -> List[Trial]:
 
 
 def _report(results: List[Result], seconds: float) -> List[str]:
-    lines = ["rooms doors containers seconds"]
+    lines = ["rooms, times through a door between levels, containers, times held up, seconds"]
     lines += [result.line() for result in results]
+    lines += ["", "pieces of which those rooms are built, by how their measures are known"]
     for result in results:
-        lines += [f"{result.name}: {finding}" for finding in result.findings]
+        pieces = ", ".join(f"{count} {word}" for word, count in sorted(result.pieces.items()))
+        lines += [f"{result.name}: {pieces}"] if pieces else []
+    lines.append("")
+    for result in results:
+        lines += [f"{result.name}: {line}" for line in [*result.findings, *result.held_up]]
     failed = sum(bool(result.findings) and result.required for result in results)
     rooms = sum(result.rooms for result in results)
     lines.append(
@@ -57,7 +68,8 @@ def main() -> int:
     arguments = _arguments()
     lacking = missing()
     if lacking:
-        print(f"scripts/walk: {', '.join(lacking)} missing; run scripts/setup walk", file=sys.stderr)
+        words = f"{', '.join(lacking)} missing; run scripts/setup walk"
+        print(f"scripts/walk: {words}", file=sys.stderr)
         return 2
     root = Path(__file__).resolve().parents[2]
     results: Path = arguments.results

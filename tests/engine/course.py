@@ -4,112 +4,171 @@
 import math
 from typing import Any, Dict, List, Optional, Tuple
 
-from .plan import SIDES, Level, Place, Point, Room, Thing, point
-from .steps import Door, Open, Picture, Put, Spot, Step, Walk
-from .ways import Ways, way
+from .aim import look_at, middle_of, sees, stand_before
+from .leaves import cut_before, first_leaf
+from .plan import ARRIVAL_HEIGHT, Level, Point, Room, Thing, point
+from .stage_shapes import Stage
+from .steps import Door, Look, Open, Picture, Put, Step, Use, Walk
+from .ways import Reached, Ways
 
 # Where a door leads: a place, and the heading there.
 Entry = Tuple[Point, float]
 
-# The player's eyes above his feet. [world units]
-EYES = 118.0
-# How far from a door between levels the use key is pressed, and what one keeps from a container at
-# least. [world units]
-BEFORE_DOOR, BEFORE_CONTAINER = 118.0, 56.0
-# How far away the use key still finds something. [world units]
-REACH = 150.0
 # How far above a place the player is put down. [world units]
-ABOVE = 8.0
+ABOVE = 4.0
+# How far from the middle of a room's cell one may stand to have been in the room. [cells]
+MIDDLE = 1.0
+# How far from the middle of a part of a platform one stands on it. [world units]
+ON_PLATFORM = 48.0
 
 
 class Course:
     """The steps through a dungeon."""
 
-    def __init__(self, levels: List[Level], inspection: Dict[str, Any]) -> None:
-        self.levels = levels
+    def __init__(self, levels: List[Level], inspection: Dict[str, Any], stage: Stage) -> None:
         self.inspection = inspection
         self.steps: List[Step] = []
         self.findings: List[str] = []
+        self._all = [Ways(level, stage) for level in levels]
+        # The doors that stand open, by level and number of the thing.
+        self._opened: Dict[str, List[int]] = {level.name: [] for level in levels}
 
     def lay(self) -> None:
         """Leads through every room, opens containers, and takes every door between levels, both
         ways."""
         at = self._arrive()
-        for level, following in zip(self.levels, [*self.levels[1:], None]):
-            at = self._rooms(level, at)
-            self._views(level, at)
-            self._containers(level)
+        for ways, following in zip(self._all, [*self._all[1:], None]):
+            reached = ways.reached(at)
+            at = self._rooms(ways, reached, at)
+            at = self._platform(ways, reached, at)
+            self._view(ways, at)
+            self._containers(ways, reached)
             if following is not None:
-                self.steps.append(Put(level.name, "back", (*at, level.floor + ABOVE), 0.0))
-                at = self._doors(level, following, at)
+                self.steps.append(Put(ways.level.name, "back", _above(at), 0.0))
+                at = self._doors(ways, following, at)
 
     def lay_to(self, room: Room) -> None:
         """Leads to one room of the first level and no further."""
-        level = self.levels[0]
-        self._lead(level, self._arrive(), level.goal(room), room_words(room.number))
+        ways = self._all[0]
+        at = self._arrive()
+        goals = _goals(ways.level, ways.reached(at))
+        self._lead(ways, at, goals[room.number], room_words(room.number))
 
-    def _arrive(self) -> Spot:
-        first = self.levels[0]
-        position = first.arrival["position"]
-        heading = float(first.arrival["degrees"])
-        self.steps.append(Put(first.name, "arrival", point(position), heading))
-        return (position[0], position[1])
+    def _arrive(self) -> Point:
+        ways = self._all[0]
+        position = point(ways.level.arrival["position"])
+        heading = float(ways.level.arrival["degrees"])
+        self.steps.append(Put(ways.level.name, "arrival", position, heading))
+        return (position[0], position[1], position[2] - ARRIVAL_HEIGHT)
 
-    def _rooms(self, level: Level, at: Spot) -> Spot:
-        """Leads through all rooms, those with the shortest ways first."""
-        near = {place: i for i, place in enumerate(level.reached(level.place(*at)))}
-        goals = {room.number: level.goal(room) for room in level.rooms if room.reachable}
-        for number in sorted(goals, key=lambda number: near.get(goals[number], len(near))):
-            at = self._lead(level, at, goals[number], room_words(number))
+    def _rooms(self, ways: Ways, reached: Reached, at: Point) -> Point:
+        """Leads through all rooms, always to the nearest by the plan."""
+        level = ways.level
+        goals = _goals(level, reached)
+        left = [room.number for room in level.rooms if room.reachable]
+        for number in [number for number in left if number not in goals]:
+            self._find(level, f"{room_words(number)}: there is none on the stage")
+            left.remove(number)
+        while left:
+            near = {place: i for i, place in enumerate(level.reached(level.place(*at[:2])))}
+            number = min(left, key=lambda n: near.get(level.place(*goals[n][:2]), len(near)))
+            left.remove(number)
+            at = self._lead(ways, at, goals[number], room_words(number))
         return at
 
-    def _lead(self, level: Level, at: Spot, place: Place, what: str) -> Spot:
-        corners = way(level, at, place)
-        if corners is None:
-            self.findings.append(f'"{level.name}", {what}: the plan has none')
+    def _platform(self, ways: Ways, reached: Reached, at: Point) -> Point:
+        """Leads onto a platform, if the level has any."""
+        ground = ways.ground()
+        tops = [
+            (middle_of(ground, number), max(corner[2] for corner in ground.corners(number)))
+            for number, thing in enumerate(ways.level.things)
+            if thing.sort == "platform"
+        ]
+
+        def far(place: Point) -> Optional[float]:
+            on_one = any(
+                abs(place[2] - top) < 1 and math.dist(place[:2], middle[:2]) < ON_PLATFORM
+                for middle, top in tops
+            )
+            return math.dist(place, at) if on_one else None
+
+        if not tops:
             return at
-        return self._walk(level, at, corners, what)
+        goal = next(iter(reached.sorted(far)), None)
+        if goal is None:
+            self._find(ways.level, "the way onto a platform: there is none on the stage")
+            return at
+        return self._lead(ways, at, goal, "the way onto a platform")
 
-    def _walk(self, level: Level, at: Spot, corners: List[Spot], what: str) -> Spot:
-        for corner in corners:
-            if math.dist(at, corner) > 1:
-                self.steps.append(Walk(level.name, what, at, corner, level.floor, level.slopes))
-                at = corner
-        return at
+    def _lead(self, ways: Ways, at: Point, end: Point, what: str) -> Point:
+        corners = ways.way(at, end)
+        if corners is None:
+            self._find(ways.level, f"{what}: there is none on the stage")
+            return at
+        corners = [at, *corners]
+        while True:
+            stop = first_leaf(ways.ground(), corners, self._opened[ways.level.name])
+            if stop is None:
+                break
+            leaf, index, place = stop
+            start, corners = cut_before(ways.ground(), corners, index, place, leaf)
+            self._walk(ways.level, start, what)
+            look = look_at(start[-1], middle_of(ways.ground(), leaf.number))
+            self.steps.append(Use(ways.level.name, what, look))
+            self._opened[ways.level.name].append(leaf.number)
+        self._walk(ways.level, corners, what)
+        return end
 
-    def _views(self, level: Level, at: Spot) -> None:
-        place = (*at, level.floor + ABOVE)
-        for heading in (0.0, 120.0):
-            self.steps.append(Picture(level.name, f"view {heading:.0f}", place, heading, 4.0))
+    def _walk(self, level: Level, corners: List[Point], what: str) -> None:
+        for start, end in zip(corners, corners[1:]):
+            if math.dist(start[:2], end[:2]) > 1:
+                self.steps.append(Walk(level.name, what, start, end))
 
-    def _containers(self, level: Level) -> None:
-        """Opens one container of each kind before which somebody can stand."""
+    def _view(self, ways: Ways, at: Point) -> None:
+        """Where he came from to the last room."""
+        came = next((step for step in reversed(self.steps) if isinstance(step, Walk)), None)
+        back = came.start if came is not None else (at[0], at[1] + 1.0, at[2])
+        look = Look(look_at(at, back).heading, 4.0)
+        self.steps.append(Picture(ways.level.name, "view", _above(at), look))
+
+    def _containers(self, ways: Ways, reached: Reached) -> None:
+        """Opens one container of each kind."""
         records = {record["id"]: record for record in self.inspection["containers"]}
-        kinds = set()
-        for thing in level.things:
+        kinds: Dict[str, bool] = {}
+        for number, thing in enumerate(ways.level.things):
             record = records.get(thing.id)
-            if record is None or record["model"] in kinds:
+            if record is None or kinds.get(record["model"]):
                 continue
-            stand = _before(level, thing)
+            stand = stand_before(ways.ground(), reached, number)
+            kinds[record["model"]] = stand is not None
             if stand is not None:
-                kinds.add(record["model"])
-                self.steps.append(_open(level, thing, record, stand))
+                self.steps.append(_open(ways, number, record, stand))
+        for model in (model for model, opened in kinds.items() if not opened):
+            self._find(ways.level, f"nobody can stand before any {model}")
 
-    def _doors(self, level: Level, following: Level, at: Spot) -> Spot:
+    def _doors(self, ways: Ways, following: Ways, at: Point) -> Point:
         """Leads to the door of the next level, through it, back, and through it again."""
-        what = f'the door to "{following.name}"'
-        place, side = _door(level, following)
-        at = self._lead(level, at, place, what)
-        east, south, heading = SIDES[side]
-        middle = level.middle(place)
-        reach = max(0.0, level.size / 2 - BEFORE_DOOR)
-        self._walk(level, at, [(middle[0] + east * reach, middle[1] - south * reach)], what)
-        there = self._entry(level, following)
-        back = self._entry(following, level)
-        self.steps.append(_use(level, heading, following, there))
-        self.steps.append(_use(following, there[1] + 180, level, back))
-        self.steps.append(_use(level, back[1] + 180, following, there))
-        return (there[0][0], there[0][1])
+        there = self._through(ways, following, at)
+        back = self._through(following, ways, there)
+        return self._through(ways, following, back)
+
+    def _through(self, ways: Ways, other: Ways, at: Point) -> Point:
+        """Leads to a door and through it."""
+        number = _door(ways.level, other.level)
+        what = f'the door to "{other.level.name}"'
+        stand = at
+        if not sees(ways.ground(), at, number):
+            found = stand_before(ways.ground(), ways.reached(at), number)
+            if found is None:
+                self._find(ways.level, f"{what}: nobody can stand before it")
+                return at
+            stand = self._lead(ways, at, found, what)
+        place, heading = self._entry(ways.level, other.level)
+        node = other.ground().at(place)
+        arrival = place if node is None else (*place[:2], other.ground().point(node)[2])
+        look = look_at(stand, middle_of(ways.ground(), number))
+        self.steps.append(Door(ways.level.name, f"through {what}", look, arrival, heading))
+        return arrival
 
     def _entry(self, level: Level, other: Level) -> Entry:
         """Where the door to another level leads, as the plug-in says: place and heading."""
@@ -118,51 +177,53 @@ class Course:
         found = next(lead for lead in leads if lead is not None and lead["cell"] == other.name)
         return point(found["position"]), found["degrees"][2]
 
+    def _find(self, level: Level, what: str) -> None:
+        self.findings.append(f'"{level.name}", {what}')
+
 
 def room_words(number: int) -> str:
     """What a step on the way to a room is called."""
     return f"the way to room {number}"
 
 
-def _use(
-    level: Level,
-    heading: float,
-    other: Level,
-    entry: Entry,
-) -> Door:
-    what = f'through the door to "{other.name}"'
-    return Door(level.name, what, heading, entry[0], entry[1], other.floor)
+def _above(place: Point) -> Point:
+    return (place[0], place[1], place[2] + ABOVE)
 
 
-def _door(level: Level, following: Level) -> Tuple[Place, str]:
-    return next(
-        (place, cell.doorway)
-        for place, cell in level.cells.items()
-        if cell.leads_to == following.name
+def _goals(level: Level, reached: Reached) -> Dict[int, Point]:
+    """The place in each room that is nearest to its middle, of those with one near it."""
+    middles = {room.number: level.middle(level.goal(room)) for room in level.rooms}
+    goals: Dict[int, Tuple[float, Point]] = {}
+
+    def far(place: Point) -> Optional[float]:
+        cell = level.cells.get(level.place(*place[:2]))
+        return None if cell is None or cell.room == 0 else math.dist(place[:2], middles[cell.room])
+
+    for place in reached.sorted(far):
+        number = level.cells[level.place(*place[:2])].room
+        goals.setdefault(number, (math.dist(place[:2], middles[number]), place))
+        if len(goals) == len(level.rooms):
+            break
+    return {
+        number: place for number, (far_off, place) in goals.items() if far_off < MIDDLE * level.size
+    }
+
+
+def _open(ways: Ways, number: int, record: Dict[str, Any], stand: Point) -> Open:
+    thing: Thing = ways.level.things[number]
+    items = record["items"]
+    return Open(
+        ways.level.name,
+        f'{record["name"]} "{thing.id}"',
+        _above(stand),
+        look_at(stand, middle_of(ways.ground(), number)),
+        tuple(item["id"] for item in items),
+        tuple(item["count"] for item in items),
     )
 
 
-def _before(level: Level, thing: Thing) -> Optional[Spot]:
-    """Where one stands before a container, if anywhere."""
-    spot = thing.position[:2]
-    cell = level.cells.get(level.place(*spot))
-    if cell is None or cell.platform or cell.tile != "room":
-        return None
-    ways = Ways(level, BEFORE_CONTAINER)
-    node = ways.nearest(spot, REACH)
-    return None if node is None else ways.spot(node)
-
-
-def _open(level: Level, thing: Thing, record: Dict[str, Any], stand: Spot) -> Open:
-    east, north = thing.position[0] - stand[0], thing.position[1] - stand[1]
-    down = level.floor + EYES - thing.position[2]
-    items = record["items"]
-    return Open(
-        level.name,
-        f'{record["name"]} "{thing.id}"',
-        (*stand, level.floor + ABOVE),
-        math.degrees(math.atan2(east, north)),
-        math.degrees(math.atan2(down, math.hypot(east, north))),
-        tuple(item["id"] for item in items),
-        tuple(item["count"] for item in items),
+def _door(level: Level, other: Level) -> int:
+    """The number of the door to another level."""
+    return next(
+        number for number, thing in enumerate(level.things) if thing.leads_to == other.name
     )

@@ -11,8 +11,11 @@ import vaultry
 
 from .plan import Level
 
-# By the names of the files in data.
+# The tile sets, by the names of the files in data.
 BUILDINGS = ("Imperial small", "Velothi", "Common stone", "Common plain", "Hlaalu", "Common rich")
+ROCKS = ("Mold", "Mud", "Pyroclastic", "Lava", "Bone")
+# The layouts of chambers, one for each kind of rock.
+CAVERNS = ("Sea Caves", "Three Caverns", "Hermitage", "Terraced Caves", "Smugglers' Grotto")
 
 
 @dataclass(frozen=True)
@@ -25,34 +28,56 @@ class Dungeon:
     @property
     def name(self) -> str:
         """A name for the folder of its files."""
-        words = [self.config] + [
-            str(value) if not isinstance(value, bool) else name
+        words = [
+            name if value is True else f"{value} levels" if name == "levels" else str(value)
             for name, value in self.options.items()
             if name != "seed"
         ]
-        return " ".join([*words, f'seed {self.options["seed"]}'])
+        return " ".join([self.config, *words, f'seed {self.options["seed"]}'])
 
 
-# What has to pass; the longest stand first, so that two processors end together.
+def _building(name: str, seed: int, **more: object) -> Dungeon:
+    return Dungeon("vaultry", {"tileset": name, **more, "seed": seed})
+
+
+def _tunnels(rock: str, seed: int, **more: object) -> Dungeon:
+    return Dungeon("caves", {"cave-tileset": f"{rock} cave tunnels", **more, "seed": seed})
+
+
+def _chambers(rock: str, layout: str, seed: int) -> Dungeon:
+    words = {"cave-tileset": f"{rock} cave rooms", "cave-template": layout}
+    return Dungeon("grottoes", {"fixed": True, **words, "platforms": True, "seed": seed})
+
+
+# What has to pass; the longest stand first, so that the processors end together.
 DUNGEONS = (
-    Dungeon("vaultry", {"tileset": "Velothi", "levels": 3, "seed": 7}),
-    *(
-        Dungeon("vaultry", {"tileset": name, "seed": 1})
-        for name in ("Imperial small", "Velothi", "Common stone", "Hlaalu")
-    ),
+    _building("Velothi", 7, levels=3),
+    _building("Velothi", 41, size="Large", spacing="Tight"),
+    _building("Hlaalu", 42, size="Large", spacing="Tight"),
+    _building("Imperial small", 5, size="Large"),
+    _building("Hlaalu", 741720803, levels=2),
+    _building("Common stone", 872239314, levels=2),
+    *(_tunnels(rock, seed) for seed, rock in enumerate(ROCKS, 1)),
+    *(_building(name, seed) for seed, name in enumerate(BUILDINGS, 1)),
+    Dungeon("caves", {"tileset": "Velothi", "seed": 3}),
+    _building("Imperial small", 2, fixed=True, template="Sunken Shrine"),
+    _building("Common rich", 2, fixed=True, template="Watch Stair"),
+    *(_chambers(*each, seed) for seed, each in enumerate(zip(ROCKS, CAVERNS), 1)),
+    Dungeon("grottoes", {"tileset": "Velothi", "fixed": True, "seed": 1}),
 )
 
 # One of them, of which a room is shut besides.
-CONTROL = Dungeon("vaultry", {"tileset": "Imperial small", "seed": 1})
+CONTROL = _building("Imperial small", 1)
 
 
 def drawn() -> List[Dungeon]:
-    """Three dungeons that nobody walked through before."""
+    """Three dungeons that nobody walked through before: of buildings, tunnels and chambers."""
     chance = random.SystemRandom()
     seeds = [chance.randrange(1 << 32) for _ in range(3)]
     return [
-        Dungeon("vaultry", {"tileset": chance.choice(BUILDINGS), "levels": 2, "seed": seed})
-        for seed in seeds
+        _building(chance.choice(BUILDINGS), seeds[0], levels=2),
+        _tunnels(chance.choice(ROCKS), seeds[1], levels=2),
+        _chambers(chance.choice(ROCKS), chance.choice(CAVERNS), seeds[2]),
     ]
 
 

@@ -10,7 +10,7 @@ import tempfile
 import time
 from pathlib import Path
 from types import TracebackType
-from typing import Dict, List, Optional, Sequence, Type
+from typing import List, Optional, Sequence, Type
 
 WIDTH, HEIGHT = 480, 360
 
@@ -19,7 +19,7 @@ resolution x = {WIDTH}
 resolution y = {HEIGHT}
 fullscreen = false
 vsync = false
-framerate limit = 40
+framerate limit = 60
 [Camera]
 viewing distance = 6666
 [Navigator]
@@ -159,7 +159,12 @@ class Engine:
         for name in names:
             for action in ("keydown", "keyup"):
                 subprocess.run(["xdotool", action, name], env=self._environment, check=True)
-                time.sleep(0.2)
+                time.sleep(0.1)
+
+    @staticmethod
+    def draw() -> None:
+        """Gives the engine time for what is new on the screen."""
+        time.sleep(1.0)
 
     def picture(self, path: Path) -> None:
         """Keeps what is on the screen."""

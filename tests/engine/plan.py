@@ -16,12 +16,6 @@ SIDES: Dict[str, Tuple[int, int, float]] = {
 }
 OPPOSITE = {"n": "s", "e": "w", "s": "n", "w": "e"}
 
-# The size of tunnels, which lead through their cells in bends and have no rooms.
-TUNNEL = 1024
-# What a body keeps from what it could run into, from its middle. [world units]
-BODY = 32.0
-# Things higher above the floor hang over everybody. [world units]
-HEADROOM = 110.0
 # What is put down where one arrives, above the floor. [world units]
 ARRIVAL_HEIGHT = 32.0
 
@@ -79,6 +73,7 @@ class Thing:
     sort: str
     position: Point
     degrees: Point
+    scale: float
     leads_to: Optional[str]
 
 
@@ -99,21 +94,11 @@ class Level:
                 thing["sort"],
                 point(thing["position"]),
                 point(thing["degrees"]),
+                thing["scale"],
                 thing["leads-to"],
             )
             for thing in answer["things"]
         ]
-
-    @property
-    def floor(self) -> float:
-        """The height of the floor."""
-        return float(self.arrival["position"][2]) - ARRIVAL_HEIGHT
-
-    @property
-    def slopes(self) -> float:
-        """How far up and down it goes from the floor."""
-        uneven = any(cell.tile == "stairs" or cell.platform for cell in self.cells.values())
-        return float(self.size) if uneven else 0.0
 
     def middle(self, place: Place) -> Tuple[float, float]:
         """The middle of a cell in the world."""

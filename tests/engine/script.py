@@ -11,26 +11,30 @@ import math
 import re
 from typing import Callable, Dict, List, Sequence
 
-from .steps import Door, Open, Picture, Put, Step, Walk
+from .steps import Door, Open, Picture, Put, Step, Use, Walk
 
 # How fast the player walks. [world units a second]
-SPEED = 600.0
+SPEED = 1000.0
 # Where a picture takes longer, the player goes slower, or he would run past corners. [seconds]
-SHORT = 0.04
-# How far the player steps back from a door: beyond the leaf, which may swing towards him, and not
-# beyond the reach of the use key, which is 192 from his middle. [world units]
-BACK = 128
-# How far beside the way the player goes round what stands there, on one side and then on the other.
-# [world units]
-ASIDE = 90
-# How often a door, or a leaf that hangs in the way, is tried.
-TRIES = 4
+SHORT = 0.02
+# How far before the end of a straight piece he goes slower too, and how much. [world units]
+NEAR, SLOWER = 64, 0.4
+# How far the player steps back from what he is stuck at. [world units]
+BACK = 96
+# How often he tries to get on.
+TRIES = 3
+# How long he waits there before he goes on, and how long for a leaf to open. [seconds]
+REST, OPENING = 1.2, 5
+# How long a view is drawn, so that there is time for a picture of it. [seconds]
+SEEN = 4
+# Where a leaf is open: it turns by 90 degrees.
+OPEN = 89
 
 # In the order of the parts of _SOURCE.
-KINDS = (Walk, Put, Door, Open, Picture)
+KINDS = (Walk, Put, Use, Door, Open, Picture)
 
-# What the log says of a script that does not exist, with the wish and the number of the step.
-WISH = re.compile(r"wk_(run|use|take|picture|end)(?:_(\d+))?\b")
+# What the log says of a script that does not exist: the wish, or that a step is done.
+WISH = re.compile(r"wk_(run|use|take|picture|stuck|next|end)_wish")
 
 _SOURCE = f"""
 begin wk_walk
@@ -55,7 +59,6 @@ if ( begun == 0 )
     set t to 0
     set phase to 0
     set tries to 0
-    set aside to 0
     set over to 0
     set best to -9999
     return
@@ -63,13 +66,16 @@ endif
 
 if ( kind == 0 )
     set along to ( ( ( x - x0 ) * ux ) + ( ( y - y0 ) * uy ) )
-    set off to ( ( ( x - x0 ) * uy ) - ( ( y - y0 ) * ux ) - aside )
-    if ( along > length )
+    set off to ( ( ( x - x0 ) * uy ) - ( ( y - y0 ) * ux ) )
+    if ( along > ( length - 6 ) )
         set over to 1
     endif
     set pace to 100
+    if ( along > ( length - {NEAR} ) )
+        set pace to ( 100 * {SLOWER} )
+    endif
     if ( GetSecondsPassed > {SHORT} )
-        set pace to ( 100 * {SHORT} / GetSecondsPassed )
+        set pace to ( pace * {SHORT} / GetSecondsPassed )
     endif
     if ( phase == 0 )
         player->SetSpeed ( pace )
@@ -82,7 +88,7 @@ if ( kind == 0 )
         endif
         player->SetAngle x 0
         player->SetAngle z ( a )
-        if ( along > ( best + 6 ) )
+        if ( along > ( best + 4 ) )
             if ( best > -9999 )
                 set going to 1
             endif
@@ -95,9 +101,10 @@ if ( kind == 0 )
                 set t to 0
                 WISH run
             endif
-        elseif ( t > 0.6 )
+        elseif ( t > 0.8 )
             set phase to 1
             set t to 0
+            WISH stuck
         endif
     elseif ( phase == 1 )
         player->SetSpeed ( pace / 3 )
@@ -105,7 +112,7 @@ if ( kind == 0 )
         if ( along < ( best - {BACK} ) )
             set t to 5
         endif
-        if ( t > 4 )
+        if ( t > 1.5 )
             player->SetSpeed 0
             set phase to 2
             set t to 0
@@ -118,22 +125,13 @@ if ( kind == 0 )
             set t to 0
             if ( tries > {TRIES} )
                 GIVE_UP
-            elseif ( tries == 1 )
-                WISH use
             elseif ( tries == 2 )
-                set aside to {ASIDE}
-                set t to 2
-            elseif ( tries == 3 )
-                set aside to ( 0 - {ASIDE} )
-                set t to 2
-            else
-                set aside to 0
                 WISH use
             endif
         endif
     else
         player->SetAngle z ( heading )
-        if ( t > 1.7 )
+        if ( t > {REST} )
             set best to -9999
             set phase to 0
             set t to 0
@@ -143,77 +141,83 @@ endif
 
 if ( kind == 1 )
     player->SetSpeed 0
-    if ( t > 1 )
+    if ( t > 0.5 )
         set over to 1
     endif
 endif
 
-if ( kind == 2 )
+if ( kind > 1 )
     player->SetSpeed 0
     if ( phase == 0 )
-        player->SetAngle x 0
+        player->SetAngle x ( pitch )
         player->SetAngle z ( heading )
-        if ( t > 0.5 )
+        if ( t > 0.3 )
             set phase to 1
             set t to 0
-            WISH use
+            set wk_used to 0
+            if ( kind == 5 )
+                ToggleWorld
+                WISH picture
+            else
+                WISH use
+            endif
         endif
-    elseif ( phase == 1 )
-        set along to ( x - x0 )
-        set off to ( y - y0 )
-        if ( along < 24 )
-            if ( along > -24 )
-                if ( off < 24 )
-                    if ( off > -24 )
-                        set phase to 2
-                        set t to 0
+    elseif ( kind == 2 )
+        if ( wk_used == 2 )
+            set over to 1
+        elseif ( t > {OPENING} )
+            set tries to ( tries + 1 )
+            set phase to 0
+            set t to 0
+            if ( wk_used == 1 )
+                set over to 1
+            elseif ( tries == 2 )
+                set over to 1
+            endif
+        endif
+    elseif ( kind == 3 )
+        if ( phase == 1 )
+            set along to ( x - x0 )
+            set off to ( y - y0 )
+            if ( along < 24 )
+                if ( along > -24 )
+                    if ( off < 24 )
+                        if ( off > -24 )
+                            set phase to 2
+                            set t to 0
+                        endif
                     endif
                 endif
             endif
+            if ( t > 6 )
+                AGAIN
+            endif
+        elseif ( t > 0.6 )
+            set over to 1
         endif
-        if ( t > 6 )
-            GIVE_UP
-        endif
-    elseif ( t > 1 )
-        set over to 1
-    endif
-endif
-
-if ( kind == 3 )
-    player->SetSpeed 0
-    player->SetAngle x ( pitch )
-    player->SetAngle z ( heading )
-    if ( phase == 0 )
-        if ( t > 0.8 )
-            set phase to 1
+    elseif ( kind == 4 )
+        if ( phase == 1 )
+            if ( MenuMode == 1 )
+                set phase to 2
+                set t to 0
+                WISH take
+            elseif ( t > 5 )
+                AGAIN
+            endif
+        elseif ( MenuMode == 0 )
+            TAKEN
+            if ( has > had )
+                COUNT
+                set over to 1
+            else
+                AGAIN
+            endif
+        elseif ( t > 5 )
             set t to 0
-            WISH use
-        endif
-    elseif ( phase == 1 )
-        if ( MenuMode == 1 )
-            set phase to 2
             WISH take
         endif
-        if ( t > 5 )
-            GIVE_UP
-        endif
-    elseif ( MenuMode == 0 )
-        COUNT
-        set over to 1
-    endif
-endif
-
-if ( kind == 4 )
-    player->SetSpeed 0
-    player->SetAngle x ( pitch )
-    player->SetAngle z ( heading )
-    if ( phase == 0 )
-        if ( t > 1 )
-            set phase to 1
-            set t to 0
-            WISH picture
-        endif
-    elseif ( t > 1 )
+    elseif ( t > {SEEN} )
+        ToggleWorld
         set over to 1
     endif
 endif
@@ -224,10 +228,37 @@ if ( over == 1 )
     set begun to 0
     if ( wk_step == LAST )
         set wk_end to 1
-        StartScript wk_end
+        ToggleWorld
+        WISH end
+    else
+        WISH next
     endif
 endif
 end wk_walk
+"""
+
+
+# Doors tell when they are used, and when they stand open.
+LEAF = f"""
+begin wk_leaf
+short turns
+float turn
+if ( OnActivate == 1 )
+    set wk_used to 1
+    set turns to 1
+    Activate
+endif
+if ( turns == 1 )
+    set turn to ( GetAngle z - GetStartingAngle z )
+    if ( turn < 0 )
+        set turn to ( turn + 360 )
+    endif
+    if ( turn > {OPEN} )
+        set turns to 0
+        set wk_used to 2
+    endif
+endif
+end wk_leaf
 """
 
 
@@ -243,7 +274,7 @@ def count_names(number: int, step: Open) -> List[str]:
 
 def variables(steps: Sequence[Step]) -> List[str]:
     """The global variables of a script."""
-    names = ["wk_step", "wk_end", "wk_x", "wk_y", "wk_z"]
+    names = ["wk_step", "wk_end", "wk_used", "wk_x", "wk_y", "wk_z"]
     for number, step in enumerate(steps):
         names += stand_names(number)
         if isinstance(step, Open):
@@ -253,22 +284,33 @@ def variables(steps: Sequence[Step]) -> List[str]:
 
 def source(steps: Sequence[Step]) -> str:
     """The script for these steps."""
+    give_up = [
+        "set wk_x to x",
+        "set wk_y to y",
+        "set wk_z to ( player->GetPos z )",
+        "set wk_end to 1",
+        "ToggleWorld",
+        "StartScript wk_end_wish",
+    ]
     parts: Dict[str, Callable[[str], List[str]]] = {
         "FLOATS": lambda _: [
             f"float {name}"
-            for name in "t x y a x0 y0 ux uy length heading pitch along off best pace aside".split()
+            for name in "t x y a x0 y0 ux uy length heading pitch along off best pace had has".split()
         ],
         "BEGIN": lambda _: _chain([_begin(step) for step in steps]),
+        "TAKEN": lambda _: _chain([_taken(step, "has") for step in steps]),
         "COUNT": lambda _: _chain([_count(number, step) for number, step in enumerate(steps)]),
         "KEEP": lambda _: _chain([_keep(number) for number in range(len(steps))]),
-        "WISH": lambda wish: _chain([[f"StartScript wk_{wish}_{i}"] for i in range(len(steps))]),
-        "GIVE_UP": lambda _: [
-            "set wk_x to x",
-            "set wk_y to y",
-            "set wk_z to ( player->GetPos z )",
-            "set wk_end to 1",
-            "StartScript wk_end",
+        "WISH": lambda wish: [f"StartScript wk_{wish}_wish"],
+        "AGAIN": lambda _: [
+            "set tries to ( tries + 1 )",
+            "set phase to 0",
+            "set t to 0",
+            "if ( tries == 3 )",
+            *give_up,
+            "endif",
         ],
+        "GIVE_UP": lambda _: give_up,
     }
     lines: List[str] = []
     for line in _SOURCE.replace("LAST", str(len(steps))).splitlines():
@@ -299,12 +341,23 @@ def _begin(step: Step) -> List[str]:
         place = " ".join(_number(value) for value in (*step.position, step.heading))
         calls = [f'player->PositionCell {place} "{step.cell}"']
     if isinstance(step, Door):
-        values.update(heading=step.heading, x0=step.arrival[0], y0=step.arrival[1])
+        values.update(x0=step.arrival[0], y0=step.arrival[1])
+    if isinstance(step, (Use, Door, Open, Picture)):
+        values.update(heading=step.look.heading, pitch=step.look.pitch)
     if isinstance(step, (Open, Picture)):
-        values.update(heading=step.heading, pitch=step.pitch)
         axes = zip("xyz", step.position)
         calls = [f"player->SetPos {axis} {_number(value)}" for axis, value in axes]
+    if isinstance(step, Open):
+        calls += _taken(step, "had") if step.items else ["set had to ( 0 - 1 )"]
     return [*(f"set {name} to {_number(value)}" for name, value in values.items()), *calls]
+
+
+def _taken(step: Step, name: str) -> List[str]:
+    """How many of a container's first item the player has."""
+    if not isinstance(step, Open):
+        return []
+    count = f'player->GetItemCount "{step.items[0]}"' if step.items else "0"
+    return [f"set {name} to ( {count} )"]
 
 
 def _count(number: int, step: Step) -> List[str]:

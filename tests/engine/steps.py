@@ -7,16 +7,14 @@ from typing import Dict, List, Sequence, Tuple
 
 from .plan import Point
 
-Spot = Tuple[float, float]
 # Where the player was when a step ended: a place and a heading.
 Stand = Tuple[float, float, float, float]
 
 # How exact a place and a heading have to be behind a door. [world units, degrees]
 PLACE, HEADING = 3.0, 1.0
-# How far below and above a level floor somebody may stand: on something low. [world units]
-BELOW, ABOVE = 6.0, 50.0
-# How far from its end a walk may come out, round what stands there. [world units]
-OVERSHOOT = 170.0
+# How far a walk may come out beside its end, and above or below it: a foot on the next step. [world
+# units]
+BESIDE, ABOVE = 64.0, 36.0
 
 
 @dataclass(frozen=True)
@@ -40,16 +38,13 @@ class Step:
 class Walk(Step):
     """Along a straight line; where nothing moves on, a step back and the use key."""
 
-    start: Spot
-    end: Spot
-    floor: float
-    slopes: float
+    start: Point
+    end: Point
 
     def judge(self, stand: Stand) -> List[str]:
-        above = stand[2] - self.floor
-        if not -BELOW - self.slopes <= above <= ABOVE + self.slopes:
-            return [self.told(stand, "off the floor")]
-        if math.dist(stand[:2], self.end) > OVERSHOOT:
+        if abs(stand[2] - self.end[2]) > ABOVE:
+            return [self.told(stand, f"not on the floor at {self.end[2]:.0f}")]
+        if math.dist(stand[:2], self.end[:2]) > BESIDE:
             return [self.told(stand, "off the way")]
         return []
 
@@ -63,19 +58,33 @@ class Put(Step):
 
 
 @dataclass(frozen=True)
+class Look:
+    """Where the player looks: clockwise from north, and down. [degrees]"""
+
+    heading: float
+    pitch: float
+
+
+@dataclass(frozen=True)
+class Use(Step):
+    """The use key before a door within a level, and time for it to open."""
+
+    look: Look
+
+
+@dataclass(frozen=True)
 class Door(Step):
     """The use key before a door that leads to another level."""
 
-    heading: float
+    look: Look
     arrival: Point
     arrival_heading: float
-    floor: float
 
     def judge(self, stand: Stand) -> List[str]:
         findings = []
         if math.dist(stand[:2], self.arrival[:2]) > PLACE:
             findings.append(self.told(stand, "another place than the plug-in says"))
-        if not -BELOW <= stand[2] - self.floor <= BELOW:
+        if abs(stand[2] - self.arrival[2]) > ABOVE:
             findings.append(self.told(stand, "arrival beside the floor"))
         turn = (stand[3] - self.arrival_heading + 180) % 360 - 180
         if abs(turn) > HEADING:
@@ -88,8 +97,7 @@ class Open(Step):
     """The use key before a container, and all that is in it taken."""
 
     position: Point
-    heading: float
-    pitch: float
+    look: Look
     items: Tuple[str, ...]
     counts: Tuple[int, ...]
 
@@ -110,5 +118,4 @@ class Picture(Step):
     """A view that is kept."""
 
     position: Point
-    heading: float
-    pitch: float
+    look: Look

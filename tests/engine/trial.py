@@ -1,16 +1,19 @@
 # SPDX-License-Identifier: MIT
 """One dungeon, from its options to what was found in it."""
 
+import csv
 import time
+from collections import Counter
 from dataclasses import dataclass, field
 from pathlib import Path
-from typing import Callable, List, Optional
+from typing import Callable, Dict, List, Optional
 
 from . import controls
 from .course import Course, room_words
 from .dungeons import Dungeon, Made, make
 from .plan import Level, Room
 from .run import Outcome, run
+from .stage_shapes import Stage
 from .steps import Door, Open
 
 
@@ -30,16 +33,19 @@ class Result:
 
     name: str
     findings: List[str] = field(default_factory=list)
+    held_up: List[str] = field(default_factory=list)
     rooms: int = 0
     doors: int = 0
     containers: int = 0
     seconds: float = 0.0
+    pieces: Dict[str, int] = field(default_factory=dict)
     required: bool = True
 
     def line(self) -> str:
         """A row of the report."""
         state = "ok" if not self.findings else "FAILED" if self.required else "failed (drawn anew)"
-        counts = f"{self.rooms:4} {self.doors:4} {self.containers:4} {self.seconds:6.0f} s"
+        numbers = (self.rooms, self.doors, self.containers, len(self.held_up))
+        counts = "".join(f"{number:5}" for number in numbers) + f"{self.seconds:7.0f} s"
         return f"{counts}  {self.name}: {state}"
 
 
@@ -69,14 +75,29 @@ class Trial:
     def _play(self, places: Places, result: Result) -> None:
         folder = _folder(places, self.name)
         made = make(self.dungeon, folder, places.library, places.data)
-        course = Course(made.levels, made.inspection)
+        stage = Stage(places.stages / self.dungeon.config, folder / made.file)
+        course = Course(made.levels, made.inspection, stage)
         course.lay()
-        outcome = run(course.steps, places.stages / self.dungeon.config, folder, made.file)
+        outcome = run(course.steps, stage, folder, made.file)
         done = course.steps[: outcome.done]
-        result.rooms = sum(room.reachable for level in made.levels for room in level.rooms)
+        result.pieces = _pieces(made.levels, places.data)
+        result.rooms = _rooms_seen(made.levels, course, outcome)
         result.doors = sum(isinstance(step, Door) for step in done)
         result.containers = sum(isinstance(step, Open) for step in done)
         result.findings += course.findings + outcome.findings
+        result.held_up = outcome.held_up
+
+
+def _rooms_seen(levels: List[Level], course: Course, outcome: Outcome) -> int:
+    """How many of the rooms that can be reached the player was in."""
+    rooms = [
+        (level.name, room_words(room.number))
+        for level in levels
+        for room in level.rooms
+        if room.reachable
+    ]
+    missed = {(step.cell, step.what) for step in course.steps[outcome.done :]}
+    return sum(room not in missed for room in rooms)
 
 
 # Shuts a room by records that are loaded after the dungeon.
@@ -100,10 +121,10 @@ class Control(Trial):
         made = make(self.dungeon, folder, places.library, places.data)
         level = made.levels[0]
         room = controls.shut_room(level, made.inspection)
-        course = Course(made.levels, made.inspection)
+        stage = Stage(places.stages / self.dungeon.config, folder / made.file)
+        course = Course(made.levels, made.inspection, stage)
         course.lay_to(room)
         changes = [self.shut(made, level, room)]
-        stage = places.stages / self.dungeon.config
         outcome = run(course.steps, stage, folder, made.file, changes)
         result.findings += course.findings + _not_shut(level, room, outcome)
 
@@ -119,6 +140,19 @@ def _not_shut(level: Level, room: Room, outcome: Outcome) -> List[str]:
     return outcome.findings[:-1]
 
 
+def _pieces(levels: List[Level], data: Path) -> Dict[str, int]:
+    """How the measures of the pieces are known that the levels are built of."""
+    with open(data / "pieces.csv", newline="", encoding="utf-8") as table:
+        known = {row["id"].lower(): row["known"] for row in csv.DictReader(table)}
+    words = (
+        known.get(thing.id.lower(), "shaped")
+        for level in levels
+        for thing in level.things
+        if thing.sort in ("tile", "door")
+    )
+    return dict(Counter(words))
+
+
 def _folder(places: Places, name: str) -> Path:
     folder = places.results / "".join(c if c.isalnum() or c in " -" else "_" for c in name)
     folder.mkdir(parents=True, exist_ok=True)
@@ -128,7 +162,12 @@ def _folder(places: Places, name: str) -> Path:
 def control_trials(dungeon: Dungeon) -> List[Trial]:
     """A room walled off, and one behind locked doors."""
     return [
-        Control(dungeon, True, "a room walled off", lambda made, level, room: controls.walled_off(level, room)),
+        Control(
+            dungeon,
+            True,
+            "a room walled off",
+            lambda made, level, room: controls.walled_off(level, room),
+        ),
         Control(
             dungeon,
             True,
