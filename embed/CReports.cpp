@@ -16,10 +16,13 @@
 #include "tools/runs/RunJson.h"
 #include "tools/runs/RunLine.h"
 #include "tools/search/Judgement.h"
+#include "tools/stage/ShapesJson.h"
+#include "tools/stage/StagePlan.h"
 #include "tools/text/ProblemJson.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/run/BuiltinConfigs.h>
 
 #include <array>
 #include <sstream>
@@ -221,6 +224,27 @@ const char* vaultry_check_json(vaultry_generator* generator,
         const std::string_view document(TextOf(text), text == nullptr ? 0 : length);
         return Report::ToJson(
             Report::CheckConfig(TextOf(name), RecordConfigText(document, TextOf(name))));
+    });
+}
+
+const char* vaultry_shapes_json(vaultry_generator* generator,
+                                const char* text,
+                                size_t length,
+                                const char* name) {
+    return Answer(generator, [=] {
+        const std::string source = TextOf(name);
+        const BuiltinConfig* builtin = text == nullptr ? FindBuiltinConfig(source) : nullptr;
+        if (text == nullptr && builtin == nullptr) {
+            throw UsageError("there is no built-in configuration \"" + source + '"');
+        }
+        const std::string_view document =
+            builtin != nullptr ? builtin->text : std::string_view(text, length);
+        ConfigRecord record = RecordConfigText(document, source.c_str());
+        if (record.fatal) {
+            throw UsageError("the configuration \"" + source +
+                             "\" cannot be read to its end; vaultry_check_json tells why");
+        }
+        return Report::ShapesJson(Report::PlanStage({{source, std::move(record)}}));
     });
 }
 

@@ -72,8 +72,8 @@ typedef struct vaultry_generator vaultry_generator;
  * throw. It may use other generators, and ask its own for seed and stamp.
  *
  * It is called on the thread of the run, which waits for it, and while the plug-in is written too.
- * A level that is given up counts no step, and a dungeon that is to be walkable begins again at 0
- * with each further seed, so that a bar may end early and may go back.
+ * A level that is given up counts no step, and a dungeon that is to be walkable or closed begins
+ * again at 0 with each further seed, so that a bar may end early and may go back.
  */
 typedef int (*vaultry_progress)(void* context, const char* text, int32_t position, int32_t steps);
 
@@ -134,11 +134,11 @@ VAULTRY_API enum vaultry_result vaultry_use_preset(vaultry_generator* generator,
 /**
  * Sets an option to what its switch on the command line takes; switches without a value take "true"
  * or "false". Options: see vaultry_option; "strict" counts the errors of the last vaultry_init too,
- * and "ensure-walkable" is for random levels. Names are looked up in the configuration, which
- * therefore comes first; their case does not matter. "seed" and "stamp" are drawn by chance for
- * every run until they are set. A number beyond the bounds of its switch, which the error names,
- * and a name with letters that the game's code page (Windows-1252) lacks are refused. A value that
- * is refused changes nothing.
+ * "ensure-walkable" and "ensure-closed" are for random levels. Names are looked up in the
+ * configuration, which therefore comes first; their case does not matter. "seed" and "stamp" are
+ * drawn by chance for every run until they are set. A number beyond the bounds of its switch, which
+ * the error names, and a name with letters that the game's code page (Windows-1252) lacks are
+ * refused. A value that is refused changes nothing.
  *
  * Of two options that exclude each other, "tileset" and "cave-tileset" for instance, the one that
  * is set last counts. What was set holds for all later runs; only a new generator has the defaults
@@ -180,8 +180,8 @@ VAULTRY_API enum vaultry_result vaultry_generate(vaultry_generator* generator, c
 /**
  * Like vaultry_generate, but writes nothing: vaultry_plugin hands out the bytes. The cell is called
  * "dungeon" unless "cell" was set. "strict" is for writing and changes nothing here.
- * VAULTRY_REFUSED without a tile set or layout to use, and where "ensure-walkable" tried a thousand
- * seeds for nothing.
+ * VAULTRY_REFUSED without a tile set or layout to use, and where "ensure-walkable" or
+ * "ensure-closed" tried a thousand seeds for nothing.
  */
 VAULTRY_API enum vaultry_result vaultry_run(vaultry_generator* generator);
 
@@ -271,6 +271,17 @@ VAULTRY_API const char* vaultry_command_line_json(vaultry_generator* generator, 
  */
 VAULTRY_API const char*
 vaultry_check_json(vaultry_generator* generator, const char* text, size_t length, const char* name);
+/**
+ * The shapes of everything that `length` bytes of a configuration name, as triangles in world
+ * units: together with the places that vaultry_map ("json") and vaultry_inspect_json tell, a
+ * dungeon in three dimensions. They come from a table of the game's pieces, where it has them. With
+ * a null `text` those of the built-in configuration that `name` ("builtin", "builtin:caves") stands
+ * for.
+ */
+VAULTRY_API const char* vaultry_shapes_json(vaultry_generator* generator,
+                                            const char* text,
+                                            size_t length,
+                                            const char* name);
 /** Everything that `length` bytes of a plug-in hold, and what does not fit. */
 VAULTRY_API const char* vaultry_inspect_json(vaultry_generator* generator,
                                              const void* plugin,

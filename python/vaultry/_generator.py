@@ -229,6 +229,11 @@ class Generator:
         call = self._calls.vaultry_check_json
         return self._tell(call, document, len(document), _bytes(name))
 
+    def shapes(self, document: Optional[bytes] = None, name: str = "builtin") -> Answer:
+        """The triangles of all that a configuration names; without one, of the built-in `name`."""
+        call = self._calls.vaultry_shapes_json
+        return self._tell(call, document, len(document or b""), _bytes(name))
+
     def inspect(self, plugin: bytes, name: str = "memory") -> Answer:
         """Everything that a plug-in holds, and what does not fit."""
         return self._tell(self._calls.vaultry_inspect_json, plugin, len(plugin), _bytes(name))

@@ -61,6 +61,7 @@ FUNCTIONS: Dict[str, Tuple[Any, List[Any]]] = {
     "vaultry_command_line": (_TEXT, [_HANDLE]),
     "vaultry_command_line_json": (_TEXT, [_HANDLE, _TEXT]),
     "vaultry_check_json": (_TEXT, [_HANDLE, _TEXT, _SIZE, _TEXT]),
+    "vaultry_shapes_json": (_TEXT, [_HANDLE, _TEXT, _SIZE, _TEXT]),
     "vaultry_inspect_json": (_TEXT, [_HANDLE, _ADDRESS, _SIZE, _TEXT]),
     "vaultry_compare_json": (_TEXT, [_HANDLE, _ADDRESS, _SIZE, _ADDRESS, _SIZE]),
     "vaultry_error_count": (_SIZE, [_HANDLE]),

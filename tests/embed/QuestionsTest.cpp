@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <fstream>
@@ -336,6 +337,55 @@ TEST_F(QuestionsTest, AConfigurationIsCheckedAndNotTakenOver) {
     EXPECT_GT(json.at("findings").size(), 0U);
     EXPECT_EQ(Parsed(vaultry_check_json(own, nullptr, 9, nullptr)).at("usable"), false);
     EXPECT_EQ(vaultry_run(own), VAULTRY_OK);
+}
+
+TEST_F(QuestionsTest, EveryPieceOfADungeonHasAShape) {
+    Run();
+    const Json map = Parsed(vaultry_map(own, "json"));
+    const Json json = Parsed(vaultry_shapes_json(own, nullptr, 0, "builtin"));
+    std::set<std::string> ids;
+    for (const Json& shape : json.at("shapes")) {
+        ids.insert(shape.at("id"));
+        const std::size_t vertices = shape.at("vertices").size() / 3;
+        const std::size_t triangles = shape.at("surfaces").size();
+        ASSERT_EQ(shape.at("vertices").size() % 3, 0U);
+        ASSERT_EQ(shape.at("triangles").size(), triangles * 3);
+        for (const Json& vertex : shape.at("triangles")) {
+            ASSERT_LT(vertex.get<std::size_t>(), vertices);
+        }
+        for (const Json& surface : shape.at("surfaces")) {
+            ASSERT_LT(surface.get<std::size_t>(), json.at("surfaces").size());
+        }
+    }
+    std::size_t pieces = 0;
+    for (const Json& level : map.at("levels")) {
+        for (const Json& thing : level.at("things")) {
+            if (thing.at("sort") == "tile" || thing.at("sort") == "door") {
+                ++pieces;
+                EXPECT_EQ(ids.count(thing.at("id")), 1U) << thing.at("id");
+            }
+        }
+    }
+    EXPECT_GT(pieces, 20U);
+}
+
+TEST_F(QuestionsTest, ShapesAreThoseOfAConfigurationThatIsHandedIn) {
+    const std::string text = "<OstrelData><TileSet TsName='Mine' TsType='Room' TsSize='256'>"
+                             "<Center>my_floor</Center></TileSet></OstrelData>";
+    const Json json = Parsed(vaultry_shapes_json(own, text.data(), text.size(), "mine.xml"));
+    // What every stage has is there too.
+    const auto found = std::ranges::find(json.at("shapes"), "my_floor", [](const Json& shape) {
+        return shape.at("id").get<std::string>();
+    });
+    ASSERT_NE(found, json.at("shapes").end());
+    const Json& shape = *found;
+    EXPECT_EQ(shape.at("sort"), "static");
+    EXPECT_EQ(shape.at("known"), "shaped");
+    EXPECT_EQ(Refusal(vaultry_shapes_json(own, nullptr, 0, "builtin:none")),
+              "there is no built-in configuration \"builtin:none\"");
+    EXPECT_EQ(
+        Refusal(vaultry_shapes_json(own, "<OstrelData>", 12, "cut.xml")),
+        "the configuration \"cut.xml\" cannot be read to its end; vaultry_check_json tells why");
 }
 
 // What was handed out may be handed back in.

@@ -317,6 +317,16 @@ class PythonTest(unittest.TestCase):
         elements = [element["name"] for element in self.generator.grammar["elements"]]
         self.assertIn("TileSet", elements)
 
+    def test_tells_shapes(self) -> None:
+        shapes = self.generator.shapes()
+        self.assertEqual(shapes["surfaces"][0]["name"], "floor")
+        self.assertGreater(len(shapes["shapes"]), 100)
+        document = b"<OstrelData/>"
+        few = self.generator.shapes(document, "mine.xml")["shapes"]
+        self.assertLess(len(few), len(shapes["shapes"]))
+        with self.assertRaisesRegex(vaultry.RefusedError, '"builtin:none"'):
+            self.generator.shapes(name="builtin:none")
+
     def test_draws_maps(self) -> None:
         self.configure(self.generator)
         self.generator.run()
