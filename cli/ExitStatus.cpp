@@ -14,13 +14,14 @@ struct Row {
 };
 
 // In the order of Ending.
-constexpr std::array<Row, 7> kRows = {{
+constexpr std::array<Row, 8> kRows = {{
     {"written", ExitStatus::Success},
     {"drawn", ExitStatus::Success},
     {"refused", ExitStatus::Failure},
     {"not-written", ExitStatus::Failure},
     {"strict", ExitStatus::Failure},
     {"unwalkable", ExitStatus::Failure},
+    {"unclosed", ExitStatus::Failure},
     {"cancelled", ExitStatus::Canceled},
 }};
 

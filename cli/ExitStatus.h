@@ -19,6 +19,7 @@ enum class Ending {
     NotWritten, ///< generated, but a file could not be written
     Strict,     ///< not written because of an error, as asked
     Unwalkable, ///< not written: no seed that was tried made every room reachable
+    Unclosed,   ///< likewise, and on all that did something opens onto nothing
     Canceled,
 };
 

@@ -45,6 +45,10 @@ std::string Outcome(const RunReport& report) {
         return file + " was not written: none of " + Counted(report.tries, "seed") +
                " made every room of every level reachable; try another --tileset, --spacing or " +
                "--size";
+    case Ending::Unclosed:
+        return file + " was not written: none of " + Counted(report.tries, "seed") +
+               " made a dungeon as wanted without an opening onto nothing; try --close-openings, " +
+               "or another --tileset, --spacing or --size";
     case Ending::Canceled:
         return "cancelled, " + file + " was not written";
     }
@@ -90,8 +94,8 @@ Json CellsJson(const RunReport& report) {
 
 void TakeOver(const RunResult& run, RunReport& report) {
     // In the order of RunEnd.
-    constexpr std::array<Ending, 4> kEndings = {
-        Ending::Written, Ending::Refused, Ending::Canceled, Ending::Unwalkable};
+    constexpr std::array<Ending, 5> kEndings = {
+        Ending::Written, Ending::Refused, Ending::Canceled, Ending::Unwalkable, Ending::Unclosed};
     report.result = kEndings.at(static_cast<std::size_t>(run.end));
     report.options.seed = run.seed;
     report.tries = run.tries;

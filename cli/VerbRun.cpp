@@ -21,8 +21,10 @@ void CheckText(const GenerateOptions& options) {
     if (options.cell && options.cell->empty()) {
         throw UsageError("--cell: the name of the cell is empty");
     }
-    if (options.ensureWalkable && options.fixed) {
-        throw UsageError("--ensure-walkable is for random levels, not for --fixed");
+    if (options.fixed && (options.ensureWalkable || options.ensureClosed)) {
+        throw UsageError(
+            std::string(options.ensureWalkable ? "--ensure-walkable" : "--ensure-closed") +
+            " is for random levels, not for --fixed");
     }
     CheckMapOptions(options.maps);
     if (options.master && options.master->empty()) {

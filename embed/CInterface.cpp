@@ -21,6 +21,10 @@ constexpr const char* kBusy =
 constexpr const char* kUnwalkable =
     " seeds made every room of every level reachable; try another tileset, spacing or size";
 
+constexpr const char* kUnclosed =
+    " seeds made a dungeon as wanted without an opening onto nothing; try close-openings, or "
+    "another tileset, spacing or size";
+
 void TellErrors(vaultry_generator& generator, const std::vector<Problem>& problems) {
     for (const std::string& line : ErrorLines(problems)) {
         Tell(generator, line);
@@ -111,8 +115,10 @@ RunEnd Generate(vaultry_generator& generator, RunState* callers, const std::stri
 
 vaultry_result TellEnd(vaultry_generator& generator, RunEnd end) {
     TellErrors(generator, generator.run->result.problems);
-    if (end == RunEnd::Unwalkable) {
-        Tell(generator, "none of " + std::to_string(generator.run->result.tries) + kUnwalkable);
+    if (end == RunEnd::Unwalkable || end == RunEnd::Unclosed) {
+        Tell(generator,
+             "none of " + std::to_string(generator.run->result.tries) +
+                 (end == RunEnd::Unwalkable ? kUnwalkable : kUnclosed));
     }
     return end == RunEnd::Made       ? VAULTRY_OK
            : end == RunEnd::Canceled ? VAULTRY_CANCELED

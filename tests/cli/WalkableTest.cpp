@@ -154,6 +154,75 @@ TEST_F(WalkableTest, EnsureWalkableGivesUpAfterAThousandTries) {
     EXPECT_TRUE(Contains(outcome.err, "the tile set \"Bare\" lacks \"HallNS\""));
 }
 
+TEST_F(WalkableTest, EnsureClosedFindsASeedThatRepeatsByItself) {
+    const Lines open = {"generate",
+                        "--seed",
+                        "199",
+                        "--stamp",
+                        "1",
+                        "--size",
+                        "large",
+                        "--spacing",
+                        "tight",
+                        "--json"};
+    const auto with = [&open](Lines more) {
+        more.insert(more.begin(), open.begin(), open.end());
+        return more;
+    };
+    const Json plain = Json::parse(Run(with({"-o", "open.esp", "-n", "Keep"})).out);
+    ASSERT_GT(plain["levels"][0]["openings-onto-nothing"], 0);
+    const Outcome found = Run(with({"--ensure-closed", "-o", "found.esp", "-n", "Keep"}));
+    EXPECT_EQ(found.status, 0);
+    const Json report = Json::parse(found.out);
+    EXPECT_EQ(report["levels"][0]["openings-onto-nothing"], 0);
+    EXPECT_GT(report["tries"], 1);
+    const std::uint32_t seed = report["seed"];
+    Lines again = with({"-o", "again.esp", "-n", "Keep"});
+    *std::ranges::find(again, "199") = std::to_string(seed);
+    EXPECT_EQ(Run(again).status, 0);
+    EXPECT_EQ(Read("again.esp"), Read("found.esp"));
+    const Json closed = Json::parse(
+        Run(with({"--close-openings", "--ensure-closed", "-o", "closed.esp", "-n", "Keep"})).out);
+    EXPECT_EQ(closed["tries"], 1) << "closed where it was open";
+}
+
+TEST_F(WalkableTest, EnsureClosedGivesUpAfterAThousandTries) {
+    // Junctions lay ends around them, which this set has no piece for.
+    Write("open.xml", R"(<OstrelData>
+        <TileSet TsName="Endless" TsType="Room" TsSize="256">
+            <Center>a</Center><WallN>b</WallN><CornerNW>c</CornerNW><DoorwayN>d</DoorwayN>
+            <HallNS>e</HallNS><HallCornerNW>f</HallCornerNW><Hall4Way>g</Hall4Way>
+        </TileSet>
+        <Layout LayoutName="Spot" Type="Room" Width="1" Height="1"/>
+        </OstrelData>)");
+    const Outcome outcome = Run({"generate",
+                                 "-c",
+                                 File("open.xml"),
+                                 "--size",
+                                 "large",
+                                 "--spacing",
+                                 "tight",
+                                 "--levels",
+                                 "2",
+                                 "--seed",
+                                 "1",
+                                 "--ensure-closed",
+                                 "--json"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(Files(), Lines{"open.xml"});
+    EXPECT_EQ(Json::parse(outcome.out)["result"], "unclosed");
+    EXPECT_TRUE(Contains(outcome.err,
+                         "none of 1000 seeds made a dungeon as wanted without an "
+                         "opening onto nothing; try --close-openings"));
+}
+
+TEST_F(WalkableTest, EnsureClosedIsForRandomLevels) {
+    const Outcome outcome = Run({"generate", "--fixed", "--ensure-closed"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_TRUE(Contains(outcome.err, "--ensure-closed is for random levels"));
+    EXPECT_TRUE(Files().empty());
+}
+
 TEST_F(WalkableTest, EnsureWalkableIsForRandomLevels) {
     const Outcome outcome = Run({"generate", "--fixed", "--ensure-walkable"});
     EXPECT_EQ(outcome.status, 2);

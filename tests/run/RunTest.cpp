@@ -325,8 +325,34 @@ TEST_F(RunTest, FurtherSeedsAreTriedUntilOneIsWalkable) {
     EXPECT_EQ(Bytes(), bytes);
 }
 
+TEST_F(RunTest, FurtherSeedsAreTriedUntilNothingOpensOntoNothing) {
+    options.levelSize = RandomGenInfo::Large;
+    options.roomSpacing = RandomGenInfo::Tight;
+    options.seed = 125;
+    ASSERT_FALSE(Generate().levels.IsClosed());
+    options.ensureClosed = true;
+    const RunResult found = Generate();
+    EXPECT_EQ(found.end, RunEnd::Made);
+    EXPECT_TRUE(found.levels.IsClosed());
+    EXPECT_EQ(found.seed, FurtherSeed(125, found.tries - 1));
+    EXPECT_GT(found.tries, 1U);
+}
+
+TEST_F(RunTest, WhatIsPlayableIsClosed) {
+    options.levelSize = RandomGenInfo::Large;
+    options.roomSpacing = RandomGenInfo::Tight;
+    options.seed = 125;
+    const std::uint32_t open = Generate().levels.levels.at(0).openEnds;
+    options.playable = true;
+    const std::uint32_t left = Generate().levels.levels.at(0).openEnds;
+    EXPECT_LT(left, open);
+    options.playable = false;
+    options.closeOpenings = true;
+    EXPECT_EQ(Generate().levels.levels.at(0).openEnds, left);
+}
+
 TEST_F(RunTest, AFixedInteriorIsMadeOnce) {
-    options.fixed = options.ensureWalkable = true;
+    options.fixed = options.ensureWalkable = options.ensureClosed = true;
     const RunResult result = Generate();
     EXPECT_EQ(result.end, RunEnd::Made);
     EXPECT_EQ(result.tries, 1U);

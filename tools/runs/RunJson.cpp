@@ -38,7 +38,8 @@ Json LevelJson(const LevelReport& level) {
 }
 
 // In the order of RunEnd.
-constexpr std::array<const char*, 4> kEndWords = {"made", "refused", "cancelled", "unwalkable"};
+constexpr std::array<const char*, 5> kEndWords = {
+    "made", "refused", "cancelled", "unwalkable", "unclosed"};
 
 // In the order of OptionKind.
 constexpr std::array<const char*, 4> kKindWords = {"switch", "text", "number", "word"};

@@ -6,9 +6,11 @@
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Problem.h>
 #include <vaultry/foundation/Random.h>
+#include <vaultry/gen/CloseOpenings.h>
 #include <vaultry/gen/GenHallway.h>
 #include <vaultry/gen/Limits.h>
 #include <vaultry/gen/RandomTables.h>
+#include <vaultry/gen/TidyHalls.h>
 #include <vaultry/gen/Walkability.h>
 
 #include <algorithm>
@@ -138,11 +140,11 @@ void GenIntRandom::Make() {
     // Before any content, which must not stand in front of a door.
     AddTeleportingDoors(levels.All());
     SeedContents();
-    auto level = levels.All().begin();
+    std::size_t made = 0;
     for (const LevelReport& report : info.report.levels) {
         if (report.made) {
-            FinishLevel(**level, report, level == levels.All().begin());
-            ++level;
+            FinishLevel(*levels.All()[made], report, changes[made], made == 0);
+            ++made;
         }
     }
 }
@@ -171,6 +173,7 @@ void GenIntRandom::MakeLayouts(LayoutOwner& levels) {
             continue;
         }
         levels.Own(level);
+        changes.push_back(std::move(draftChanges));
         NameLevel(*level, baseName, i + 1);
         // Later levels may replace that of the generator.
         level->SetTileSet(tileSet);
@@ -214,7 +217,10 @@ void GenIntRandom::NameLevel(Layout& level,
     }
 }
 
-void GenIntRandom::FinishLevel(Layout& level, const LevelReport& report, bool first) {
+void GenIntRandom::FinishLevel(Layout& level,
+                               const LevelReport& report,
+                               const std::vector<PieceChange>& changed,
+                               bool first) {
     // Later levels may have changed the tile set since this one was laid out.
     tileSet = level.GetTileSet();
     info.defTileSet = tileSet;
@@ -225,6 +231,8 @@ void GenIntRandom::FinishLevel(Layout& level, const LevelReport& report, bool fi
     info.cellName = level.GetName();
     InitCell();
     AddContents(level);
+    // After the contents, which stay where they are without these changes.
+    ApplyChanges(level, *tileSet, changed);
     // Containers come into being when the cell is filled; only then can treasure be put into them.
     FillCell(level);
     AddCtrTreasure(containers);
@@ -265,7 +273,26 @@ DiPtr<Layout> GenIntRandom::InitMainLayout(const DiPos& grid, LevelReport& repor
         return nullptr;
     }
     JudgeWalkability(report, main, rooms);
+    PlanChanges(main, rooms, report);
     return drafts.ReleaseLast();
+}
+
+// No room is lost by it, but openings are.
+void GenIntRandom::PlanChanges(const Layout& main, const RoomInfo& rooms, LevelReport& report) {
+    draftChanges.clear();
+    const std::optional<std::uint32_t>& steps = info.randomInfo.tidyHalls;
+    if (!steps && !info.randomInfo.closeOpenings) {
+        return;
+    }
+    HallPlan plan(main, rooms, *tileSet);
+    if (steps) {
+        TidyHalls(plan, *steps, info.meter);
+    }
+    if (info.randomInfo.closeOpenings) {
+        CloseOpenings(plan, info.meter);
+    }
+    report.openEnds = plan.CountOpenEnds();
+    draftChanges = plan.Changes();
 }
 
 void GenIntRandom::CreateRooms(RoomInfo& rooms) {

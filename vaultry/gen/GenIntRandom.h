@@ -3,6 +3,7 @@
 #pragma once
 
 #include <vaultry/gen/GenIntBase.h>
+#include <vaultry/gen/HallPlan.h>
 #include <vaultry/gen/LayoutOwner.h>
 #include <vaultry/layout/RoomInfo.h>
 
@@ -80,11 +81,18 @@ private:
     void MakeLayouts(LayoutOwner& levels);
     DiPtr<Layout> TryMainLayout(const DiPos& size, LevelReport& report);
     void NameLevel(Layout& level, const std::string& baseName, std::uint32_t number) const;
-    void FinishLevel(Layout& level, const LevelReport& report, bool first);
+    void FinishLevel(Layout& level,
+                     const LevelReport& report,
+                     const std::vector<PieceChange>& changed,
+                     bool first);
     void ChooseTheme(DiPtr<Theme>& theme, const ThemeChoice& choice, bool first) const;
     void CloseDoorway(GridElmt& elmt, TileDirT facing) const;
 
+    void PlanChanges(const Layout& main, const RoomInfo& rooms, LevelReport& report);
+
     LayoutOwner drafts; ///< of the floor plan under way: rooms from templates, the level last
+    std::vector<PieceChange> draftChanges;         ///< likewise, of its halls and doorways
+    std::vector<std::vector<PieceChange>> changes; ///< of the levels that were made
 };
 
 } // namespace Tarnex

@@ -29,4 +29,9 @@ bool GenReport::IsWalkable() const {
     return AreLevelsLinked() && std::ranges::all_of(levels, &LevelReport::IsWalkable);
 }
 
+bool GenReport::IsClosed() const {
+    return std::ranges::all_of(
+        levels, [](const LevelReport& level) { return level.made && level.openEnds == 0; });
+}
+
 } // namespace Tarnex

@@ -78,6 +78,8 @@ struct VAULTRY_API GenReport {
     /// True when every level is there, every room of it can be reached and all hang together. This
     /// is what a Run that is to be walkable waits for.
     bool IsWalkable() const;
+    /// True when every level is there and nothing on any opens onto nothing.
+    bool IsClosed() const;
 };
 
 } // namespace Tarnex

@@ -65,6 +65,11 @@ struct VAULTRY_API RandomGenInfo {
     /// Begins chance anew once all plans and the doors between the levels are set: from there on it
     /// decides the themes that are chosen by chance and all contents. Without, chance goes on.
     std::optional<std::uint32_t> contentSeed;
+    /// Takes pieces of halls out that no shortest way needs, but those that make a round of more
+    /// than so many pieces. Without, all halls stay as they were carved.
+    std::optional<std::uint32_t> tidyHalls;
+    bool closeOpenings =
+        false; ///< close what opens onto nothing, as far as there are pieces for it
 
     /// The words of the level sizes; a word's position is its value.
     static const std::vector<std::string>& GetLevelSizeStrings();

@@ -155,17 +155,20 @@ Run::Run(GenMgr& manager_, const RunOptions& options_) : manager(manager_), opti
 RunResult Run::Generate() {
     const OwnState own;
     ArrivalFinder finder(manager.levelObserver);
+    bool reached = !options.ensureWalkable || options.fixed;
     for (std::uint32_t tries = 1;; ++tries) {
         RunResult result = Try(FurtherSeed(options.seed.value(), tries - 1), &finder);
         result.tries = tries;
         result.arrivals = finder.arrivals;
-        const bool asWanted =
+        const bool walkable =
             !options.ensureWalkable || options.fixed || result.levels.IsWalkable();
-        if (result.end != RunEnd::Made || asWanted) {
+        const bool closed = !options.ensureClosed || options.fixed || result.levels.IsClosed();
+        if (result.end != RunEnd::Made || (walkable && closed)) {
             return result;
         }
+        reached = reached || walkable;
         if (tries == kMaxTries) {
-            result.end = RunEnd::Unwalkable;
+            result.end = reached ? RunEnd::Unclosed : RunEnd::Unwalkable;
             result.seed = *options.seed;
             return result;
         }
@@ -201,7 +204,9 @@ void Run::HandOver(const RunOptions& wanted) const {
     manager.mod.SetDescription(nullptr);
     manager.mod.SetUniqueReferences(wanted.uniqueReferences || wanted.playable);
     manager.SetAddPlatforms(wanted.platforms);
-    manager.SetRandomInfo(wanted);
+    RandomGenInfo random = wanted;
+    random.closeOpenings = random.closeOpenings || wanted.playable;
+    manager.SetRandomInfo(random);
     manager.SetNameSingleLevel(true);
 }
 

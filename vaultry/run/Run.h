@@ -19,12 +19,13 @@ enum class RunEnd {
     Refused,    ///< nothing was generated; the errors say why, and `mod` may be that of another run
     Canceled,   ///< the job status asked to stop
     Unwalkable, ///< as many seeds were tried as a run tries, and none made every room reachable
+    Unclosed    ///< likewise, and on all that did something opens onto nothing
 };
 
 /// What a run came to. Texts are UTF-8.
 struct RunResult {
     RunEnd end = RunEnd::Refused;  ///< whether there is a dungeon
-    std::uint32_t seed = 0;        ///< of the last try, or the first when none was walkable
+    std::uint32_t seed = 0;        ///< of the last try, or the first when none was as wanted
     std::int64_t stamp = 0;        ///< in the identifiers of containers
     std::uint32_t tries = 1;       ///< seeds tried
     GenReport levels;              ///< of the last try, with what each level was made from
@@ -81,10 +82,10 @@ public:
     const RunOptions& Options() const { return options; }
 
     /// Generates into the manager's `mod`, and finds where one arrives; where the options ask for a
-    /// walkable dungeon, from further seeds until there is one. Names that the configuration lacks
-    /// are refused. The log's error list holds those of the last try afterwards. May be called
-    /// again, for the same dungeon. When no seed made a walkable one, `mod` holds that of the last
-    /// seed tried. The manager's JobStatus can stop it.
+    /// walkable or closed dungeon, from further seeds until there is one. Names that the
+    /// configuration lacks are refused. The log's error list holds those of the last try
+    /// afterwards. May be called again, for the same dungeon. When no seed made a walkable one,
+    /// `mod` holds that of the last seed tried. The manager's JobStatus can stop it.
     RunResult Generate();
 
     /// Generates from that seed instead, once, for whoever tries many: nobody arrives there, so

@@ -92,6 +92,7 @@ std::vector<OptionRow>& Table() {
         Yields("fixed", {"random-treasure-theme", &Options::randomTreasureTheme, "Choose the treasure by chance", OptionGroup::Chance, kShape}),
         // The seed that was found makes a walkable dungeon by itself.
         {"ensure-walkable",       &Options::ensureWalkable, "Try further seeds until every room can be reached", OptionGroup::Shape, kForMaps | kReported},
+        {"ensure-closed",         &Options::ensureClosed, "Try further seeds until nothing opens onto nothing", OptionGroup::Shape, kForMaps | kReported},
         Needs("fixed", {"platforms", &Options::platforms, "Raise platforms in fixed cave interiors", OptionGroup::Dungeon, kShape}),
         // Stands apart in lines and reports: a run always has one.
         {"seed",                  &Options::seed, "Repeats a run (default: by chance)", OptionGroup::Repeat, kForMaps},
@@ -101,9 +102,11 @@ std::vector<OptionRow>& Table() {
         Bounded({"stamp",         &Options::stamp, "The number in container identifiers (default: by chance)", OptionGroup::Repeat, kForSearch | kRepeats}, 0, kMaxStamp),
         {"describe",              &Options::describe, "Keep the line that makes it with the plug-in", OptionGroup::Plugin, kRepeats | kReported},
         {"strict",                &Options::strict, "Write nothing if there was an error", OptionGroup::Plugin, kReported},
-        {"playable",              &Options::playable, "All of these that need no answer", OptionGroup::Playable, kHeader},
+        {"playable",              &Options::playable, "All of these that need no answer", OptionGroup::Playable, kShape},
         Yields("playable", {"path-grid", &Options::pathGrid, "Ways by which creatures wander and follow", OptionGroup::Playable, kHeader}),
         Yields("playable", {"unique-references", &Options::uniqueReferences, "No number of a reference twice in the plug-in", OptionGroup::Playable, kHeader}),
+        Yields("fixed", {"close-openings", &Options::closeOpenings, "Close what opens onto nothing", OptionGroup::Playable, kShape}),
+        Yields("fixed", Bounded({"tidy-halls", &Options::tidyHalls, "Leave no way round in halls of that many pieces or fewer", OptionGroup::Playable, kShape}, 0, 1000)),
     };
     return rows;
 }

@@ -49,6 +49,7 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     std::optional<std::string> creatureTheme; ///< the creatures
     std::optional<std::string> treasureTheme; ///< what is in containers
     bool ensureWalkable = false;              ///< try further seeds until every room can be reached
+    bool ensureClosed = false;                ///< likewise until nothing opens onto nothing
     bool platforms = false;                   ///< raised ones in fixed cave interiors
     std::optional<std::uint32_t> seed;        ///< by chance without
     std::optional<std::string> master;        ///< the master file; the game's without
