@@ -70,19 +70,23 @@ std::string WordsOf(const Judged& judged) {
     return words;
 }
 
+std::vector<std::string> TileSetsOf(GenMgr& manager) {
+    std::vector<std::string> sets;
+    for (const auto* const list : {&manager.GetRoomTileSets(), &manager.GetCaveTileSets()}) {
+        for (const auto& set : *list) {
+            sets.push_back(set->GetName());
+        }
+    }
+    return sets;
+}
+
 TEST(StageJudgeTest, NothingIsWrongWithTheBuiltinConfigurations) {
     const Report::StagePlan stage = BuiltinPlan();
     std::size_t levels = 0;
     for (const BuiltinConfig& config : BuiltinConfigs()) {
         GenMgr manager;
         manager.InitFromMemory(config.text, "config");
-        std::vector<std::string> sets;
-        for (const auto* const list : {&manager.GetRoomTileSets(), &manager.GetCaveTileSets()}) {
-            for (const auto& set : *list) {
-                sets.push_back(set->GetName());
-            }
-        }
-        for (const std::string& set : sets) {
+        for (const std::string& set : TileSetsOf(manager)) {
             for (std::uint32_t seed = 1; seed <= kSeeds; ++seed) {
                 const Judged judged = JudgeRun(manager, OptionsFor(config.name, set, seed), stage);
                 EXPECT_EQ(WordsOf(judged), "") << set << ", seed " << seed;
@@ -91,6 +95,27 @@ TEST(StageJudgeTest, NothingIsWrongWithTheBuiltinConfigurations) {
         }
     }
     EXPECT_EQ(levels, 18 * kSeeds);
+}
+
+// Where pieces of halls were taken out, and openings closed.
+TEST(StageJudgeTest, NothingIsWrongWithTidyHallsAndClosedOpenings) {
+    const Report::StagePlan stage = BuiltinPlan();
+    for (const std::string_view config : {"default", "caves"}) {
+        GenMgr manager;
+        manager.InitFromMemory(TextOf(config), "config");
+        for (const std::string& set : TileSetsOf(manager)) {
+            for (std::uint32_t seed = 1; seed <= 2; ++seed) {
+                RunOptions options = OptionsFor(config, set, seed);
+                options.levelSize = RandomGenInfo::Large;
+                options.roomSpacing = RandomGenInfo::Tight;
+                options.tidyHalls = 8;
+                options.closeOpenings = true;
+                const Judged judged = JudgeRun(manager, options, stage);
+                EXPECT_EQ(WordsOf(judged), "") << set << ", seed " << seed;
+                EXPECT_EQ(judged.levels, 1U);
+            }
+        }
+    }
 }
 
 // A mistake that somebody could make in a tile of a configuration.
