@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/plugins/InspectReport.h"
+#include "tools/plugins/LockJson.h"
 #include "tools/plugins/PluginIndex.h"
 #include "tools/text/PlaceJson.h"
 
@@ -33,8 +34,20 @@ Json RefJson(const PluginRef& ref, const PluginIndex& index) {
     Json json = {{"number", ref.index}, {"id", ToUtf8(ref.id)}, {"scale", Widened(ref.scale)}};
     SetPlace(json, ref.place);
     json["destination"] = DestinationJson(ref, index);
+    json["lock"] = LockJson(ref.lock);
     json["deleted"] = ref.deleted;
     return json;
+}
+
+Json KeyJson(const PluginKey& key) {
+    return {{"id", ToUtf8(key.id)},
+            {"offset", key.offset},
+            {"name", ToUtf8(key.name)},
+            {"model", ToUtf8(key.model)},
+            {"icon", ToUtf8(key.icon)},
+            {"weight", Widened(key.weight)},
+            {"value", key.worth},
+            {"deleted", key.deleted}};
 }
 
 Json BoundsJson(const CellSummary& summary) {
@@ -72,6 +85,9 @@ Json CellJson(const PluginCell& cell, const PluginIndex& index) {
         {"doors", summary.doors},
         {"teleports", summary.teleports},
         {"containers", summary.containers},
+        {"locked-doors", summary.lockedDoors},
+        {"locked-containers", summary.lockedContainers},
+        {"traps", summary.traps},
         {"path-grid", PathGridJson(index.PathGridOf(cell))},
     };
     Json& refs = json["references"] = Json::array();
@@ -160,6 +176,10 @@ std::string ToJson(const Inspection& inspection) {
         cells.push_back(CellJson(cell, index));
     }
     json["arrivals"] = ArrivalsJson(inspection.arrivals);
+    Json& keys = json["keys"] = Json::array();
+    for (const PluginKey& key : file.keys) {
+        keys.push_back(KeyJson(key));
+    }
     Json& containers = json["containers"] = Json::array();
     for (const PluginContainer& container : file.containers) {
         containers.push_back(ContainerJson(container));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/plugins/InspectReport.h"
+#include "tools/plugins/LockWords.h"
 #include "tools/plugins/PluginIndex.h"
 #include "tools/text/TextTable.h"
 #include "tools/text/Words.h"
@@ -67,9 +68,15 @@ void PrintHeader(const Inspection& inspection, std::ostream& out) {
     PrintFact(out,
               "Records",
               std::to_string(file.records) + " (" + Counted(file.cells.size(), "interior") + ", " +
+                  (file.keys.empty() ? "" : Counted(file.keys.size(), "key") + ", ") +
                   Counted(file.containers.size(), "container") + "); the header says " +
                   std::to_string(header.recordCount));
     PrintSkipped(file, out);
+}
+
+// Words that continue others, if there are any.
+std::string Behind(const std::string& words) {
+    return words.empty() ? words : ", " + words;
 }
 
 std::string DestinationWords(const PluginDestination& destination, const PluginIndex& index) {
@@ -80,6 +87,16 @@ std::string DestinationWords(const PluginDestination& destination, const PluginI
            (index.HasCell(destination.cell) ? "" : ", not in this plug-in");
 }
 
+void PrintLocks(const CellSummary& summary, std::ostream& out) {
+    if (summary.lockedDoors + summary.lockedContainers + summary.traps > 0) {
+        PrintFact(out,
+                  "Locked",
+                  Counted(summary.lockedDoors, "door") + ", " +
+                      Counted(summary.lockedContainers, "container") + "; " +
+                      Counted(summary.traps, "trap"));
+    }
+}
+
 void PrintTeleports(const PluginCell& cell, const PluginIndex& index, std::ostream& out) {
     for (const PluginRef& ref : cell.refs) {
         if (ref.destination) {
@@ -88,7 +105,8 @@ void PrintTeleports(const PluginCell& cell, const PluginIndex& index, std::ostre
                       "Leads to",
                       DestinationWords(*ref.destination, index) + ", at " +
                           PointWords(arrival.position) + " facing " +
-                          Number(Degrees(arrival.rotation.z)) + ", by reference " + RefNumber(ref));
+                          Number(Degrees(arrival.rotation.z)) + ", by reference " + RefNumber(ref) +
+                          Behind(LockWords(ref.lock)));
         }
     }
 }
@@ -102,6 +120,7 @@ void PrintRefs(const PluginCell& cell, const PluginIndex& index, std::ostream& o
         if (ref.destination) {
             remark += "to " + DestinationWords(*ref.destination, index);
         }
+        remark += remark.empty() ? LockWords(ref.lock) : Behind(LockWords(ref.lock));
         table.Add({RefNumber(ref),
                    Shown(ref.id),
                    Number(position.x),
@@ -153,6 +172,7 @@ void PrintCell(const Inspection& inspection,
                   "Path grid",
                   Counted(grid->points.size(), "point") + ", " + Counted(CountWays(*grid), "way"));
     }
+    PrintLocks(summary, out);
     PrintArrival(inspection, number, out);
     PrintTeleports(cell, index, out);
     if (refs && !cell.refs.empty()) {
@@ -170,6 +190,32 @@ ContainerPlaces FindContainers(const PluginFile& file, const PluginIndex& index)
         }
     }
     return places;
+}
+
+// What the key opens in the plug-in, by its upper-case id.
+using Opened = std::unordered_map<std::string, std::uint64_t>;
+
+Opened FindOpened(const PluginFile& file) {
+    Opened opened;
+    for (const PluginCell& cell : file.cells) {
+        for (const PluginRef& ref : cell.refs) {
+            if (ref.lock && !ref.lock->key.empty()) {
+                ++opened[ToUpper(ref.lock->key)];
+            }
+        }
+    }
+    return opened;
+}
+
+void PrintKeys(const PluginFile& file, std::ostream& out) {
+    const Opened opened = FindOpened(file);
+    for (const PluginKey& key : file.keys) {
+        const auto found = opened.find(ToUpper(key.id));
+        out << "\nKey " << Shown(key.id) << ": " << Quoted(key.name) << ", opens "
+            << Counted(found == opened.end() ? 0 : found->second, "reference")
+            << (key.deleted ? ", deleted" : "");
+    }
+    out << (file.keys.empty() ? "" : "\n");
 }
 
 void PrintContainer(const PluginContainer& container,
@@ -235,6 +281,7 @@ void PrintInspection(const Inspection& inspection, bool refs, std::ostream& out)
     for (std::size_t number = 0; number < file.cells.size(); ++number) {
         PrintCell(inspection, number, index, refs, out);
     }
+    PrintKeys(file, out);
     const ContainerPlaces places = FindContainers(file, index);
     for (const PluginContainer& container : file.containers) {
         PrintContainer(container, places, out);

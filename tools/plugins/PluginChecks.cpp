@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/plugins/PluginChecks.h"
 
+#include "tools/plugins/LockWords.h"
 #include "tools/plugins/PluginIndex.h"
 #include "tools/text/Words.h"
 
 #include <vaultry/foundation/Text.h>
+#include <vaultry/output/RefLock.h>
 
 #include <algorithm>
 #include <cmath>
@@ -48,6 +50,7 @@ public:
         for (const PluginContainer& container : file.containers) {
             CheckContainer(container);
         }
+        CheckKeys();
         for (const PluginPathGrid& grid : file.pathGrids) {
             CheckPathGrid(grid);
         }
@@ -132,7 +135,53 @@ private:
         if (IsContainerId(ref.id) && !index.HasContainer(ref.id)) {
             Report(ref.offset, owner, "is a container without a record");
         }
+        if (ref.lock) {
+            CheckLock(ref, *ref.lock, owner);
+        }
         CheckPlace(ref, owner);
+    }
+
+    void CheckLock(const PluginRef& ref, const PluginLock& lock, const std::string& owner) {
+        const std::int32_t level = lock.level.value_or(0);
+        if (level < 0 || level > kMostLock) {
+            Report(ref.offset,
+                   owner,
+                   "has a lock of level " + std::to_string(level) + ", outside " +
+                       std::to_string(kLeastLock) + " to " + std::to_string(kMostLock));
+        }
+        if (IsForKeyAlone(lock)) {
+            Report(ref.offset,
+                   owner,
+                   "has a key and no level of its lock: nothing but the key opens it" +
+                       std::string(lock.trap.empty() ? "" : ", and the game forgets its trap"));
+        }
+        if (IsKeyId(lock.key) && !index.HasKey(lock.key)) {
+            Report(ref.offset, owner, "is opened by " + Quoted(lock.key) + ", which has no record");
+        }
+    }
+
+    // Who else could hold one is not read.
+    bool IsAllThatHoldsRead() const {
+        static constexpr const char* kHolders[] = {"NPC_", "CREA", "LEVI", "SCPT"};
+        return file.complete && file.exteriorCells == 0 &&
+               std::ranges::none_of(
+                   kHolders, [this](const char* tag) { return file.otherRecords.contains(tag); });
+    }
+
+    void CheckKeys() {
+        std::unordered_set<std::string> ids;
+        for (const PluginKey& key : file.keys) {
+            const std::string owner = "key " + Quoted(key.id);
+            CheckLength(key.offset, owner, key.id, kIdLimit);
+            if (!ids.insert(ToUpper(key.id)).second) {
+                Report(key.offset, owner, "has the id of another");
+            }
+            const bool held =
+                heldIds.contains(ToUpper(key.id)) || placedIds.contains(ToUpper(key.id));
+            if (!key.deleted && !held && IsAllThatHoldsRead()) {
+                Report(key.offset, owner, "lies in no container and in no cell");
+            }
+        }
     }
 
     void CheckPlace(const PluginRef& ref, const std::string& owner) {
@@ -183,6 +232,7 @@ private:
 
     void CheckItems(const PluginContainer& container, const std::string& owner) {
         for (const PluginItem& item : container.items) {
+            heldIds.insert(ToUpper(item.id));
             if (item.id.empty()) {
                 Report(container.offset, owner, "holds an item without an id");
             } else if (item.id.size() > kIdLimit.longest) {
@@ -221,6 +271,7 @@ private:
     std::unordered_map<std::string, std::uint64_t> cellPlaces; // in the file, by exact name
     std::unordered_set<std::string> containerIds;
     std::unordered_set<std::string> placedIds;
+    std::unordered_set<std::string> heldIds;
     std::vector<PluginFinding> findings;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/plugins/PluginDiff.h"
 
+#include "tools/plugins/LockWords.h"
 #include "tools/plugins/PluginIndex.h"
 #include "tools/plugins/RefMatch.h"
 #include "tools/text/Words.h"
@@ -33,6 +34,15 @@ Facts FactsOf(const PluginContainer& container) {
             {"capacity", ExactNumber(container.capacity)},
             {"flags", std::to_string(container.flags)},
             {"deletion mark", container.deleted ? "set" : "not set"}};
+}
+
+Facts FactsOf(const PluginKey& key) {
+    return {{"name", Quoted(key.name)},
+            {"model", Quoted(key.model)},
+            {"icon", Quoted(key.icon)},
+            {"weight", ExactNumber(key.weight)},
+            {"value", std::to_string(key.worth)},
+            {"deletion mark", key.deleted ? "set" : "not set"}};
 }
 
 Facts FactsOf(const PluginCell& cell) {
@@ -124,6 +134,11 @@ std::string LeadWords(const PluginRef& ref) {
            PointWords(arrival.position) + " facing " + Number(Degrees(arrival.rotation.z));
 }
 
+std::string LockOrNone(const std::optional<PluginLock>& lock) {
+    const std::string words = LockWords(lock);
+    return words.empty() ? "without a lock" : words;
+}
+
 class Comparison {
 public:
     Comparison(const PluginFile& first, const PluginFile& second) : a(first), b(second) {}
@@ -131,6 +146,7 @@ public:
     std::vector<Difference> Run() {
         CompareHeaders();
         CompareStamps();
+        CompareKeys();
         CompareContainers();
         CompareCells();
         ComparePathGrids();
@@ -227,6 +243,18 @@ private:
         }
     }
 
+    void CompareKeys() {
+        CompareLists(
+            "key",
+            a.keys,
+            b.keys,
+            &PluginKey::id,
+            [this](const std::string& id) { return Key(id); },
+            [this](const PluginKey& ofA, const PluginKey& ofB) {
+                AddFacts("key-changed", FactsOf(ofA), FactsOf(ofB));
+            });
+    }
+
     void CompareContainers() {
         CompareLists(
             "container",
@@ -247,8 +275,8 @@ private:
             std::int64_t ofB = 0;
         };
         std::map<std::string, Sum> sums;
-        const auto sumOf = [&sums](const PluginItem& item) -> Sum& {
-            Sum& sum = sums[ToUpper(item.id)];
+        const auto sumOf = [this, &sums](const PluginItem& item) -> Sum& {
+            Sum& sum = sums[Key(item.id)];
             sum.id = item.id;
             return sum;
         };
@@ -340,9 +368,21 @@ private:
         if (!SameDestination(ofA, ofB)) {
             AddChange("reference-retargeted", where + "leads " + LeadWords(ofB), LeadWords(ofA));
         }
+        if (!SameLock(ofA.lock, ofB.lock)) {
+            AddChange("reference-locked", where + LockOrNone(ofB.lock), LockOrNone(ofA.lock));
+        }
         if (ofA.deleted != ofB.deleted) {
             Add("reference-deleted", where + (ofB.deleted ? "deleted" : "no longer deleted"));
         }
+    }
+
+    bool SameLock(const std::optional<PluginLock>& ofA,
+                  const std::optional<PluginLock>& ofB) const {
+        if (!ofA || !ofB) {
+            return !ofA && !ofB;
+        }
+        return ofA->level == ofB->level && Key(ofA->key) == Key(ofB->key) &&
+               EqualsNoCase(ofA->trap, ofB->trap);
     }
 
     void CompareOrder(const std::vector<RefPair>& pairs) {
@@ -370,8 +410,8 @@ private:
     // An identifier as it is compared: without regard to case and, where each file has a stamp of
     // its own, without that.
     std::string Key(const std::string& id) const {
-        const bool unstamped = stampsDiffer && IsContainerId(id);
-        return ToUpper(unstamped ? "Ctr" + id.substr(id.find('_')) : id);
+        const bool unstamped = stampsDiffer && (IsContainerId(id) || IsKeyId(id));
+        return ToUpper(unstamped ? id.substr(0, 3) + id.substr(id.find('_')) : id);
     }
 
     const PluginFile& a;

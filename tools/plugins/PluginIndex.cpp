@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/plugins/PluginIndex.h"
 
+#include "tools/plugins/LockWords.h"
+
 #include <vaultry/foundation/Text.h>
 
 #include <algorithm>
@@ -13,12 +15,24 @@ namespace Tarnex::Report {
 namespace {
 
 constexpr std::string_view kContainerStart = "CTR";
+constexpr std::string_view kKeyStart = "KEY";
 constexpr std::string_view kDoor = "DOOR";
 // What comes before the end of words such as doorway and doorjamb.
 constexpr std::array<std::string_view, 3> kAroundDoors = {"WAY", "JAM", "FRAME"};
 
 bool AreDigits(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// The stamp and a number stand behind the word that says of what kind it is.
+bool IsStamped(std::string_view id, std::string_view start) {
+    if (!EqualsNoCase(id.substr(0, start.size()), start)) {
+        return false;
+    }
+    const std::string_view numbers = id.substr(start.size());
+    const std::size_t middle = std::min(numbers.find('_'), numbers.size());
+    return AreDigits(numbers.substr(0, middle)) && middle < numbers.size() &&
+           AreDigits(numbers.substr(middle + 1));
 }
 
 void Extend(std::optional<Bounds>& bounds, const Di3Point& point) {
@@ -43,6 +57,9 @@ PluginIndex::PluginIndex(const PluginFile& file) {
     for (const PluginContainer& container : file.containers) {
         containers.insert(ToUpper(container.id));
     }
+    for (const PluginKey& key : file.keys) {
+        keys.insert(ToUpper(key.id));
+    }
     std::unordered_map<std::string_view, const PluginPathGrid*> byName;
     for (const PluginPathGrid& grid : file.pathGrids) {
         byName[grid.cell] = &grid;
@@ -63,6 +80,10 @@ bool PluginIndex::HasContainer(std::string_view id) const {
     return containers.contains(ToUpper(id));
 }
 
+bool PluginIndex::HasKey(std::string_view id) const {
+    return keys.contains(ToUpper(id));
+}
+
 const PluginPathGrid* PluginIndex::PathGridOf(const PluginCell& cell) const {
     const auto found = pathGrids.find(&cell);
     return found == pathGrids.end() ? nullptr : found->second;
@@ -77,13 +98,11 @@ std::uint64_t CountWays(const PluginPathGrid& grid) {
 }
 
 bool IsContainerId(std::string_view id) {
-    if (!EqualsNoCase(id.substr(0, kContainerStart.size()), kContainerStart)) {
-        return false;
-    }
-    const std::string_view numbers = id.substr(kContainerStart.size());
-    const std::size_t middle = std::min(numbers.find('_'), numbers.size());
-    return AreDigits(numbers.substr(0, middle)) && middle < numbers.size() &&
-           AreDigits(numbers.substr(middle + 1));
+    return IsStamped(id, kContainerStart);
+}
+
+bool IsKeyId(std::string_view id) {
+    return IsStamped(id, kKeyStart);
 }
 
 bool IsDoorId(std::string_view id) {
@@ -115,9 +134,15 @@ CellSummary Summarise(const PluginCell& cell, const PluginIndex& index) {
         if (IsFinite(ref.place.position)) {
             Extend(summary.bounds, ref.place.position);
         }
+        const bool isChest = index.HasContainer(ref.id) || IsContainerId(ref.id);
         summary.doors += ref.destination || IsDoorId(ref.id) ? 1 : 0;
         summary.teleports += ref.destination ? 1 : 0;
-        summary.containers += index.HasContainer(ref.id) || IsContainerId(ref.id) ? 1 : 0;
+        summary.containers += isChest ? 1 : 0;
+        if (ref.lock) {
+            (isChest ? summary.lockedContainers : summary.lockedDoors) +=
+                IsLocked(*ref.lock) ? 1 : 0;
+            summary.traps += ref.lock->trap.empty() ? 0 : 1;
+        }
     }
     return summary;
 }

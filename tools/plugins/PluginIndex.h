@@ -11,14 +11,15 @@
 
 namespace Tarnex::Report {
 
-/// The names of a plug-in's cells and containers, which the game compares without regard to case.
-/// The plug-in must outlive it.
+/// The names of a plug-in's cells, keys and containers, which the game compares without regard to
+/// case. The plug-in must outlive it.
 class PluginIndex {
 public:
     explicit PluginIndex(const PluginFile& file);
 
     bool HasCell(std::string_view name) const;
     bool HasContainer(std::string_view id) const;
+    bool HasKey(std::string_view id) const;
 
     /// The path grid of a cell of the plug-in, spelt alike, or null; of several the last one, which
     /// is the game's too. Of cells of one name the first has it, so that reports tell of each once.
@@ -27,6 +28,7 @@ public:
 private:
     std::unordered_set<std::string> cells;
     std::unordered_set<std::string> containers;
+    std::unordered_set<std::string> keys;
     std::unordered_map<const PluginCell*, const PluginPathGrid*> pathGrids;
 };
 
@@ -36,6 +38,9 @@ std::uint64_t CountWays(const PluginPathGrid& grid);
 /// Whether an identifier has the form that Vaultry gives to containers: "Ctr", digits, an
 /// underscore, digits.
 bool IsContainerId(std::string_view id);
+
+/// Whether an identifier has the form that Vaultry gives to keys: the same with "Key".
+bool IsKeyId(std::string_view id);
 
 /// Whether an object's identifier speaks of a door, not of the wall around one. The file itself
 /// does not tell of what kind the objects are that it places.
@@ -59,6 +64,9 @@ struct CellSummary {
     std::uint64_t doors = 0;
     std::uint64_t teleports = 0;
     std::uint64_t containers = 0;
+    std::uint64_t lockedDoors = 0;
+    std::uint64_t lockedContainers = 0;
+    std::uint64_t traps = 0;
 };
 
 CellSummary Summarise(const PluginCell& cell, const PluginIndex& index);

@@ -26,6 +26,13 @@ void Append(Words& words, const Di3Point& point) {
     }
 }
 
+void Append(Words& words, const std::string& text) {
+    words.push_back(static_cast<std::uint32_t>(text.size()));
+    for (const char c : text) {
+        words.push_back(static_cast<unsigned char>(c));
+    }
+}
+
 Words PositionWords(const PluginRef& ref) {
     Words words;
     Append(words, ref.place.position);
@@ -41,9 +48,12 @@ Words WholeWords(const PluginRef& ref) {
     if (ref.destination) {
         Append(words, ref.destination->arrival.position);
         Append(words, ref.destination->arrival.rotation);
-        for (const char c : ref.destination->cell) {
-            words.push_back(static_cast<unsigned char>(c));
-        }
+        Append(words, ref.destination->cell);
+    }
+    if (ref.lock) {
+        words.push_back(static_cast<std::uint32_t>(ref.lock->level.value_or(-1)));
+        Append(words, ref.lock->key);
+        Append(words, ref.lock->trap);
     }
     return words;
 }

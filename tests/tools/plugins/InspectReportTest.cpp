@@ -47,6 +47,45 @@ protected:
     std::vector<PluginFinding> findings;
 };
 
+TEST_F(InspectReportTest, TellsOfLocksKeysAndTraps) {
+    mod.CreateKey("Key5_1")->name = "Key 1 of Crypt";
+    RefLock lock;
+    lock.level = 35;
+    lock.key = "Key5_1";
+    mod.GetCells()[0]->LockRef(1, lock);
+    RefLock trap;
+    trap.level = 10;
+    trap.trap = "a_trap";
+    mod.GetCells()[0]->LockRef(3, trap);
+    RefLock open;
+    open.level = 0;
+    mod.GetCells()[1]->LockRef(0, open);
+    file = ReadBack(mod);
+    EXPECT_EQ(Lines("Records"),
+              "  Records      4 (2 interiors, 1 key, 1 container); the header says 0\n");
+    EXPECT_EQ(Lines("Locked"), "  Locked       1 door, 1 container; 1 trap\n");
+    EXPECT_EQ(Lines("Leads to"),
+              "  Leads to     \"Café\", at (512, -256, 0) facing 270, by reference 2, locked at "
+              "35, key \"Key5_1\"\n"
+              "  Leads to     \"Crypt\", at (256, -256, 0) facing 270, by reference 1, not "
+              "locked\n");
+    EXPECT_EQ(Lines("Key "), "Key Key5_1: \"Key 1 of Crypt\", opens 1 reference\n");
+    EXPECT_NE(Lines("4  Ctr5_1", true).find("  locked at 10, trap \"a_trap\"\n"),
+              std::string::npos);
+    const nlohmann::json json = Json();
+    const nlohmann::json& crypt = json["cells"][0];
+    EXPECT_EQ(crypt["locked-doors"], 1);
+    EXPECT_EQ(crypt["locked-containers"], 1);
+    EXPECT_EQ(crypt["traps"], 1);
+    EXPECT_EQ(crypt["references"][0]["lock"], nullptr);
+    EXPECT_EQ(crypt["references"][1]["lock"],
+              nlohmann::json({{"level", 35}, {"key", "Key5_1"}, {"trap", nullptr}}));
+    EXPECT_EQ(crypt["references"][3]["lock"],
+              nlohmann::json({{"level", 10}, {"key", nullptr}, {"trap", "a_trap"}}));
+    EXPECT_EQ(json["keys"][0]["id"], "Key5_1");
+    EXPECT_EQ(json["keys"][0]["name"], "Key 1 of Crypt");
+}
+
 TEST_F(InspectReportTest, TellsEverythingInWords) {
     EXPECT_EQ(Text(),
               "sample.esp: plug-in, 1206 bytes, version 1.2\n"
@@ -198,7 +237,7 @@ TEST_F(InspectReportTest, JsonTellsOfReferences) {
     EXPECT_EQ(
         refs.at(4).dump(),
         R"({"degrees":[0.0,0.0,0.0],"deleted":false,"destination":null,"id":"rug",)"
-        R"("number":5,"position":[64.0,-64.0,-128.0],"rotation":[0.0,0.0,0.0],"scale":0.75})");
+        R"("lock":null,"number":5,"position":[64.0,-64.0,-128.0],"rotation":[0.0,0.0,0.0],"scale":0.75})");
     EXPECT_EQ(refs.at(1).at("rotation").dump(), "[0.0,0.0,1.5707964]");
     EXPECT_EQ(refs.at(1).at("degrees").dump(), "[0.0,0.0,90.0]");
     EXPECT_EQ(refs.at(1).at("destination").dump(),

@@ -73,6 +73,74 @@ TEST_F(PluginChecksTest, WaysLeadToPointsThatAreThere) {
               (Lines{"path grid \"Crypt\" has a way from point 1 to a point that is not there"}));
 }
 
+TEST_F(PluginChecksTest, LevelsOfLocksHaveBounds) {
+    for (const std::int32_t level : {0, 1, 100}) {
+        Door().lock = PluginLock{level, "", ""};
+        EXPECT_EQ(Findings(), Lines{}) << level;
+    }
+    for (const std::int32_t level : {-1, 101}) {
+        Door().lock = PluginLock{level, "", ""};
+        EXPECT_EQ(Findings(),
+                  (Lines{"cell \"Crypt\", reference 2 \"in_door_01\" has a lock of level " +
+                         std::to_string(level) + ", outside 1 to 100"}));
+    }
+}
+
+TEST_F(PluginChecksTest, AKeyWithoutALevelIsTheOnlyWay) {
+    const std::string door = "cell \"Crypt\", reference 2 \"in_door_01\" ";
+    Door().lock = PluginLock{1, "some_key", ""};
+    EXPECT_EQ(Findings(), Lines{});
+    Door().lock = PluginLock{0, "some_key", ""};
+    const std::string finding =
+        door + "has a key and no level of its lock: nothing but the key opens it";
+    EXPECT_EQ(Findings(), Lines{finding});
+    Door().lock = PluginLock{std::nullopt, "some_key", "a_trap"};
+    EXPECT_EQ(Findings(), Lines{finding + ", and the game forgets its trap"});
+}
+
+TEST_F(PluginChecksTest, AKeyLiesSomewhere) {
+    mod.CreateKey("Key5_1");
+    file = ReadBack(mod);
+    EXPECT_EQ(Findings(), Lines{"key \"Key5_1\" lies in no container and in no cell"});
+    for (const char* holder : {"NPC_", "CREA", "LEVI", "SCPT"}) {
+        file.otherRecords[holder] = 1;
+        EXPECT_EQ(Findings(), Lines{}) << holder;
+        file.otherRecords.clear();
+    }
+    file.exteriorCells = 1;
+    EXPECT_EQ(Findings(), Lines{});
+    file.exteriorCells = 0;
+    Chest().items.push_back({"kEY5_1", 1});
+    EXPECT_EQ(Findings(), Lines{});
+    Chest().items.pop_back();
+    Crypt().refs.back().id = "key5_1";
+    EXPECT_EQ(Findings(), Lines{});
+}
+
+TEST_F(PluginChecksTest, KeysHaveIdsOfTheirOwnThatFit) {
+    mod.CreateKey("Key5_1");
+    mod.CreateKey("Key5_1");
+    mod.CreateKey(std::string(32, 'k').c_str());
+    mod.GetContainers()[0]->Add("Key5_1", 1);
+    file = ReadBack(mod);
+    Chest().items.push_back({std::string(31, 'k'), 1});
+    EXPECT_EQ(
+        Findings(),
+        (Lines{"key \"Key5_1\" has the id of another",
+               "key \"" + std::string(32, 'k') + "\" has an id of 32 bytes, the game takes 31",
+               "key \"" + std::string(32, 'k') + "\" lies in no container and in no cell"}));
+}
+
+TEST_F(PluginChecksTest, AKeyOfVaultrysHasARecord) {
+    Door().lock = PluginLock{10, "Key5_1", ""};
+    EXPECT_EQ(Findings(),
+              Lines{"cell \"Crypt\", reference 2 \"in_door_01\" is opened by \"Key5_1\", which has "
+                    "no record"});
+    // One of another name may be a master's.
+    Door().lock = PluginLock{10, "Key5", ""};
+    EXPECT_EQ(Findings(), Lines{});
+}
+
 TEST_F(PluginChecksTest, AMasterNeedsAName) {
     file.header.masters.push_back({"", 7});
     EXPECT_EQ(Findings(), (Lines{"the header names a master without a name"}));

@@ -64,6 +64,54 @@ TEST_F(PluginDiffTest, TellsOfPathGrids) {
                      "2"}));
 }
 
+TEST_F(PluginDiffTest, TellsOfLocksAndTraps) {
+    PluginRef& door = b.cells.at(0).refs.at(1);
+    const std::string where =
+        "reference-locked | cell \"Crypt\" | \"in_door_01\" at (316.25, 0, 0) ";
+    door.lock = PluginLock{35, "Key5_1", ""};
+    EXPECT_EQ(Differences(),
+              Lines{where + "locked at 35, key \"Key5_1\" instead of without a lock"});
+    a.cells.at(0).refs.at(1).lock = PluginLock{0, "", "a_trap"};
+    EXPECT_EQ(Differences(),
+              Lines{where + "locked at 35, key \"Key5_1\" instead of not locked, trap \"a_trap\""});
+    door.lock = PluginLock{0, "", "A_TRAP"};
+    EXPECT_EQ(Differences(), Lines{});
+    door.lock.reset();
+    EXPECT_EQ(Differences(),
+              Lines{where + "without a lock instead of not locked, trap \"a_trap\""});
+}
+
+TEST_F(PluginDiffTest, TellsOfKeys) {
+    mod.CreateKey("Key5_1")->name = "Key 1";
+    b = ReadBack(mod);
+    EXPECT_EQ(Differences(), Lines{"key-added | key \"Key5_1\" | is new"});
+    a = b;
+    EXPECT_EQ(Differences(), Lines{});
+    b.keys.at(0).name = "Key";
+    b.keys.at(0).worth = 300;
+    EXPECT_EQ(Differences(),
+              (Lines{"key-changed | key \"Key5_1\" | name is \"Key\" instead of \"Key 1\"",
+                     "key-changed | key \"Key5_1\" | value is 300 instead of 0"}));
+}
+
+// As containers are, so that two runs without a stamp can be compared.
+TEST_F(PluginDiffTest, KeysOfOtherStampsAreTheSame) {
+    mod.CreateKey("Key5_1");
+    mod.GetContainers()[0]->Add("Key5_1", 1);
+    RefLock lock;
+    lock.level = 35;
+    lock.key = "Key5_1";
+    mod.GetCells()[0]->LockRef(1, lock);
+    a = b = ReadBack(mod);
+    b.keys.at(0).id = "Key66_1";
+    b.cells.at(0).refs.at(1).lock->key = "Key66_1";
+    b.cells.at(0).refs.at(3).id = "Ctr66_1";
+    b.containers.at(0).id = "Ctr66_1";
+    b.containers.at(0).items.back().id = "Key66_1";
+    EXPECT_EQ(Differences(),
+              Lines{"stamp | containers | their ids begin with Ctr66_ instead of Ctr5_"});
+}
+
 TEST_F(PluginDiffTest, NamesWhatIsOtherInTheHeader) {
     b.header.version = 1.3F;
     b.header.type = 1;
