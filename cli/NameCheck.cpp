@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "cli/NameCheck.h"
 
+#include "tools/text/UsageError.h"
+
 #include <vaultry/foundation/CodePage.h>
 
 #include <vaultry/foundation/Text.h>
+#include <vaultry/run/GameIds.h>
 
 #include <algorithm>
 #include <array>
@@ -84,6 +87,17 @@ std::vector<std::string> IdleWarnings(const GenerateOptions& options) {
     add("scale", scaled && !png ? "without a --map that ends in .png" : "");
     add("keep-going", options.keepGoing && options.strict ? "beside --strict" : "");
     return warnings;
+}
+
+std::vector<std::string> IdWarnings(const RunOptions& options) try {
+    const GameIds ids = options.ids ? LoadIds(options.ids->path) : BuiltinIds();
+    if (options.trap == 0 || !ids.Of(IdRole::Trap).empty()) {
+        return {};
+    }
+    return {"--trap has no effect: no spell is known to be in every game; name those of yours in a "
+            "file for --ids, a line \"trap,ID,SOURCE\" each below \"role,id,source\""};
+} catch (const IdsError& e) {
+    throw UsageError(e.what());
 }
 
 std::vector<std::string> CellNameWarnings(const std::string& path, const std::string& cell) {

@@ -21,6 +21,10 @@ std::vector<std::string> NameWarnings(const GenerateOptions& options);
 /// One line for each option given that has no effect beside the others.
 std::vector<std::string> IdleWarnings(const GenerateOptions& options);
 
+/// One line where traps are asked for and there is no spell for them. Throws UsageError when the
+/// table of ids cannot be used.
+std::vector<std::string> IdWarnings(const RunOptions& options);
+
 /// One line where the cell is named after the file, but not with all its letters.
 std::vector<std::string> CellNameWarnings(const std::string& path, const std::string& cell);
 

@@ -85,8 +85,15 @@ VerbRun::Files::Files(const GenerateOptions& options, const ConfigSource& source
         beside.emplace(*besidePath);
     }
     maps.emplace(options.maps);
-    RequireDistinctFiles(
-        {source.Path(), options.out, besidePath, options.log, options.maps.map, options.maps.html});
+    const std::optional<std::string> ids =
+        options.ids ? std::optional(options.ids->path) : std::nullopt;
+    RequireDistinctFiles({source.Path(),
+                          ids,
+                          options.out,
+                          besidePath,
+                          options.log,
+                          options.maps.map,
+                          options.maps.html});
 }
 
 VerbRun::VerbRun(const GenerateOptions& options, const Console& runConsole)
@@ -105,6 +112,7 @@ bool VerbRun::Configure(std::string* copy) try {
     CheckNames(manager, report.options);
     NameDefaults(report.options, manager);
     Warn(IdleWarnings(report.options));
+    Warn(IdWarnings(report.options));
     return true;
 } catch (const UsageError&) {
     console.Show(log.Errors());

@@ -67,6 +67,33 @@ TEST_F(GenerateTest, TellsOfOptionsWithoutEffect) {
                           "no effect"));
 }
 
+TEST_F(GenerateTest, TrapsWantASpellOfOnesOwn) {
+    const std::string line = "warning: --trap has no effect: no spell is known to be in every game";
+    EXPECT_TRUE(Contains(Run({"generate", "--size", "tiny", "--trap", "50"}).err, line));
+    Write("ids.csv", "role,id,source\ntrap,a_trap,mine\n");
+    const Outcome outcome =
+        Run({"generate", "--size", "tiny", "--trap", "50", "--ids", "ids.csv", "--quiet"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_TRUE(Contains(Read("dungeon.esp"), std::string("TNAM\x07\0\0\0a_trap", 15)));
+}
+
+TEST_F(GenerateTest, ATableOfIdsThatCannotBeUsedIsAWrongArgument) {
+    Write("ids.csv", "role,id,source\ntarp,a_trap,mine\n");
+    for (const char* verb : {"generate", "map"}) {
+        const Outcome outcome = Run({verb, "--ids", "ids.csv", "--lock", "10"});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err,
+                  "vaultry: the ids \"ids.csv\", line 2: \"tarp\" is no role; there are trap, "
+                  "key-model, key-icon, outside-door\n");
+    }
+    EXPECT_EQ(Run({"generate", "--ids", "none.csv"}).err,
+              "vaultry: the ids \"none.csv\" do not exist; --ids names a file\n");
+    EXPECT_EQ(Run({"generate", "--ids", "ids.csv", "-o", "ids.csv"}).err,
+              "vaultry: \"ids.csv\" is named for two files\n");
+    EXPECT_EQ(Files(), Lines{"ids.csv"});
+}
+
 TEST_F(GenerateTest, TheCavesBeginWithACave) {
     const Json random = Json::parse(Run({"generate", "-c", "builtin:caves", "--json"}).out);
     EXPECT_EQ(random["options"]["cave-tileset"], "Mold cave tunnels");

@@ -341,6 +341,9 @@ TEST_F(CInterfaceTest, TakesEveryOptionThatItLists) {
         {"master-size", {"0", "4294967295"}},
         {"seed", {"0", "4294967295"}},
         {"stamp", {"0", "9223372036854775807"}},
+        {"lock", {"0", "100"}},
+        {"lock-levels", {"1..100", "7..7"}},
+        {"ids", {"any file.csv"}},
     };
     ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
     for (std::size_t i = 0; vaultry_option(i) != nullptr; ++i) {

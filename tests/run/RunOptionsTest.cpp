@@ -45,6 +45,7 @@ TEST(RunOptionsTest, WhatIsSetIsReadBackAndResetIsAsBefore) {
         const std::vector<std::string> words = WordsOf(row);
         const std::string text = KindOf(row) == OptionKind::Switch   ? "true"
                                  : KindOf(row) == OptionKind::Number ? "7"
+                                 : KindOf(row) == OptionKind::Range  ? "7..8"
                                  : words.empty()                     ? "Grot"
                                                                      : words.back();
         EXPECT_EQ(SetOption(options, row, text), "") << row.name;
@@ -85,6 +86,45 @@ TEST(RunOptionsTest, NumbersHaveBounds) {
     }
     EXPECT_EQ(options.numLevels, 1U);
     EXPECT_EQ(options.stamp, kMaxStamp);
+}
+
+TEST(RunOptionsTest, ARangeIsTwoNumbersWithinBounds) {
+    RunOptions options;
+    EXPECT_EQ(Get(options, "lock-levels"), OptionValue("10..50"));
+    EXPECT_EQ(Set(options, "lock-levels", "1..100"), "");
+    EXPECT_EQ(options.lockLevels, (LockLevels{1, 100}));
+    EXPECT_EQ(Set(options, "lock-levels", "7..7"), "");
+    EXPECT_EQ(Get(options, "lock-levels"), OptionValue("7..7"));
+    EXPECT_EQ(
+        Set(options, "lock-levels", "8..7"),
+        "is not A..B, two whole numbers from 1 to 100 of which the second is not the smaller");
+    for (const char* text : {"",
+                             "7",
+                             "..",
+                             "7..",
+                             "..7",
+                             "0..7",
+                             "7..101",
+                             "-1..7",
+                             "7..-1",
+                             "7.8",
+                             " 7..8",
+                             "7..8 ",
+                             "7...8",
+                             "7..8..9",
+                             "7..99999999999999999999"}) {
+        EXPECT_NE(Set(options, "lock-levels", text), "") << text;
+    }
+    EXPECT_EQ(options.lockLevels, (LockLevels{7, 7}));
+}
+
+TEST(RunOptionsTest, AFileIsAnyPath) {
+    RunOptions options;
+    EXPECT_EQ(KindOf(*FindRunOption("ids")), OptionKind::File);
+    EXPECT_EQ(Get(options, "ids"), OptionValue());
+    EXPECT_EQ(Set(options, "ids", "\xC5\x82/my ids.csv"), "");
+    EXPECT_EQ(Get(options, "ids"), OptionValue("\xC5\x82/my ids.csv"));
+    EXPECT_EQ(Set(options, "ids", ""), "is no path");
 }
 
 TEST(RunOptionsTest, WhatIsRefusedChangesNothing) {

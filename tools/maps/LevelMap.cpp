@@ -2,12 +2,14 @@
 #include "tools/maps/LevelMap.h"
 
 #include "tools/maps/MapCells.h"
+#include "tools/plugins/LockWords.h"
 #include "tools/text/Words.h"
 
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/gen/ContentPlace.h>
 #include <vaultry/gen/WorldPlace.h>
+#include <vaultry/run/Lockables.h>
 
 #include <algorithm>
 #include <array>
@@ -106,6 +108,39 @@ void AddRooms(LevelMap& map, const LevelReport& report, const DiPos& origin) {
     }
 }
 
+void LockChests(LevelMap& map, const std::unordered_map<std::string, MapLock>& chests) {
+    for (MapCell& cell : map.cells) {
+        for (MapContent& content : cell.contents) {
+            const auto chest = chests.find(content.name);
+            if (content.sign == MapSign::Container && chest != chests.end()) {
+                content.lock = chest->second;
+            }
+        }
+    }
+}
+
+// The drawing begins at `origin` of the level.
+void AddLocks(LevelMap& map, const FinishedLevel& level, const DiPos& origin) {
+    const std::vector<Ref>& refs = level.cell.GetRefs();
+    std::unordered_map<std::string, MapLock> chests;
+    bool any = false;
+    for (const Ref& ref : refs) {
+        any = any || ref.GetLock();
+        if (ref.GetLock() && ref.sort == RefSort::Container) {
+            chests.emplace(Shown(ref.GetName()), DrawnLock(LockOf(ref)));
+        }
+    }
+    // Most levels have none.
+    if (!any) {
+        return;
+    }
+    LockChests(map, chests);
+    for (const LockableDoor& door : LockablesOf(level).doors) {
+        map.Held(door.place.x - origin.x, door.place.y - origin.y).lock =
+            DrawnLock(LockOf(refs[door.leaves.front()]));
+    }
+}
+
 void Append(std::string& text, const std::string& line) {
     if (!line.empty()) {
         text += text.empty() ? line : '\n' + line;
@@ -115,6 +150,7 @@ void Append(std::string& text, const std::string& line) {
 // The name of a content as it is shown to people, and over further lines what is in it.
 std::string ContentWords(const MapContent& content, ListedItems& listed) {
     std::string text = content.label.empty() ? content.name : content.label;
+    text += content.lock.words.empty() ? "" : " (" + content.lock.words + ')';
     if (!content.chest) {
         return text;
     }
@@ -193,6 +229,7 @@ LevelMap MapOf(const FinishedLevel& level) {
         Draw(map, part);
     }
     JoinNeighbours(map);
+    AddLocks(map, level, low);
     if (level.report != nullptr) {
         AddRooms(map, *level.report, low);
     } else {
@@ -279,6 +316,9 @@ std::string CellWords(const LevelMap& map, const MapCell& cell, ListedItems& lis
     }
     if (cell.teleport) {
         Append(text, "Leads to " + (cell.leadsTo.empty() ? "the outside" : cell.leadsTo));
+    }
+    if (!cell.lock.words.empty()) {
+        Append(text, "Door: " + cell.lock.words);
     }
     if (cell.platform) {
         Append(text, "Platform");

@@ -44,6 +44,13 @@ struct MapStand {
     double depth = 0.0; ///< 0 where nobody knows [cells]
 };
 
+/// What keeps somebody from opening a thing.
+struct MapLock {
+    bool locked = false;
+    bool trapped = false;
+    std::string words{}; ///< of both, with level, key and spell; empty for neither [UTF-8]
+};
+
 /// Something that stands in a cell. All text is UTF-8.
 struct MapContent {
     MapSign sign = MapSign::Other;
@@ -51,12 +58,14 @@ struct MapContent {
     std::string label{};                     ///< what is shown instead, if anything
     std::shared_ptr<const MapChest> chest{}; ///< of a container; all that are the same share it
     MapStand stand{};
+    MapLock lock{};
 };
 
 /// One cell of a map: what is planned there, and what is drawn besides. All text is UTF-8.
 struct MapCell : PlanCell {
     DiPos place{};       ///< on the map
     bool door = false;   ///< the doorway has a leaf
+    MapLock lock{};      ///< of the leaf
     SideBits waysIn = 0; ///< doorways by which a fixed interior is to be joined to the world
     bool platform = false;
     std::string leadsTo{};            ///< the level behind a teleporting door

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/maps/MapCells.h"
 
+#include "tools/plugins/LockWords.h"
 #include "tools/text/Words.h"
 
 #include <algorithm>
@@ -55,6 +56,10 @@ MapCell DrawnCell(const GridElmt& elmt) {
     }
     cell.platform = !elmt.platforms.empty();
     return cell;
+}
+
+MapLock DrawnLock(const std::optional<PluginLock>& lock) {
+    return lock ? MapLock{IsLocked(*lock), !lock->trap.empty(), LockWords(lock)} : MapLock();
 }
 
 MapStand StandOf(const Di3Point& offset, double turn, const Di3Point& size, std::int32_t tileSize) {

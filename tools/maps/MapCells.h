@@ -5,11 +5,17 @@
 #include "tools/maps/LevelMap.h"
 
 #include <vaultry/layout/GridElmt.h>
+#include <vaultry/output/PluginFile.h>
+
+#include <optional>
 
 namespace Tarnex::Report {
 
 /// One element as it is drawn, with its tiles, doors and platform.
 MapCell DrawnCell(const GridElmt& elmt);
+
+/// A lock, if there is one, as it is drawn and told.
+MapLock DrawnLock(const std::optional<PluginLock>& lock);
 
 /// How something of that size stands that far from the middle of its cell [world units] and so
 /// turned [degrees].

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/maps/MapJson.h"
 
+#include "tools/plugins/LockJson.h"
+#include "tools/plugins/LockWords.h"
 #include "tools/text/PlaceJson.h"
 #include "tools/text/Words.h"
 
@@ -60,7 +62,8 @@ Json ThingJson(const Ref& ref) {
             {"position", PointJson(ref.position)},
             {"degrees", DegreesJson(ref.rotation)},
             {"scale", Widened(ref.scale)},
-            {"leads-to", destination ? Json(ToUtf8(destination->GetName())) : Json(nullptr)}};
+            {"leads-to", destination ? Json(ToUtf8(destination->GetName())) : Json(nullptr)},
+            {"lock", LockJson(LockOf(ref))}};
 }
 
 template <typename List, typename ToItem>

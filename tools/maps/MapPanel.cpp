@@ -302,6 +302,47 @@ std::string AllMarks(const LevelMap& map) {
     return text;
 }
 
+// Beside each other, so that one sees of a thing that it has both.
+std::string LockMarks(const MapLock& lock, const Middle& middle) {
+    constexpr double kApart = 4.0;
+    const double apart = lock.locked && lock.trapped ? kApart : 0.0;
+    std::string text;
+    if (lock.locked) {
+        text += SvgMoved(middle.x - apart, middle.y, kLockDrawing);
+    }
+    if (lock.trapped) {
+        text += SvgMoved(middle.x + apart, middle.y, kTrapDrawing);
+    }
+    return text;
+}
+
+// On the side of its cell where the leaf is.
+Middle MiddleOfDoor(const MapCell& cell) {
+    Middle middle{(cell.place.x + 0.5) * kCell, (cell.place.y + 0.5) * kCell};
+    for (const Side& side : Sides()) {
+        if ((cell.doorway & SideBit(side.dir)) != 0) {
+            middle.x += side.step.x * kCell / 2.0;
+            middle.y += side.step.y * kCell / 2.0;
+        }
+    }
+    return middle;
+}
+
+std::string Locks(const LevelMap& map) {
+    // At the upper right of what is shut.
+    constexpr double kBeside = 4.0;
+    std::string text;
+    for (const MapCell& cell : map.cells) {
+        text += LockMarks(cell.lock, MiddleOfDoor(cell));
+        for (const MapContent& content : cell.contents) {
+            const double reach = kMapMarks.at(static_cast<std::size_t>(content.sign)).reach;
+            const Middle middle = MiddleOf(cell, content.stand, reach);
+            text += LockMarks(content.lock, {middle.x + kBeside, middle.y - kBeside});
+        }
+    }
+    return text;
+}
+
 // An arrow that looks the way one faces on arrival.
 std::string ArrivalMark(const LevelMap& map) {
     if (map.ArrivalCell() == nullptr) {
@@ -380,6 +421,7 @@ constexpr auto kLayers = std::to_array<MapLayer>({
     {"container", "Containers"},
     {"creature", "Creatures"},
     {"other", "Other content"},
+    {"lock", "Locks and traps"},
     {"arrival", "Arrival"},
     {"warnings", "Warnings"},
 });
@@ -415,7 +457,7 @@ std::string MapDrawing(const LevelMap& map, ListedItems* listed, std::size_t pag
            Layer("platforms", Platforms(map)) + Layer("halls", HallWalls(map)) +
            Layer("rooms", RoomWalls(map)) + Layer("numbers", Numbers(map)) + AllMarks(map) +
            Layer("arrival", ArrivalMark(map)) + Layer("warnings", LooseEnds(map)) +
-           Layer("doors", Doors(map)) +
+           Layer("doors", Doors(map)) + Layer("lock", Locks(map)) +
            (listed == nullptr ? std::string() : Hits(map, *listed, pageLevel)) + Scale(map);
 }
 

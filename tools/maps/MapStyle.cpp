@@ -73,6 +73,13 @@ svg text{fill:#e6e6e6}
 .warning{fill:#ff7168}
 )";
 
+template <bool MapLock::*Is>
+bool HasLock(const LevelMap& /*map*/, const MapCell& cell) {
+    return cell.lock.*Is || std::ranges::any_of(cell.contents, [](const MapContent& content) {
+               return content.lock.*Is;
+           });
+}
+
 using Shows = bool (*)(const LevelMap& map, const MapCell& cell);
 
 struct LegendEntry {
@@ -130,6 +137,12 @@ const auto kEntries = std::to_array<LegendEntry>({
     {{R"(<use href="#tapestry" x="12" y="12"/>)", "tapestry", "tapestry"},
      Holds<MapSign::Tapestry>},
     {{R"(<use href="#other" x="12" y="12"/>)", "anything else", "other"}, Holds<MapSign::Other>},
+    {{R"(<path class="step" d="M10 11.2V9.8A2 2 0 0 1 14 9.8V11.2"/><path class="container" d="M8.8 11.2H15.2V16H8.8Z"/>)",
+      "locked",
+      "lock"},
+     HasLock<&MapLock::locked>},
+    {{R"(<path class="creature" d="M12 8.4L15.6 14.6H8.4Z"/>)", "trap", "lock"},
+     HasLock<&MapLock::trapped>},
     {{R"(<path class="arrival" d="M12 3L18.5 19L12 15.5L5.5 19Z"/>)", "arrival", "arrival"},
      [](const LevelMap& map, const MapCell& cell) { return map.ArrivalCell() == &cell; }},
     {{R"(<path class="cut" d="M0 0H24V24H0Z"/>)", "out of reach", "warnings"},
@@ -160,6 +173,12 @@ const std::array<MapMark, kMapSigns> kMapMarks = {{
     {"creature", R"(<path class="creature" d="M0 -4.8L4.8 0L0 4.8L-4.8 0Z"/>)", 4.8, false},
     {"loosedoor", R"(<rect class="loosedoor" x="-4" y="-6" width="8" height="12"/>)", 0, false},
 }};
+
+const std::string_view kLockDrawing =
+    R"(<path class="step" d="M-2 -.8V-2.2A2 2 0 0 1 2 -2.2V-.8"/><path class="container" d="M-3.2 -.8H3.2V4H-3.2Z"/>
+)";
+const std::string_view kTrapDrawing = R"(<path class="creature" d="M0 -3.6L3.6 2.6H-3.6Z"/>
+)";
 
 std::string MapStyle(MapLook look) {
     std::string style(kLight);

@@ -47,6 +47,13 @@ struct LegendItem {
     std::string_view layer; ///< of the drawing that has it, see MapLayer
 };
 
+/// What lies over a door or a thing that is locked, and over one with a trap, around its middle. In
+/// colours of other marks: a picture without locks is the same as ever.
+/// @{
+extern const std::string_view kLockDrawing;
+extern const std::string_view kTrapDrawing;
+/// @}
+
 /// Which marks need to be explained, by their place in the legend.
 using LegendNeeds = std::bitset<64>;
 

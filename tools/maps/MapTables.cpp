@@ -23,6 +23,7 @@ struct RoomSums {
     std::uint64_t doorways = 0;
     std::uint64_t loose = 0;
     std::uint64_t waysIn = 0;
+    std::uint64_t lockedDoors = 0;
     bool arrival = false;
     bool platform = false;
     std::map<MapSign, Counts> contents;
@@ -66,6 +67,7 @@ void AddCell(RoomSums& sums, const MapCell& cell) {
     ++sums.cells;
     sums.platform |= cell.platform;
     sums.doors += cell.door ? 1 : 0;
+    sums.lockedDoors += cell.lock.locked ? 1 : 0;
     sums.doorways += cell.doorway != 0 && !cell.door ? 1 : 0;
     for (unsigned side = 0; side < 4; ++side) {
         sums.loose += cell.loose >> side & 1U;
@@ -121,6 +123,9 @@ std::string Remarks(const RoomSums& sums, bool reachable) {
     for (const std::string& level : sums.leads) {
         AddRemark(remarks, "door to " + ForMarkup(level));
     }
+    if (sums.lockedDoors > 0) {
+        AddRemark(remarks, Counted(sums.lockedDoors, "locked door"));
+    }
     if (sums.waysIn > 0) {
         AddRemark(remarks, sums.waysIn == 1 ? "way in" : Counted(sums.waysIn, "way") + " in");
     }
@@ -173,7 +178,9 @@ void AddContainerRows(std::string& rows,
                       ListedItems& listed) {
     for (const MapContent& content : cell.contents) {
         if (content.sign == MapSign::Container) {
-            rows += "<tr>" + Cell(Place(level, cell.room)) + Cell(ForMarkup(content.label)) +
+            const std::string& lock = content.lock.words;
+            rows += "<tr>" + Cell(Place(level, cell.room)) +
+                    Cell(ForMarkup(content.label + (lock.empty() ? "" : ", " + lock))) +
                     Cell("<code>" + ForMarkup(content.name) + "</code>") +
                     Cell(Items(content, listed)) + "</tr>\n";
         }

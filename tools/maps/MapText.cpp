@@ -69,6 +69,9 @@ constexpr std::array<TextMark, kMapSigns> kMarks = {{{MapSign::Creature, "&", In
                                                      {MapSign::Tapestry, "t", Ink::Thing},
                                                      {MapSign::Other, "*", Ink::Thing}}};
 
+constexpr const char* kLockedDoor = "#";
+constexpr std::string_view kLockedChest = "§";
+
 // The two characters of a cell.
 struct Pair {
     Glyph left;
@@ -122,6 +125,8 @@ void PutDoor(Pair& pair, const MapCell& cell) {
     Glyph& place = (cell.doorway & SideBit(DirE)) != 0 ? pair.right : pair.left;
     if (cell.teleport) {
         place = {"»", Ink::Teleport};
+    } else if (cell.lock.locked) {
+        place = {kLockedDoor, Ink::Door};
     } else {
         place = {cell.door ? "+" : "'", Ink::Door};
     }
@@ -136,7 +141,8 @@ void PutContent(Pair& pair, const MapCell& cell) {
     for (const TextMark& mark : kMarks) {
         if (mark.sign == content->sign) {
             Glyph& place = besideDoor ? pair.right : Free(pair, cell);
-            place = Glyph{std::string(mark.text), mark.ink};
+            const bool shut = content->lock.locked && mark.sign == MapSign::Container;
+            place = Glyph{std::string(shut ? kLockedChest : mark.text), mark.ink};
         }
     }
 }
@@ -285,6 +291,38 @@ void PrintRow(const Row& row, bool colour, std::ostream& out) {
     out << (colour && !kInks[static_cast<std::size_t>(ink)].empty() ? kNoInk : "") << '\n';
 }
 
+struct LockCounts {
+    std::size_t doors = 0;
+    std::size_t chests = 0;
+    std::size_t traps = 0;
+};
+
+LockCounts CountLocks(const LevelMap& map) {
+    LockCounts counts;
+    for (const MapCell& cell : map.cells) {
+        counts.doors += cell.lock.locked && !cell.teleport ? 1 : 0;
+        counts.traps += cell.lock.trapped ? 1 : 0;
+        for (const MapContent& content : cell.contents) {
+            counts.chests += content.lock.locked && content.sign == MapSign::Container ? 1 : 0;
+            counts.traps += content.lock.trapped ? 1 : 0;
+        }
+    }
+    return counts;
+}
+
+void PrintLocks(const LevelMap& map, std::ostream& out) {
+    const LockCounts counts = CountLocks(map);
+    if (counts.doors > 0) {
+        out << kLockedDoor << " locked: " << Counted(counts.doors, "door") << '\n';
+    }
+    if (counts.chests > 0) {
+        out << kLockedChest << " locked: " << Counted(counts.chests, "container") << '\n';
+    }
+    if (counts.traps > 0) {
+        out << "  armed: " << Counted(counts.traps, "trap") << '\n';
+    }
+}
+
 void PrintRemarks(const LevelMap& map, std::ostream& out) {
     if (map.arrival) {
         out << "@ " << ConsoleLine(*map.arrival) << '\n';
@@ -293,13 +331,15 @@ void PrintRemarks(const LevelMap& map, std::ostream& out) {
     std::size_t waysIn = 0;
     for (const MapCell& cell : map.cells) {
         if (cell.teleport) {
-            out << "» leads to " << (cell.leadsTo.empty() ? "the outside" : cell.leadsTo) << '\n';
+            out << "» leads to " << (cell.leadsTo.empty() ? "the outside" : cell.leadsTo)
+                << (cell.lock.words.empty() ? "" : ", " + cell.lock.words) << '\n';
         }
         for (unsigned side = 0; side < 4; ++side) {
             loose += cell.loose >> side & 1U;
             waysIn += cell.waysIn >> side & 1U;
         }
     }
+    PrintLocks(map, out);
     if (waysIn > 0) {
         out << "^ way in: " << Counted(waysIn, "doorway") << '\n';
     }

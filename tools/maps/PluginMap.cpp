@@ -310,6 +310,7 @@ private:
         }
         std::vector<DiPtr<GridElmt>> elements(map.cells.size());
         std::vector<const PluginRef*> doors(map.cells.size());
+        std::vector<const PluginRef*> leaves(map.cells.size());
         for (const PlacedTile& tile : tiles) {
             const std::size_t i = index(tile);
             if (std::abs(tile.height - nearest[i]) > kSameHeight) {
@@ -320,6 +321,7 @@ private:
             }
             elements[i]->AddTile(tile.tile);
             doors[i] = tile.ref->destination ? tile.ref : doors[i];
+            leaves[i] = IsDoorTile(*tile.tile) ? tile.ref : leaves[i];
         }
         for (std::size_t i = 0; i < elements.size(); ++i) {
             if (elements[i]) {
@@ -330,6 +332,7 @@ private:
                 map.cells[i].sameFloor = above <= double{kSameFloor} + kRounding;
                 map.cells[i].even = above <= kRounding;
                 Lead(map.cells[i], doors[i]);
+                map.cells[i].lock = leaves[i] == nullptr ? MapLock() : DrawnLock(leaves[i]->lock);
             }
         }
     }
@@ -352,6 +355,7 @@ private:
         content.name = Shown(ref.id);
         Place(content, place.place, sort, ref);
         content.chest = chests.Find(ref.id);
+        content.lock = DrawnLock(ref.lock);
         if (content.chest) {
             content.label = content.chest->name;
         }

@@ -42,7 +42,8 @@ constexpr std::array<const char*, 5> kEndWords = {
     "made", "refused", "cancelled", "unwalkable", "unclosed"};
 
 // In the order of OptionKind.
-constexpr std::array<const char*, 4> kKindWords = {"switch", "text", "number", "word"};
+constexpr std::array<const char*, 6> kKindWords = {
+    "switch", "text", "number", "word", "range", "file"};
 
 Json TextOrNull(const char* text) {
     return text == nullptr ? Json(nullptr) : Json(text);
@@ -50,7 +51,7 @@ Json TextOrNull(const char* text) {
 
 Json OptionJson(const OptionRow& row) {
     const OptionKind kind = KindOf(row);
-    const bool number = kind == OptionKind::Number;
+    const bool number = kind == OptionKind::Number || kind == OptionKind::Range;
     return {{"name", row.name},
             {"letter", TextOrNull(row.letter)},
             {"help", row.help},

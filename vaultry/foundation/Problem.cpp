@@ -51,6 +51,7 @@ constexpr auto kKinds = std::to_array<KindRow>({
     {UnknownContentList, "unknown-content-list",  Error, "Internal", "Unrecognized content type '%s'."},
     {ReadMemory,         "read-memory",           Error, kManager,   "Unable to read the configuration:  Out of memory."},
     {UnknownName,        "unknown-name",          Error, "Run",      "The configuration has no %s \"%s\"."},
+    {UnusableIds,        "unusable-ids",          Error, "Run",      "Unable to generate:  %s"},
     {NoTileSet,          "no-tile-set",           Error, kManager,   "Unable to generate:  No default tile set."},
     {NoLayout,           "no-layout",             Error, kManager,   "Unable to generate:  No default layout template."},
     {TooManyLevels,      "too-many-levels",       Error, kGenerator, "The run asks for %s levels; %s are made."},

@@ -41,6 +41,7 @@ enum class ProblemKind : std::uint8_t {
     UnknownContentList, ///< the kind that was asked for
     ReadMemory,         ///< there was too little to read the configuration
     UnknownName,        ///< what the options name, and the name
+    UnusableIds,        ///< what is wrong with the table of ids that the options name
     NoTileSet,          ///< the configuration has none that a run could begin with
     NoLayout,           ///< likewise
     TooManyLevels,      ///< the levels asked for, and the most

@@ -8,6 +8,7 @@
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/LevelObserver.h>
 #include <vaultry/run/ArrivalPlace.h>
+#include <vaultry/run/LockMaker.h>
 #include <vaultry/run/PathPlan.h>
 
 #include <random>
@@ -148,6 +149,11 @@ void FixChance(RunOptions& options) {
 Run::Run(GenMgr& manager_, const RunOptions& options_) : manager(manager_), options(options_) {
     FixChance(options);
     options.cell = options.cell.value_or(kDefaultCell);
+    try {
+        ids = options.ids ? LoadIds(options.ids->path) : BuiltinIds();
+    } catch (const IdsError& e) {
+        idsFault = e.what();
+    }
 }
 
 // The place that the log named last for want of a door stays for all tries, whose lines stand in
@@ -213,15 +219,22 @@ void Run::HandOver(const RunOptions& wanted) const {
 // Every try starts from the same state, so that its seed makes the same dungeon by itself.
 RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
     const KeptSettings settings(manager);
-    PathGridMaker paths(manager.mod, observer);
-    manager.levelObserver = options.pathGrid || options.playable ? &paths : observer;
+    LockMaker locks(manager.mod, options, ids, seed, options.stamp.value(), observer);
+    LevelObserver* const behindPaths = options.lock > 0 || options.trap > 0 ? &locks : observer;
+    PathGridMaker paths(manager.mod, behindPaths);
+    manager.levelObserver = options.pathGrid || options.playable ? &paths : behindPaths;
     ProblemList problems;
     RunResult result;
     result.seed = seed;
     result.stamp = options.stamp.value();
     Logger::ResetErrors();
     RunOptions wanted = options;
-    if (FindNames(wanted)) {
+    if (!idsFault.empty()) {
+        ReportProblem({ProblemKind::UnusableIds, {FromUtf8(idsFault)}});
+    } else if (FindNames(wanted)) {
+        if (options.trap > 0 && ids.Of(IdRole::Trap).empty()) {
+            Logger::WriteInfo("Run", "No traps:  The ids name no spell for them.");
+        }
         HandOver(wanted);
         SeedRandom(seed);
         SetContainerStamp(result.stamp);

@@ -5,6 +5,7 @@
 #include <vaultry/foundation/Problem.h>
 #include <vaultry/gen/GenMgr.h>
 #include <vaultry/run/Arrival.h>
+#include <vaultry/run/GameIds.h>
 #include <vaultry/run/RunOptions.h>
 
 #include <cstdint>
@@ -75,7 +76,8 @@ class VAULTRY_API Run {
 public:
     /// `manager` is not owned and must outlive the run; its job status is asked and its observer
     /// shown every level; neither may throw when a try begins. Seed and stamp are drawn here unless
-    /// they are given. The options are copied, and nothing is generated yet.
+    /// they are given, and the table of ids is read if there is one. The options are copied, and
+    /// nothing is generated yet.
     Run(GenMgr& manager, const RunOptions& options);
 
     /// As they were given, with seed, stamp and cell.
@@ -83,9 +85,10 @@ public:
 
     /// Generates into the manager's `mod`, and finds where one arrives; where the options ask for a
     /// walkable or closed dungeon, from further seeds until there is one. Names that the
-    /// configuration lacks are refused. The log's error list holds those of the last try
-    /// afterwards. May be called again, for the same dungeon. When no seed made a walkable one,
-    /// `mod` holds that of the last seed tried. The manager's JobStatus can stop it.
+    /// configuration lacks are refused, and a table of ids that cannot be used. The log's error
+    /// list holds those of the last try afterwards. May be called again, for the same dungeon. When
+    /// no seed made a walkable one, `mod` holds that of the last seed tried. The manager's
+    /// JobStatus can stop it.
     RunResult Generate();
 
     /// Generates from that seed instead, once, for whoever tries many: nobody arrives there, so
@@ -100,6 +103,8 @@ private:
 
     GenMgr& manager;
     RunOptions options;
+    GameIds ids;
+    std::string idsFault; // empty: none
 };
 
 } // namespace Tarnex

@@ -6,6 +6,7 @@
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/GenMgr.h>
 #include <vaultry/gen/Limits.h>
+#include <vaultry/output/RefLock.h>
 
 #include <algorithm>
 #include <charconv>
@@ -107,6 +108,10 @@ std::vector<OptionRow>& Table() {
         Yields("playable", {"unique-references", &Options::uniqueReferences, "No number of a reference twice in the plug-in", OptionGroup::Playable, kHeader}),
         Yields("fixed", {"close-openings", &Options::closeOpenings, "Close what opens onto nothing", OptionGroup::Playable, kShape}),
         Yields("fixed", Bounded({"tidy-halls", &Options::tidyHalls, "Leave no way round in halls of that many pieces or fewer", OptionGroup::Playable, kShape}, 0, 1000)),
+        Bounded({"lock",          &Options::lock, "Percent of doors and containers with a lock (default: 0)", OptionGroup::Playable, kEverywhere}, 0, 100),
+        Needs("lock", Bounded({"lock-levels", &Options::lockLevels, "How hard locks are, 1 to 100 (default: 10..50)", OptionGroup::Playable, kEverywhere}, kLeastLock, kMostLock)),
+        Bounded({"trap",          &Options::trap, "Percent of doors and containers with a trap (default: 0)", OptionGroup::Playable, kEverywhere}, 0, 100),
+        {"ids",                   &Options::ids, "Ids of your game, traps among them (default: built-in)", OptionGroup::Playable, kEverywhere},
     };
     return rows;
 }
@@ -150,14 +155,41 @@ std::string Read(std::string_view text, const OptionRow& /*row*/, std::string& v
     return {};
 }
 
+std::string Read(std::string_view text, const OptionRow& /*row*/, InputFile& value) {
+    if (text.empty()) {
+        return "is no path";
+    }
+    value.path = text;
+    return {};
+}
+
+// To the last letter, without signs.
+bool IsNumber(std::string_view text, std::int64_t& number) {
+    const char* const end = text.data() + text.size();
+    const auto [rest, fault] = std::from_chars(text.data(), end, number);
+    return fault == std::errc() && rest == end && !text.starts_with('-');
+}
+
+std::string Read(std::string_view text, const OptionRow& row, LockLevels& value) {
+    constexpr std::string_view kBetween = "..";
+    const std::size_t middle = std::min(text.find(kBetween), text.size());
+    std::int64_t least = 0;
+    std::int64_t most = 0;
+    const bool spelt = IsNumber(text.substr(0, middle), least) && middle < text.size() &&
+                       IsNumber(text.substr(middle + kBetween.size()), most);
+    if (!spelt || least < row.least || most > row.most || least > most) {
+        return "is not A..B, two whole numbers from " + std::to_string(row.least) + " to " +
+               std::to_string(row.most) + " of which the second is not the smaller";
+    }
+    value = {static_cast<std::uint32_t>(least), static_cast<std::uint32_t>(most)};
+    return {};
+}
+
 template <typename Number>
 requires std::is_integral_v<Number> std::string
 Read(std::string_view text, const OptionRow& row, Number& value) {
     std::int64_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, fault] = std::from_chars(text.data(), end, number);
-    const bool spelt = fault == std::errc() && rest == end && !text.starts_with('-');
-    if (!spelt || number < row.least || number > row.most) {
+    if (!IsNumber(text, number) || number < row.least || number > row.most) {
         return "is not a whole number from " + std::to_string(row.least) + " to " +
                std::to_string(row.most);
     }
@@ -184,6 +216,10 @@ OptionValue Shown(const T& value) {
         return WordsFor(value).at(static_cast<std::size_t>(value));
     } else if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, std::string>) {
         return value;
+    } else if constexpr (std::is_same_v<T, InputFile>) {
+        return value.path;
+    } else if constexpr (std::is_same_v<T, LockLevels>) {
+        return std::to_string(value.least) + ".." + std::to_string(value.most);
     } else {
         return static_cast<std::int64_t>(value);
     }
@@ -241,6 +277,8 @@ OptionKind KindOf(const OptionRow& row) {
             return std::is_same_v<Value, bool>          ? OptionKind::Switch
                    : std::is_same_v<Value, std::string> ? OptionKind::Text
                    : std::is_enum_v<Value>              ? OptionKind::Word
+                   : std::is_same_v<Value, LockLevels>  ? OptionKind::Range
+                   : std::is_same_v<Value, InputFile>   ? OptionKind::File
                                                         : OptionKind::Number;
         },
         row.field);

@@ -17,6 +17,23 @@ namespace Tarnex {
 
 class GenMgr;
 
+/// How hard locks are to pick, from `least` to `most`. [1 to 100]
+struct LockLevels {
+    std::uint32_t least = 10; ///< not above `most`
+    std::uint32_t most = 50;  ///< not below `least`
+
+    /// Whether both are the same.
+    bool operator==(const LockLevels&) const = default;
+};
+
+/// A file that a run reads.
+struct InputFile {
+    std::string path; ///< UTF-8
+
+    /// Whether the path is spelt the same.
+    bool operator==(const InputFile&) const = default;
+};
+
 /// What a run is asked for, besides the configuration. All text is UTF-8. An optional name that is
 /// not given stands for the manager's default: the configuration's first, of creature themes none,
 /// unless another was set. Every front end has these defaults; those of a RandomGenInfo alone are
@@ -60,6 +77,10 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     bool playable = false; ///< all of the following that needs no answer
     bool uniqueReferences = false; ///< numbers of references go on from cell to cell
     bool pathGrid = false;         ///< a path grid for every cell
+    std::uint32_t lock = 0;        ///< of a hundred doors and containers how many are locked
+    LockLevels lockLevels;         ///< of those
+    std::uint32_t trap = 0;        ///< of a hundred doors and containers how many have a trap
+    std::optional<InputFile> ids;  ///< the game's, in place of those that are built in; see LoadIds
 };
 
 /// Where an option stands. The kind of option follows from the type. An option of an optional field
@@ -71,7 +92,9 @@ using OptionField = std::variant<bool RunOptions::*,
                                  std::optional<std::uint32_t> RunOptions::*,
                                  std::optional<std::int64_t> RunOptions::*,
                                  RandomGenInfo::LevelSizeT RunOptions::*,
-                                 RandomGenInfo::RoomSpacingT RunOptions::*>;
+                                 RandomGenInfo::RoomSpacingT RunOptions::*,
+                                 LockLevels RunOptions::*,
+                                 std::optional<InputFile> RunOptions::*>;
 
 /// The list of a configuration that an option names an object of.
 struct NamedChoice {
@@ -110,8 +133,8 @@ struct OptionRow {
     OptionGroup group;                   ///< where it is listed
     unsigned uses = 0;                   ///< of OptionUse
     const char* letter = nullptr;        ///< the short switch, if there is one
-    std::int64_t least = 0;              ///< of a number
-    std::int64_t most = UINT32_MAX;      ///< of a number
+    std::int64_t least = 0;              ///< of a number, or of the two of a range
+    std::int64_t most = UINT32_MAX;      ///< likewise
     const char* rival = nullptr;         ///< the option in whose place it is given
     const NamedChoice* choice = nullptr; ///< what a name is looked up in
     const char* needs = nullptr;         ///< the switch without which it has no effect
@@ -144,9 +167,10 @@ public:
     AddedOption& operator=(const AddedOption&) = delete;
 };
 
-/// What kind of value an option takes; a text is a name too. It tells a front end what to show: a
-/// tick, a field, a number within bounds or a choice.
-enum class OptionKind { Switch, Text, Number, Word };
+/// What kind of value an option takes; a text is a name too, and a range two numbers within bounds
+/// with ".." between them, "10..50" for one. It tells a front end what to show: a tick, a field, a
+/// number, a choice, two numbers or a file to choose.
+enum class OptionKind { Switch, Text, Number, Word, Range, File };
 
 /// The kind of an option's value.
 VAULTRY_API OptionKind KindOf(const OptionRow& row);

@@ -112,6 +112,27 @@ TEST(MapSvgTest, HoverTitlesNameRoomTilesAndContents) {
     EXPECT_TRUE(Contains(svg, "chest &lt;big&gt;</title>"));
 }
 
+TEST(MapSvgTest, LocksAndTrapsLieOnWhatTheyKeepShut) {
+    Report::LevelMap map = SampleMap();
+    const std::string before = Svg(map);
+    EXPECT_FALSE(Contains(before, "layer-lock"));
+    map.Held(1, 2).lock = {true, false, "locked at 35, key <k>"};
+    const std::string svg = Svg(map);
+    EXPECT_TRUE(IsBalanced(svg));
+    // In the middle of the leaf, on the border of its cell.
+    EXPECT_TRUE(Contains(svg,
+                         "<g class=\"layer-lock\">\n<g transform=\"translate(36 72)\">\n" +
+                             std::string(Report::kLockDrawing)));
+    EXPECT_TRUE(Contains(svg, ">locked</text>"));
+    EXPECT_FALSE(Contains(svg, ">trap</text>"));
+    EXPECT_TRUE(Contains(svg, "Door: locked at 35, key &lt;k&gt;"));
+    map.Held(0, 0).contents[1].lock = {false, true, "trap"};
+    const std::string both = Svg(map);
+    EXPECT_TRUE(Contains(both, std::string(Report::kTrapDrawing)));
+    EXPECT_TRUE(Contains(both, ">trap</text>"));
+    EXPECT_TRUE(Contains(both, "chest &lt;big&gt; (trap)"));
+}
+
 TEST(MapSvgTest, EscapesNames) {
     const std::string svg = Svg(SampleMap());
     EXPECT_TRUE(Contains(svg, "Vault &lt;1&gt; &amp; more</text>"));

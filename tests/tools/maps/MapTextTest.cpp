@@ -73,6 +73,26 @@ TEST(MapTextTest, NamesLevelsBehindDoorsAndRoomsOutOfReach) {
               "! onto nothing: 1 opening\n");
 }
 
+TEST(MapTextTest, LocksAreDrawnAndCounted) {
+    Report::LevelMap map = SampleMap();
+    map.Held(1, 2).lock = {true, false, "locked at 35"};
+    map.Held(0, 0).contents[1].lock = {true, true, "locked at 10, trap"};
+    EXPECT_EQ(Printed(map, false),
+              "Vault <1> & more (Stone, north is up, a cell is 256 units)\n"
+              "┏§t━━┓≡≡\n"
+              "┃ 1 &┃\n"
+              "┗━#━*┛\n"
+              "  └──!\n"
+              "# locked: 1 door\n"
+              "§ locked: 1 container\n"
+              "  armed: 1 trap\n"
+              "! onto nothing: 1 opening\n");
+    map.Held(1, 2).teleport = true;
+    map.Held(1, 2).leadsTo = "Level 2";
+    EXPECT_NE(Printed(map, false).find("» leads to Level 2, locked at 35\n§ locked"),
+              std::string::npos);
+}
+
 TEST(MapTextTest, DoorwaysWithoutDoorAndPlatformsHaveMarksOfTheirOwn) {
     Report::LevelMap map = SampleMap();
     map.Held(1, 2).door = false;

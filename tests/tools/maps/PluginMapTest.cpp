@@ -57,6 +57,28 @@ protected:
     DiPtr<Tarnex::Cell> cell;
 };
 
+TEST_F(PluginMapTest, LocksAreThoseOfDoorsAndThings) {
+    Put("doorway", 0, 0);
+    Put("gate", 0, 0);
+    Put("floor", 0, -256);
+    Put("Ctr1_1", 0, -256);
+    RefLock lock;
+    lock.level = 35;
+    lock.key = "Key1_1";
+    cell->LockRef(1, lock);
+    RefLock trap;
+    trap.trap = "a_trap";
+    cell->LockRef(3, trap);
+    const LevelMap map = Map();
+    EXPECT_TRUE(map.At(0, 0).lock.locked);
+    EXPECT_FALSE(map.At(0, 0).lock.trapped);
+    EXPECT_EQ(map.At(0, 0).lock.words, "locked at 35, key \"Key1_1\"");
+    EXPECT_FALSE(map.At(0, 1).lock.locked);
+    ASSERT_EQ(map.At(0, 1).contents.size(), 1U);
+    EXPECT_FALSE(map.At(0, 1).contents[0].lock.locked);
+    EXPECT_TRUE(map.At(0, 1).contents[0].lock.trapped);
+}
+
 TEST_F(PluginMapTest, KnownTilesBecomeFloorsAndDoors) {
     Put("FLOOR", 256, -512);
     Put("doorway", 256, -256);
