@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "cli/EngineProcess.h"
 
+#include "tools/engine/EngineLine.h"
 #include "tools/engine/EnginePlaces.h"
 
 #include <vaultry/foundation/CodePage.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
 #ifdef _WIN32
@@ -38,19 +38,7 @@ std::optional<std::string> NewestInstalled() {
 
 } // namespace
 
-std::string Utf8(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
 #ifdef _WIN32
-
-const Report::System kThisSystem = Report::System::Windows;
-
-std::string EnvironmentValue(const char* name) {
-    const wchar_t* const value = _wgetenv(fs::path(name).c_str());
-    return value == nullptr ? std::string() : Utf8(value);
-}
 
 std::optional<int> RunProgram(const std::vector<std::string>& words) {
     std::vector<std::wstring> wide;
@@ -66,13 +54,6 @@ std::optional<int> RunProgram(const std::vector<std::string>& words) {
 }
 
 #else
-
-const Report::System kThisSystem = Report::System::Posix;
-
-std::string EnvironmentValue(const char* name) {
-    const char* const value = std::getenv(name);
-    return value == nullptr ? std::string() : value;
-}
 
 std::optional<int> RunProgram(const std::vector<std::string>& words) {
     std::vector<std::string> owned = words;

@@ -3,16 +3,17 @@
 
 #include "cli/EngineProcess.h"
 #include "cli/PluginPieces.h"
-#include "tools/engine/EnginePlaces.h"
+#include "tools/engine/EngineLine.h"
 #include "tools/maps/PluginMap.h"
 #include "tools/plugins/PluginLoad.h"
 #include "tools/text/UsageError.h"
 
 #include <vaultry/foundation/CodePage.h>
+#include <vaultry/foundation/Environment.h>
+#include <vaultry/game/EngineConfig.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace Tarnex::Cli {
 
@@ -42,14 +43,6 @@ std::optional<Arrival> FirstArrival(const PluginFile& file) {
     const ChosenPieces chosen = ChoosePieces(kBuiltin, false, cells);
     Report::PluginLevels levels(cells, file, chosen.pieces);
     return chosen.known == 0 ? std::nullopt : levels.Level(0).arrival;
-}
-
-// The engine's own list.
-std::vector<std::string> InstalledContent(const fs::path& config) {
-    std::ifstream stream(config, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return Report::ContentOf(text.str());
 }
 
 void RequireMaster(const PluginMaster& master, const std::vector<std::string>& content) {
@@ -99,14 +92,14 @@ std::string WriteScript(const fs::path& folder, const Arrival& arrival) {
 Report::EngineStart StartOf(const PlayOptions& options, const Report::LoadedPlugin& plugin) {
     Report::EngineStart start;
     start.engine = EngineOf(options);
-    fs::path config = PathFromUtf8(Report::EngineConfigPath(kThisSystem, EnvironmentValue));
+    fs::path config = PathFromUtf8(EngineConfigPath(kThisSystem, EnvironmentValue));
     if (options.stage) {
         const fs::path stage = fs::absolute(PathFromUtf8(*options.stage));
         start.stage = Utf8(stage);
         start.content = StagedContent(plugin, stage);
         config = stage / config.filename();
     } else {
-        start.content = MissingContent(plugin, InstalledContent(config));
+        start.content = MissingContent(plugin, InstalledEngineConfig().content);
     }
     start.folder = Utf8(fs::absolute(PathFromUtf8(plugin.path)).parent_path());
     start.cell = ToUtf8(plugin.file.cells.front().name);

@@ -5,10 +5,11 @@ cmake_minimum_required(VERSION 3.25)
 set(MAY_INCLUDE
   "vaultry/foundation"
   "vaultry/output: vaultry/foundation"
+  "vaultry/game: vaultry/foundation vaultry/output"
   "vaultry/catalogue: vaultry/foundation"
   "vaultry/layout: vaultry/foundation vaultry/catalogue"
   "vaultry/gen: vaultry/foundation vaultry/output vaultry/catalogue vaultry/layout"
-  "vaultry/run: vaultry/foundation vaultry/output vaultry/catalogue vaultry/layout vaultry/gen"
+  "vaultry/run: vaultry/foundation vaultry/output vaultry/game vaultry/catalogue vaultry/layout vaultry/gen"
   "tools/png"
   "tools/text: vaultry"
   "tools/runs: vaultry tools/text"

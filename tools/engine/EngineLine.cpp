@@ -44,13 +44,6 @@ std::string ForPrompt(const std::string& word) {
     return plain ? word : InQuotes(word);
 }
 
-std::string_view Trimmed(std::string_view text) {
-    constexpr const char* kBlanks = " \t\r";
-    const std::size_t first = std::min(text.find_first_not_of(kBlanks), text.size());
-    text.remove_prefix(first);
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 } // namespace
 
 std::vector<std::string> EngineWords(const EngineStart& start) {
@@ -82,20 +75,6 @@ std::string EngineLine(System system, const std::vector<std::string>& words) {
         quoted.push_back(system == System::Windows ? ForPrompt(word) : ForShell(word));
     }
     return JoinWords(quoted, " ");
-}
-
-std::vector<std::string> ContentOf(std::string_view config) {
-    std::vector<std::string> names;
-    while (!config.empty()) {
-        const std::size_t end = std::min(config.find('\n'), config.size());
-        const std::string_view line = config.substr(0, end);
-        config.remove_prefix(std::min(end + 1, config.size()));
-        const std::size_t sign = line.find('=');
-        if (sign != std::string_view::npos && Trimmed(line.substr(0, sign)) == "content") {
-            names.emplace_back(Trimmed(line.substr(sign + 1)));
-        }
-    }
-    return names;
 }
 
 bool HasContent(const std::vector<std::string>& names, std::string_view name) {

@@ -2,14 +2,13 @@
 // OpenMW's command line for a plug-in. All text is UTF-8.
 #pragma once
 
+#include <vaultry/foundation/Environment.h>
+
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Tarnex::Report {
-
-/// Whose paths, variables and quotation marks count.
-enum class System { Posix, Windows };
 
 /// What the engine is to show.
 struct EngineStart {
@@ -27,9 +26,6 @@ std::vector<std::string> EngineWords(const EngineStart& start);
 /// The words as a line that can be pasted: into a POSIX shell, or into the command prompt, whose
 /// programs take quotation marks away themselves.
 std::string EngineLine(System system, const std::vector<std::string>& words);
-
-/// The files that the text of an openmw.cfg has the engine load, in order.
-std::vector<std::string> ContentOf(std::string_view config);
 
 /// Whether the names have it, in any case.
 bool HasContent(const std::vector<std::string>& names, std::string_view name);

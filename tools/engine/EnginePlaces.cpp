@@ -22,14 +22,6 @@ std::vector<std::string> Split(std::string_view list, char sign) {
 
 } // namespace
 
-std::string EngineConfigPath(System system, const Environment& environment) {
-    if (system == System::Windows) {
-        return environment("USERPROFILE") + "\\Documents\\My Games\\OpenMW\\openmw.cfg";
-    }
-    const std::string folder = environment("XDG_CONFIG_HOME");
-    return (folder.empty() ? environment("HOME") + "/.config" : folder) + "/openmw/openmw.cfg";
-}
-
 std::vector<std::string> EnginePaths(System system, const Environment& environment) {
     const bool windows = system == System::Windows;
     std::vector<std::string> paths = Split(environment("PATH"), windows ? ';' : ':');

@@ -6,11 +6,11 @@
 
 #include <vaultry/foundation/CodePage.h>
 #include <vaultry/foundation/Text.h>
+#include <vaultry/game/EngineConfig.h>
 #include <vaultry/run/SafeFile.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <system_error>
 
@@ -101,22 +101,6 @@ std::string HintFor(const fs::path& place, const std::string& master) {
            "\n";
 }
 
-// What the engine reads of the file, as far as it matters here.
-void AddFolders(const fs::path& config, std::vector<fs::path>& folders) {
-    std::ifstream file(config);
-    std::string line;
-    while (std::getline(file, line)) {
-        constexpr std::string_view kStarts[] = {"data=", "data-local="};
-        for (const std::string_view start : kStarts) {
-            if (line.starts_with(start)) {
-                std::string path = line.substr(start.size());
-                std::erase_if(path, [](char c) { return c == '"' || c == '\r'; });
-                folders.push_back(PathFromUtf8(path));
-            }
-        }
-    }
-}
-
 } // namespace
 
 void WriteStage(const StageFiles& stage,
@@ -140,23 +124,10 @@ void WriteStage(const StageFiles& stage,
 }
 
 std::vector<fs::path> GameFolders() {
-    struct Place {
-        const char* variable;
-        const char* behind;
-    };
-    static constexpr std::array<Place, 4> kPlaces = {{
-        {"XDG_CONFIG_HOME", "openmw/openmw.cfg"},
-        {"HOME", ".config/openmw/openmw.cfg"},
-        {"HOME", "Library/Preferences/openmw/openmw.cfg"},
-        {"USERPROFILE", "Documents/My Games/OpenMW/openmw.cfg"},
-    }};
     std::vector<fs::path> folders;
-    for (const Place& place : kPlaces) {
-        if (const char* const base = std::getenv(place.variable)) {
-            AddFolders(fs::path(base) / place.behind, folders);
-        }
+    for (const std::string& folder : InstalledEngineConfig().folders) {
+        folders.push_back(PathFromUtf8(folder));
     }
-    AddFolders("/etc/openmw/openmw.cfg", folders);
     return folders;
 }
 

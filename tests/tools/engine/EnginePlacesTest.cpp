@@ -9,23 +9,11 @@ namespace Tarnex::Test {
 
 namespace {
 
-using Report::System;
-
-Report::Environment Of(std::map<std::string, std::string> values) {
+Environment Of(std::map<std::string, std::string> values) {
     return [values = std::move(values)](const char* name) {
         const auto found = values.find(name);
         return found == values.end() ? std::string() : found->second;
     };
-}
-
-TEST(EnginePlacesTest, TheConfigurationIsTheUsers) {
-    EXPECT_EQ(Report::EngineConfigPath(System::Posix, Of({{"HOME", "/home/a"}})),
-              "/home/a/.config/openmw/openmw.cfg");
-    EXPECT_EQ(Report::EngineConfigPath(System::Posix,
-                                       Of({{"HOME", "/home/a"}, {"XDG_CONFIG_HOME", "/etc/a"}})),
-              "/etc/a/openmw/openmw.cfg");
-    EXPECT_EQ(Report::EngineConfigPath(System::Windows, Of({{"USERPROFILE", "C:\\Users\\a"}})),
-              "C:\\Users\\a\\Documents\\My Games\\OpenMW\\openmw.cfg");
 }
 
 TEST(EnginePlacesTest, TheProgramIsOnThePathOrWhereItIsInstalled) {
