@@ -170,6 +170,25 @@ TEST_F(EsmtoolTest, ShowsAScaleOnlyWhereThereIsOne) {
     EXPECT_EQ(text.find("Scale:", first + 1), std::string::npos);
 }
 
+TEST_F(EsmtoolTest, ShowsACellOutsideAndWhereItsDoorLeads) {
+    Ref door = Door(Di3Point(1000.0F, -9000.0F, 380.0F), "Crypt, Level 1", 256.0F);
+    door.SetName("ex_cave_door_01");
+    mod.CreateWorldCell(WildernessHead(0, -2, "West Gash"))->AddRef(door);
+    const Answer answer = DumpPlugin(WritePlugin());
+    EXPECT_EQ(answer.status, 0) << answer.text;
+    ExpectLines(answer.text,
+                {"Record: CELL 'Crypt, Level 2'",
+                 "Record: CELL ''",
+                 "  Region: West Gash",
+                 "  Flags: HasWater (0x00000002)",
+                 "  Coordinates:  (0,-2)",
+                 "    Refnum: 1",
+                 "    ID: ex_cave_door_01",
+                 "    Position: (1000, -9000, 380)",
+                 "    Destination position: (256, -256, 128)",
+                 "    Destination cell: Crypt, Level 1"});
+}
+
 TEST_F(EsmtoolTest, ShowsEveryPointAndWayOfAPathGrid) {
     mod.CreatePathGrid("Crypt, Level 2")->points = {
         {0, -256, -96, {1}}, {256, -256, -96, {0, 2}}, {512, -300, 32, {1}}};

@@ -325,21 +325,42 @@ TEST_F(PluginReaderTest, SkipsAndCountsUnknownRecords) {
 
 TEST_F(PluginReaderTest, SkipsAndCountsUnknownSubRecords) {
     Insert(kRefData, SubRecordBytes("ANAM", "owner"), kCell);
-    Insert(kNam0, SubRecordBytes("RGNN", "region"), kCell);
+    Insert(kNam0, SubRecordBytes("NAM5", "blue"), kCell);
     Insert(kNpco, SubRecordBytes("SCRI", "script"), kCont);
     const PluginFile file = ReadPlugin(bytes);
-    EXPECT_EQ(file.skippedSubRecords, (PluginTagCounts{{"ANAM", 1}, {"RGNN", 1}, {"SCRI", 1}}));
+    EXPECT_EQ(file.skippedSubRecords, (PluginTagCounts{{"ANAM", 1}, {"NAM5", 1}, {"SCRI", 1}}));
     EXPECT_EQ(file.cells.at(0).refs.at(0).destination->cell, "Crypt");
     EXPECT_EQ(Findings(), Lines{});
 }
 
-TEST_F(PluginReaderTest, CountsExteriorsWithoutReadingThem) {
+TEST_F(PluginReaderTest, KeepsOfExteriorsTheDoorsThatLeadElsewhere) {
+    SetWord(kCellData + 8, 6);
+    SetWord(kCellData + 12, 0xFFFFFFFE);
+    SetWord(kCellData + 16, 9);
+    Insert(kNam0, SubRecordBytes("RGNN", "West Gash"), kCell);
+    const PluginFile file = ReadPlugin(bytes);
+    EXPECT_TRUE(file.cells.empty());
+    EXPECT_EQ(file.exteriorCells, 1U);
+    ASSERT_EQ(file.exteriors.size(), 1U);
+    const PluginCell& cell = file.exteriors[0];
+    EXPECT_EQ(cell.name, "Crypt");
+    EXPECT_EQ(cell.flags, 6U);
+    EXPECT_EQ(cell.column, -2);
+    EXPECT_EQ(cell.row, 9);
+    EXPECT_EQ(cell.region, "West Gash");
+    // Of two references the one that is a door.
+    ASSERT_EQ(cell.refs.size(), 1U);
+    EXPECT_EQ(cell.refs[0].destination->cell, "Crypt");
+    EXPECT_EQ(Findings(), Lines{});
+}
+
+TEST_F(PluginReaderTest, ExteriorsWithoutSuchDoorsAreCounted) {
     SetWord(kCellData + 8, 2);
-    Insert(kRefData, SubRecordBytes("XSCL", "xy"), kCell);
+    bytes.replace(bytes.find("DODT"), 4, "AODT");
+    bytes.replace(bytes.find("DNAM"), 4, "ANAM");
     const PluginFile file = ReadPlugin(bytes);
     EXPECT_EQ(file.exteriorCells, 1U);
-    EXPECT_TRUE(file.cells.empty());
-    EXPECT_TRUE(file.skippedSubRecords.empty());
+    EXPECT_TRUE(file.exteriors.empty());
     EXPECT_EQ(Findings(), Lines{});
 }
 

@@ -97,6 +97,22 @@ Json CellJson(const PluginCell& cell, const PluginIndex& index) {
     return json;
 }
 
+Json ExteriorJson(const PluginCell& cell, const PluginIndex& index) {
+    Json json = {
+        {"name", ToUtf8(cell.name)},
+        {"offset", cell.offset},
+        {"flags", cell.flags},
+        {"deleted", cell.deleted},
+        {"grid", {cell.column, cell.row}},
+        {"region", ToUtf8(cell.region)},
+    };
+    Json& refs = json["references"] = Json::array();
+    for (const PluginRef& ref : cell.refs) {
+        refs.push_back(RefJson(ref, index));
+    }
+    return json;
+}
+
 Json ContainerJson(const PluginContainer& container) {
     Json json = {
         {"id", ToUtf8(container.id)},
@@ -174,6 +190,10 @@ std::string ToJson(const Inspection& inspection) {
     Json& cells = json["cells"] = Json::array();
     for (const PluginCell& cell : file.cells) {
         cells.push_back(CellJson(cell, index));
+    }
+    Json& exteriors = json["exteriors"] = Json::array();
+    for (const PluginCell& cell : file.exteriors) {
+        exteriors.push_back(ExteriorJson(cell, index));
     }
     json["arrivals"] = ArrivalsJson(inspection.arrivals);
     Json& keys = json["keys"] = Json::array();

@@ -44,7 +44,7 @@ void PrintSkipped(const PluginFile& file, std::ostream& out) {
             text += tags.empty() ? "" : " (" + tags + ')';
         }
     };
-    add(file.exteriorCells, "exterior cell", "");
+    add(UnreadExteriors(file), "exterior cell", "");
     add(Total(file.otherRecords), "other record", TagWords(file.otherRecords));
     add(Total(file.skippedSubRecords), "sub-record", TagWords(file.skippedSubRecords));
     if (!text.empty()) {
@@ -180,6 +180,17 @@ void PrintCell(const Inspection& inspection,
     }
 }
 
+void PrintExterior(const PluginCell& cell, const PluginIndex& index, bool refs, std::ostream& out) {
+    out << "\nOutside (" << GridWords(cell) << ')'
+        << (cell.name.empty() ? "" : ", " + Quoted(cell.name)) << ": "
+        << (cell.region.empty() ? "no region" : "region " + Quoted(cell.region)) << ", "
+        << Counted(cell.refs.size(), "teleport") << (cell.deleted ? ", deleted" : "") << '\n';
+    PrintTeleports(cell, index, out);
+    if (refs) {
+        PrintRefs(cell, index, out);
+    }
+}
+
 ContainerPlaces FindContainers(const PluginFile& file, const PluginIndex& index) {
     ContainerPlaces places;
     for (const PluginCell& cell : file.cells) {
@@ -280,6 +291,9 @@ void PrintInspection(const Inspection& inspection, bool refs, std::ostream& out)
     PrintHeader(inspection, out);
     for (std::size_t number = 0; number < file.cells.size(); ++number) {
         PrintCell(inspection, number, index, refs, out);
+    }
+    for (const PluginCell& cell : file.exteriors) {
+        PrintExterior(cell, index, refs, out);
     }
     PrintKeys(file, out);
     const ContainerPlaces places = FindContainers(file, index);

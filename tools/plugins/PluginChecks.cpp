@@ -47,6 +47,9 @@ public:
         for (const PluginCell& cell : file.cells) {
             CheckCell(cell);
         }
+        for (const PluginCell& cell : file.exteriors) {
+            CheckExterior(cell);
+        }
         for (const PluginContainer& container : file.containers) {
             CheckContainer(container);
         }
@@ -96,6 +99,18 @@ private:
         }
         cellPlaces.emplace(cell.name, cell.offset);
         CheckCount(cell, owner);
+        CheckRefs(cell, owner);
+    }
+
+    void CheckExterior(const PluginCell& cell) {
+        const std::string owner = "outside (" + GridWords(cell) + ')';
+        if (!exteriors.insert({cell.column, cell.row}).second) {
+            Report(cell.offset, owner, "has the place of another");
+        }
+        CheckRefs(cell, owner);
+    }
+
+    void CheckRefs(const PluginCell& cell, const std::string& owner) {
         // Ordered: a table could be filled with numbers that all collide in it.
         std::set<std::uint32_t> numbers;
         for (const PluginRef& ref : cell.refs) {
@@ -269,6 +284,7 @@ private:
     PluginIndex index;
     std::unordered_set<std::string> cellNames;
     std::unordered_map<std::string, std::uint64_t> cellPlaces; // in the file, by exact name
+    std::set<std::pair<std::int32_t, std::int32_t>> exteriors; // by column and row
     std::unordered_set<std::string> containerIds;
     std::unordered_set<std::string> placedIds;
     std::unordered_set<std::string> heldIds;

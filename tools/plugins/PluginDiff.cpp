@@ -9,6 +9,7 @@
 #include <vaultry/foundation/Text.h>
 
 #include <array>
+#include <functional>
 #include <map>
 #include <optional>
 #include <utility>
@@ -53,6 +54,14 @@ Facts FactsOf(const PluginCell& cell) {
             {"fog colour", ColorWords(cell.fog)},
             {"fog density", ExactNumber(cell.fogDensity)},
             {"water height", ExactNumber(cell.waterHeight)},
+            {"region", Quoted(cell.region)},
+            {"deletion mark", cell.deleted ? "set" : "not set"}};
+}
+
+Facts FactsOfExterior(const PluginCell& cell) {
+    return {{"name", Quoted(cell.name)},
+            {"flags", std::to_string(cell.flags)},
+            {"region", Quoted(cell.region)},
             {"deletion mark", cell.deleted ? "set" : "not set"}};
 }
 
@@ -87,12 +96,12 @@ struct Keyed {
     std::map<NameKey, const T*> byKey;
 };
 
-template <typename T, typename KeyOf>
-Keyed<T> ByKey(const std::vector<T>& list, std::string T::*nameOf, const KeyOf& keyOf) {
+template <typename T, typename NameOf, typename KeyOf>
+Keyed<T> ByKey(const std::vector<T>& list, const NameOf& nameOf, const KeyOf& keyOf) {
     std::map<std::string, std::size_t> seen;
     Keyed<T> keyed;
     for (const T& entry : list) {
-        const std::string name = keyOf(entry.*nameOf);
+        const std::string name = keyOf(std::invoke(nameOf, entry));
         const NameKey key(name, seen[name]++);
         keyed.entries.emplace_back(key, &entry);
         keyed.byKey.emplace(key, &entry);
@@ -149,6 +158,7 @@ public:
         CompareKeys();
         CompareContainers();
         CompareCells();
+        CompareExteriors();
         ComparePathGrids();
         CompareRest();
         return std::move(differences);
@@ -183,17 +193,17 @@ private:
     }
 
     // Calls `changed` for each pair of one key; reports what has no partner.
-    template <typename T, typename KeyOf, typename Changed>
+    template <typename T, typename NameOf, typename KeyOf, typename Changed>
     void CompareLists(const std::string& noun,
                       const std::vector<T>& ofA,
                       const std::vector<T>& ofB,
-                      std::string T::*nameOf,
+                      const NameOf& nameOf,
                       const KeyOf& keyOf,
                       const Changed& changed) {
         const Keyed<T> keyedOfA = ByKey(ofA, nameOf, keyOf);
         const Keyed<T> keyedOfB = ByKey(ofB, nameOf, keyOf);
         const auto setSubject = [&](const T& entry) {
-            subject = noun + ' ' + Quoted(entry.*nameOf);
+            subject = noun + ' ' + Quoted(std::invoke(nameOf, entry));
         };
         for (const auto& [key, entry] : keyedOfA.entries) {
             const auto partner = keyedOfB.byKey.find(key);
@@ -314,6 +324,18 @@ private:
                      });
     }
 
+    void CompareExteriors() {
+        CompareLists("exterior",
+                     a.exteriors,
+                     b.exteriors,
+                     GridWords,
+                     ToUpper,
+                     [this](const PluginCell& ofA, const PluginCell& ofB) {
+                         AddFacts("exterior-changed", FactsOfExterior(ofA), FactsOfExterior(ofB));
+                         CompareRefs(ofA, ofB);
+                     });
+    }
+
     void ComparePathGrids() {
         CompareLists("path-grid",
                      a.pathGrids,
@@ -398,10 +420,10 @@ private:
 
     void CompareRest() {
         subject = "file";
-        if (a.exteriorCells != b.exteriorCells) {
+        if (UnreadExteriors(a) != UnreadExteriors(b)) {
             AddChange("other",
-                      Counted(b.exteriorCells, "exterior cell"),
-                      std::to_string(a.exteriorCells));
+                      Counted(UnreadExteriors(b), "exterior cell"),
+                      std::to_string(UnreadExteriors(a)));
         }
         AddTags("record", a.otherRecords, b.otherRecords);
         AddTags("sub-record", a.skippedSubRecords, b.skippedSubRecords);

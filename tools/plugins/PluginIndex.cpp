@@ -89,6 +89,14 @@ const PluginPathGrid* PluginIndex::PathGridOf(const PluginCell& cell) const {
     return found == pathGrids.end() ? nullptr : found->second;
 }
 
+std::string GridWords(const PluginCell& cell) {
+    return std::to_string(cell.column) + ", " + std::to_string(cell.row);
+}
+
+std::uint64_t UnreadExteriors(const PluginFile& file) {
+    return file.exteriorCells - std::min<std::uint64_t>(file.exteriorCells, file.exteriors.size());
+}
+
 std::uint64_t CountWays(const PluginPathGrid& grid) {
     std::uint64_t count = 0;
     for (const PathPoint& point : grid.points) {

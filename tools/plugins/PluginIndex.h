@@ -5,6 +5,7 @@
 #include <vaultry/output/PluginFile.h>
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -31,6 +32,12 @@ private:
     std::unordered_set<std::string> keys;
     std::unordered_map<const PluginCell*, const PluginPathGrid*> pathGrids;
 };
+
+/// The place of a cell of the world outside: "2, -9".
+std::string GridWords(const PluginCell& cell);
+
+/// The exterior cells of which nothing is kept but their number.
+std::uint64_t UnreadExteriors(const PluginFile& file);
 
 /// How many ways lead from the points of a path grid, one-way ones each.
 std::uint64_t CountWays(const PluginPathGrid& grid);

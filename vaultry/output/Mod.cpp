@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/output/Mod.h>
 
+#include <utility>
+
 namespace Tarnex {
 
 void Mod::SetMasterFile(const char* name, std::uint32_t size) {
@@ -27,10 +29,15 @@ DiPtr<PathGrid> Mod::CreatePathGrid(const char* cell) {
     return pathGrids.emplace_back(MakeDi<PathGrid>(cell));
 }
 
+DiPtr<WorldCell> Mod::CreateWorldCell(CellHead head) {
+    return worldCells.emplace_back(MakeDi<WorldCell>(std::move(head)));
+}
+
 void Mod::ResetContent() {
     keys.clear();
     containers.clear();
     cells.clear();
+    worldCells.clear();
     pathGrids.clear();
 }
 
@@ -44,10 +51,16 @@ void Mod::Write(std::ostream& stream) {
         container->Write(stream);
     }
     std::uint32_t number = 1;
+    const auto writeNumbered = [&](auto& cell) {
+        cell.NumberFrom(number);
+        cell.Write(stream);
+        number += uniqueReferences ? static_cast<std::uint32_t>(cell.GetRefs().size()) : 0;
+    };
     for (const DiPtr<Cell>& cell : cells) {
-        cell->NumberFrom(number);
-        cell->Write(stream);
-        number += uniqueReferences ? static_cast<std::uint32_t>(cell->GetRefs().size()) : 0;
+        writeNumbered(*cell);
+    }
+    for (const DiPtr<WorldCell>& cell : worldCells) {
+        writeNumbered(*cell);
     }
     // A reader has to know the cell: a grid without one is taken for that of the world outside.
     for (const DiPtr<PathGrid>& grid : pathGrids) {

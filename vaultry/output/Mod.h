@@ -8,6 +8,7 @@
 #include <vaultry/output/FileHeader.h>
 #include <vaultry/output/Key.h>
 #include <vaultry/output/PathGrid.h>
+#include <vaultry/output/WorldCell.h>
 
 #include <vector>
 
@@ -54,6 +55,9 @@ public:
     /// of its own.
     DiPtr<PathGrid> CreatePathGrid(const char* cell);
 
+    /// Makes a cell at the end of the list of those of the game that the plug-in adds to.
+    DiPtr<WorldCell> CreateWorldCell(CellHead head);
+
     /// The cells, in the order made.
     const std::vector<DiPtr<Cell>>& GetCells() const { return cells; }
     /// The containers, in the order made.
@@ -65,13 +69,16 @@ public:
     /// The path grids, in the order made.
     const std::vector<DiPtr<PathGrid>>& GetPathGrids() const { return pathGrids; }
 
+    /// The cells of the game that the plug-in adds to, in the order made.
+    const std::vector<DiPtr<WorldCell>>& GetWorldCells() const { return worldCells; }
+
     /// Drops all keys, cells, containers and path grids; the header stays. What others hold of them
     /// lives on, outside of the plug-in.
     void ResetContent();
 
-    /// Writes header, keys, containers, cells and path grids, in that order, to a stream in binary
-    /// mode. Can be repeated, and gives the same bytes each time. Whether they arrived is for the
-    /// stream to say.
+    /// Writes header, keys, containers, cells, those of the game and path grids, in that order, to
+    /// a stream in binary mode. Can be repeated, and gives the same bytes each time. Whether they
+    /// arrived is for the stream to say.
     void Write(std::ostream& stream) override;
 
 private:
@@ -80,6 +87,7 @@ private:
     std::vector<DiPtr<Key>> keys;
     std::vector<DiPtr<Container>> containers;
     std::vector<DiPtr<Cell>> cells;
+    std::vector<DiPtr<WorldCell>> worldCells;
     std::vector<DiPtr<PathGrid>> pathGrids;
 };
 

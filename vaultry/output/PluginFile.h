@@ -80,16 +80,19 @@ struct PluginRef {
 /// A colour as it stands in the file: red in the lowest byte.
 using PluginColor = std::uint32_t;
 
-/// One interior.
+/// One interior, or a cell of the world outside.
 struct PluginCell {
     std::uint64_t offset = 0; ///< of its record [bytes]
-    std::string name;         ///< by which doors and the console find it
+    std::string name;         ///< by which doors and the console find it; outside mostly empty
     std::uint32_t flags = 1;  ///< 1 an interior, 2 with water, 4 no sleeping, 128 like an exterior
     PluginColor ambient = 0;  ///< light from all sides
     PluginColor sunlight = 0; ///< light from above
     PluginColor fog = 0;      ///< what distance fades into
     float fogDensity = 0.0F;  ///< from 0 (none) to 1
     float waterHeight = 0.0F; ///< [world units]
+    std::int32_t column = 0;  ///< outside: to the east of the middle of the world [cells]
+    std::int32_t row = 0;     ///< outside: to the north of it [cells]
+    std::string region;       ///< outside, and of interiors that are like it: weather and music
     bool deleted = false;     ///< takes away what a master made
     std::vector<PluginRef> refs;           ///< in the order of the file
     std::optional<std::uint32_t> refCount; ///< as NAM0 says
@@ -144,10 +147,12 @@ struct PluginFile {
     bool isPlugin = false;
     /// Whether all bytes could be read; otherwise a finding tells where it ended.
     bool complete = false;
-    std::uint64_t size = 0;                  ///< of the file [bytes]
-    PluginHeader header;                     ///< its first record
-    std::vector<PluginCell> cells;           ///< the interiors
-    std::uint64_t exteriorCells = 0;         ///< how many; they are not read
+    std::uint64_t size = 0;          ///< of the file [bytes]
+    PluginHeader header;             ///< its first record
+    std::vector<PluginCell> cells;   ///< the interiors
+    std::uint64_t exteriorCells = 0; ///< how many there are of the world outside
+    /// Those of them that have teleporting doors, and of their references no other ones.
+    std::vector<PluginCell> exteriors;
     std::vector<PluginKey> keys;             ///< in the order of the file
     std::vector<PluginContainer> containers; ///< in the order of the file
     std::vector<PluginPathGrid> pathGrids;   ///< in the order of the file

@@ -119,6 +119,15 @@ void StoreMasterSize(PluginHeader& header, std::string_view data) {
     }
 }
 
+// An interior has its light where the others have their place.
+void StoreCellData(PluginCell& cell, std::string_view data) {
+    cell.flags = WordAt(data, 0);
+    if ((cell.flags & kInterior) == 0) {
+        cell.column = IntAt(data, 4);
+        cell.row = IntAt(data, 8);
+    }
+}
+
 void StoreLight(PluginCell& cell, std::string_view data) {
     cell.ambient = WordAt(data, 0);
     cell.sunlight = WordAt(data, 4);
@@ -181,7 +190,8 @@ constexpr Field<PluginHeader> kHeaderFields[] = {
 // The water height is a whole number in files of the game's first editor and of this library.
 constexpr Field<PluginCell> kCellFields[] = {
     {"NAME", kAnySize, Times::Needed, [](auto& c, auto d) { c.name = TextOf(d); }},
-    {"DATA", 12,       Times::Needed, [](auto& c, auto d) { c.flags = WordAt(d, 0); }},
+    {"DATA", 12,       Times::Needed, StoreCellData},
+    {"RGNN", kAnySize, Times::Once,   [](auto& c, auto d) { c.region = TextOf(d); }},
     {"INTV", 4,        Times::Once,   StoreWholeHeight},
     {"WHGT", 4,        Times::Once,   [](auto& c, auto d) { c.waterHeight = FloatAt(d, 0); }},
     {"AMBI", 16,       Times::Once,   StoreLight},
@@ -489,6 +499,11 @@ void Reader::FinishRef(PluginCell& cell, bool cut) {
     }
     PluginRef& ref = openRef->value;
     const std::string owner = "reference " + std::to_string(ref.index);
+    // What else the world has is no matter of interiors, and there is much of it.
+    if ((cell.flags & kInterior) == 0 && !ref.destination) {
+        openRef.reset();
+        return;
+    }
     if (ref.deleted || Finish<PluginRef>(kRefFields, *openRef, cut, ref.offset, owner)) {
         cell.refs.push_back(std::move(ref));
     }
@@ -519,18 +534,15 @@ void Reader::ReadCell(Record& record) {
     SubRecord sub;
     cell.value.offset = record.offset;
     while (NextSubRecord(record, sub)) {
-        // What an exterior holds is walked over, but not read.
-        if ((cell.value.flags & kInterior) != 0) {
-            ReadCellPart(sub, cell);
-        }
-    }
-    if ((cell.value.flags & kInterior) == 0) {
-        openRef.reset();
-        ++file.exteriorCells;
-        return;
+        ReadCellPart(sub, cell);
     }
     FinishRef(cell.value, record.cut);
-    if (Finish<PluginCell>(kCellFields, cell, record.cut, record.offset, "CELL")) {
+    if ((cell.value.flags & kInterior) == 0) {
+        ++file.exteriorCells;
+        if (!cell.value.refs.empty()) {
+            file.exteriors.push_back(std::move(cell.value));
+        }
+    } else if (Finish<PluginCell>(kCellFields, cell, record.cut, record.offset, "CELL")) {
         file.cells.push_back(std::move(cell.value));
     }
 }

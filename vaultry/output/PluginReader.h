@@ -15,8 +15,9 @@ inline constexpr std::size_t kMostPluginFindings = 1000;
 /// Reads the bytes of a plug-in. Every size is checked against the bytes that are there; what does
 /// not fit is told in the findings, which are ASCII, and reading goes on behind it as long as it is
 /// certain where the next record begins. Records and sub-records that are not known are skipped and
-/// counted, exterior cells are counted. Only the form is judged here, not whether the content makes
-/// sense. Throws nothing but std::bad_alloc; the bytes are needed during the call only.
+/// counted. Exterior cells are counted, and nothing but their teleporting doors is kept. Only the
+/// form is judged here, not whether the content makes sense. Throws nothing but std::bad_alloc; the
+/// bytes are needed during the call only.
 ///
 /// @code
 /// const Tarnex::PluginFile file = Tarnex::ReadPlugin(bytes);

@@ -136,6 +136,33 @@ TEST_F(InspectReportTest, TellsWhatIsNotShown) {
               "(ANAM 1)\n");
 }
 
+TEST_F(InspectReportTest, TellsWhichDoorsLeadInFromOutside) {
+    EXPECT_EQ(Lines("Outside"), "");
+    EXPECT_EQ(Json().at("exteriors"), nlohmann::json::array());
+    PluginCell& outside = file.exteriors.emplace_back();
+    file.exteriorCells = 3;
+    outside.flags = 2;
+    outside.column = -2;
+    outside.row = 9;
+    outside.refs = {file.cells[0].refs[1]};
+    EXPECT_EQ(Lines("Outside"), "Outside (-2, 9): no region, 1 teleport\n");
+    EXPECT_EQ(Lines("Not shown"), "  Not shown    2 exterior cells\n");
+    outside.name = "Gnisis";
+    outside.region = "West Gash";
+    outside.deleted = true;
+    const std::string text = Text();
+    const std::string shown = "\nOutside (-2, 9), \"Gnisis\": region \"West Gash\", 1 teleport, "
+                              "deleted\n"
+                              "  Leads to     \"Café\", at (512, -256, 0) facing 270, by "
+                              "reference 2\n";
+    EXPECT_NE(text.find(shown), std::string::npos) << text;
+    const nlohmann::json json = Json().at("exteriors").at(0);
+    EXPECT_EQ(json.at("grid").dump(), "[-2,9]");
+    EXPECT_EQ(json.at("region"), "West Gash");
+    EXPECT_EQ(json.at("flags"), 2);
+    EXPECT_EQ(json.at("references").at(0).at("destination").at("cell"), "Café");
+}
+
 TEST_F(InspectReportTest, TellsOfThePathGridOfACell) {
     EXPECT_EQ(Lines("Path grid"), "");
     file.pathGrids = {{0, "Crypt", {{0, 0, 0, {1}}, {256, 0, 0, {0}}}}, {0, "crypt", {}}};

@@ -269,6 +269,28 @@ TEST_F(PluginChecksTest, AContainerIsPlacedSomewhere) {
     EXPECT_EQ(Findings(), Lines{});
 }
 
+TEST_F(PluginChecksTest, DoorsOutsideLeadSomewhereAndEachCellIsThereOnce) {
+    Ref place("Crypt");
+    Ref door("ex_cave_door_01");
+    door.Teleport(place);
+    mod.CreateWorldCell(WildernessHead(-2, 9, ""))->AddRef(door);
+    file = ReadBack(mod);
+    EXPECT_EQ(Findings(), Lines{});
+    file.exteriors[0].refs[0].destination->cell = "Nowhere";
+    file.exteriors.push_back(file.exteriors[0]);
+    file.exteriors[1].row = 8;
+    file.exteriors[1].refs[0].destination->cell = "crypt";
+    file.exteriors[1].refs.push_back(file.exteriors[1].refs[0]);
+    file.exteriors.push_back(file.exteriors[1]);
+    file.exteriors[2].refs.resize(1);
+    EXPECT_EQ(
+        Findings(),
+        (Lines{"outside (-2, 8) has the place of another",
+               "outside (-2, 9), reference 1 \"ex_cave_door_01\" leads to \"Nowhere\", not in "
+               "this plug-in",
+               "outside (-2, 8), reference 1 \"ex_cave_door_01\" has the number of another"}));
+}
+
 TEST_F(PluginChecksTest, ContainerIdsAreThereUniqueAndNotTooLong) {
     const std::string tooLong(32, 'c');
     for (const char* id : {"cTR5_1", tooLong.c_str(), ""}) {

@@ -64,6 +64,34 @@ TEST_F(PluginDiffTest, TellsOfPathGrids) {
                      "2"}));
 }
 
+// The door into the sample from the world outside.
+Ref OuterDoor() {
+    Ref place("Crypt");
+    Ref door("ex_cave_door_01");
+    door.Teleport(place);
+    return door;
+}
+
+TEST_F(PluginDiffTest, TellsOfCellsOutsideByTheirPlace) {
+    mod.CreateWorldCell(WildernessHead(-2, 9, "West Gash"))->AddRef(OuterDoor());
+    b = ReadBack(mod);
+    EXPECT_EQ(Differences(), (Lines{"exterior-added | exterior \"-2, 9\" | is new"}));
+    std::swap(a, b);
+    EXPECT_EQ(Differences(), (Lines{"exterior-removed | exterior \"-2, 9\" | is missing"}));
+    b = a;
+    EXPECT_EQ(Differences(), Lines{});
+    b.exteriors.at(0).region = "";
+    b.exteriors[0].flags = 6;
+    b.exteriors[0].refs.at(0).destination->arrival.position.x = 5;
+    EXPECT_EQ(Differences(),
+              (Lines{"exterior-changed | exterior \"-2, 9\" | flags is 6 instead of 2",
+                     "exterior-changed | exterior \"-2, 9\" | region is \"\" instead of \"West "
+                     "Gash\"",
+                     "reference-retargeted | exterior \"-2, 9\" | \"ex_cave_door_01\" at (0, 0, "
+                     "0) leads to \"Crypt\" at (5, 0, 0) facing 0 instead of to \"Crypt\" at (0, "
+                     "0, 0) facing 0"}));
+}
+
 TEST_F(PluginDiffTest, TellsOfLocksAndTraps) {
     PluginRef& door = b.cells.at(0).refs.at(1);
     const std::string where =
