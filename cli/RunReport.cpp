@@ -101,6 +101,7 @@ void TakeOver(const RunResult& run, RunReport& report) {
     report.tries = run.tries;
     report.levels = run.levels;
     report.arrivals = run.arrivals;
+    report.entrance = run.entrance;
 }
 
 void CountContent(const Mod& mod, RunReport& report) {
@@ -147,6 +148,10 @@ std::vector<std::string> NextSteps(const RunReport& report) {
         steps.push_back("load a game, open the console (the key left of 1) and type: " +
                         ConsoleLine(report.arrivals.front()));
     }
+    if (report.entrance) {
+        steps.push_back("or walk in; to stand before the door: " +
+                        ConsoleLine(report.entrance->outside));
+    }
     return steps;
 }
 
@@ -165,6 +170,7 @@ std::string ToJson(const RunReport& report) {
     json["levels"] = Report::LevelsJson(report.levels);
     json["chosen"] = Report::ChosenJson(report.levels);
     json["arrivals"] = Report::ArrivalsJson(report.arrivals);
+    json["entrance"] = Report::EntranceJson(report.entrance);
     if (report.interior) {
         json["walkable"] = report.interior->unreachable.empty();
     }

@@ -44,6 +44,7 @@ struct RunReport {
     GenReport levels;
     std::optional<InteriorReport> interior; ///< of a fixed interior that was made
     std::vector<Arrival> arrivals;          ///< of the levels, where one can arrive
+    std::optional<MadeEntrance> entrance;   ///< the way in from the world
     std::uint32_t tries = 1;                ///< seeds tried
     std::uint64_t containers = 0;
     std::uint64_t entries = 0; ///< inventory entries of all containers

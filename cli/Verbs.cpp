@@ -208,7 +208,8 @@ std::string WithWords(std::string help, const std::vector<std::string>& words) {
 }
 
 // What help calls the value of an option, in the order of OptionKind.
-constexpr std::array<const char*, 6> kValueWords = {"", "NAME", "N", "WORD", "A..B", "FILE"};
+constexpr std::array<const char*, 8> kValueWords = {
+    "", "NAME", "N", "WORD", "X,Y,Z,ANGLE", "FOLDER", "A..B", "FILE"};
 
 CLI::Option* AddRunOption(CLI::App& verb, const OptionRow& row, RunOptions& options) {
     const std::string option = std::string("--") + row.name;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads any bytes as a plug-in, makes every report of it and draws it.
+// Reads any bytes as a plug-in, makes every report of it and draws it, and asks it for cells as one
+// of the game's files.
 #include "fuzz/Require.h"
 #include "tools/maps/MapHtml.h"
 #include "tools/maps/MapSvg.h"
@@ -9,10 +10,13 @@
 #include "tools/plugins/InspectReport.h"
 #include "tools/plugins/PluginChecks.h"
 
+#include <vaultry/game/GameCell.h>
+#include <vaultry/game/GameFault.h>
 #include <vaultry/output/PluginReader.h>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <sstream>
 #include <vector>
@@ -75,6 +79,21 @@ void Draw(const PluginFile& file, std::ostream& out) {
     Report::WriteHtml(levels, survey, caption, Report::MapLook::Auto, out);
 }
 
+// As one of the game's files, which an entrance asks for a cell.
+void AskForCells(std::string_view bytes) {
+    for (const CellAsked& asked : {CellAsked{"a", 0, 0}, CellAsked{"", 0, 0}}) {
+        std::istringstream file{std::string(bytes)};
+        GameCell cell;
+        try {
+            ReadGameCell(file, asked, cell);
+        } catch (const GameFault& fault) {
+            Require(*fault.what() != '\0');
+        }
+        Require(!cell.head || cell.head->bytes.size() <= bytes.size());
+        Require(!cell.land || std::isfinite(HeightAt(*cell.land, 4000.0, 100.0)));
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -93,5 +112,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Report::PrintDiff(diff, text);
     Require(!Report::ToJson(diff).empty());
     Draw(whole.file, text);
+    AskForCells(bytes);
     return 0;
 }

@@ -41,6 +41,18 @@ protected:
         return dir.Write("made.esp", Written(mod));
     }
 
+    // A door that leads to a place in a cell.
+    static Ref Door(const Di3Point& position, const char* cell, float arrivalX) {
+        Ref place(cell);
+        place.position = Di3Point(arrivalX, -256.0F, 128.0F);
+        place.rotation = Di3Point(0.0F, 0.0F, 3.14159274F);
+        Ref door("in_impsmall_door_01");
+        door.position = position;
+        door.rotation = Di3Point(0.0F, 0.0F, 1.57079637F);
+        door.Teleport(place);
+        return door;
+    }
+
     Mod mod;
 
 private:
@@ -73,17 +85,6 @@ private:
     void FillVault() {
         const DiPtr<Cell> cell = mod.CreateCell("Crypt, Level 2");
         cell->AddRef(Door(Di3Point(64.0F, -64.0F, 0.0F), "Crypt, Level 1", 768.0F));
-    }
-
-    static Ref Door(const Di3Point& position, const char* cell, float arrivalX) {
-        Ref place(cell);
-        place.position = Di3Point(arrivalX, -256.0F, 128.0F);
-        place.rotation = Di3Point(0.0F, 0.0F, 3.14159274F);
-        Ref door("in_impsmall_door_01");
-        door.position = position;
-        door.rotation = Di3Point(0.0F, 0.0F, 1.57079637F);
-        door.Teleport(place);
-        return door;
     }
 };
 

@@ -45,6 +45,7 @@ TEST(RunOptionsTest, WhatIsSetIsReadBackAndResetIsAsBefore) {
         const std::vector<std::string> words = WordsOf(row);
         const std::string text = KindOf(row) == OptionKind::Switch   ? "true"
                                  : KindOf(row) == OptionKind::Number ? "7"
+                                 : KindOf(row) == OptionKind::Place  ? "1,2,3,4"
                                  : KindOf(row) == OptionKind::Range  ? "7..8"
                                  : words.empty()                     ? "Grot"
                                                                      : words.back();

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 #include <sstream>
 #include <string>
@@ -136,6 +137,132 @@ TEST_F(RunTest, ACellWithoutANameHasNoPathGrid) {
     Generate();
     EXPECT_EQ(manager.mod.GetCells().size(), 1U);
     EXPECT_TRUE(manager.mod.GetPathGrids().empty());
+}
+
+// The references of a cell that another has not, whatever their numbers.
+std::vector<std::string> Added(const PluginCell& before, const PluginCell& now) {
+    std::multiset<std::string> known;
+    const auto textOf = [](const PluginRef& ref) {
+        const Di3Point& at = ref.place.position;
+        return ref.id + ' ' + std::to_string(at.x) + ' ' + std::to_string(at.y) + ' ' +
+               std::to_string(at.z) + ' ' + std::to_string(ref.place.rotation.z);
+    };
+    for (const PluginRef& ref : before.refs) {
+        known.insert(textOf(ref));
+    }
+    std::vector<std::string> added;
+    for (const PluginRef& ref : now.refs) {
+        const auto found = known.find(textOf(ref));
+        if (found == known.end()) {
+            added.push_back(ref.id);
+        } else {
+            known.erase(found);
+        }
+    }
+    return added;
+}
+
+const PluginRef* TeleportTo(const PluginCell& cell, const std::string& name) {
+    const auto door = std::ranges::find_if(cell.refs, [&name](const PluginRef& ref) {
+        return ref.destination && ref.destination->cell == name;
+    });
+    return door == cell.refs.end() ? nullptr : &*door;
+}
+
+TEST_F(RunTest, AnEntranceIsADoorOutsideAndOneInTheFirstLevelThatLeadBothWays) {
+    options.numLevels = 2;
+    Generate();
+    const std::string plain = Bytes();
+    const PluginFile before = ReadPlugin(plain);
+    options.entrance = {1000.0, -9000.0, 300.0, 90};
+    options.entranceRegion = "West Gash";
+    const RunResult made = Generate();
+    ASSERT_EQ(made.end, RunEnd::Made);
+    EXPECT_TRUE(made.problems.empty());
+    const PluginFile file = ReadPlugin(Bytes());
+    EXPECT_TRUE(file.findings.empty());
+    ASSERT_EQ(file.cells.size(), 2U);
+    ASSERT_EQ(file.exteriors.size(), 1U);
+    EXPECT_EQ(file.exteriors[0].column, 0);
+    EXPECT_EQ(file.exteriors[0].row, -2);
+    EXPECT_EQ(file.exteriors[0].region, "West Gash");
+    EXPECT_EQ(file.exteriors[0].name, "");
+
+    const PluginRef* const outer = TeleportTo(file.exteriors[0], "dungeon, Level 1");
+    const PluginRef* const inner = TeleportTo(file.cells[0], "");
+    ASSERT_NE(outer, nullptr);
+    ASSERT_NE(inner, nullptr);
+    EXPECT_EQ(inner->id, "in_impsmall_door_01");
+    EXPECT_EQ(inner->destination->arrival.position.x, 1128.0F);
+    EXPECT_EQ(inner->destination->arrival.position.y, -9000.0F);
+    EXPECT_EQ(inner->destination->arrival.position.z, 300.0F);
+    // One stands on the floor, no farther from the door than in the middle of its cell.
+    const Di3Point& at = outer->destination->arrival.position;
+    EXPECT_EQ(at.z, -96.0F);
+    EXPECT_LE(std::hypot(at.x - inner->place.position.x, at.y - inner->place.position.y), 160.0F);
+
+    // A wall became a doorway with its door; all else stands where it stood.
+    const std::vector<std::string> doors = {
+        "in_impsmall_r_entr_01", "in_impsmall_doorjam_01", "in_impsmall_door_01"};
+    EXPECT_EQ(Added(before.cells[0], file.cells[0]), doors);
+    EXPECT_EQ(Added(file.cells[0], before.cells[0]).size(), 1U);
+    EXPECT_EQ(Added(before.cells[1], file.cells[1]), std::vector<std::string>());
+    const std::size_t firstCell = before.cells[0].offset;
+    EXPECT_EQ(Bytes().substr(0, firstCell), plain.substr(0, firstCell));
+
+    ASSERT_TRUE(made.entrance);
+    EXPECT_EQ(made.entrance->inside.cell, "dungeon, Level 1");
+    EXPECT_EQ(made.entrance->outside.facing, 90);
+    options.entrance.reset();
+    Generate();
+    EXPECT_EQ(Bytes(), plain);
+}
+
+TEST_F(RunTest, TheEntranceOfAFixedInteriorIsTheDoorOfItsAuthor) {
+    options.fixed = true;
+    options.layout = "Sunken Shrine";
+    Generate();
+    const PluginFile before = ReadPlugin(Bytes());
+    options.entrance = {0.0, 0.0, 0.0, 0};
+    options.entranceRegion = "West Gash";
+    ASSERT_TRUE(Generate().entrance);
+    const PluginFile file = ReadPlugin(Bytes());
+    EXPECT_EQ(Added(before.cells.at(0), file.cells.at(0)), std::vector<std::string>());
+    EXPECT_NE(TeleportTo(file.cells[0], ""), nullptr);
+}
+
+TEST_F(RunTest, AnEntranceNeedsTheGameOrAHeightAndARegionAndACellWithAName) {
+    const auto refused = [this] {
+        const RunResult result = Generate();
+        EXPECT_EQ(result.end, RunEnd::Refused);
+        EXPECT_EQ(result.problems.size(), 1U);
+        return result.problems.empty() ? "" : TextOf(result.problems[0]);
+    };
+    const std::string start = "Run : There is no place for the entrance:  ";
+    options.entrance = {0.0, 0.0, 0.0, 0};
+    options.game = {VAULTRY_SOURCE_DIR "/nowhere"};
+    EXPECT_EQ(refused(), start + "--game: \"" VAULTRY_SOURCE_DIR "/nowhere\" is no folder.");
+    options.game.reset();
+    options.entranceRegion = "West Gash";
+    options.entrance->z.reset();
+    EXPECT_EQ(refused(),
+              start + "without the game's files a place needs its height, --entrance X,Y,Z.");
+    options.entrance->z = 0.0;
+    options.cell = "";
+    EXPECT_EQ(refused(), start + "no door leads to a cell without a name; give it one.");
+}
+
+TEST_F(RunTest, ASearchJudgesTheDungeonThatIsMade) {
+    options.entrance = {0.0, 0.0, std::nullopt, 0};
+    Tarnex::Run run(manager, options);
+    EXPECT_EQ(run.GenerateFrom(3).end, RunEnd::Made);
+    const PluginFile searched = ReadPlugin(Bytes());
+    options.entrance->z = 0.0;
+    options.entranceRegion = "West Gash";
+    Generate();
+    const PluginFile made = ReadPlugin(Bytes());
+    EXPECT_EQ(Added(searched.cells.at(0), made.cells.at(0)), std::vector<std::string>());
+    EXPECT_NE(TeleportTo(searched.cells[0], ""), nullptr);
 }
 
 TEST_F(RunTest, WhatChanceDecidesIsToldAndRepeats) {

@@ -97,6 +97,10 @@ bool Holds(const LevelMap& /*map*/, const MapCell& cell) {
     return std::ranges::find(cell.contents, Sign, &MapContent::sign) != cell.contents.end();
 }
 
+bool LeadsOn(const MapCell& cell) {
+    return cell.door && cell.teleport;
+}
+
 const auto kEntries = std::to_array<LegendEntry>({
     {{R"(<path class="floor" d="M0 0H24V24H0Z"/><path class="wall" d="M0 0H24V24H0Z"/>)",
       "room",
@@ -119,7 +123,11 @@ const auto kEntries = std::to_array<LegendEntry>({
     {{R"(<path class="wall" d="M0 12H6M18 12H24"/><path class="tele" d="M6 9.5H18V14.5H6Z"/>)",
       "door to a level",
       "doors"},
-     [](const LevelMap&, const MapCell& cell) { return cell.door && cell.teleport; }},
+     [](const LevelMap&, const MapCell& cell) { return LeadsOn(cell) && !cell.leadsTo.empty(); }},
+    {{R"(<path class="wall" d="M0 12H6M18 12H24"/><path class="tele" d="M6 9.5H18V14.5H6Z"/>)",
+      "door to the outside",
+      "doors"},
+     [](const LevelMap&, const MapCell& cell) { return LeadsOn(cell) && cell.leadsTo.empty(); }},
     {{R"(<path class="wall" d="M0 4H6M18 4H24"/><path class="tele" d="M12 8L7 18H17Z"/>)",
       "way in",
       "doors"},

@@ -42,8 +42,8 @@ constexpr std::array<const char*, 5> kEndWords = {
     "made", "refused", "cancelled", "unwalkable", "unclosed"};
 
 // In the order of OptionKind.
-constexpr std::array<const char*, 6> kKindWords = {
-    "switch", "text", "number", "word", "range", "file"};
+constexpr std::array<const char*, 8> kKindWords = {
+    "switch", "text", "number", "word", "place", "folder", "range", "file"};
 
 Json TextOrNull(const char* text) {
     return text == nullptr ? Json(nullptr) : Json(text);
@@ -157,6 +157,7 @@ std::string ToJson(const RunResult& run, const RunOptions& options) {
     json["levels"] = LevelsJson(run.levels);
     json["chosen"] = ChosenJson(run.levels);
     json["arrivals"] = ArrivalsJson(run.arrivals);
+    json["entrance"] = EntranceJson(run.entrance);
     json["walkable"] = options.fixed ? Json(nullptr) : Json(run.levels.IsWalkable());
     json["tries"] = run.tries;
     json["errors"] = ErrorLines(run.problems);

@@ -45,6 +45,13 @@ Json ArrivalsJson(const std::vector<Arrival>& arrivals) {
     return list;
 }
 
+Json EntranceJson(const std::optional<MadeEntrance>& entrance) {
+    if (!entrance) {
+        return nullptr;
+    }
+    return {{"outside", ArrivalJson(entrance->outside)}, {"inside", ArrivalJson(entrance->inside)}};
+}
+
 Json DegreesJson(const Di3Point& radians) {
     return Json::array(
         {RoundedDegrees(radians.x), RoundedDegrees(radians.y), RoundedDegrees(radians.z)});

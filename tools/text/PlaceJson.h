@@ -7,6 +7,7 @@
 #include <vaultry/foundation/Di3Point.h>
 #include <vaultry/run/Arrival.h>
 
+#include <optional>
 #include <vector>
 
 namespace Tarnex::Report {
@@ -25,5 +26,8 @@ Json ArrivalJson(const Arrival& arrival);
 
 /// Likewise, for each level that has such a place.
 Json ArrivalsJson(const std::vector<Arrival>& arrivals);
+
+/// Both sides of the way into a dungeon; null for none.
+Json EntranceJson(const std::optional<MadeEntrance>& entrance);
 
 } // namespace Tarnex::Report

@@ -75,6 +75,8 @@ constexpr auto kKinds = std::to_array<KindRow>({
     {NothingGenerated,   "nothing-generated",     Error, kManager,   "Unable to write the plug-in:  Nothing was generated."},
     {WriteMemory,        "write-memory",          Error, kManager,   "Unable to write the plug-in:  Out of memory."},
     {FieldTooLong,       "field-too-long",        Error, "XmlOut",   "Output string ('%s') exceeded maximum field length of %s."},
+    {NoWayOut,           "no-way-out",            Error, kGenerator, "No wall of '%s' is free for a door that leads out; try another seed or tile set."},
+    {NoEntrance,         "no-entrance",           Error, "Run",      "There is no place for the entrance:  %s."},
 });
 // clang-format on
 

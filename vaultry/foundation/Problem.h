@@ -65,6 +65,8 @@ enum class ProblemKind : std::uint8_t {
     NothingGenerated,   ///< there is nothing to write
     WriteMemory,        ///< there was too little to write the plug-in
     FieldTooLong,       ///< the text, and how long its field is [bytes]
+    NoWayOut,           ///< the cell that was to have a door out of the dungeon
+    NoEntrance,         ///< why there is no place for a door into the dungeon, a sentence
 };
 
 /// Something that is wrong. All text is Windows-1252, but for the file's name. A plain value: it

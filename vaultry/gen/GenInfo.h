@@ -36,6 +36,9 @@ struct VAULTRY_API GenInfo {
     /// Give the cell of a single random level the name asked for; without it that cell has the
     /// empty name.
     bool nameSingleLevel = false;
+    /// Where a door of the first level leads, out of the dungeon, as Ref::Teleport takes it; null:
+    /// none does.
+    DiPtr<Ref> wayOut;
     LevelObserver* levelObserver = nullptr; ///< the caller's, not owned; may be null
     GenReport report;       ///< what the last run came to; written by the generators
     mutable RunMeter meter; ///< of the run now under way

@@ -5,6 +5,7 @@
 #include <vaultry/catalogue/Vocabulary.h>
 #include <vaultry/foundation/Problem.h>
 #include <vaultry/gen/LevelObserver.h>
+#include <vaultry/gen/WayOut.h>
 #include <vaultry/gen/WorldPlace.h>
 #include <vaultry/layout/ElmtKind.h>
 
@@ -255,11 +256,37 @@ void GenIntBase::DoCvtTile(Cell& target,
     if (IsDoorTile(tile)) {
         ref.sort = RefSort::Door;
         // Only the leaf of the door leads away; its frame and its jamb are walls.
-        if (elmt.isTeleport && elmt.teleLayout) {
+        if (elmt.leadsOut) {
+            ref.Teleport(*info.wayOut);
+        } else if (elmt.isTeleport && elmt.teleLayout) {
             MakeTeleport(ref, elmt);
         }
     }
     target.AddRef(std::move(ref));
+}
+
+void GenIntBase::SetDoor(GridElmt& elmt, const Side& side, const TileSet& set) {
+    elmt.ReplaceTiles(set.Get(side.doorway));
+    elmt.AddTile(set.Get(side.doorjamb));
+    elmt.AddTile(set.Get(side.door));
+}
+
+void GenIntBase::AddWayOut(const Layout& level, const LevelReport* report) const {
+    if (!info.wayOut) {
+        return;
+    }
+    const std::optional<WayOutPlace> found = ChooseWayOut(level, *tileSet, report);
+    if (!found) {
+        ReportProblem({ProblemKind::NoWayOut, {cell->GetName()}});
+        return;
+    }
+    GridElmt& elmt = *level.GetElmt(static_cast<std::uint32_t>(found->place.y),
+                                    static_cast<std::uint32_t>(found->place.x));
+    if (!found->isDoor) {
+        SetDoor(elmt, *found->side, *tileSet);
+        elmt.contents.clear();
+    }
+    elmt.isTeleport = elmt.leadsOut = true;
 }
 
 // The arrival point is the cell of the door on the other side; neither that layout's own offset nor

@@ -4,6 +4,7 @@
 
 #include <vaultry/gen/GenInfo.h>
 #include <vaultry/layout/Layout.h>
+#include <vaultry/layout/Sides.h>
 
 #include <cstdint>
 #include <vector>
@@ -71,6 +72,11 @@ protected:
                    const Tile& tile,
                    const DiPos& pos,
                    const Di3Point& offset) const;
+    /// Sets a door into the wall on that side, in place of the element's tiles.
+    static void SetDoor(GridElmt& elmt, const Side& side, const TileSet& set);
+    /// Gives the level, the first of the run, the door that leads out, if there is to be one. After
+    /// the contents, which are placed by chance and stand as they would without it.
+    void AddWayOut(const Layout& level, const LevelReport* report) const;
     /// Appends references for the pieces of the element's platform.
     void CvtPlatforms(Cell& target,
                       const GridElmt& elmt,

@@ -112,11 +112,8 @@ DiPtr<GridElmt> GenIntRandom::AddTeleDoor(Layout& layout, const DiPos& pos) cons
     // By the first tile. What has no straight facing stays as it is and yet leads to the other
     // level.
     if (const Side* side = FindSide(GetElmtDir(*elmt))) {
-        const TileSet& set = *layout.GetTileSet();
         // From the level's own set, which need not be the one of the level made last.
-        elmt->ReplaceTiles(set.Get(side->doorway));
-        elmt->AddTile(set.Get(side->doorjamb));
-        elmt->AddTile(set.Get(side->door));
+        SetDoor(*elmt, *side, *layout.GetTileSet());
     }
     return elmt;
 }

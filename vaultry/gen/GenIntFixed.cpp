@@ -20,6 +20,7 @@ void GenIntFixed::Make() {
     }
     SeedContents();
     AddContents(layout);
+    AddWayOut(layout, nullptr);
     // Containers come into being here, to be filled by the next step.
     FillCell(layout);
     AddCtrTreasure(containers);

@@ -233,6 +233,9 @@ void GenIntRandom::FinishLevel(Layout& level,
     AddContents(level);
     // After the contents, which stay where they are without these changes.
     ApplyChanges(level, *tileSet, changed);
+    if (first) {
+        AddWayOut(level, &report);
+    }
     // Containers come into being when the cell is filled; only then can treasure be put into them.
     FillCell(level);
     AddCtrTreasure(containers);

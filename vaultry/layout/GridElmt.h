@@ -34,6 +34,7 @@ public:
     /// No further content may be placed here: something other than a rug stands in the cell.
     bool isFull = false;
     bool isShadow = false;    ///< made by Layout::AddShadows
+    bool leadsOut = false;    ///< a teleporting door that leads out of the dungeon
     Tiles tiles;              ///< in placement order; the first decides kind and facing
     DiPtr<Layout> teleLayout; ///< the level that a teleporting door leads to, or null
     std::vector<DiPtr<ContentItem>> contents;   ///< in placement order

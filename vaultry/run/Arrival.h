@@ -15,7 +15,7 @@ namespace Tarnex {
 /// is to lead there.
 struct Arrival {
     std::size_t level = 0;   ///< counted from 0 among those that were made
-    std::string cell;        ///< the level's [UTF-8]
+    std::string cell;        ///< the level's [UTF-8]; empty: the world outside
     Di3Point place;          ///< of the feet [world units]
     std::int32_t facing = 0; ///< clockwise from north [whole degrees]
     /// On the even floor of a room that can be reached, with nothing within a body's width. A level
@@ -23,8 +23,15 @@ struct Arrival {
     bool good = false;
 };
 
+/// The way into a dungeon from the world, and back.
+struct MadeEntrance {
+    Arrival outside; ///< before the outer door; its cell is empty in the world, its level 0
+    Arrival inside;  ///< before the inner one
+};
+
 /// What one types into the game's console to stand there, in UTF-8. Places are rounded to whole
-/// units. A cell's name with a quotation mark in it cannot be typed there.
+/// units. Without a cell it is a place of the world outside. A cell's name with a quotation mark in
+/// it cannot be typed there.
 VAULTRY_API std::string ConsoleLine(const Arrival& arrival);
 
 } // namespace Tarnex

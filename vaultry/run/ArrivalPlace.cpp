@@ -39,15 +39,6 @@ Shift InwardShift(const StandingCell& cell) {
     return shift;
 }
 
-Di3Point FeetAt(const StandingCell& cell, const Ground& ground) {
-    const Shift shift = InwardShift(cell);
-    const double x = cell.place.x + shift.x / 4.0;
-    const double y = cell.place.y + shift.y / 4.0;
-    return {static_cast<float>(ground.corner.x + x * ground.tileSize),
-            static_cast<float>(ground.corner.y - y * ground.tileSize),
-            static_cast<float>(ground.corner.z + ground.feet)};
-}
-
 // What stands on a level, to be asked for what is near.
 class Things {
 public:
@@ -155,6 +146,26 @@ double FeetHeight(const ContentTemplate* creature, std::int32_t tileSize) {
     return creature == nullptr ? 0.0 : double{creature->offset.z} - tileSize / 2.0;
 }
 
+Ground GroundOf(const FinishedLevel& level) {
+    const std::int32_t tileSize = level.tileSet.GetTileSize();
+    const ContentList& creatures = level.config.contentMgr->GetCreatures();
+    const ContentTemplate* creature = creatures.empty() ? nullptr : creatures.front().get();
+    return {Di3Point(), tileSize, FeetHeight(creature, tileSize)};
+}
+
+std::int32_t FacingOf(TileDirT side) {
+    return kFacings[static_cast<std::size_t>(side)];
+}
+
+Di3Point FeetAt(const StandingCell& cell, const Ground& ground) {
+    const Shift shift = InwardShift(cell);
+    const double x = cell.place.x + shift.x / 4.0;
+    const double y = cell.place.y + shift.y / 4.0;
+    return {static_cast<float>(ground.corner.x + x * ground.tileSize),
+            static_cast<float>(ground.corner.y - y * ground.tileSize),
+            static_cast<float>(ground.corner.z + ground.feet)};
+}
+
 std::optional<Arrival> BestArrival(const std::vector<StandingCell>& cells,
                                    const std::vector<Obstacle>& obstacles,
                                    const Ground& ground) {
@@ -180,18 +191,15 @@ std::optional<Arrival> BestArrival(const std::vector<StandingCell>& cells,
 }
 
 std::optional<Arrival> ArrivalOf(const FinishedLevel& level) {
-    const std::int32_t tileSize = level.tileSet.GetTileSize();
+    const Ground ground = GroundOf(level);
     std::vector<Obstacle> obstacles;
-    AddObstacles(level.layout, Di3Point(), tileSize, obstacles);
+    AddObstacles(level.layout, Di3Point(), ground.tileSize, obstacles);
     const LevelPlan plan = PlanOf(level.layout);
     const std::vector<StandingCell> cells =
         StandingCells(plan, [&level, &plan](const PlanCell& cell) {
             return IsReachable(level.report, plan.PlaceOf(cell));
         });
-    const ContentList& creatures = level.config.contentMgr->GetCreatures();
-    const ContentTemplate* creature = creatures.empty() ? nullptr : creatures.front().get();
-    std::optional<Arrival> arrival =
-        BestArrival(cells, obstacles, {Di3Point(), tileSize, FeetHeight(creature, tileSize)});
+    std::optional<Arrival> arrival = BestArrival(cells, obstacles, ground);
     if (arrival) {
         arrival->cell = ToUtf8(level.cell.GetName());
     }

@@ -36,6 +36,12 @@ struct Ground {
 /// where doors between levels let one arrive. [world units]
 VAULTRY_API double FeetHeight(const ContentTemplate* creature, std::int32_t tileSize);
 
+/// The ground of a level that was made.
+Ground GroundOf(const FinishedLevel& level);
+
+/// The way one looks at a side, one of kSides: clockwise from north. [whole degrees]
+std::int32_t FacingOf(TileDirT side);
+
 /// One cell as a place to stand.
 struct StandingCell {
     DiPos place;               ///< on the plan
@@ -44,6 +50,9 @@ struct StandingCell {
     SideBits open = 0;         ///< see PlanCell
     std::array<int, 4> view{}; ///< cells of floor ahead by side, up to kLongestView
 };
+
+/// The feet of somebody who stands in the middle of a cell, of a reduced one in that of its floor.
+Di3Point FeetAt(const StandingCell& cell, const Ground& ground);
 
 /// The place where one arrives best, without level and name: where nothing stands within a body's
 /// width, not at a wall, away from things and with floor ahead, in this order. A thing counts in

@@ -72,6 +72,12 @@ std::vector<DiPos> LockMaker::StartsOf(const FinishedLevel& level, const LevelPl
         return {entry->second};
     }
     std::vector<DiPos> starts;
+    // Who comes in from the world stands behind that door.
+    ForEachTiled(level.layout, DiPos(), [&starts](const GridElmt& elmt, const DiPos& place) {
+        if (elmt.leadsOut) {
+            starts.push_back(place);
+        }
+    });
     if (const auto arrival = ArrivalOf(level)) {
         starts.push_back(CellOf(arrival->place, level.tileSet.GetTileSize()));
     }

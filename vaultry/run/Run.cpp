@@ -5,12 +5,17 @@
 #include <vaultry/foundation/Logger.h>
 #include <vaultry/foundation/Random.h>
 #include <vaultry/foundation/RunState.h>
+#include <vaultry/foundation/Text.h>
+#include <vaultry/game/GameFault.h>
 #include <vaultry/gen/ContainerIds.h>
 #include <vaultry/gen/LevelObserver.h>
 #include <vaultry/run/ArrivalPlace.h>
+#include <vaultry/run/Entrance.h>
+#include <vaultry/run/GameIds.h>
 #include <vaultry/run/LockMaker.h>
 #include <vaultry/run/PathPlan.h>
 
+#include <filesystem>
 #include <random>
 
 namespace Tarnex {
@@ -28,7 +33,7 @@ public:
         : manager(kept), tileSet(kept.defTileSet), layout(kept.defTemplate), theme(kept.defTheme),
           creatureTheme(kept.defCreatureTheme), treasureTheme(kept.defTreasureTheme),
           random(kept.randomInfo), platforms(kept.addPlatforms), named(kept.nameSingleLevel),
-          observer(kept.levelObserver) {}
+          wayOut(kept.wayOut), observer(kept.levelObserver) {}
 
     ~KeptSettings() {
         manager.defTileSet = tileSet;
@@ -39,6 +44,7 @@ public:
         manager.randomInfo = random;
         manager.addPlatforms = platforms;
         manager.nameSingleLevel = named;
+        manager.wayOut = wayOut;
         manager.levelObserver = observer;
     }
 
@@ -55,6 +61,7 @@ private:
     RandomGenInfo random;
     bool platforms;
     bool named;
+    DiPtr<Ref> wayOut;
     LevelObserver* observer;
 };
 
@@ -127,6 +134,34 @@ private:
     LevelObserver* next;
 };
 
+// Notes where one arrives who comes in from the world.
+class EntranceFinder : public LevelObserver {
+public:
+    explicit EntranceFinder(LevelObserver* nextObserver) : next(nextObserver) {}
+
+    void LevelFinished(const FinishedLevel& level) override {
+        if (auto arrival = ArrivalAtWayOut(level)) {
+            inside = std::move(arrival);
+        }
+        if (next != nullptr) {
+            next->LevelFinished(level);
+        }
+    }
+
+    std::optional<Arrival> inside;
+
+private:
+    LevelObserver* next;
+};
+
+// The outer door, and both sides of the way as one arrives there.
+MadeEntrance
+AddOuterDoor(Mod& mod, const EntranceSite& site, const Arrival& inside, const GameIds& ids) {
+    const std::string& id = ids.Of(IdRole::OutsideDoor).front();
+    mod.CreateWorldCell(site.head)->AddRef(OuterDoor(site, inside, id));
+    return {{0, ToUtf8(site.cell), site.before, site.angle, true}, inside};
+}
+
 RunEnd EndOf(ModResult result) {
     return result == ModResult::Written    ? RunEnd::Made
            : result == ModResult::Canceled ? RunEnd::Canceled
@@ -160,10 +195,24 @@ Run::Run(GenMgr& manager_, const RunOptions& options_) : manager(manager_), opti
 // one log.
 RunResult Run::Generate() {
     const OwnState own;
+    std::optional<EntranceSite> site;
+    if (options.entrance) {
+        const ProblemList problems;
+        Logger::ResetErrors();
+        site = FindSite();
+        if (!site) {
+            RunResult refused;
+            refused.seed = options.seed.value();
+            refused.stamp = options.stamp.value();
+            refused.problems = problems.Get();
+            return refused;
+        }
+    }
     ArrivalFinder finder(manager.levelObserver);
     bool reached = !options.ensureWalkable || options.fixed;
     for (std::uint32_t tries = 1;; ++tries) {
-        RunResult result = Try(FurtherSeed(options.seed.value(), tries - 1), &finder);
+        RunResult result =
+            Try(FurtherSeed(options.seed.value(), tries - 1), site ? &*site : nullptr, &finder);
         result.tries = tries;
         result.arrivals = finder.arrivals;
         const bool walkable =
@@ -186,7 +235,30 @@ RunResult Run::Generate() {
 
 RunResult Run::GenerateFrom(std::uint32_t seed) {
     const OwnState own;
-    return Try(seed, manager.levelObserver);
+    if (!options.entrance) {
+        return Try(seed, nullptr, manager.levelObserver);
+    }
+    // Wherever the door leads, the dungeon behind it is the same.
+    const EntranceSite site = WildernessSite(*options.entrance, {});
+    return Try(seed, &site, manager.levelObserver);
+}
+
+std::optional<EntranceSite> Run::FindSite() const try {
+    if (options.cell->empty()) {
+        throw GameFault("no door leads to a cell without a name; give it one");
+    }
+    // The game would take both for one.
+    if (options.entranceCell && EqualsNoCase(*options.entranceCell, *options.cell)) {
+        throw GameFault("the dungeon has the name of the interior that it is entered from; give it "
+                        "another");
+    }
+    return FindEntranceSite(options);
+} catch (const GameFault& e) {
+    ReportProblem({ProblemKind::NoEntrance, {FromUtf8(e.what())}});
+    return std::nullopt;
+} catch (const std::filesystem::filesystem_error& e) {
+    ReportProblem({ProblemKind::NoEntrance, {e.what()}});
+    return std::nullopt;
 }
 
 bool Run::FindNames(RunOptions& wanted) const {
@@ -217,12 +289,15 @@ void Run::HandOver(const RunOptions& wanted) const {
 }
 
 // Every try starts from the same state, so that its seed makes the same dungeon by itself.
-RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
+RunResult Run::Try(std::uint32_t seed, const EntranceSite* site, LevelObserver* observer) const {
     const KeptSettings settings(manager);
-    LockMaker locks(manager.mod, options, ids, seed, options.stamp.value(), observer);
-    LevelObserver* const behindPaths = options.lock > 0 || options.trap > 0 ? &locks : observer;
+    EntranceFinder entrance(observer);
+    LevelObserver* const watching = site == nullptr ? observer : &entrance;
+    LockMaker locks(manager.mod, options, ids, seed, options.stamp.value(), watching);
+    LevelObserver* const behindPaths = options.lock > 0 || options.trap > 0 ? &locks : watching;
     PathGridMaker paths(manager.mod, behindPaths);
     manager.levelObserver = options.pathGrid || options.playable ? &paths : behindPaths;
+    manager.wayOut = site == nullptr ? nullptr : MakeDi<Ref>(WayOutTo(*site));
     ProblemList problems;
     RunResult result;
     result.seed = seed;
@@ -243,6 +318,9 @@ RunResult Run::Try(std::uint32_t seed, LevelObserver* observer) const {
         }
         result.end = EndOf(manager.Generate(FromUtf8(options.cell.value()).c_str(), options.fixed));
         result.levels = manager.report;
+        if (result.end == RunEnd::Made && entrance.inside) {
+            result.entrance = AddOuterDoor(manager.mod, *site, *entrance.inside, ids);
+        }
     }
     result.problems = problems.Get();
     return result;

@@ -9,10 +9,13 @@
 #include <vaultry/run/RunOptions.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace Tarnex {
+
+struct EntranceSite;
 
 /// How a run ended. Only after the first is what GenMgr::WriteMod would write what was asked for.
 enum class RunEnd {
@@ -25,13 +28,14 @@ enum class RunEnd {
 
 /// What a run came to. Texts are UTF-8.
 struct RunResult {
-    RunEnd end = RunEnd::Refused;  ///< whether there is a dungeon
-    std::uint32_t seed = 0;        ///< of the last try, or the first when none was as wanted
-    std::int64_t stamp = 0;        ///< in the identifiers of containers
-    std::uint32_t tries = 1;       ///< seeds tried
-    GenReport levels;              ///< of the last try, with what each level was made from
-    std::vector<Problem> problems; ///< of the last try, as they were logged
-    std::vector<Arrival> arrivals; ///< of every level that has any, in order; see Generate
+    RunEnd end = RunEnd::Refused;         ///< whether there is a dungeon
+    std::uint32_t seed = 0;               ///< of the last try, or the first when none was as wanted
+    std::int64_t stamp = 0;               ///< in the identifiers of containers
+    std::uint32_t tries = 1;              ///< seeds tried
+    GenReport levels;                     ///< of the last try, with what each level was made from
+    std::vector<Problem> problems;        ///< of the last try, as they were logged
+    std::vector<Arrival> arrivals;        ///< of every level that has any, in order; see Generate
+    std::optional<MadeEntrance> entrance; ///< the way in from the world, if there is one
 };
 
 /// Draws seed and stamp unless they are given: a run can be repeated only when what chance and the
@@ -99,7 +103,8 @@ public:
 private:
     bool FindNames(RunOptions& wanted) const;
     void HandOver(const RunOptions& wanted) const;
-    RunResult Try(std::uint32_t seed, LevelObserver* observer) const;
+    std::optional<EntranceSite> FindSite() const;
+    RunResult Try(std::uint32_t seed, const EntranceSite* site, LevelObserver* observer) const;
 
     GenMgr& manager;
     RunOptions options;

@@ -108,6 +108,10 @@ std::vector<OptionRow>& Table() {
         Yields("playable", {"unique-references", &Options::uniqueReferences, "No number of a reference twice in the plug-in", OptionGroup::Playable, kHeader}),
         Yields("fixed", {"close-openings", &Options::closeOpenings, "Close what opens onto nothing", OptionGroup::Playable, kShape}),
         Yields("fixed", Bounded({"tidy-halls", &Options::tidyHalls, "Leave no way round in halls of that many pieces or fewer", OptionGroup::Playable, kShape}, 0, 1000)),
+        {"entrance",              &Options::entrance, "A door in the world that leads in, and one that leads back (default: none)", OptionGroup::Playable, kHeader},
+        Needs("entrance", {"entrance-cell", &Options::entranceCell, "The interior of the game that has the entrance (default: the world)", OptionGroup::Playable, kHeader}),
+        Needs("entrance", Yields("entrance-cell", {"entrance-region", &Options::entranceRegion, "The region of the entrance, instead of the game's files", OptionGroup::Playable, kHeader})),
+        Needs("entrance", {"game", &Options::game, "The game's files for the entrance (default: as in openmw.cfg)", OptionGroup::Playable, kHeader}),
         Bounded({"lock",          &Options::lock, "Percent of doors and containers with a lock (default: 0)", OptionGroup::Playable, kEverywhere}, 0, 100),
         Needs("lock", Bounded({"lock-levels", &Options::lockLevels, "How hard locks are, 1 to 100 (default: 10..50)", OptionGroup::Playable, kEverywhere}, kLeastLock, kMostLock)),
         Bounded({"trap",          &Options::trap, "Percent of doors and containers with a trap (default: 0)", OptionGroup::Playable, kEverywhere}, 0, 100),
@@ -153,6 +157,15 @@ std::string Read(std::string_view text, const OptionRow& /*row*/, bool& value) {
 std::string Read(std::string_view text, const OptionRow& /*row*/, std::string& value) {
     value = text;
     return {};
+}
+
+std::string Read(std::string_view text, const OptionRow& /*row*/, EntrancePlace& value) {
+    return ReadPlace(text, value);
+}
+
+std::string Read(std::string_view text, const OptionRow& /*row*/, InputFolder& value) {
+    value.path = text;
+    return text.empty() ? "is no folder" : "";
 }
 
 std::string Read(std::string_view text, const OptionRow& /*row*/, InputFile& value) {
@@ -214,6 +227,10 @@ template <typename T>
 OptionValue Shown(const T& value) {
     if constexpr (std::is_enum_v<T>) {
         return WordsFor(value).at(static_cast<std::size_t>(value));
+    } else if constexpr (std::is_same_v<T, EntrancePlace>) {
+        return TextOf(value);
+    } else if constexpr (std::is_same_v<T, InputFolder>) {
+        return value.path;
     } else if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, std::string>) {
         return value;
     } else if constexpr (std::is_same_v<T, InputFile>) {
@@ -274,12 +291,14 @@ OptionKind KindOf(const OptionRow& row) {
     return std::visit(
         [](auto field) {
             using Value = Held<decltype(Usual().*field)>;
-            return std::is_same_v<Value, bool>          ? OptionKind::Switch
-                   : std::is_same_v<Value, std::string> ? OptionKind::Text
-                   : std::is_enum_v<Value>              ? OptionKind::Word
-                   : std::is_same_v<Value, LockLevels>  ? OptionKind::Range
-                   : std::is_same_v<Value, InputFile>   ? OptionKind::File
-                                                        : OptionKind::Number;
+            return std::is_same_v<Value, bool>            ? OptionKind::Switch
+                   : std::is_same_v<Value, std::string>   ? OptionKind::Text
+                   : std::is_same_v<Value, EntrancePlace> ? OptionKind::Place
+                   : std::is_same_v<Value, InputFolder>   ? OptionKind::Folder
+                   : std::is_enum_v<Value>                ? OptionKind::Word
+                   : std::is_same_v<Value, LockLevels>    ? OptionKind::Range
+                   : std::is_same_v<Value, InputFile>     ? OptionKind::File
+                                                          : OptionKind::Number;
         },
         row.field);
 }

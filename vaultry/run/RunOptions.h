@@ -4,6 +4,7 @@
 
 #include <vaultry/foundation/Export.h>
 #include <vaultry/gen/RandomGenInfo.h>
+#include <vaultry/run/EntrancePlace.h>
 
 #include <cstdint>
 #include <optional>
@@ -16,6 +17,14 @@
 namespace Tarnex {
 
 class GenMgr;
+
+/// A folder that a run reads from.
+struct InputFolder {
+    std::string path; ///< UTF-8
+
+    /// Equality of the texts.
+    bool operator==(const InputFolder&) const = default;
+};
 
 /// How hard locks are to pick, from `least` to `most`. [1 to 100]
 struct LockLevels {
@@ -75,12 +84,16 @@ struct VAULTRY_API RunOptions : RandomGenInfo {
     bool describe = false; ///< to whoever writes: the plug-in tells what line makes it again
     bool strict = false;   ///< to whoever writes: nothing if there was an error
     bool playable = false; ///< all of the following that needs no answer
-    bool uniqueReferences = false; ///< numbers of references go on from cell to cell
-    bool pathGrid = false;         ///< a path grid for every cell
-    std::uint32_t lock = 0;        ///< of a hundred doors and containers how many are locked
-    LockLevels lockLevels;         ///< of those
-    std::uint32_t trap = 0;        ///< of a hundred doors and containers how many have a trap
-    std::optional<InputFile> ids;  ///< the game's, in place of those that are built in; see LoadIds
+    bool uniqueReferences = false;             ///< numbers of references go on from cell to cell
+    bool pathGrid = false;                     ///< a path grid for every cell
+    std::optional<EntrancePlace> entrance;     ///< a door in the world that leads in, and one out
+    std::optional<std::string> entranceRegion; ///< of that place, instead of the game's files
+    std::optional<std::string> entranceCell;   ///< an interior of the game that has the place
+    std::optional<InputFolder> game;           ///< its files, instead of those of openmw.cfg
+    std::uint32_t lock = 0;       ///< of a hundred doors and containers how many are locked
+    LockLevels lockLevels;        ///< of those
+    std::uint32_t trap = 0;       ///< of a hundred doors and containers how many have a trap
+    std::optional<InputFile> ids; ///< the game's, in place of those that are built in; see LoadIds
 };
 
 /// Where an option stands. The kind of option follows from the type. An option of an optional field
@@ -91,6 +104,8 @@ using OptionField = std::variant<bool RunOptions::*,
                                  std::uint32_t RunOptions::*,
                                  std::optional<std::uint32_t> RunOptions::*,
                                  std::optional<std::int64_t> RunOptions::*,
+                                 std::optional<EntrancePlace> RunOptions::*,
+                                 std::optional<InputFolder> RunOptions::*,
                                  RandomGenInfo::LevelSizeT RunOptions::*,
                                  RandomGenInfo::RoomSpacingT RunOptions::*,
                                  LockLevels RunOptions::*,
@@ -169,8 +184,9 @@ public:
 
 /// What kind of value an option takes; a text is a name too, and a range two numbers within bounds
 /// with ".." between them, "10..50" for one. It tells a front end what to show: a tick, a field, a
-/// number, a choice, two numbers or a file to choose.
-enum class OptionKind { Switch, Text, Number, Word, Range, File };
+/// number, a choice, a place as ReadPlace takes it, a folder to choose, two numbers or a file to
+/// choose.
+enum class OptionKind { Switch, Text, Number, Word, Place, Folder, Range, File };
 
 /// The kind of an option's value.
 VAULTRY_API OptionKind KindOf(const OptionRow& row);

@@ -185,6 +185,17 @@ TEST(MapSvgTest, TheLegendNamesWhatIsThereAndNothingElse) {
     EXPECT_FALSE(Contains(svg, ">door to a level</text>"));
 }
 
+TEST(MapSvgTest, TheLegendTellsTheWayOutFromDoorsToLevels) {
+    Report::LevelMap map = SampleMap();
+    map.Held(1, 2).door = true;
+    map.Held(1, 2).teleport = true;
+    EXPECT_TRUE(Contains(Svg(map), ">door to the outside</text>"));
+    EXPECT_FALSE(Contains(Svg(map), ">door to a level</text>"));
+    map.Held(1, 2).leadsTo = "Level 2";
+    EXPECT_FALSE(Contains(Svg(map), ">door to the outside</text>"));
+    EXPECT_TRUE(Contains(Svg(map), ">door to a level</text>"));
+}
+
 TEST(MapSvgTest, TextThatIsNoUtf8IsReplaced) {
     Report::LevelMap map = SampleMap();
     map.name = "Caf\xE9 \x01";
