@@ -10,10 +10,9 @@ from concurrent.futures import ThreadPoolExecutor, as_completed
 from pathlib import Path
 from typing import List
 
-from .dungeons import CONTROL, DUNGEONS, drawn
+from .dungeons import CONTROL, DUNGEONS, ENTERED, drawn
 from .engine import missing
-from .trial import Places, Result, Trial, control_trials
-
+from .trial import FromWorld, Places, Result, Trial, control_trials
 
 # Dungeons for each processor: engines wait for the player's legs most of the time.
 AT_ONCE = 2
@@ -40,6 +39,7 @@ def _stages(program: Path, data: Path, folder: Path) -> None:
 def _trials(words: List[str]) -> List[Trial]:
     trials = [Trial(dungeon) for dungeon in DUNGEONS]
     trials += control_trials(CONTROL)
+    trials += [FromWorld(ENTERED), FromWorld(ENTERED, has_door=False)]
     trials += [Trial(dungeon, required=False) for dungeon in drawn()]
     return [trial for trial in trials if all(word in trial.name for word in words)]
 

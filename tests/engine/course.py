@@ -14,6 +14,8 @@ from .ways import Reached, Ways
 # Where a door leads: a place, and the heading there.
 Entry = Tuple[Point, float]
 
+# What a door to the world leads to, and how far from the entrance one begins. [world units]
+OUTSIDE, FIELD = "", 400.0
 # How far above a place the player is put down. [world units]
 ABOVE = 4.0
 # How far from the middle of a room's cell one may stand to have been in the room. [cells]
@@ -53,6 +55,34 @@ class Course:
         at = self._arrive()
         goals = _goals(ways.level, ways.reached(at))
         self._lead(ways, at, goals[room.number], room_words(room.number))
+
+    def lay_from_world(self) -> None:
+        """Enters the first level from the world, leads to the room farthest from there, and out."""
+        ways = self._all[0]
+        outside = self.inspection["exteriors"][0]
+        outer = outside["references"][0]
+        inner = _door(ways.level, OUTSIDE)
+        entry, way_out = _lead_of(outer), _lead_of(self._leading(ways.level, OUTSIDE))
+        ahead = math.radians(way_out[1])
+        x, y, z = way_out[0]
+        start = (x + FIELD * math.sin(ahead), y + FIELD * math.cos(ahead), z)
+        name = outside["name"]
+        self.steps.append(Put(name, "in the field", _above(start), way_out[1], True))
+        self._walk(ways.level, [start, (x, y, z)], "the way to the entrance")
+        look = look_at((x, y, z), point(outer["position"]))
+        at = ways.floor(entry[0])
+        self.steps.append(Door(name, "through the entrance", look, at, entry[1]))
+        goals = _goals(ways.level, ways.reached(at))
+        near = {place: i for i, place in enumerate(ways.level.reached(ways.level.place(*at[:2])))}
+        last = max(goals, key=lambda number: near.get(ways.level.place(*goals[number][:2]), 0))
+        at = self._lead(ways, at, goals[last], room_words(last))
+        stand = stand_before(ways.ground(), ways.reached(at), inner)
+        if stand is None:
+            self._find(ways.level, "the door to the world: nobody can stand before it")
+            return
+        self._lead(ways, at, stand, "the way out")
+        look = look_at(stand, middle_of(ways.ground(), inner))
+        self.steps.append(Door(ways.level.name, "through the door to the world", look, *way_out))
 
     def _arrive(self) -> Point:
         ways = self._all[0]
@@ -154,7 +184,7 @@ class Course:
 
     def _through(self, ways: Ways, other: Ways, at: Point) -> Point:
         """Leads to a door and through it."""
-        number = _door(ways.level, other.level)
+        number = _door(ways.level, other.level.name)
         what = f'the door to "{other.level.name}"'
         stand = at
         if not sees(ways.ground(), at, number):
@@ -163,19 +193,18 @@ class Course:
                 self._find(ways.level, f"{what}: nobody can stand before it")
                 return at
             stand = self._lead(ways, at, found, what)
-        place, heading = self._entry(ways.level, other.level)
-        node = other.ground().at(place)
-        arrival = place if node is None else (*place[:2], other.ground().point(node)[2])
+        place, heading = _lead_of(self._leading(ways.level, other.level.name))
+        arrival = other.floor(place)
         look = look_at(stand, middle_of(ways.ground(), number))
         self.steps.append(Door(ways.level.name, f"through {what}", look, arrival, heading))
         return arrival
 
-    def _entry(self, level: Level, other: Level) -> Entry:
-        """Where the door to another level leads, as the plug-in says: place and heading."""
+    def _leading(self, level: Level, other: str) -> Dict[str, Any]:
+        """The door of a level that leads to another, as the plug-in has it."""
         cell = next(cell for cell in self.inspection["cells"] if cell["name"] == level.name)
-        leads = (reference["destination"] for reference in cell["references"])
-        found = next(lead for lead in leads if lead is not None and lead["cell"] == other.name)
-        return point(found["position"]), found["degrees"][2]
+        leads = (each for each in cell["references"] if each["destination"] is not None)
+        found: Dict[str, Any] = next(each for each in leads if each["destination"]["cell"] == other)
+        return found
 
     def _find(self, level: Level, what: str) -> None:
         self.findings.append(f'"{level.name}", {what}')
@@ -222,8 +251,12 @@ def _open(ways: Ways, number: int, record: Dict[str, Any], stand: Point) -> Open
     )
 
 
-def _door(level: Level, other: Level) -> int:
+def _door(level: Level, other: str) -> int:
     """The number of the door to another level."""
-    return next(
-        number for number, thing in enumerate(level.things) if thing.leads_to == other.name
-    )
+    return next(number for number, thing in enumerate(level.things) if thing.leads_to == other)
+
+
+def _lead_of(door: Dict[str, Any]) -> Entry:
+    """Where one comes out behind a door of the plug-in."""
+    lead = door["destination"]
+    return point(lead["position"]), lead["degrees"][2]

@@ -5,7 +5,7 @@ import json
 import random
 from dataclasses import dataclass
 from pathlib import Path
-from typing import Any, Dict, List
+from typing import Any, Dict, List, Optional
 
 import vaultry
 
@@ -69,6 +69,9 @@ DUNGEONS = (
 # One of them, of which a room is shut besides.
 CONTROL = _building("Imperial small", 1)
 
+# One with a way in from the world, beside the slope of the stage.
+ENTERED = _building("Imperial small", 3, entrance="1000,500,,90")
+
 
 def drawn() -> List[Dungeon]:
     """Three dungeons that nobody walked through before: of buildings, tunnels and chambers."""
@@ -90,13 +93,18 @@ class Made:
     inspection: Dict[str, Any]
 
 
-def make(dungeon: Dungeon, folder: Path, library: Path, data: Path) -> Made:
-    """Generates a dungeon into a folder."""
+def make(
+    dungeon: Dungeon, folder: Path, library: Path, data: Path, game: Optional[Path] = None
+) -> Made:
+    """Generates a dungeon into a folder; `game` has the files of the world that it is entered
+    from."""
     plugin = folder / "walk.esp"
     with vaultry.Generator(library) as generator:
         generator.init(data / f"{dungeon.config}.xml")
         for option, value in dungeon.options.items():
             generator.set(option, value)
+        if game is not None:
+            generator.set("game", str(game))
         generator.set("cell", "Walk")
         generator.set("treasure-theme", "Modest hoard")
         generator.set("stamp", 1)

@@ -6,13 +6,17 @@ from typing import List, Tuple
 
 from .script import WISH
 
+WINDOWS = "menu_|tx_menu|tx_cursor|cursor_|target|door_icon|compass|scroll|player_hit"
+SKY = "tx_sky|tx_moon|tx_masser|tx_secunda|tx_sun|tx_raindrop|_land_default|water/"
+WEATHER = "sky_|ashcloud|blightcloud|snow|blizzard|xargonian_swimkna"
+
 # What is let pass, and why. None names a thing of a dungeon.
 ALLOWED: Tuple[Tuple[str, str], ...] = (
     (r"Failed to add global script main: ", "the game's own first script, which a stage lacks"),
-    (r"textures/(menu_|tx_menu|tx_cursor|cursor_|target|door_icon|compass|scroll|player_hit)", "windows"),
-    (r"icons[/\\\\]", "pictures of what is carried, and of windows"),
-    (r"textures/(tx_moon|tx_masser|tx_secunda|tx_sun|tx_raindrop|_land_default|water/)", "outdoors"),
-    (r"meshes/(sky_|ashcloud|blightcloud|snow|blizzard|xargonian_swimkna)", "outdoors, and a beast"),
+    (rf"textures/({WINDOWS})", "windows"),
+    (r"icons[/\\]", "pictures of what is carried, and of windows"),
+    (rf"textures/({SKY})", "outdoors"),
+    (rf"meshes/({WEATHER})", "outdoors, and a beast"),
 )
 
 _LINE = re.compile(r"^\[[\d:.]+ (\w)\] (.*)$", re.MULTILINE)

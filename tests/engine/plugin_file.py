@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Writes the plug-in that a walk adds to a dungeon, and reads saved games: both are records."""
 
+import itertools
 import struct
 from dataclasses import dataclass
 from pathlib import Path
@@ -91,6 +92,16 @@ def _parts(body: bytes) -> Iterator[Part]:
         tag, size = struct.unpack_from("<4sI", body, place)
         yield tag.decode("latin-1"), body[place + 8 : place + 8 + size]
         place += 8 + size
+
+
+def without_entrance(data: bytes) -> bytes:
+    """A plug-in without what it adds to cells of the world."""
+    whole = b""
+    for tag, parts in records(data):
+        if tag == "CELL" and not dict(parts)["DATA"][0] & 1:
+            parts = list(itertools.takewhile(lambda each: each[0] != "FRMR", parts))
+        whole += record(tag, *(part(*each) for each in parts))
+    return whole
 
 
 def saved_variables(path: Path) -> Dict[str, float]:

@@ -339,7 +339,8 @@ def _begin(step: Step) -> List[str]:
         values.update(length=length, heading=math.degrees(math.atan2(east, north)))
     if isinstance(step, Put):
         place = " ".join(_number(value) for value in (*step.position, step.heading))
-        calls = [f'player->PositionCell {place} "{step.cell}"']
+        inside = f'player->PositionCell {place} "{step.cell}"'
+        calls = [f"player->Position {place}" if step.outside else inside]
     if isinstance(step, Door):
         values.update(x0=step.arrival[0], y0=step.arrival[1])
     if isinstance(step, (Use, Door, Open, Picture)):

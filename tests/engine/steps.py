@@ -51,10 +51,11 @@ class Walk(Step):
 
 @dataclass(frozen=True)
 class Put(Step):
-    """The player is put down somewhere."""
+    """The player is put down somewhere, in an interior or in the world."""
 
     position: Point
     heading: float
+    outside: bool = False
 
 
 @dataclass(frozen=True)

@@ -12,6 +12,7 @@ from . import controls
 from .course import Course, room_words
 from .dungeons import Dungeon, Made, make
 from .plan import Level, Room
+from .plugin_file import without_entrance
 from .run import Outcome, run
 from .stage_shapes import Stage
 from .steps import Door, Open
@@ -127,6 +128,35 @@ class Control(Trial):
         changes = [self.shut(made, level, room)]
         outcome = run(course.steps, stage, folder, made.file, changes)
         result.findings += course.findings + _not_shut(level, room, outcome)
+
+
+@dataclass(frozen=True)
+class FromWorld(Trial):
+    """A dungeon that is entered from the world; without the door there nobody gets in."""
+
+    has_door: bool = True
+
+    @property
+    def name(self) -> str:
+        words = "entered from the world" if self.has_door else "the door in the world removed from"
+        return f"{words}: {self.dungeon.name}"
+
+    def _play(self, places: Places, result: Result) -> None:
+        folder = _folder(places, self.name)
+        stage_folder = places.stages / self.dungeon.config
+        made = make(self.dungeon, folder, places.library, places.data, stage_folder)
+        stage = Stage(stage_folder, folder / made.file)
+        course = Course(made.levels, made.inspection, stage)
+        course.lay_from_world()
+        if not self.has_door:
+            plugin = folder / made.file
+            plugin.write_bytes(without_entrance(plugin.read_bytes()))
+        outcome = run(course.steps, stage, folder, made.file)
+        if self.has_door:
+            result.doors = sum(isinstance(step, Door) for step in course.steps[: outcome.done])
+            result.findings += course.findings + outcome.findings
+        elif not isinstance(outcome.stuck, Door):
+            result.findings += outcome.findings or ["the player got in without a door"]
 
 
 def _not_shut(level: Level, room: Room, outcome: Outcome) -> List[str]:

@@ -33,6 +33,11 @@ class Ways:
             self._grounds[tread] = Ground(self.level, self._stage, tread)
         return self._grounds[tread]
 
+    def floor(self, place: Point) -> Point:
+        """The floor at a place, if there is any near it."""
+        node = self.ground().at(place)
+        return place if node is None else (*place[:2], self.ground().point(node)[2])
+
     def way(self, start: Point, end: Point) -> Optional[List[Point]]:
         """The corners of a way, without its start; none where there is no way."""
         for tread in TREADS:
