@@ -344,6 +344,10 @@ TEST_F(CInterfaceTest, TakesEveryOptionThatItLists) {
         {"lock", {"0", "100"}},
         {"lock-levels", {"1..100", "7..7"}},
         {"ids", {"any file.csv"}},
+        {"entrance", {"1000,-500", "1,2,3,4"}},
+        {"entrance-cell", {"Some Cellar"}},
+        {"entrance-region", {"West Gash"}},
+        {"game", {"some folder"}},
     };
     ASSERT_EQ(vaultry_init(generator, kConfig), VAULTRY_OK);
     for (std::size_t i = 0; vaultry_option(i) != nullptr; ++i) {

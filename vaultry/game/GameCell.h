@@ -16,7 +16,7 @@ namespace Tarnex {
 /// The heights of the land of one cell of the world: 65 rows from the south, each of 65 heights
 /// from the west, 128 units apart. [world units]
 struct LandHeights {
-    std::vector<float> heights;
+    std::vector<float> heights; ///< row by row
 };
 
 /// The height of the land at a place of its cell, from 0 up to kWorldCellSize on either axis: the
@@ -26,9 +26,9 @@ VAULTRY_API double HeightAt(const LandHeights& land, double x, double y);
 /// Which cell is meant: an interior of that name (Windows-1252, in any case), or, without a name,
 /// the one of the world in that column and row.
 struct CellAsked {
-    std::string interior;
-    std::int32_t column = 0;
-    std::int32_t row = 0;
+    std::string interior;    ///< its name; empty: a cell of the world
+    std::int32_t column = 0; ///< of that one, from west to east
+    std::int32_t row = 0;    ///< likewise, from south to north
 };
 
 /// What files say of a cell, the last one that has it.
