@@ -70,7 +70,9 @@ TileKind HallPlan::PieceOf(const PlanCell& cell, SideBits open) const {
         return HallPieceOf(open);
     }
     const auto closed = static_cast<SideBits>(~open & 0xF);
-    return std::has_single_bit(closed) ? Sides()[std::countr_zero(closed)].wall : TileKind();
+    return std::has_single_bit(closed)
+               ? Sides()[static_cast<std::size_t>(std::countr_zero(closed))].wall
+               : TileKind();
 }
 
 bool HallPlan::HasHall(SideBits open) const {

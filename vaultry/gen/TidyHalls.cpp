@@ -22,9 +22,11 @@ constexpr std::size_t kMostLooks = 20'000'000;
 // One piece of hall, as a knot of the web that halls make.
 struct Piece {
     PlanCell* cell;
-    std::array<std::uint32_t, 4> next; // the piece on each side, kFar for none
-    SideBits ends;                     // the sides on which the halls end: at a doorway, in a room
-    SideBits kept;                     // of the sides joined, those that stay
+    std::array<std::uint32_t, 4> neighbours; // by sides; kFar for none
+    SideBits ends; // the sides on which the halls end: at a doorway, in a room
+    SideBits kept; // of the sides joined, those that stay
+
+    std::uint32_t Next(TileDirT side) const { return neighbours[static_cast<std::size_t>(side)]; }
 };
 
 // How one came to a piece, in a search.
@@ -51,7 +53,7 @@ public:
                 }
                 const PlanCell& next = plan.Next(*cell, side);
                 if (plan.PartOf(next) == PlanPart::Hall) {
-                    piece.next[side] = numbers[plan.NumberOf(next)];
+                    piece.neighbours[static_cast<std::size_t>(side)] = numbers[plan.NumberOf(next)];
                 } else {
                     piece.ends |= SideBit(side);
                 }
@@ -86,10 +88,10 @@ public:
         for (const Link& link : Links(steps)) {
             meter.Step(static_cast<std::int64_t>(pieces.size()));
             const std::uint32_t first = RootOf(steps, link.from);
-            const std::uint32_t last = RootOf(steps, pieces[link.from].next[link.side]);
+            const std::uint32_t last = RootOf(steps, pieces[link.from].Next(link.side));
             if (link.length + std::uint64_t{KeptWay(first, last)} > longest) {
                 Keep(steps, link.from);
-                Keep(steps, pieces[link.from].next[link.side]);
+                Keep(steps, pieces[link.from].Next(link.side));
                 KeepSide(link.from, link.side);
             }
         }
@@ -109,9 +111,9 @@ public:
                 continue;
             }
             const auto missing = static_cast<TileDirT>(std::countr_one(piece.kept));
-            if (piece.next[missing] != kFar) {
+            if (piece.Next(missing) != kFar) {
                 KeepSide(number, missing);
-                open.push_back(piece.next[missing]);
+                open.push_back(piece.Next(missing));
             }
         }
     }
@@ -134,7 +136,7 @@ private:
 
     void KeepSide(std::uint32_t number, TileDirT side) {
         pieces[number].kept |= SideBit(side);
-        pieces[pieces[number].next[side]].kept |= SideBit(OppositeOf(side));
+        pieces[pieces[number].Next(side)].kept |= SideBit(OppositeOf(side));
     }
 
     // Keeps the way by which a search came to a piece.
@@ -161,7 +163,7 @@ private:
             const std::uint32_t number = reached[i];
             const Piece& piece = pieces[number];
             for (const TileDirT side : kSides) {
-                const std::uint32_t next = piece.next[side];
+                const std::uint32_t next = piece.Next(side);
                 if (next == kFar) {
                     continue;
                 }
@@ -204,7 +206,7 @@ private:
         for (std::size_t i = 0; i < reached.size(); ++i) {
             const std::uint32_t number = reached[i];
             for (const TileDirT side : kSides) {
-                const std::uint32_t next = pieces[number].next[side];
+                const std::uint32_t next = pieces[number].Next(side);
                 if (next != kFar && steps[next].length == kFar) {
                     steps[next] = {steps[number].length + 1, 0, number, side};
                     reached.push_back(next);
@@ -219,7 +221,7 @@ private:
         std::vector<Link> links;
         for (std::uint32_t i = 0; i < pieces.size(); ++i) {
             for (const TileDirT side : {DirS, DirE}) {
-                const std::uint32_t next = pieces[i].next[side];
+                const std::uint32_t next = pieces[i].Next(side);
                 // What no end is joined with leads nowhere.
                 if (next == kFar || (pieces[i].kept & SideBit(side)) != 0 ||
                     steps[i].length == kFar || steps[next].from == i || steps[i].from == next) {
@@ -240,7 +242,7 @@ private:
         for (std::size_t i = 0; i < reached.size() && length[to] == kFar; ++i) {
             const Piece& piece = pieces[reached[i]];
             for (const TileDirT side : kSides) {
-                const std::uint32_t next = piece.next[side];
+                const std::uint32_t next = piece.Next(side);
                 if (next != kFar && (piece.kept & SideBit(side)) != 0 && length[next] == kFar) {
                     length[next] = length[reached[i]] + 1;
                     reached.push_back(next);

@@ -33,6 +33,7 @@ constexpr std::uintmax_t kLargestTable = std::uintmax_t{1} << 20;
 
 std::string RoleWords() {
     std::vector<std::string> words;
+    words.reserve(kRoles.size());
     for (const RoleRow& role : kRoles) {
         words.emplace_back(role.word);
     }

@@ -128,6 +128,7 @@ void LockMaker::LockLevel(const FinishedLevel& level) {
         *drawn = DrawFor();
     }
     std::vector<bool> wanted;
+    wanted.reserve(ofDoors.size());
     for (const Drawn& drawn : ofDoors) {
         wanted.push_back(drawn.lock.has_value());
     }

@@ -229,12 +229,10 @@ OptionValue Shown(const T& value) {
         return WordsFor(value).at(static_cast<std::size_t>(value));
     } else if constexpr (std::is_same_v<T, EntrancePlace>) {
         return TextOf(value);
-    } else if constexpr (std::is_same_v<T, InputFolder>) {
+    } else if constexpr (std::is_same_v<T, InputFolder> || std::is_same_v<T, InputFile>) {
         return value.path;
     } else if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, std::string>) {
         return value;
-    } else if constexpr (std::is_same_v<T, InputFile>) {
-        return value.path;
     } else if constexpr (std::is_same_v<T, LockLevels>) {
         return std::to_string(value.least) + ".." + std::to_string(value.most);
     } else {
