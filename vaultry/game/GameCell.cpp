@@ -4,10 +4,10 @@
 #include <vaultry/foundation/Numeric.h>
 #include <vaultry/foundation/Text.h>
 #include <vaultry/game/GameFault.h>
+#include <vaultry/output/ByteNumbers.h>
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <string_view>
 
@@ -42,18 +42,6 @@ constexpr std::array<std::string_view, 3> kRefTags = {"FRMR", "MVRF", "CNDT"};
 template <std::size_t Count>
 bool IsOneOf(std::string_view tag, const std::array<std::string_view, Count>& tags) {
     return std::ranges::find(tags, tag) != tags.end();
-}
-
-std::uint32_t WordAt(std::string_view bytes, std::size_t place) {
-    std::uint32_t word = 0;
-    for (std::size_t i = 4; i-- > 0;) {
-        word = word << 8 | static_cast<unsigned char>(bytes[place + i]);
-    }
-    return word;
-}
-
-std::int32_t IntAt(std::string_view bytes, std::size_t place) {
-    return static_cast<std::int32_t>(WordAt(bytes, place));
 }
 
 struct SubRecord {
@@ -121,7 +109,7 @@ std::optional<LandHeights> HeightsOf(std::string_view data) {
         return std::nullopt;
     }
     LandHeights land;
-    double row = std::bit_cast<float>(WordAt(data, 0));
+    double row = FloatAt(data, 0);
     std::size_t place = 4;
     for (std::size_t y = 0; y < kEdge; ++y) {
         double height = 0.0;

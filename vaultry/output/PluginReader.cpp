@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <vaultry/output/PluginReader.h>
 
+#include <vaultry/output/ByteNumbers.h>
+
 #include <algorithm>
-#include <bit>
 #include <span>
 #include <utility>
 
@@ -27,22 +28,6 @@ constexpr std::uint32_t kInterior = 1;
 
 constexpr std::size_t kPathPointBytes = 16;
 constexpr std::size_t kPathWayBytes = 4;
-
-std::uint32_t WordAt(std::string_view bytes, std::size_t place) {
-    std::uint32_t word = 0;
-    for (std::size_t i = 4; i-- > 0;) {
-        word = word << 8 | static_cast<unsigned char>(bytes[place + i]);
-    }
-    return word;
-}
-
-std::int32_t IntAt(std::string_view bytes, std::size_t place) {
-    return static_cast<std::int32_t>(WordAt(bytes, place));
-}
-
-float FloatAt(std::string_view bytes, std::size_t place) {
-    return std::bit_cast<float>(WordAt(bytes, place));
-}
 
 Di3Point PointAt(std::string_view bytes, std::size_t place) {
     return {FloatAt(bytes, place), FloatAt(bytes, place + 4), FloatAt(bytes, place + 8)};
